@@ -1,0 +1,27 @@
+#include "framework/access.h"
+
+#include "framework/int16.h"
+
+namespace vantro {
+
+ItemPtr Parameters::item(TextView name) const {
+    if (collection_ == nullptr) fail(Failure::ObjectNotSet);
+    return collection_->Item(name);
+}
+
+std::int16_t Parameters::read(const Key<std::int16_t>& key) {
+    const ItemPtr stored = item(key.name);
+    if (!stored) fail(Failure::ObjectNotSet);
+    return toInt16(stored->Value());
+}
+
+TextView Parameters::readEntry(const Key<TextList>& key, std::int16_t index) {
+    const ItemPtr stored = item(key.name);
+    if (!stored) fail(Failure::ObjectNotSet);
+    const auto* list = std::get_if<TextList>(&stored->Value());
+    if (list == nullptr) fail(Failure::TypeMismatch);
+    if (index < 0 || static_cast<std::size_t>(index) >= list->size()) fail(Failure::SubscriptOutOfRange);
+    return (*list)[static_cast<std::size_t>(index)];
+}
+
+}  // namespace vantro

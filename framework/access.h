@@ -1,0 +1,66 @@
+// The access layer over the keyed collection: the only place where keys meet `Item`, `ItemText` and `Add`.
+#pragma once
+
+#include "framework/keys.h"
+#include "vantro/terminal.h"
+
+#include <concepts>
+#include <cstdint>
+
+namespace vantro {
+
+/// Reads parameters and state. Texts are views that live as long as this object and the collection's item.
+/// Every read raises 91 when there is no collection.
+class Parameters {
+public:
+    Parameters(Terminal& terminal, const CollectionPtr& collection)
+        : functions_(terminal.functions()), collection_(collection.get()) {}
+
+    /// The text under a key; empty when the key is absent.
+    TextView read(const Key<Text>& key) { return functions_.ItemText(item(key.name), texts_); }
+
+    /// The boolean under a key; False when the key is absent.
+    bool read(const Key<bool>& key) { return functions_.ItemBoolean(item(key.name)); }
+
+    /// The integer under a key; raises 91 when the key is absent and 6 or 13 when its value does not convert.
+    std::int16_t read(const Key<std::int16_t>& key);
+
+    /// The integer's text under a key, as a reader that allows an absent index asks for it.
+    TextView readAsText(const Key<std::int16_t>& key) { return functions_.ItemText(item(key.name), texts_); }
+
+    /// Entry `index` (from 0) of the list under a key, fetched from the collection anew; raises 91 when the key
+    /// is absent, 13 when it holds no list and 9 when the index is outside the list.
+    TextView readEntry(const Key<TextList>& key, std::int16_t index);
+
+private:
+    ItemPtr item(TextView name) const;
+
+    TerminalFunctions& functions_;
+    const KeyedCollection* collection_;
+    TextStore texts_;
+};
+
+/// Adds results to a collection under typed keys.
+class Results {
+public:
+    explicit Results(KeyedCollection& collection) : collection_(collection) {}
+
+    /// Adds a boolean; the type is matched exactly, so that nothing else turns into one unnoticed.
+    template <std::same_as<bool> Flag>
+    void add(const Key<bool>& key, Flag value) {
+        collection_.Add(key.name, ItemValue(std::in_place_type<bool>, value));
+    }
+    void add(const Key<Text>& key, TextView value) {
+        collection_.Add(key.name, ItemValue(std::in_place_type<Text>, value));
+    }
+    void add(const Key<Text>& key, Text&& value) { collection_.Add(key.name, ItemValue(std::move(value))); }
+    void add(const Key<TextList>& key, TextList value) { collection_.Add(key.name, ItemValue(std::move(value))); }
+
+    /// Adds a number under a key that otherwise holds its text: "strKeyRecLocPos" alone.
+    void addNumber(const Key<Text>& key, std::int16_t value) { collection_.Add(key.name, ItemValue(value)); }
+
+private:
+    KeyedCollection& collection_;
+};
+
+}  // namespace vantro

@@ -1,0 +1,47 @@
+#include "vantro/error.h"
+
+#include "framework/constants.h"
+
+#include <array>
+
+namespace vantro {
+
+namespace {
+
+struct FailureText {
+    Failure failure;
+    TextView description;
+};
+
+constexpr std::array failureTexts{
+    FailureText{Failure::InvalidProcedureCall, u"Invalid procedure call or argument"},
+    FailureText{Failure::Overflow, u"Overflow"},
+    FailureText{Failure::SubscriptOutOfRange, u"Subscript out of range"},
+    FailureText{Failure::TypeMismatch, u"Type mismatch"},
+    FailureText{Failure::ObjectNotSet, u"Object variable not set"},
+    FailureText{Failure::CannotCreateObject, u"This class cannot be created"},
+};
+
+// Descriptions of other origins may hold anything; a log line needs ASCII only.
+std::string logLine(int number, TextView description) {
+    std::string line = "error " + std::to_string(number) + ": ";
+    for (const char16_t character : description) {
+        line += character >= u' ' && character < 0x7F ? static_cast<char>(character) : '?';
+    }
+    return line;
+}
+
+}  // namespace
+
+Error::Error(int number, TextView source, TextView description)
+    : number_(number), source_(source), description_(description), what_(logLine(number, description)) {}
+
+void fail(Failure failure) {
+    TextView description;
+    for (const FailureText& row : failureTexts) {
+        if (row.failure == failure) description = row.description;
+    }
+    throw Error(static_cast<int>(failure), applicationTitle, description);
+}
+
+}  // namespace vantro

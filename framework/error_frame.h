@@ -1,0 +1,35 @@
+// The error convention: a public operation turns any failure inside it into its own number and fixed
+// description; a private reader reports a failure and goes on with what it has.
+#pragma once
+
+#include "framework/constants.h"
+#include "vantro/terminal.h"
+
+#include <utility>
+
+namespace vantro {
+
+/// Runs an operation under its number. With `TransErrors::passesThrough` (0) failures pass unchanged.
+template <class Body>
+auto raiseAs(int number, TextView description, Body&& body) -> decltype(body()) {
+    if (number == 0) return std::forward<Body>(body)();
+    try {
+        return std::forward<Body>(body)();
+    } catch (const Error&) {
+        throw Error(number, applicationTitle, description);
+    }
+}
+
+/// Runs a private reader: its failure is reported and swallowed. Returns false when it failed.
+template <class Body>
+bool reportErrors(Terminal& terminal, Body&& body) {
+    try {
+        std::forward<Body>(body)();
+        return true;
+    } catch (const Error& current) {
+        terminal.errorReporter().ReportError(current, nullptr);
+        return false;
+    }
+}
+
+}  // namespace vantro

@@ -1,0 +1,51 @@
+// What every transaction class is made of.
+#pragma once
+
+#include "framework/access.h"
+#include "framework/constants.h"
+#include "framework/error_frame.h"
+#include "framework/screen.h"
+#include "vantro/interfaces.h"
+#include "vantro/registry.h"
+
+#include <utility>
+
+namespace vantro {
+
+/// The common base: an object with `IProfileTrans` and a terminal library to work with.
+class Transaction : public ProfileObject, public IProfileTrans {
+public:
+    Transaction(Terminal& terminal, const TransErrors& errors) : IProfileTrans(errors), terminal_(terminal) {}
+
+    IProfileTrans* profileTrans() override { return this; }
+
+protected:
+    Terminal& terminal() { return terminal_; }
+
+    Parameters parameters(const CollectionPtr& collection) { return Parameters(terminal_, collection); }
+
+    /// The usual shape of `VerifyResponse`: nothing for an empty response, otherwise a new collection that the
+    /// reader fills. A failure of the reader passes to the operation's own error number.
+    template <class Reader>
+    CollectionPtr newResults(TextView response, Reader&& reader) {
+        if (response.empty()) return {};
+        CollectionPtr collection = terminal_.createCollection();
+        Screen screen(terminal_, response);
+        Results results(*collection);
+        std::forward<Reader>(reader)(screen, results);
+        return collection;
+    }
+
+    /// The same with a reader that reports its failures and leaves the results as far as it has added them.
+    template <class Reader>
+    CollectionPtr reportedResults(TextView response, Reader&& reader) {
+        return newResults(response, [&](Screen& screen, Results& results) {
+            reportErrors(terminal_, [&] { reader(screen, results); });
+        });
+    }
+
+private:
+    Terminal& terminal_;
+};
+
+}  // namespace vantro

@@ -1,0 +1,66 @@
+// The built-in terminal library: what stands in for the terminal's own wherever there is none.
+#pragma once
+
+#include "vantro/terminal.h"
+
+#include <functional>
+#include <span>
+#include <vector>
+
+namespace vantro {
+
+/// A collection in memory whose entries can be walked in order.
+class BuiltInCollection final : public KeyedCollection {
+public:
+    /// A key and its value.
+    class Entry final : public KeyedItem {
+    public:
+        Entry(TextView key, ItemValue value) : key_(key), value_(std::move(value)) {}
+
+        const Text& key() const { return key_; }
+        const ItemValue& Value() const override { return value_; }
+
+    private:
+        friend class BuiltInCollection;
+        Text key_;
+        ItemValue value_;
+    };
+
+    void Add(TextView key, ItemValue value) override;
+    ItemPtr Item(TextView key) const override;
+
+    /// The entries in the order in which their keys were first added.
+    std::span<const Entry> entries() const { return entries_; }
+
+private:
+    Entry* find(TextView key);
+
+    std::vector<Entry> entries_;
+};
+
+/// Receives what readers report instead of raising it.
+using ErrorSink = std::function<void(const Error&)>;
+
+/// Built-in helper objects. Screen lines, trims and cuts are views of the caller's text.
+class BuiltInTerminal final : public Terminal, private TerminalFunctions, private ErrorReporter {
+public:
+    /// Reported errors go to the sink; without one they are dropped.
+    explicit BuiltInTerminal(ErrorSink sink = {}) : sink_(std::move(sink)) {}
+
+    TerminalFunctions& functions() override { return *this; }
+    ErrorReporter& errorReporter() override { return *this; }
+    CollectionPtr createCollection() override { return std::make_shared<BuiltInCollection>(); }
+
+private:
+    TextView ItemText(const ItemPtr& item, TextStore& store) override;
+    bool ItemBoolean(const ItemPtr& item) override;
+    TextView ScreenLine(TextView response, std::int16_t line, TextStore& store) override;
+    bool FindMarker(TextView response, TextView marker, std::int16_t line) override;
+    TextView TextField(TextView text, std::int16_t number, TextView separator, TextStore& store) override;
+    bool linesAreSlices() const override { return true; }
+    void ReportError(const Error& current, const Error* given) override;
+
+    ErrorSink sink_;
+};
+
+}  // namespace vantro
