@@ -7,6 +7,7 @@ set(public_headers
     vantro/collection.h
     vantro/error.h
     vantro/interfaces.h
+    vantro/profile.h
     vantro/registry.h
     vantro/terminal.h
     vantro/text.h
@@ -20,6 +21,17 @@ target_sources(vantro_profile_utils PRIVATE
     framework/registry.cpp
     framework/screen.cpp
     framework/text_ops.cpp
+    notes/note_scanner.cpp
+    profile/counts.cpp
+    profile/document_extractor.cpp
+    profile/element_lists.cpp
+    profile/header_readers.cpp
+    profile/prefixed_extractor.cpp
+    profile/profile.cpp
+    profile/query.cpp
+    profile/transferable_extractor.cpp
+    profile/transferable_scanner.cpp
+    profile/whole_profile.cpp
     terminal/built_in_terminal.cpp
     transactions/maintenance/px.cpp
 )

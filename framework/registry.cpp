@@ -2,6 +2,7 @@
 #include "vantro/registry.h"
 
 #include "framework/constants.h"
+#include "profile/profile.h"
 #include "transactions/maintenance/px.h"
 
 #include <algorithm>
@@ -64,7 +65,7 @@ constexpr std::array<ClassRow, 19> table{{
     {u"CPXTrans",       trans, !get,    px,       {},     {5010, 5015},     create<CPXTrans>},
     {u"CRLPTrans",      trans, !get,    rlp,      {},     {none, 5130},     nullptr},
     {u"CPTTrans",       trans, !get,    pt,       {},     {none, 5120},     nullptr},
-    {u"CProfile",       !trans, get,    {},       {},     {none, none},     nullptr},
+    {u"CProfile",       !trans, get,    {},       profileCounts, {none, none}, create<CProfile>},
     {u"CProfileNotes",  trans, get,     notes,    {},     {5040, 5045},     nullptr},  // shared with CProfileMode
 }};
 // clang-format on

@@ -1,0 +1,97 @@
+// A whole profile display at once.
+#pragma once
+
+#include "vantro/text.h"
+
+#include <array>
+#include <cstddef>
+#include <cstdint>
+#include <memory>
+#include <optional>
+#include <span>
+#include <vector>
+
+namespace vantro {
+
+/// The element families of a profile display.
+enum class Family : std::uint8_t {
+    // clang-format off
+    // Lines tagged with a prefix
+    PPR, PGL, PPS, PHI, PCI, PPC, PPH, PPA, PPK, PPI, PXC, PXA, PXK, PSH, PSC, PPT, PXT,
+    // Data that the host copies into a booking
+    Remark, Contact, OtherService, FrequentFlyer, ServiceRequest, Seat, RemarkConf,
+    // Documents and follow-up
+    PAS, PIV, PCE, PID, PFO,
+    // clang-format on
+};
+
+inline constexpr std::size_t familyCount = 29;
+
+constexpr std::size_t indexOf(Family family) { return static_cast<std::size_t>(family); }
+
+/// A family and the prefix under which `ProfileElements` knows it ("PPR", "RM").
+struct FamilyName {
+    Family family;
+    TextView prefix;
+};
+
+/// All families in the order in which `ProfileElements` tests its prefixes.
+std::span<const FamilyName> familyNames();
+
+/// One element. What its family does not split off is empty.
+struct Element {
+    TextView number;                    ///< as displayed, trimmed
+    TextView text;                      ///< trimmed, continuation lines joined
+    TextView code = {};                 ///< service requests
+    TextView airline = {};              ///< frequent flyers and service requests
+    TextView frequentFlyerNumber = {};  ///< frequent flyers and service requests
+    TextView freeText = {};             ///< service requests and confidential remarks
+    bool asterisk = false;              ///< service requests; the display never sets it
+};
+
+/// A header line's element; without a number where its line has none.
+struct CompanyName {
+    std::optional<TextView> number;
+    TextView text;
+};
+
+/// One line of the notes.
+struct Note {
+    std::int16_t number;  ///< the line's place under the notes header, from 1
+    TextView qualifier;   ///< the line's first two characters
+    TextView text;        ///< the rest of the line, trimmed
+};
+
+/// A query that could not be answered; its value in the profile is empty.
+struct Problem {
+    TextView query;    ///< its prefix; "ProfileNotes" for the notes
+    int number;        ///< the error number that the single query raises
+    Text description;  ///< the description that it raises
+};
+
+/// Everything in a display. Each value is exactly what the single query for it gives. All texts are views that
+/// live as long as this object, moves included.
+struct Profile {
+    TextView name;
+    TextView recordLocator;
+    TextView officeIdentifier;
+    CompanyName companyName;
+    Element pin;
+    std::optional<Element> psl;
+    std::array<std::span<const Element>, familyCount> families;
+    std::span<const Note> notes;
+    std::vector<Problem> problems;
+
+    /// A family's elements in the order of the display; element k stands at index k - 1.
+    std::span<const Element> elements(Family family) const { return families[indexOf(family)]; }
+
+    /// What the views point into.
+    struct Storage;
+    std::shared_ptr<const Storage> storage;
+};
+
+/// Reads a whole display: lines of 80 characters joined without separators. Nothing is raised for what the
+/// display holds: a query that fails is listed under `problems` and the others are answered.
+Profile parseProfile(Text display);
+
+}  // namespace vantro

@@ -1,0 +1,75 @@
+//   ....+....1....+....2....+....3....+....4
+// n ------- PROFILE NOTES                          header, never on line 0
+//   A CALL BEFORE TICKETING                        qualifier in column 1, text from column 3
+//   B PREFERS AISLE
+//   >                                              prompt: the search for another header goes on under it
+#include "notes/note_scanner.h"
+
+#include "framework/constants.h"
+#include "profile/families.h"
+
+namespace vantro {
+
+namespace {
+
+constexpr Width qualifierWidth{2};
+constexpr Column textColumn{3};
+
+bool isKept(const NoteFilter& filter, TextView line) {
+    if (!filter.qualifier.empty() && left(line, Width{1}) != filter.qualifier) return false;
+    return filter.searchString.empty() || holds(line, filter.searchString);
+}
+
+/// The counters of one scan. Notes are numbered on through a second section.
+class NoteScan {
+public:
+    NoteScan(Screen& display, const NoteFilter& filter, NoteSink& sink)
+        : display_(display), filter_(filter), sink_(sink) {}
+
+    std::int16_t run() {
+        for (;;) {
+            ++line_;  // the first line looked at is line 1
+            const TextView line = rightTrimmed(display_.line(line_));
+            if (line.empty() || holds(line, mark::prompt)) break;
+            if (holds(line, header::notes)) {
+                if (endsInEndOfDisplay()) break;
+            } else if (holds(line, mark::endOfDisplay)) {
+                break;
+            }
+        }
+        return count_.value();
+    }
+
+private:
+    /// Reads a section up to the line that ends it: the end text (true) or a prompt (false).
+    bool endsInEndOfDisplay() {
+        for (;;) {
+            ++line_;
+            ++note_;
+            const TextView line = display_.line(line_);
+            if (holds(line, mark::endOfDisplay)) return true;
+            if (holds(line, mark::prompt)) return false;
+            if (isKept(filter_, line)) store(line);
+        }
+    }
+
+    void store(TextView line) {
+        ++count_;
+        sink_.store(count_.value(), {note_.value(), left(line, qualifierWidth), trimmed(mid(line, textColumn))});
+    }
+
+    Screen& display_;
+    const NoteFilter& filter_;
+    NoteSink& sink_;
+    Counter line_;
+    Counter note_;
+    Counter count_;
+};
+
+}  // namespace
+
+std::int16_t scanNotes(Screen& display, const NoteFilter& filter, NoteSink& sink) {
+    return NoteScan(display, filter, sink).run();
+}
+
+}  // namespace vantro

@@ -1,0 +1,43 @@
+// The extractors: each finds its family's section in a display and hands out the elements one by one.
+#pragma once
+
+#include "framework/screen.h"
+#include "profile/families.h"
+
+#include <cstdint>
+
+namespace vantro {
+
+/// An element as an extractor finds it. The views last until the sink returns; what a family does not split
+/// off is empty.
+struct FoundElement {
+    TextView number;
+    TextView text;
+    TextView code = {};
+    TextView carrier = {};
+    TextView account = {};
+    TextView freeText = {};  ///< a service request's free text, a confidential remark's detail
+};
+
+/// Takes the elements in the order of the display. `count` is the element's own, from 1.
+class ElementSink {
+public:
+    virtual void store(std::int16_t count, const FoundElement& element) = 0;
+
+protected:
+    ElementSink() = default;
+    ElementSink(const ElementSink&) = default;
+    ElementSink& operator=(const ElementSink&) = default;
+    ~ElementSink() = default;
+};
+
+/// Each gives the number of elements stored and raises 6 where the display has no end: the 16-bit line counter
+/// overflows.
+std::int16_t extract(const PrefixedFamily& row, Screen& display, ElementSink& sink);
+std::int16_t extract(const TransferableFamily& row, Screen& display, ElementSink& sink);
+std::int16_t extract(const DocumentFamily& row, Screen& display, ElementSink& sink);
+
+/// The same by family.
+std::int16_t extract(Family family, Screen& display, ElementSink& sink);
+
+}  // namespace vantro

@@ -1,0 +1,174 @@
+//   ....+....1....+....2....+....3....+....4
+// n ------- TRAVEL POLICIES - HOTEL                header
+//    1 PHI/ ANY HOTEL IN THE CITY CENTRE           the family's element: number, prefix, text
+//           : NOT NEAR THE AIRPORT                 continuation
+//    2 PPH/ NO SMOKING                             another family's element
+//    3      BREAKFAST INCLUDED                     an element without a prefix
+//   ------- PRE-STORED ENTRIES                     section end
+#include "profile/display_lines.h"
+#include "profile/extractors.h"
+
+#include <algorithm>
+
+namespace vantro {
+
+namespace {
+
+constexpr Column tagColumn{3};
+constexpr Column textColumn{8};
+constexpr Column unprefixedTextColumn{7};  // Meant: in the global-search lines alone the text begins one column early
+constexpr Width numberWidth{2};
+
+/// An element's first line, which does not end its section, and the continuation lines under it. While nothing
+/// is joined it is a view of the line.
+class JoinedLine {
+public:
+    explicit JoinedLine(TextView line) : view_(line) {}
+
+    TextView text() const { return view_; }
+
+    /// A prompt in the first place or the end text: nothing more is joined.
+    bool isClosed() const { return holdsEnd_ || view_.starts_with(u'>'); }
+
+    void append(TextView separator, TextView continuation) {
+        if (separator.empty() && continuation.empty()) return;
+        // The end text can come about across a seam, but not further back than its own length.
+        const std::size_t unseen = view_.size() - std::min(view_.size(), mark::endOfDisplay.size());
+        if (joined_.empty()) joined_ = view_;
+        joined_.append(separator).append(continuation);
+        view_ = joined_;
+        holdsEnd_ = holdsEnd_ || holds(view_.substr(unseen), mark::endOfDisplay);
+    }
+
+private:
+    TextView view_;
+    Text joined_;
+    bool holdsEnd_ = false;
+};
+
+/// One extraction: the place in the display and the elements so far.
+class PrefixedExtraction {
+public:
+    PrefixedExtraction(const PrefixedFamily& row, Screen& display, ElementSink& sink)
+        : row_(row), display_(display), sink_(sink) {}
+
+    std::int16_t run() {
+        switch (row_.scheme) {
+            case Scheme::Plain:
+            case Scheme::ColonJoining: collectWholeSection(); break;
+            case Scheme::Policy: collectOwnLines(); break;
+            case Scheme::GlobalSearch: collectGlobalSearch(); break;
+        }
+        return count_.value();
+    }
+
+private:
+    // A section without a prefixed line does not end the search: the same header may come again. The line that
+    // ended the section is not looked at again.
+    void collectWholeSection() {
+        for (; seekHeader(); ++line_) {
+            if (seekElement()) {
+                collectElements();
+                return;
+            }
+        }
+    }
+
+    void collectOwnLines() {
+        if (!seekHeader()) return;
+        while (seekElement() && collectElements()) {
+        }
+    }
+
+    /// Collects elements from the current line on: up to another family's element (true) or to the section's
+    /// end (false).
+    bool collectElements() {
+        for (;; ++line_) {
+            const TextView line = trimmed(display_.line(line_));
+            if (isSectionEnd(line)) return false;
+            const JoinedLine element = join(line);
+            if (isOtherFamily(element.text())) return true;
+            store(element.text(), textColumn);
+        }
+    }
+
+    // The line directly under a header is used up by its one test.
+    void collectGlobalSearch() {
+        for (; seekHeader(); ++line_) {
+            ++line_;
+            const TextView line = trimmed(display_.line(line_));
+            if (holdsFrom(line, row_.prefix, row_.searchFrom)) {
+                store(line, textColumn);
+                collectUnprefixed();
+                return;
+            }
+        }
+    }
+
+    // No end test here: a line that ends anything else is not blank in the tag's columns.
+    void collectUnprefixed() {
+        constexpr int atMost = 10;
+        const Counter last = line_ + atMost;
+        for (++line_; line_ <= last; ++line_) {
+            const TextView line = trimmed(display_.line(line_));
+            if (mid(line, tagColumn, row_.tagWidth) != u"     ") return;
+            store(line, unprefixedTextColumn);
+        }
+    }
+
+    /// Goes on to the next header line; false at the end of the display.
+    bool seekHeader() {
+        for (;; ++line_) {
+            const TextView line = display_.line(line_);
+            if (isEndOfDisplay(line)) return false;
+            if (holds(line, row_.header)) return true;
+        }
+    }
+
+    /// Steps on to the section's next line with the prefix; false at the line that ends the section.
+    bool seekElement() {
+        for (;;) {
+            ++line_;
+            const TextView line = trimmed(display_.line(line_));
+            if (isSectionEnd(line)) return false;
+            if (holdsFrom(line, row_.prefix, row_.searchFrom)) return true;
+        }
+    }
+
+    JoinedLine join(TextView line) {
+        JoinedLine element(line);
+        for (;;) {
+            const Counter next = line_ + 1;
+            const TextView below = display_.line(next);
+            if (!isContinuation(below) || element.isClosed()) return element;
+            const TextView continuation = trimmed(below);
+            const bool afterBlank = row_.scheme != Scheme::Plain && mid(continuation, Column{3}, Width{1}) == u":";
+            element.append(onlyIf(afterBlank, u" "), continuation);
+            line_ = next;
+        }
+    }
+
+    // The whole-section schemes have no tag to look at and take every line.
+    bool isOtherFamily(TextView element) const {
+        return !isBlank(mid(element, tagColumn, row_.tagWidth)) && !holdsFrom(element, row_.prefix, tagColumn);
+    }
+
+    void store(TextView element, Column text) {
+        ++count_;
+        sink_.store(count_.value(), {.number = trimmed(left(element, numberWidth)), .text = trimmed(mid(element, text))});
+    }
+
+    const PrefixedFamily& row_;
+    Screen& display_;
+    ElementSink& sink_;
+    Counter line_;
+    Counter count_;
+};
+
+}  // namespace
+
+std::int16_t extract(const PrefixedFamily& row, Screen& display, ElementSink& sink) {
+    return PrefixedExtraction(row, display, sink).run();
+}
+
+}  // namespace vantro

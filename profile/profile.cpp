@@ -1,0 +1,56 @@
+#include "profile/profile.h"
+
+#include "framework/constants.h"
+#include "framework/error_frame.h"
+#include "profile/query.h"
+
+namespace vantro {
+
+namespace {
+
+ListCut listCutOf(Family family) {
+    const std::size_t index = indexOf(family);
+    return index < firstTransferable ? prefixedFamilies[index].cut : ListCut::BeforeEmptyTest;
+}
+
+void cutToEntry0(ElementLists& lists) {
+    lists.text.resize(1);
+    lists.number.resize(1);
+}
+
+}  // namespace
+
+CProfile::CProfile(Terminal& terminal, const TransErrors& /*errors*/) : terminal_(terminal) {
+    for (std::size_t index = 0; index < familyCount; ++index) {
+        if (!isTransferable(static_cast<Family>(index))) cutToEntry0(lists_[index]);
+    }
+}
+
+std::int16_t CProfile::count(Family family, TextView display) {
+    return raiseAs(extractorError(family), description::verifyingProfile, [&] { return refill(family, display); });
+}
+
+std::int16_t CProfile::refill(Family family, TextView display) {
+    ElementLists& lists = lists_[indexOf(family)];
+    if (isTransferable(family)) {
+        if (display.empty()) return 0;
+        Screen screen(terminal_, display);
+        const TransferableFamily& row = transferableFamilies[indexOf(family) - firstTransferable];
+        TransferableListsSink sink(lists, row.split);
+        return extract(row, screen, sink);
+    }
+    // Meant: four families look whether the display is empty before they cut their lists.
+    if (listCutOf(family) == ListCut::AfterEmptyTest && display.empty()) return 0;
+    cutToEntry0(lists);
+    if (display.empty()) return 0;
+    Screen screen(terminal_, display);
+    NumberedListsSink sink(lists);
+    return extract(family, screen, sink);
+}
+
+CollectionPtr CProfile::IProfileGet_ProfileElements(TextView display, const CollectionPtr& collection,
+                                                    TextList* selection, TextView qualifier) {
+    return ProfileQuery(*this, terminal_, collection, selection, qualifier).answer(display);
+}
+
+}  // namespace vantro

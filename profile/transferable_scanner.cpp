@@ -1,0 +1,112 @@
+//   ....+....1....+....2....+....3....+....4
+// n ------- PNR TRANSFERABLE DATA
+//   S    1     RM PREFERS MORNING FLIGHTS          kind in column 1, number in 6 to 8, text from 14
+//                    AND NO STOPS                  17 blanks: goes on from column 18
+//   A    2    AP  LYS 555-0101
+#include "profile/transferable_scanner.h"
+
+#include "profile/display_lines.h"
+#include "profile/families.h"
+
+#include <algorithm>
+#include <optional>
+
+namespace vantro {
+
+namespace {
+
+constexpr Column numberColumn{6};
+constexpr Width numberWidth{3};
+constexpr Column textColumn{14};
+constexpr Column continuationColumn{18};
+
+constexpr char16_t upperCase(char16_t character) {
+    return character >= u'a' && character <= u'z' ? static_cast<char16_t>(character - u'a' + u'A') : character;
+}
+
+Text upperCased(TextView text) {
+    Text upper(text);
+    std::ranges::transform(upper, upper.begin(), upperCase);
+    return upper;
+}
+
+/// What the caller wants: the kinds of element and the beginnings of their texts.
+class Selection {
+public:
+    Selection(TextList& entries, TextView qualifier) : entries_(entries), qualifier_(qualifier) {
+        for (Text& entry : entries) {
+            entry = upperCased(entry);
+            const bool namesShared = entry.starts_with(u"S  ");
+            const bool namesOwn = entry.starts_with(u"A  ");
+            if (namesShared || namesOwn) entry = Text(trimmed(mid(entry, Column{2})));
+            wantsS_ = wantsS_ || namesShared;
+            wantsA_ = wantsA_ || namesOwn;
+        }
+    }
+
+    bool takes(char16_t kind, TextView text, Screen& display) const {
+        const bool wantsAnyKind = !wantsS_ && !wantsA_;
+        if (!wantsAnyKind && !(kind == u'S' ? wantsS_ : wantsA_)) return false;
+        if (!qualifier_.empty() && display.textField(text, 1, u" ") != qualifier_) return false;
+        const Text upper = upperCased(text);
+        return std::ranges::any_of(entries_, [&](const Text& entry) { return upper.starts_with(entry); });
+    }
+
+private:
+    const TextList& entries_;
+    TextView qualifier_;
+    bool wantsS_ = false;
+    bool wantsA_ = false;
+};
+
+struct TransferableElement {
+    char16_t kind;
+    TextView number;
+    Text text;
+};
+
+bool opensElement(TextView line) { return line.starts_with(u'S') || line.starts_with(u'A'); }
+
+/// The first line under the section's header, or nothing when the display ends before it.
+std::optional<Counter> seekSection(Screen& display) {
+    for (Counter number;; ++number) {
+        const TextView line = display.line(number);
+        if (isEndOfDisplay(line)) return std::nullopt;
+        if (holds(line, header::transferable)) return number + 1;
+    }
+}
+
+bool endsSection(TextView line) { return isEndOfDisplay(line) || line.starts_with(u"------"); }
+
+/// The element whose first line is `number`; leaves `number` at the line under its last one.
+TransferableElement readElement(Screen& display, Counter& number) {
+    const TextView line = display.line(number);
+    TransferableElement element{line.front(), trimmed(mid(line, numberColumn, numberWidth)),
+                                Text(trimmed(mid(line, textColumn)))};
+    for (++number;; ++number) {
+        const TextView below = display.line(number);
+        if (endsSection(below) || !isTransferableContinuation(below)) return element;
+        element.text += trimmed(mid(below, continuationColumn));
+    }
+}
+
+}  // namespace
+
+TextList scanTransferable(Screen& display, TextList& selection, TextView qualifier) {
+    const Selection selected(selection, qualifier);
+    TextList numbers(1);
+    const std::optional<Counter> section = seekSection(display);
+    if (!section) return numbers;
+    for (Counter number = *section;;) {
+        const TextView line = display.line(number);
+        if (endsSection(line)) return numbers;
+        if (!opensElement(line)) {
+            ++number;
+            continue;
+        }
+        const TransferableElement element = readElement(display, number);
+        if (selected.takes(element.kind, element.text, display)) numbers.emplace_back(element.number);
+    }
+}
+
+}  // namespace vantro
