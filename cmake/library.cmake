@@ -18,11 +18,14 @@ target_sources(vantro_profile_utils PRIVATE
     framework/error.cpp
     framework/int16.cpp
     framework/interfaces.cpp
+    framework/line_bits.cpp
+    framework/profile_mode.cpp
     framework/registry.cpp
     framework/screen.cpp
     framework/text_ops.cpp
     notes/note_scanner.cpp
     profile/counts.cpp
+    profile/display.cpp
     profile/document_extractor.cpp
     profile/element_lists.cpp
     profile/header_readers.cpp
@@ -32,8 +35,19 @@ target_sources(vantro_profile_utils PRIVATE
     profile/transferable_extractor.cpp
     profile/transferable_scanner.cpp
     profile/whole_profile.cpp
+    notes/notes_transaction.cpp
     terminal/built_in_terminal.cpp
+    transactions/maintenance/pb.cpp
+    transactions/maintenance/pt.cpp
     transactions/maintenance/px.cpp
+    transactions/maintenance/rlp.cpp
+    transactions/search/pd.cpp
+    transactions/search/pda.cpp
+    transactions/search/pdn.cpp
+    transactions/search/pdr.cpp
+    transactions/search/ph.cpp
+    transactions/search/plc.cpp
+    transactions/search/plt.cpp
 )
 list(TRANSFORM public_headers PREPEND ${PROJECT_SOURCE_DIR}/include/ OUTPUT_VARIABLE public_header_files)
 target_sources(vantro_profile_utils PUBLIC FILE_SET HEADERS BASE_DIRS ${PROJECT_SOURCE_DIR}/include

@@ -2,8 +2,20 @@
 #include "vantro/registry.h"
 
 #include "framework/constants.h"
+#include "framework/profile_mode.h"
+#include "notes/profile_notes.h"
 #include "profile/profile.h"
+#include "transactions/maintenance/pb.h"
+#include "transactions/maintenance/pt.h"
 #include "transactions/maintenance/px.h"
+#include "transactions/maintenance/rlp.h"
+#include "transactions/search/pd.h"
+#include "transactions/search/pda.h"
+#include "transactions/search/pdn.h"
+#include "transactions/search/pdr.h"
+#include "transactions/search/ph.h"
+#include "transactions/search/plc.h"
+#include "transactions/search/plt.h"
 
 #include <algorithm>
 #include <array>
@@ -45,28 +57,36 @@ constexpr Codes<3> notes{code::PN, code::PNE, code::PNL};
 constexpr bool trans = true;  // has IProfileTrans
 constexpr bool get = true;    // has IProfileGet
 
+constexpr std::array rlpCounts{
+    CountProperty{u"RecLocCount",
+                  [](ProfileObject& object, const CountRequest& request) {
+                      return static_cast<CRLPTrans&>(object).RecLocCount(request.text);
+                  }},
+};
+
+// Meant: CProfileMode and CProfileNotes share their numbers.
 // clang-format off
 constexpr std::array<ClassRow, 19> table{{
-    // name             interfaces      host      counts  {create, verify}  creator
-    {u"CPBITrans",      trans, !get,    pbi,      {},     {5385, 5390},     nullptr},
-    {u"CPBNTrans",      trans, !get,    pbn,      {},     {none, 5035},     nullptr},
-    {u"CPCNTrans",      trans, !get,    pcn,      {},     {none, none},     nullptr},
-    {u"CPDATrans",      trans, !get,    pda,      {},     {none, 5105},     nullptr},
-    {u"CPDITrans",      trans, !get,    pdi,      {},     {5090, 5095},     nullptr},
-    {u"CPDMDTrans",     trans, !get,    pdmd,     {},     {none, none},     nullptr},
-    {u"CPDNTrans",      trans, !get,    pdn,      {},     {none, 5075},     nullptr},
-    {u"CPDRTrans",      trans, !get,    pdr,      {},     {none, 5110},     nullptr},
-    {u"CPDTrans",       trans, !get,    pd,       {},     {5000, 5005},     nullptr},
-    {u"CPDTTrans",      trans, !get,    pdt,      {},     {5020, 5025},     nullptr},
-    {u"CPHTrans",       trans, !get,    ph,       {},     {5080, 5085},     nullptr},
-    {u"CPLCTrans",      trans, !get,    plc,      {},     {5135, 5140},     nullptr},
-    {u"CPLTTrans",      trans, !get,    plt,      {},     {5050, 5055},     nullptr},
-    {u"CProfileMode",   trans, !get,    mode,     {},     {5040, 5045},     nullptr},  // shared with CProfileNotes
-    {u"CPXTrans",       trans, !get,    px,       {},     {5010, 5015},     create<CPXTrans>},
-    {u"CRLPTrans",      trans, !get,    rlp,      {},     {none, 5130},     nullptr},
-    {u"CPTTrans",       trans, !get,    pt,       {},     {none, 5120},     nullptr},
-    {u"CProfile",       !trans, get,    {},       profileCounts, {none, none}, create<CProfile>},
-    {u"CProfileNotes",  trans, get,     notes,    {},     {5040, 5045},     nullptr},  // shared with CProfileMode
+    // name             interfaces      host      counts         {create, verify}  creator
+    {u"CPBITrans",      trans, !get,    pbi,      {},            {5385, 5390},     create<CPBITrans>},
+    {u"CPBNTrans",      trans, !get,    pbn,      {},            {none, 5035},     create<CPBNTrans>},
+    {u"CPCNTrans",      trans, !get,    pcn,      {},            {none, none},     create<CPCNTrans>},
+    {u"CPDATrans",      trans, !get,    pda,      {},            {none, 5105},     create<CPDATrans>},
+    {u"CPDITrans",      trans, !get,    pdi,      {},            {5090, 5095},     create<CPDITrans>},
+    {u"CPDMDTrans",     trans, !get,    pdmd,     {},            {none, none},     create<CPDMDTrans>},
+    {u"CPDNTrans",      trans, !get,    pdn,      {},            {none, 5075},     create<CPDNTrans>},
+    {u"CPDRTrans",      trans, !get,    pdr,      {},            {none, 5110},     create<CPDRTrans>},
+    {u"CPDTrans",       trans, !get,    pd,       {},            {5000, 5005},     create<CPDTrans>},
+    {u"CPDTTrans",      trans, !get,    pdt,      {},            {5020, 5025},     create<CPDTTrans>},
+    {u"CPHTrans",       trans, !get,    ph,       {},            {5080, 5085},     create<CPHTrans>},
+    {u"CPLCTrans",      trans, !get,    plc,      {},            {5135, 5140},     create<CPLCTrans>},
+    {u"CPLTTrans",      trans, !get,    plt,      {},            {5050, 5055},     create<CPLTTrans>},
+    {u"CProfileMode",   trans, !get,    mode,     {},            {5040, 5045},     create<CProfileMode>},
+    {u"CPXTrans",       trans, !get,    px,       {},            {5010, 5015},     create<CPXTrans>},
+    {u"CRLPTrans",      trans, !get,    rlp,      rlpCounts,     {none, 5130},     create<CRLPTrans>},
+    {u"CPTTrans",       trans, !get,    pt,       {},            {none, 5120},     create<CPTTrans>},
+    {u"CProfile",       !trans, get,    {},       profileCounts, {none, none},     create<CProfile>},
+    {u"CProfileNotes",  trans, get,     notes,    {},            {5040, 5045},     create<CProfileNotes>},
 }};
 // clang-format on
 

@@ -45,6 +45,9 @@ public:
         return functions_.TextField(text, number, separator, texts_);
     }
 
+    /// True when lines are slices of the text, and so empty past its end.
+    bool linesAreSlices() const { return slices_; }
+
     /// The whole text, for the few tests that are made without the terminal's help.
     TextView text() const { return response_; }
 

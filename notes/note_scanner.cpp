@@ -5,8 +5,6 @@
 //   >                                              prompt: the search for another header goes on under it
 #include "notes/note_scanner.h"
 
-#include "framework/constants.h"
-#include "profile/families.h"
 
 namespace vantro {
 
@@ -23,17 +21,17 @@ bool isKept(const NoteFilter& filter, TextView line) {
 /// The counters of one scan. Notes are numbered on through a second section.
 class NoteScan {
 public:
-    NoteScan(Screen& display, const NoteFilter& filter, NoteSink& sink)
+    NoteScan(Display& display, const NoteFilter& filter, NoteSink& sink)
         : display_(display), filter_(filter), sink_(sink) {}
 
     std::int16_t run() {
         for (;;) {
             ++line_;  // the first line looked at is line 1
-            const TextView line = rightTrimmed(display_.line(line_));
-            if (line.empty() || holds(line, mark::prompt)) break;
-            if (holds(line, header::notes)) {
+            const DisplayLine& line = display_.line(line_);
+            if (line.isBlank() || line.holdsPrompt()) break;
+            if (line.holdsHeader(Section::Notes)) {
                 if (endsInEndOfDisplay()) break;
-            } else if (holds(line, mark::endOfDisplay)) {
+            } else if (line.holdsEndText()) {
                 break;
             }
         }
@@ -46,10 +44,10 @@ private:
         for (;;) {
             ++line_;
             ++note_;
-            const TextView line = display_.line(line_);
-            if (holds(line, mark::endOfDisplay)) return true;
-            if (holds(line, mark::prompt)) return false;
-            if (isKept(filter_, line)) store(line);
+            const DisplayLine& line = display_.line(line_);
+            if (line.holdsEndText()) return true;
+            if (line.holdsPrompt()) return false;
+            if (isKept(filter_, line.text())) store(line.text());
         }
     }
 
@@ -58,7 +56,7 @@ private:
         sink_.store(count_.value(), {note_.value(), left(line, qualifierWidth), trimmed(mid(line, textColumn))});
     }
 
-    Screen& display_;
+    Display& display_;
     const NoteFilter& filter_;
     NoteSink& sink_;
     Counter line_;
@@ -68,7 +66,7 @@ private:
 
 }  // namespace
 
-std::int16_t scanNotes(Screen& display, const NoteFilter& filter, NoteSink& sink) {
+std::int16_t scanNotes(Display& display, const NoteFilter& filter, NoteSink& sink) {
     return NoteScan(display, filter, sink).run();
 }
 

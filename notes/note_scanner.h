@@ -1,7 +1,7 @@
 // The notes section of a profile display.
 #pragma once
 
-#include "framework/screen.h"
+#include "profile/display.h"
 
 #include <cstdint>
 
@@ -37,6 +37,6 @@ protected:
 };
 
 /// Gives the number of notes kept. Raises 6 when the notes section has no end: the 16-bit counters overflow.
-std::int16_t scanNotes(Screen& display, const NoteFilter& filter, NoteSink& sink);
+std::int16_t scanNotes(Display& display, const NoteFilter& filter, NoteSink& sink);
 
 }  // namespace vantro

@@ -1,7 +1,7 @@
 // The extractors: each finds its family's section in a display and hands out the elements one by one.
 #pragma once
 
-#include "framework/screen.h"
+#include "profile/display.h"
 #include "profile/families.h"
 
 #include <cstdint>
@@ -33,11 +33,11 @@ protected:
 
 /// Each gives the number of elements stored and raises 6 where the display has no end: the 16-bit line counter
 /// overflows.
-std::int16_t extract(const PrefixedFamily& row, Screen& display, ElementSink& sink);
-std::int16_t extract(const TransferableFamily& row, Screen& display, ElementSink& sink);
-std::int16_t extract(const DocumentFamily& row, Screen& display, ElementSink& sink);
+std::int16_t extract(const PrefixedFamily& row, Display& display, ElementSink& sink);
+std::int16_t extract(const TransferableFamily& row, Display& display, ElementSink& sink);
+std::int16_t extract(const DocumentFamily& row, Display& display, ElementSink& sink);
 
 /// The same by family.
-std::int16_t extract(Family family, Screen& display, ElementSink& sink);
+std::int16_t extract(Family family, Display& display, ElementSink& sink);
 
 }  // namespace vantro

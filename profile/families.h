@@ -3,6 +3,7 @@
 #pragma once
 
 #include "framework/text_ops.h"
+#include "profile/sections.h"
 #include "vantro/profile.h"
 #include "vantro/text.h"
 
@@ -29,7 +30,7 @@ enum class ListCut : std::uint8_t {
 
 struct PrefixedFamily {
     Family family;
-    TextView header;
+    Section section;
     TextView prefix;
     Scheme scheme;
     Column searchFrom;  ///< where in a trimmed line of the section the search for the prefix starts
@@ -38,41 +39,26 @@ struct PrefixedFamily {
     ListCut cut;
 };
 
-namespace header {
-
-inline constexpr TextView priority = u"------- PRIORITY";
-inline constexpr TextView globalSearch = u"------- GLOBAL SEARCH";
-inline constexpr TextView preStored = u"------- PRE-STORED ENTRIES";
-inline constexpr TextView hotel = u"------- TRAVEL POLICIES - HOTEL";
-inline constexpr TextView car = u"------- TRAVEL POLICIES - CAR";
-inline constexpr TextView air = u"------- TRAVEL POLICIES - AIR";
-inline constexpr TextView transferable = u"------- PNR TRANSFERABLE DATA";
-inline constexpr TextView documents = u"------- DOCUMENTS";
-inline constexpr TextView followUp = u"------- FOLLOW UP";
-inline constexpr TextView notes = u"------- PROFILE NOTES";
-
-}  // namespace header
-
 // clang-format off
 inline constexpr std::array<PrefixedFamily, 17> prefixedFamilies{{
-    // family       header                 prefix    scheme                 from  tag   error  lists cut
-    {Family::PPR,   header::priority,      u"PPR/",  Scheme::Plain,         {1},  {0},  5266,  ListCut::AfterEmptyTest},
-    {Family::PGL,   header::globalSearch,  u"PGL/",  Scheme::GlobalSearch,  {3},  {5},  5267,  ListCut::AfterEmptyTest},
-    {Family::PPS,   header::preStored,     u"PPS/",  Scheme::ColonJoining,  {1},  {0},  5270,  ListCut::AfterEmptyTest},
-    {Family::PHI,   header::hotel,         u"PHI/",  Scheme::Policy,        {1},  {5},  5272,  ListCut::AfterEmptyTest},   // Meant: from 1, its siblings from 3; lists cut late
-    {Family::PCI,   header::car,           u"PCI/",  Scheme::Policy,        {3},  {5},  5290,  ListCut::BeforeEmptyTest},  // Meant: 5290 is PID's number too
-    {Family::PPC,   header::car,           u"PPC/",  Scheme::Policy,        {3},  {6},  5285,  ListCut::BeforeEmptyTest},  // Meant: 6 characters, its siblings 5
-    {Family::PPH,   header::hotel,         u"PPH/",  Scheme::Policy,        {3},  {5},  5273,  ListCut::BeforeEmptyTest},
-    {Family::PPA,   header::air,           u"PPA/",  Scheme::Policy,        {3},  {5},  5292,  ListCut::BeforeEmptyTest},
-    {Family::PPK,   header::air,           u"PPK/",  Scheme::Policy,        {3},  {5},  5293,  ListCut::BeforeEmptyTest},
-    {Family::PPI,   header::air,           u"PPI/",  Scheme::Policy,        {3},  {5},  5280,  ListCut::BeforeEmptyTest},
-    {Family::PXC,   header::car,           u"PXC/",  Scheme::Policy,        {3},  {5},  5295,  ListCut::BeforeEmptyTest},
-    {Family::PXA,   header::air,           u"PXA/",  Scheme::Policy,        {3},  {5},  5296,  ListCut::BeforeEmptyTest},
-    {Family::PXK,   header::air,           u"PXK/",  Scheme::Policy,        {3},  {5},  5281,  ListCut::BeforeEmptyTest},
-    {Family::PSH,   header::hotel,         u"PSH/",  Scheme::Policy,        {3},  {5},  5282,  ListCut::BeforeEmptyTest},
-    {Family::PSC,   header::car,           u"PSC/",  Scheme::Policy,        {3},  {5},  5283,  ListCut::BeforeEmptyTest},
-    {Family::PPT,   header::air,           u"PPT/",  Scheme::Policy,        {3},  {5},  5284,  ListCut::BeforeEmptyTest},
-    {Family::PXT,   header::air,           u"PXT/",  Scheme::Policy,        {3},  {5},  5286,  ListCut::BeforeEmptyTest},
+    // family       section                 prefix    scheme                 from  tag   error  lists cut
+    {Family::PPR,   Section::Priority,     u"PPR/",  Scheme::Plain,         {1},  {0},  5266,  ListCut::AfterEmptyTest},
+    {Family::PGL,   Section::GlobalSearch, u"PGL/",  Scheme::GlobalSearch,  {3},  {5},  5267,  ListCut::AfterEmptyTest},
+    {Family::PPS,   Section::PreStored,    u"PPS/",  Scheme::ColonJoining,  {1},  {0},  5270,  ListCut::AfterEmptyTest},
+    {Family::PHI,   Section::Hotel,        u"PHI/",  Scheme::Policy,        {1},  {5},  5272,  ListCut::AfterEmptyTest},   // Meant: from 1, its siblings from 3; lists cut late
+    {Family::PCI,   Section::Car,          u"PCI/",  Scheme::Policy,        {3},  {5},  5290,  ListCut::BeforeEmptyTest},  // Meant: 5290 is PID's number too
+    {Family::PPC,   Section::Car,          u"PPC/",  Scheme::Policy,        {3},  {6},  5285,  ListCut::BeforeEmptyTest},  // Meant: 6 characters, its siblings 5
+    {Family::PPH,   Section::Hotel,        u"PPH/",  Scheme::Policy,        {3},  {5},  5273,  ListCut::BeforeEmptyTest},
+    {Family::PPA,   Section::Air,          u"PPA/",  Scheme::Policy,        {3},  {5},  5292,  ListCut::BeforeEmptyTest},
+    {Family::PPK,   Section::Air,          u"PPK/",  Scheme::Policy,        {3},  {5},  5293,  ListCut::BeforeEmptyTest},
+    {Family::PPI,   Section::Air,          u"PPI/",  Scheme::Policy,        {3},  {5},  5280,  ListCut::BeforeEmptyTest},
+    {Family::PXC,   Section::Car,          u"PXC/",  Scheme::Policy,        {3},  {5},  5295,  ListCut::BeforeEmptyTest},
+    {Family::PXA,   Section::Air,          u"PXA/",  Scheme::Policy,        {3},  {5},  5296,  ListCut::BeforeEmptyTest},
+    {Family::PXK,   Section::Air,          u"PXK/",  Scheme::Policy,        {3},  {5},  5281,  ListCut::BeforeEmptyTest},
+    {Family::PSH,   Section::Hotel,        u"PSH/",  Scheme::Policy,        {3},  {5},  5282,  ListCut::BeforeEmptyTest},
+    {Family::PSC,   Section::Car,          u"PSC/",  Scheme::Policy,        {3},  {5},  5283,  ListCut::BeforeEmptyTest},
+    {Family::PPT,   Section::Air,          u"PPT/",  Scheme::Policy,        {3},  {5},  5284,  ListCut::BeforeEmptyTest},
+    {Family::PXT,   Section::Air,          u"PXT/",  Scheme::Policy,        {3},  {5},  5286,  ListCut::BeforeEmptyTest},
 }};
 // clang-format on
 
@@ -123,19 +109,19 @@ inline constexpr std::array<TransferableFamily, 7> transferableFamilies{{
 
 struct DocumentFamily {
     Family family;
-    TextView header;
+    Section section;
     TextView prefix;
     int error;
 };
 
 // clang-format off
 inline constexpr std::array<DocumentFamily, 5> documentFamilies{{
-    // family      header              prefix   error
-    {Family::PAS,  header::documents,  u"PAS/", 5287},
-    {Family::PIV,  header::documents,  u"PIV/", 5288},
-    {Family::PCE,  header::documents,  u"PCE/", 5289},
-    {Family::PID,  header::documents,  u"PID/", 5290},  // Meant: 5290 is PCI's number too
-    {Family::PFO,  header::followUp,   u"PFO/", 5291},
+    // family      section              prefix   error
+    {Family::PAS,  Section::Documents, u"PAS/", 5287},
+    {Family::PIV,  Section::Documents, u"PIV/", 5288},
+    {Family::PCE,  Section::Documents, u"PCE/", 5289},
+    {Family::PID,  Section::Documents, u"PID/", 5290},  // Meant: 5290 is PCI's number too
+    {Family::PFO,  Section::FollowUp,  u"PFO/", 5291},
 }};
 // clang-format on
 
@@ -171,7 +157,7 @@ static_assert(detail::standInOrder(transferableFamilies, firstTransferable));
 static_assert(detail::standInOrder(documentFamilies, firstDocument));
 static_assert(prefixedFamilies.size() + transferableFamilies.size() + documentFamilies.size() == familyCount);
 static_assert(std::ranges::all_of(prefixedFamilies, [](const PrefixedFamily& row) {
-    return row.prefix.size() == 4 && row.prefix.ends_with(u'/') && row.header.starts_with(u"------- ");
+    return row.prefix.size() == 4 && row.prefix.ends_with(u'/');
 }));
 
 }  // namespace vantro

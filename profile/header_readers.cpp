@@ -8,7 +8,6 @@
 #include "profile/header_readers.h"
 
 #include "framework/constants.h"
-#include "profile/display_lines.h"
 
 namespace vantro {
 
@@ -25,9 +24,9 @@ constexpr Width continuationIndent{14};
 constexpr std::size_t fullLineLength = 64;  // a company-name line of this length broke a word at its end
 constexpr Column tagAreaColumn{3};          // numbered lines keep two columns in front of them
 
-TextView companyMarkName(Screen& display) {
+TextView companyMarkName(Display& display) {
     for (std::int16_t number = 1; number <= 10; ++number) {
-        const TextView line = display.line(number);
+        const TextView line = display.line(Counter(number)).text();
         if (holds(line, mark::companyProfile)) return trimmed(mid(line, companyNameColumn, companyNameWidth));
     }
     return {};
@@ -37,11 +36,11 @@ TextView lastSix(TextView line) { return trimmed(right(line, recordLocatorWidth)
 
 /// Where the first line from `from` on stands that holds the tag, its first two columns aside; nothing at the
 /// end of the display.
-std::optional<Counter> seekTag(Screen& display, Counter from, TextView tag) {
+std::optional<Counter> seekTag(Display& display, Counter from, TextView tag) {
     for (Counter number = from;; ++number) {
-        const TextView line = display.line(number);
-        if (isEndOfDisplay(line)) return std::nullopt;
-        if (holds(trimmed(mid(line, tagAreaColumn)), tag)) return number;
+        const DisplayLine& line = display.line(number);
+        if (line.isEndOfDisplay()) return std::nullopt;
+        if (line.holdsSlash() && holds(trimmed(mid(line.text(), tagAreaColumn)), tag)) return number;
     }
 }
 
@@ -58,9 +57,9 @@ TaggedLine tagged(TextView line) { return {line, find(line, u"/")}; }
 
 }  // namespace
 
-TextView readName(Screen& display) {
+TextView readName(Display& display) {
     for (std::int16_t number = 1; number <= 20; ++number) {
-        const TextView line = display.line(number);
+        const TextView line = display.line(Counter(number)).text();
         const Column tag = find(line, nameTag);
         if (tag == Column{0}) continue;
         const TextView name = trimmed(mid(line, tag + static_cast<int>(nameTag.size())));
@@ -69,18 +68,18 @@ TextView readName(Screen& display) {
     return companyMarkName(display);
 }
 
-TextView readRecordLocator(Screen& display) {
-    const TextView line = trimmed(display.line(std::int16_t{1}));
+TextView readRecordLocator(Display& display) {
+    const TextView line = display.line(Counter(1)).trimmed();
     const bool isHostLine = holds(line, u"PF24 REQST UMSG") || holds(line, u"4505");
     if (!line.empty() && !isHostLine) return lastSix(line);
-    return lastSix(trimmed(display.line(std::int16_t{2})));
+    return lastSix(display.line(Counter(2)).trimmed());
 }
 
-TextView readOfficeIdentifier(Screen& display) {
+TextView readOfficeIdentifier(Display& display) {
     for (std::int16_t number = 1; number <= 6; ++number) {
-        const TextView mark = display.textField(trimmed(display.line(number)), 1, u" ");
+        const TextView mark = display.screen().textField(display.line(Counter(number)).trimmed(), 1, u" ");
         if (mark != mark::companyProfile && mark != mark::travellerProfile) continue;
-        const TextView rule = trimmed(display.line(static_cast<std::int16_t>(number + 1)));
+        const TextView rule = display.line(Counter(number) + 1).trimmed();
         if (!rule.starts_with(u"-----")) continue;
         const TextView office = trimmed(right(rule, officeWidth));
         return onlyIf(office.size() == static_cast<std::size_t>(officeWidth.value), office);
@@ -92,11 +91,11 @@ namespace {
 
 /// Number, blank and name of the company-name line in one text; the number is "X" when the line has none. Empty
 /// when there is no such line.
-Text companyNameText(Screen& display) {
+Text companyNameText(Display& display) {
     // Meant: this reader begins at line 1, the PIN and PSL readers at line 0.
     const std::optional<Counter> place = seekTag(display, Counter(1), u"PCN/ ");
     if (!place) return {};
-    const TextView raw = display.line(*place);
+    const TextView raw = display.line(*place).text();
     const TaggedLine line = tagged(trimmed(mid(raw, tagAreaColumn)));
 
     // The first line alone says whether the name broke inside a word. The slash's column, counted without the
@@ -104,9 +103,9 @@ Text companyNameText(Screen& display) {
     const TextView separator = onlyIf(rightTrimmed(raw).size() != fullLineLength, u" ");
     Text name(line.element());
     for (Counter below = *place + 1;; ++below) {
-        const TextView continuation = display.line(below);
-        if (!isBlank(left(continuation, continuationIndent))) break;
-        name.append(separator).append(trimmed(mid(continuation, line.slash + 1)));
+        const DisplayLine& continuation = display.line(below);
+        if (!continuation.beginsBlank(continuationIndent)) break;
+        name.append(separator).append(trimmed(mid(continuation.text(), line.slash + 1)));
     }
     const TextView number = line.slash > Column{4} ? line.number(lineNumberWidth) : TextView(u"X");
     return Text(trimmed(joined({number, u" ", name})));
@@ -114,29 +113,29 @@ Text companyNameText(Screen& display) {
 
 }  // namespace
 
-CompanyNameLine readCompanyName(Screen& display) {
+CompanyNameLine readCompanyName(Display& display) {
     const Text line = companyNameText(display);
-    const TextView number = display.textField(line, 1, u" ");
+    const TextView number = display.screen().textField(line, 1, u" ");
     // The number counts as one character and a blank, whatever its length.
     CompanyNameLine company{Text(trimmed(mid(line, Column{3}))), std::nullopt};
     if (number != u"X") company.number = number;
     return company;
 }
 
-NumberedText readPin(Screen& display) {
+NumberedText readPin(Display& display) {
     const std::optional<Counter> place = seekTag(display, Counter(0), u"PIN/");
     if (!place) return {};
-    const TaggedLine line = tagged(trimmed(mid(display.line(*place), tagAreaColumn)));
+    const TaggedLine line = tagged(trimmed(mid(display.line(*place).text(), tagAreaColumn)));
     return {onlyIf(line.slash >= Column{5}, line.number(lineNumberWidth)), line.element()};
 }
 
-std::optional<NumberedText> readPsl(Screen& display) {
+std::optional<NumberedText> readPsl(Display& display) {
     if (display.text().empty()) return std::nullopt;
     for (Counter number;; ++number) {
-        const TextView line = rightTrimmed(display.line(number));
-        if (isEndOfDisplay(line)) return std::nullopt;
-        if (!holds(line, u"PSL/")) continue;
-        const TaggedLine element = tagged(line);  // this line keeps its front, number area and all
+        const DisplayLine& line = display.line(number);
+        if (line.isEndOfDisplay()) return std::nullopt;
+        if (!line.holdsPrefix(u"PSL/", Column{1})) continue;
+        const TaggedLine element = tagged(line.rightTrimmed());  // this line keeps its front, number area and all
         return NumberedText{element.number(pslNumberWidth), element.element()};
     }
 }

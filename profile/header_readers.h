@@ -1,7 +1,7 @@
 // The readers of single values in a profile display. Lines count from 0.
 #pragma once
 
-#include "framework/screen.h"
+#include "profile/display.h"
 
 #include <optional>
 
@@ -22,21 +22,21 @@ struct CompanyNameLine {
 
 /// The name after " NM " in lines 1 to 20, or else the company's in the "*C*" line of lines 1 to 10; empty when
 /// there is neither.
-TextView readName(Screen& display);
+TextView readName(Display& display);
 
 /// The last six characters of line 1, or of line 2 under a host line; trimmed.
-TextView readRecordLocator(Screen& display);
+TextView readRecordLocator(Display& display);
 
 /// The nine characters at the end of the rule under the "*C*" or "*T*" line of lines 1 to 6; otherwise empty.
-TextView readOfficeIdentifier(Screen& display);
+TextView readOfficeIdentifier(Display& display);
 
 /// The company-name line, its continuation lines joined. Raises 6 for a display without an end.
-CompanyNameLine readCompanyName(Screen& display);
+CompanyNameLine readCompanyName(Display& display);
 
 /// The PIN line; both texts empty when there is none. Raises 6 for a display without an end.
-NumberedText readPin(Screen& display);
+NumberedText readPin(Display& display);
 
 /// The PSL line, or nothing. Raises 6 for a display without an end.
-std::optional<NumberedText> readPsl(Screen& display);
+std::optional<NumberedText> readPsl(Display& display);
 
 }  // namespace vantro

@@ -5,7 +5,7 @@
 //    2 PPH/ NO SMOKING                             another family's element
 //    3      BREAKFAST INCLUDED                     an element without a prefix
 //   ------- PRE-STORED ENTRIES                     section end
-#include "profile/display_lines.h"
+#include "framework/constants.h"
 #include "profile/extractors.h"
 
 #include <algorithm>
@@ -18,14 +18,19 @@ constexpr Column tagColumn{3};
 constexpr Column textColumn{8};
 constexpr Column unprefixedTextColumn{7};  // Meant: in the global-search lines alone the text begins one column early
 constexpr Width numberWidth{2};
+constexpr Width continuationIndent{9};
 
 /// An element's first line, which does not end its section, and the continuation lines under it. While nothing
 /// is joined it is a view of the line.
 class JoinedLine {
 public:
-    explicit JoinedLine(TextView line) : view_(line) {}
+    explicit JoinedLine(const DisplayLine& line) : line_(line), view_(line.trimmed()) {}
 
     TextView text() const { return view_; }
+
+    bool holdsPrefix(TextView prefix, Column from) const {
+        return joined_.empty() ? line_.holdsPrefix(prefix, from) : holdsFrom(view_, prefix, from);
+    }
 
     /// A prompt in the first place or the end text: nothing more is joined.
     bool isClosed() const { return holdsEnd_ || view_.starts_with(u'>'); }
@@ -41,6 +46,7 @@ public:
     }
 
 private:
+    const DisplayLine& line_;
     TextView view_;
     Text joined_;
     bool holdsEnd_ = false;
@@ -49,7 +55,7 @@ private:
 /// One extraction: the place in the display and the elements so far.
 class PrefixedExtraction {
 public:
-    PrefixedExtraction(const PrefixedFamily& row, Screen& display, ElementSink& sink)
+    PrefixedExtraction(const PrefixedFamily& row, Display& display, ElementSink& sink)
         : row_(row), display_(display), sink_(sink) {}
 
     std::int16_t run() {
@@ -84,10 +90,10 @@ private:
     /// end (false).
     bool collectElements() {
         for (;; ++line_) {
-            const TextView line = trimmed(display_.line(line_));
-            if (isSectionEnd(line)) return false;
+            const DisplayLine& line = display_.line(line_);
+            if (line.isSectionEnd()) return false;
             const JoinedLine element = join(line);
-            if (isOtherFamily(element.text())) return true;
+            if (isOtherFamily(element)) return true;
             store(element.text(), textColumn);
         }
     }
@@ -96,9 +102,9 @@ private:
     void collectGlobalSearch() {
         for (; seekHeader(); ++line_) {
             ++line_;
-            const TextView line = trimmed(display_.line(line_));
-            if (holdsFrom(line, row_.prefix, row_.searchFrom)) {
-                store(line, textColumn);
+            const DisplayLine& line = display_.line(line_);
+            if (line.holdsPrefix(row_.prefix, row_.searchFrom)) {
+                store(line.trimmed(), textColumn);
                 collectUnprefixed();
                 return;
             }
@@ -110,7 +116,7 @@ private:
         constexpr int atMost = 10;
         const Counter last = line_ + atMost;
         for (++line_; line_ <= last; ++line_) {
-            const TextView line = trimmed(display_.line(line_));
+            const TextView line = display_.line(line_).trimmed();
             if (mid(line, tagColumn, row_.tagWidth) != u"     ") return;
             store(line, unprefixedTextColumn);
         }
@@ -119,9 +125,10 @@ private:
     /// Goes on to the next header line; false at the end of the display.
     bool seekHeader() {
         for (;; ++line_) {
-            const TextView line = display_.line(line_);
-            if (isEndOfDisplay(line)) return false;
-            if (holds(line, row_.header)) return true;
+            line_ = display_.nextMarked(line_);
+            const DisplayLine& line = display_.line(line_);
+            if (line.isEndOfDisplay()) return false;
+            if (line.holdsHeader(row_.section)) return true;
         }
     }
 
@@ -129,19 +136,19 @@ private:
     bool seekElement() {
         for (;;) {
             ++line_;
-            const TextView line = trimmed(display_.line(line_));
-            if (isSectionEnd(line)) return false;
-            if (holdsFrom(line, row_.prefix, row_.searchFrom)) return true;
+            const DisplayLine& line = display_.line(line_);
+            if (line.isSectionEnd()) return false;
+            if (line.holdsPrefix(row_.prefix, row_.searchFrom)) return true;
         }
     }
 
-    JoinedLine join(TextView line) {
+    JoinedLine join(const DisplayLine& line) {
         JoinedLine element(line);
         for (;;) {
             const Counter next = line_ + 1;
-            const TextView below = display_.line(next);
-            if (!isContinuation(below) || element.isClosed()) return element;
-            const TextView continuation = trimmed(below);
+            const DisplayLine& below = display_.line(next);
+            if (!below.beginsBlank(continuationIndent) || element.isClosed()) return element;
+            const TextView continuation = below.trimmed();
             const bool afterBlank = row_.scheme != Scheme::Plain && mid(continuation, Column{3}, Width{1}) == u":";
             element.append(onlyIf(afterBlank, u" "), continuation);
             line_ = next;
@@ -149,8 +156,8 @@ private:
     }
 
     // The whole-section schemes have no tag to look at and take every line.
-    bool isOtherFamily(TextView element) const {
-        return !isBlank(mid(element, tagColumn, row_.tagWidth)) && !holdsFrom(element, row_.prefix, tagColumn);
+    bool isOtherFamily(const JoinedLine& element) const {
+        return !isBlank(mid(element.text(), tagColumn, row_.tagWidth)) && !element.holdsPrefix(row_.prefix, tagColumn);
     }
 
     void store(TextView element, Column text) {
@@ -159,7 +166,7 @@ private:
     }
 
     const PrefixedFamily& row_;
-    Screen& display_;
+    Display& display_;
     ElementSink& sink_;
     Counter line_;
     Counter count_;
@@ -167,7 +174,7 @@ private:
 
 }  // namespace
 
-std::int16_t extract(const PrefixedFamily& row, Screen& display, ElementSink& sink) {
+std::int16_t extract(const PrefixedFamily& row, Display& display, ElementSink& sink) {
     return PrefixedExtraction(row, display, sink).run();
 }
 

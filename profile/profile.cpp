@@ -34,18 +34,18 @@ std::int16_t CProfile::refill(Family family, TextView display) {
     ElementLists& lists = lists_[indexOf(family)];
     if (isTransferable(family)) {
         if (display.empty()) return 0;
-        Screen screen(terminal_, display);
+        Display lines(terminal_, display);
         const TransferableFamily& row = transferableFamilies[indexOf(family) - firstTransferable];
         TransferableListsSink sink(lists, row.split);
-        return extract(row, screen, sink);
+        return extract(row, lines, sink);
     }
     // Meant: four families look whether the display is empty before they cut their lists.
     if (listCutOf(family) == ListCut::AfterEmptyTest && display.empty()) return 0;
     cutToEntry0(lists);
     if (display.empty()) return 0;
-    Screen screen(terminal_, display);
+    Display lines(terminal_, display);
     NumberedListsSink sink(lists);
-    return extract(family, screen, sink);
+    return extract(family, lines, sink);
 }
 
 CollectionPtr CProfile::IProfileGet_ProfileElements(TextView display, const CollectionPtr& collection,

@@ -149,39 +149,39 @@ CollectionPtr ProfileQuery::answer(TextView display) {
 }
 
 void ProfileQuery::addName(Family /*family*/) {
-    Screen screen(terminal_, display_);
-    Results(*collection_).add(key::strKeyElement, readName(screen));
+    Display display(terminal_, display_);
+    Results(*collection_).add(key::strKeyElement, readName(display));
 }
 
 void ProfileQuery::addRecordLocator(Family /*family*/) {
-    Screen screen(terminal_, display_);
-    Results(*collection_).add(key::strKeyElement, readRecordLocator(screen));
+    Display display(terminal_, display_);
+    Results(*collection_).add(key::strKeyElement, readRecordLocator(display));
 }
 
 void ProfileQuery::addOfficeIdentifier(Family /*family*/) {
-    Screen screen(terminal_, display_);
-    Results(*collection_).add(key::strKeyElement, readOfficeIdentifier(screen));
+    Display display(terminal_, display_);
+    Results(*collection_).add(key::strKeyElement, readOfficeIdentifier(display));
 }
 
 void ProfileQuery::addCompanyName(Family /*family*/) {
-    Screen screen(terminal_, display_);
-    const CompanyNameLine line = readCompanyName(screen);
+    Display display(terminal_, display_);
+    const CompanyNameLine line = readCompanyName(display);
     Results results(*collection_);
     results.add(key::strKeyElement, line.name);
     if (line.number) results.add(key::strKeyElementNr, *line.number);
 }
 
 void ProfileQuery::addPin(Family /*family*/) {
-    Screen screen(terminal_, display_);
-    const NumberedText pin = readPin(screen);
+    Display display(terminal_, display_);
+    const NumberedText pin = readPin(display);
     Results results(*collection_);
     results.add(key::strKeyElement, pin.text);
     results.add(key::strKeyElementNr, pin.number);
 }
 
 void ProfileQuery::addPsl(Family /*family*/) {
-    Screen screen(terminal_, display_);
-    const std::optional<NumberedText> psl = readPsl(screen);
+    Display display(terminal_, display_);
+    const std::optional<NumberedText> psl = readPsl(display);
     if (!psl) return;
     Results results(*collection_);
     results.add(key::strKeyElement, psl->text);
@@ -189,10 +189,10 @@ void ProfileQuery::addPsl(Family /*family*/) {
 }
 
 void ProfileQuery::addTransferableNumbers(Family /*family*/) {
-    Screen screen(terminal_, display_);
+    Display display(terminal_, display_);
     TextList nothingSelected;
     TextList& selection = selection_ != nullptr ? *selection_ : nothingSelected;
-    Results(*collection_).add(key::strKeyElNbrsArray, scanTransferable(screen, selection, qualifier_));
+    Results(*collection_).add(key::strKeyElNbrsArray, scanTransferable(display, selection, qualifier_));
 }
 
 void ProfileQuery::addWholeLists(Family family) {

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "framework/access.h"
-#include "framework/screen.h"
+#include "profile/display.h"
 #include "profile/profile.h"
 
 namespace vantro {

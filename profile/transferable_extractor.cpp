@@ -4,7 +4,7 @@
 //                    AND NO STOPS                  continuation: 17 blanks
 //   A    2    AP  LYS 555-0101                     contacts have their code in columns 12 to 17
 //   ------- DOCUMENTS                              the next section
-#include "profile/display_lines.h"
+#include "framework/constants.h"
 #include "profile/extractors.h"
 
 namespace vantro {
@@ -17,6 +17,7 @@ constexpr Column contactCodeColumn{12};
 constexpr Column codeSearchColumn{13};
 constexpr Column textColumn{14};
 constexpr Column detailColumn{18};
+constexpr Width continuationIndent{17};
 
 // Columns inside an element's text, which begins with its code: "FFN XX 1234567", "SR FQTVXX 1234567-TEXT".
 constexpr Column flyerCarrierColumn{5};
@@ -49,15 +50,10 @@ void splitServiceRequest(FoundElement& element) {
     }
 }
 
-bool endsScan(ScanEnd end, TextView line) {
-    if (holds(line, mark::endOfDisplay)) return true;
-    return end == ScanEnd::PromptLineAlone ? line == mark::prompt : holds(line, mark::prompt);
-}
-
-bool isElement(const TransferableFamily& row, TextView line) {
-    return row.test == CodeTest::FoundFromColumn13
-               ? holdsFrom(line, row.code, codeSearchColumn)
-               : mid(line, contactCodeColumn, Width{static_cast<int>(row.code.size())}) == row.code;
+bool endsScan(ScanEnd end, const DisplayLine& line) {
+    if (!line.isMarked()) return false;
+    if (line.holdsEndText()) return true;
+    return end == ScanEnd::PromptLineAlone ? line.rightTrimmed() == mark::prompt : line.holdsPrompt();
 }
 
 FoundElement split(const TransferableFamily& row, TextView line) {
@@ -72,39 +68,62 @@ FoundElement split(const TransferableFamily& row, TextView line) {
     return element;
 }
 
-/// The line with the continuation lines under it. They are not used up: the scan looks at each of them again
-/// as a line of its own.
-TextView join(const TransferableFamily& row, Screen& display, Counter number, TextView line, Text& joined) {
-    for (int below = 1; below <= row.joinedLines; ++below) {
-        const TextView continuation = display.line(number + below);
-        if (!isTransferableContinuation(continuation)) break;
-        const TextView text = trimmed(continuation);
-        if (text.empty()) continue;
-        if (line.data() != joined.data()) joined = line;
-        joined += text;
-        line = joined;
+/// An element's line with the continuation lines under it. They are not used up: the scan looks at each of them
+/// again as a line of its own.
+class JoinedLine {
+public:
+    JoinedLine(const TransferableFamily& row, Display& display, Counter number)
+        : line_(display.line(number)), view_(line_.rightTrimmed()) {
+        for (int below = 1; below <= row.joinedLines; ++below) {
+            const DisplayLine& continuation = display.line(number + below);
+            if (!continuation.beginsBlank(continuationIndent)) return;
+            if (!continuation.isBlank()) append(continuation.trimmed());
+        }
     }
-    return line;
-}
+
+    JoinedLine(const JoinedLine&) = delete;
+    JoinedLine& operator=(const JoinedLine&) = delete;
+
+    TextView text() const { return view_; }
+
+    bool isElementOf(const TransferableFamily& row) const {
+        if (row.test == CodeTest::StandsAtColumn12) {
+            return mid(view_, contactCodeColumn, Width{static_cast<int>(row.code.size())}) == row.code;
+        }
+        return joined_.empty() ? line_.holdsCode(row.code, codeSearchColumn)
+                               : holdsFrom(view_, row.code, codeSearchColumn);
+    }
+
+private:
+    void append(TextView text) {
+        if (joined_.empty()) joined_ = view_;
+        joined_ += text;
+        view_ = joined_;
+    }
+
+    const DisplayLine& line_;
+    TextView view_;
+    Text joined_;
+};
 
 }  // namespace
 
-std::int16_t extract(const TransferableFamily& row, Screen& display, ElementSink& sink) {
+std::int16_t extract(const TransferableFamily& row, Display& display, ElementSink& sink) {
     Counter count;
-    Text joined;
     bool inSection = row.start == ScanStart::FirstLine;
     for (Counter number;; ++number) {
-        const TextView line = rightTrimmed(display.line(number));
+        if (!inSection) number = display.nextMarked(number);
+        const DisplayLine& line = display.line(number);
         if (endsScan(row.end, line)) return count.value();
-        const bool isHeader = holds(line, header::transferable);
+        const bool isHeader = line.holdsHeader(Section::Transferable);
         if (!isHeader && !inSection) continue;
         inSection = true;
-        if (!isHeader && line.starts_with(u"------")) return count.value();
+        if (!isHeader && line.text().starts_with(u"------")) return count.value();
 
-        const TextView whole = join(row, display, number, line, joined);
-        if (!isElement(row, whole)) continue;
+        const JoinedLine whole(row, display, number);
+        if (!whole.isElementOf(row)) continue;
         ++count;
-        sink.store(count.value(), split(row, whole));
+        sink.store(count.value(), split(row, whole.text()));
     }
 }
 

@@ -5,8 +5,6 @@
 //   A    2    AP  LYS 555-0101
 #include "profile/transferable_scanner.h"
 
-#include "profile/display_lines.h"
-#include "profile/families.h"
 
 #include <algorithm>
 #include <optional>
@@ -18,7 +16,7 @@ namespace {
 constexpr Column numberColumn{6};
 constexpr Width numberWidth{3};
 constexpr Column textColumn{14};
-constexpr Column continuationColumn{18};
+constexpr Width continuationIndent{17};
 
 constexpr char16_t upperCase(char16_t character) {
     return character >= u'a' && character <= u'z' ? static_cast<char16_t>(character - u'a' + u'A') : character;
@@ -44,10 +42,10 @@ public:
         }
     }
 
-    bool takes(char16_t kind, TextView text, Screen& display) const {
+    bool takes(char16_t kind, TextView text, Display& display) const {
         const bool wantsAnyKind = !wantsS_ && !wantsA_;
         if (!wantsAnyKind && !(kind == u'S' ? wantsS_ : wantsA_)) return false;
-        if (!qualifier_.empty() && display.textField(text, 1, u" ") != qualifier_) return false;
+        if (!qualifier_.empty() && display.screen().textField(text, 1, u" ") != qualifier_) return false;
         const Text upper = upperCased(text);
         return std::ranges::any_of(entries_, [&](const Text& entry) { return upper.starts_with(entry); });
     }
@@ -68,39 +66,40 @@ struct TransferableElement {
 bool opensElement(TextView line) { return line.starts_with(u'S') || line.starts_with(u'A'); }
 
 /// The first line under the section's header, or nothing when the display ends before it.
-std::optional<Counter> seekSection(Screen& display) {
+std::optional<Counter> seekSection(Display& display) {
     for (Counter number;; ++number) {
-        const TextView line = display.line(number);
-        if (isEndOfDisplay(line)) return std::nullopt;
-        if (holds(line, header::transferable)) return number + 1;
+        number = display.nextMarked(number);
+        const DisplayLine& line = display.line(number);
+        if (line.isEndOfDisplay()) return std::nullopt;
+        if (line.holdsHeader(Section::Transferable)) return number + 1;
     }
 }
 
-bool endsSection(TextView line) { return isEndOfDisplay(line) || line.starts_with(u"------"); }
+bool endsSection(const DisplayLine& line) { return line.isEndOfDisplay() || line.text().starts_with(u"------"); }
 
 /// The element whose first line is `number`; leaves `number` at the line under its last one.
-TransferableElement readElement(Screen& display, Counter& number) {
-    const TextView line = display.line(number);
+TransferableElement readElement(Display& display, Counter& number) {
+    const TextView line = display.line(number).text();
     TransferableElement element{line.front(), trimmed(mid(line, numberColumn, numberWidth)),
                                 Text(trimmed(mid(line, textColumn)))};
     for (++number;; ++number) {
-        const TextView below = display.line(number);
-        if (endsSection(below) || !isTransferableContinuation(below)) return element;
-        element.text += trimmed(mid(below, continuationColumn));
+        const DisplayLine& below = display.line(number);
+        if (endsSection(below) || !below.beginsBlank(continuationIndent)) return element;
+        element.text += below.trimmed();
     }
 }
 
 }  // namespace
 
-TextList scanTransferable(Screen& display, TextList& selection, TextView qualifier) {
+TextList scanTransferable(Display& display, TextList& selection, TextView qualifier) {
     const Selection selected(selection, qualifier);
     TextList numbers(1);
     const std::optional<Counter> section = seekSection(display);
     if (!section) return numbers;
     for (Counter number = *section;;) {
-        const TextView line = display.line(number);
+        const DisplayLine& line = display.line(number);
         if (endsSection(line)) return numbers;
-        if (!opensElement(line)) {
+        if (!opensElement(line.text())) {
             ++number;
             continue;
         }

@@ -1,7 +1,7 @@
 // The transferable-element scanner: which displayed elements a selection names.
 #pragma once
 
-#include "framework/screen.h"
+#include "profile/display.h"
 #include "vantro/text.h"
 
 namespace vantro {
@@ -10,6 +10,6 @@ namespace vantro {
 /// entry 0. The selection's entries are turned into upper case in place; "S" or "A" and two blanks in front of an
 /// entry narrow the scan to that kind of element and leave the entry's text alone. A qualifier that is not empty
 /// must equal the element's code. Raises 6 for a display without an end.
-TextList scanTransferable(Screen& display, TextList& selection, TextView qualifier);
+TextList scanTransferable(Display& display, TextList& selection, TextView qualifier);
 
 }  // namespace vantro

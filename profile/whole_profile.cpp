@@ -147,7 +147,7 @@ private:
     BuiltInTerminal terminal_;
     Profile& profile_;
     Profile::Storage& storage_;
-    Screen display_;
+    Display display_;
 };
 
 }  // namespace

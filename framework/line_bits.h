@@ -1,0 +1,81 @@
+// One bit a character of a screen line: where its blanks, slashes and other marks stand. A line is looked at once
+// and then answers most questions from its bits.
+#pragma once
+
+#include "vantro/text.h"
+
+#include <bit>
+#include <cstddef>
+#include <cstdint>
+
+namespace vantro {
+
+/// A set of character places in a line, from 0. Places from 128 on do not exist.
+class LineBits {
+public:
+    static constexpr std::size_t capacity = 128;
+
+    constexpr LineBits() = default;
+    constexpr LineBits(std::uint64_t low, std::uint64_t high) : low_(low), high_(high) {}
+
+    /// The places from `begin` on.
+    static constexpr LineBits from(std::size_t begin) {
+        if (begin >= capacity) return {};
+        return begin < 64 ? LineBits(~std::uint64_t{0} << begin, ~std::uint64_t{0})
+                          : LineBits(0, ~std::uint64_t{0} << (begin - 64));
+    }
+
+    constexpr bool any() const { return (low_ | high_) != 0; }
+
+    /// The lowest place; `capacity` when there is none.
+    constexpr std::size_t lowest() const {
+        if (low_ != 0) return static_cast<std::size_t>(std::countr_zero(low_));
+        return 64 + static_cast<std::size_t>(std::countr_zero(high_));
+    }
+
+    /// One more than the highest place; 0 when there is none.
+    constexpr std::size_t end() const {
+        if (high_ != 0) return capacity - static_cast<std::size_t>(std::countl_zero(high_));
+        return 64 - static_cast<std::size_t>(std::countl_zero(low_));
+    }
+
+    constexpr void removeLowest() {
+        if (low_ != 0) {
+            low_ &= low_ - 1;
+        } else {
+            high_ &= high_ - 1;
+        }
+    }
+
+    /// Every place moved down by `steps` (1 to 63): place p of the result is place p + steps of this one.
+    constexpr LineBits down(unsigned steps) const {
+        return {low_ >> steps | high_ << (64 - steps), high_ >> steps};
+    }
+
+    /// True when the first `count` (1 to 63) places are all in the set.
+    constexpr bool holdsFirst(unsigned count) const {
+        const std::uint64_t wanted = (std::uint64_t{1} << count) - 1;
+        return (low_ & wanted) == wanted;
+    }
+
+    friend constexpr LineBits operator&(LineBits a, LineBits b) { return {a.low_ & b.low_, a.high_ & b.high_}; }
+    friend constexpr LineBits operator|(LineBits a, LineBits b) { return {a.low_ | b.low_, a.high_ | b.high_}; }
+    friend constexpr LineBits operator~(LineBits a) { return {~a.low_, ~a.high_}; }
+
+private:
+    std::uint64_t low_ = 0;
+    std::uint64_t high_ = 0;
+};
+
+/// Where the marks of a line stand. Places past the line's end count as blanks.
+struct LineMarks {
+    LineBits blanks;
+    LineBits slashes;
+    LineBits dashes;
+    LineBits prompts;
+};
+
+/// Looks at a line of at most `LineBits::capacity` characters.
+LineMarks marksOf(TextView line);
+
+}  // namespace vantro

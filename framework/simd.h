@@ -1,0 +1,39 @@
+// Eight characters at a time where the processor can, one at a time elsewhere. Both give the same answers.
+#pragma once
+
+#if defined(__SSE2__) || defined(_M_X64) || (defined(_M_IX86_FP) && _M_IX86_FP >= 2)
+#define VANTRO_SSE2 1
+#include <emmintrin.h>
+#else
+#define VANTRO_SSE2 0
+#endif
+
+#if VANTRO_SSE2
+
+#include <cstdint>
+
+namespace vantro::simd {
+
+inline constexpr int charactersPerVector = 8;
+
+inline __m128i load(const char16_t* characters) {
+    return _mm_loadu_si128(static_cast<const __m128i*>(static_cast<const void*>(characters)));
+}
+
+inline __m128i eachEqual(__m128i characters, char16_t wanted) {
+    return _mm_cmpeq_epi16(characters, _mm_set1_epi16(static_cast<short>(wanted)));
+}
+
+/// One bit a character of sixteen, from the comparisons of the first eight and the last eight.
+inline std::uint64_t bits(__m128i first, __m128i last) {
+    return static_cast<std::uint64_t>(static_cast<unsigned>(_mm_movemask_epi8(_mm_packs_epi16(first, last))));
+}
+
+/// One bit a character of eight.
+inline unsigned bits(__m128i characters) {
+    return static_cast<unsigned>(_mm_movemask_epi8(_mm_packs_epi16(characters, _mm_setzero_si128())));
+}
+
+}  // namespace vantro::simd
+
+#endif

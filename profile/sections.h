@@ -1,0 +1,45 @@
+// The sections of a profile display and their header texts.
+#pragma once
+
+#include "vantro/text.h"
+
+#include <algorithm>
+#include <array>
+#include <cstddef>
+#include <cstdint>
+
+namespace vantro {
+
+enum class Section : std::uint8_t {
+    Priority,
+    GlobalSearch,
+    PreStored,
+    Hotel,
+    Car,
+    Air,
+    Transferable,
+    Documents,
+    FollowUp,
+    Notes,
+};
+
+/// In the order of the enumeration.
+inline constexpr std::array<TextView, 10> sectionHeaders{{
+    u"------- PRIORITY",
+    u"------- GLOBAL SEARCH",
+    u"------- PRE-STORED ENTRIES",
+    u"------- TRAVEL POLICIES - HOTEL",
+    u"------- TRAVEL POLICIES - CAR",
+    u"------- TRAVEL POLICIES - AIR",
+    u"------- PNR TRANSFERABLE DATA",
+    u"------- DOCUMENTS",
+    u"------- FOLLOW UP",
+    u"------- PROFILE NOTES",
+}};
+
+/// What every header begins with, and what ends a section wherever it stands in a line.
+inline constexpr TextView sectionRule = u"-------";
+
+static_assert(std::ranges::all_of(sectionHeaders, [](TextView header) { return header.starts_with(sectionRule); }));
+
+}  // namespace vantro
