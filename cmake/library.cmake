@@ -24,18 +24,20 @@ target_sources(vantro_profile_utils PRIVATE
     framework/screen.cpp
     framework/text_ops.cpp
     notes/note_scanner.cpp
+    notes/notes_transaction.cpp
     profile/counts.cpp
     profile/display.cpp
+    profile/display_line.cpp
     profile/document_extractor.cpp
     profile/element_lists.cpp
     profile/header_readers.cpp
+    profile/mentions.cpp
     profile/prefixed_extractor.cpp
     profile/profile.cpp
     profile/query.cpp
     profile/transferable_extractor.cpp
     profile/transferable_scanner.cpp
     profile/whole_profile.cpp
-    notes/notes_transaction.cpp
     terminal/built_in_terminal.cpp
     transactions/maintenance/pb.cpp
     transactions/maintenance/pt.cpp

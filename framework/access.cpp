@@ -21,7 +21,9 @@ TextView Parameters::readEntry(const Key<TextList>& key, std::int16_t index) {
     const auto* list = std::get_if<TextList>(&stored->Value());
     if (list == nullptr) fail(Failure::TypeMismatch);
     if (index < 0 || static_cast<std::size_t>(index) >= list->size()) fail(Failure::SubscriptOutOfRange);
-    return (*list)[static_cast<std::size_t>(index)];
+    const TextView entry = (*list)[static_cast<std::size_t>(index)];
+    // An item that the terminal made for this call takes its list with it.
+    return stored.use_count() > 0 ? texts_.keep(Text(entry)) : entry;
 }
 
 }  // namespace vantro

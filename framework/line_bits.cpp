@@ -4,66 +4,70 @@
 
 #include <algorithm>
 #include <array>
+#include <utility>
 
 namespace vantro {
 
 namespace {
 
-/// Two words of sixteen-character groups for each kind of mark.
-struct Words {
-    std::array<std::uint64_t, 2> blanks{};
-    std::array<std::uint64_t, 2> slashes{};
-    std::array<std::uint64_t, 2> dashes{};
-    std::array<std::uint64_t, 2> prompts{};
-};
-
-constexpr std::size_t groupSize = 16;
+constexpr std::size_t groupSize = 16;  // characters whose bits are made at once
+constexpr std::size_t groups = LineBits::capacity / groupSize;
+constexpr std::size_t usualGroups = 5;  // a line of 80 characters
 
 #if VANTRO_SSE2
 
-void addGroup(Words& words, std::size_t begin, const char16_t* characters) {
-    const __m128i first = simd::load(characters);
-    const __m128i last = simd::load(characters + simd::charactersPerVector);
-    const auto add = [&](std::array<std::uint64_t, 2>& bits, char16_t wanted) {
-        bits[begin / 64] |= simd::bits(simd::eachEqual(first, wanted), simd::eachEqual(last, wanted)) << (begin % 64);
-    };
-    add(words.blanks, u' ');
-    add(words.slashes, u'/');
-    add(words.dashes, u'-');
-    add(words.prompts, u'>');
+// Sixteen characters as bytes. Every character that is not a byte becomes one that is no mark.
+struct Group {
+    __m128i bytes;
+};
+
+Group groupAt(const char16_t* characters) {
+    return {simd::asBytes(simd::load(characters), simd::load(characters + simd::charactersPerVector))};
 }
+
+std::uint64_t bitsOf(Group group, char16_t mark) { return simd::bitsOfBytes(group.bytes, static_cast<char>(mark)); }
 
 #else
 
-void addGroup(Words& words, std::size_t begin, const char16_t* characters) {
-    for (std::size_t place = 0; place < groupSize; ++place) {
-        const auto add = [&](std::array<std::uint64_t, 2>& bits, char16_t wanted) {
-            bits[begin / 64] |= std::uint64_t{characters[place] == wanted} << (begin % 64 + place);
-        };
-        add(words.blanks, u' ');
-        add(words.slashes, u'/');
-        add(words.dashes, u'-');
-        add(words.prompts, u'>');
-    }
+using Group = const char16_t*;
+
+Group groupAt(const char16_t* characters) { return characters; }
+
+std::uint64_t bitsOf(Group group, char16_t mark) {
+    std::uint64_t bits = 0;
+    for (std::size_t place = 0; place < groupSize; ++place) bits |= std::uint64_t{group[place] == mark} << place;
+    return bits;
 }
 
 #endif
 
+/// The places of one mark among groups; they are written out so that each group's place is a constant.
+template <std::size_t... Place>
+LineBits bitsOf(const std::array<Group, sizeof...(Place)>& line, char16_t mark, std::index_sequence<Place...>) {
+    std::uint64_t words[2] = {0, 0};
+    ((words[Place / 4] |= bitsOf(line[Place], mark) << (Place % 4 * groupSize)), ...);
+    return {words[0], words[1]};
+}
+
+template <std::size_t... Place>
+LineMarks marksOfGroups(const char16_t* characters, std::index_sequence<Place...> places) {
+    const std::array<Group, sizeof...(Place)> line{groupAt(characters + Place * groupSize)...};
+    return {bitsOf(line, u' ', places), bitsOf(line, u'/', places), bitsOf(line, u'-', places),
+            bitsOf(line, u'>', places), bitsOf(line, u'F', places)};
+}
+
 }  // namespace
 
 LineMarks marksOf(TextView line) {
-    Words words;
-    const std::size_t wholeGroups = line.size() / groupSize * groupSize;
-    for (std::size_t begin = 0; begin < wholeGroups; begin += groupSize) addGroup(words, begin, line.data() + begin);
-    if (wholeGroups < line.size()) {
-        std::array<char16_t, groupSize> padded;
-        padded.fill(u' ');
-        std::ranges::copy(line.substr(wholeGroups), padded.begin());
-        addGroup(words, wholeGroups, padded.data());
+    if (line.size() == usualGroups * groupSize) {
+        LineMarks marks = marksOfGroups(line.data(), std::make_index_sequence<usualGroups>());
+        marks.blanks = marks.blanks | LineBits::from(line.size());
+        return marks;
     }
-    const auto bits = [](const std::array<std::uint64_t, 2>& word) { return LineBits(word[0], word[1]); };
-    return {bits(words.blanks) | LineBits::from(line.size()), bits(words.slashes), bits(words.dashes),
-            bits(words.prompts)};
+    std::array<char16_t, LineBits::capacity> padded;
+    padded.fill(u' ');
+    std::ranges::copy(line, padded.begin());
+    return marksOfGroups(padded.data(), std::make_index_sequence<groups>());
 }
 
 }  // namespace vantro

@@ -73,6 +73,7 @@ struct LineMarks {
     LineBits slashes;
     LineBits dashes;
     LineBits prompts;
+    LineBits letterF;  // rare, and in the middle of the words that end a display
 };
 
 /// Looks at a line of at most `LineBits::capacity` characters.

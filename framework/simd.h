@@ -24,9 +24,13 @@ inline __m128i eachEqual(__m128i characters, char16_t wanted) {
     return _mm_cmpeq_epi16(characters, _mm_set1_epi16(static_cast<short>(wanted)));
 }
 
-/// One bit a character of sixteen, from the comparisons of the first eight and the last eight.
-inline std::uint64_t bits(__m128i first, __m128i last) {
-    return static_cast<std::uint64_t>(static_cast<unsigned>(_mm_movemask_epi8(_mm_packs_epi16(first, last))));
+/// Sixteen characters as bytes; one beyond 0xFF becomes 0xFF or 0.
+inline __m128i asBytes(__m128i first, __m128i last) { return _mm_packus_epi16(first, last); }
+
+/// One bit a byte of sixteen.
+inline std::uint64_t bitsOfBytes(__m128i bytes, char wanted) {
+    return static_cast<std::uint64_t>(
+        static_cast<unsigned>(_mm_movemask_epi8(_mm_cmpeq_epi8(bytes, _mm_set1_epi8(wanted)))));
 }
 
 /// One bit a character of eight.

@@ -7,100 +7,6 @@
 
 namespace vantro {
 
-namespace {
-
-/// Where the end text may stand: two words of three and two letters and one of at least seven.
-LineBits endTextCandidates(LineBits blanks) {
-    const LineBits letters = ~blanks;
-    const LineBits twoLetters = letters & letters.down(1);
-    const LineBits gaps = blanks.down(3) & blanks.down(6);
-    if (!gaps.any()) return {};
-    const LineBits words = twoLetters & letters.down(2) & twoLetters.down(4);
-    const LineBits fourLetters = twoLetters & twoLetters.down(2);
-    return gaps & words & fourLetters.down(7) & fourLetters.down(10);
-}
-
-/// Where seven hyphens in a row begin.
-LineBits ruleBegins(LineBits dashes) {
-    const LineBits two = dashes & dashes.down(1);
-    const LineBits four = two & two.down(2);
-    return four & four.down(3);
-}
-
-bool standsAt(TextView text, std::size_t place, TextView wanted) { return text.substr(place).starts_with(wanted); }
-
-}  // namespace
-
-DisplayLine::DisplayLine(TextView text) : text_(text) {
-    if (fitsBits()) {
-        mark(marksOf(text));
-        return;
-    }
-    // No host prints such a line, but a terminal of its own ways may hand one over.
-    contentBegin_ = std::min(text.find_first_not_of(u' '), text.size());
-    contentEnd_ = vantro::rightTrimmed(text).size();
-    contentBegin_ = std::min(contentBegin_, contentEnd_);
-    if (holds(text, mark::prompt)) marks_ |= promptMark;
-    if (holds(text, mark::endOfDisplay)) marks_ |= endTextMark;
-    if (holds(text, sectionRule)) marks_ |= ruleMark;
-    for (std::size_t section = 0; section < sectionHeaders.size(); ++section) {
-        if (holds(text, sectionHeaders[section])) marks_ |= headerMark(static_cast<Section>(section));
-    }
-}
-
-void DisplayLine::mark(const LineMarks& marks) {
-    blanks_ = marks.blanks;
-    slashes_ = marks.slashes;
-    const LineBits content = ~marks.blanks;
-    contentEnd_ = content.end();
-    contentBegin_ = content.any() ? content.lowest() : 0;
-    if (marks.prompts.any()) marks_ |= promptMark;
-    for (LineBits places = endTextCandidates(blanks_); places.any(); places.removeLowest()) {
-        if (standsAt(text_, places.lowest(), mark::endOfDisplay)) marks_ |= endTextMark;
-    }
-    if (!marks.dashes.any()) return;
-    const LineBits rules = ruleBegins(marks.dashes);
-    if (rules.any()) marks_ = static_cast<std::uint16_t>(marks_ | ruleMark | headerMarks(rules));
-}
-
-std::uint16_t DisplayLine::headerMarks(LineBits rules) const {
-    unsigned found = 0;
-    for (; rules.any(); rules.removeLowest()) {
-        const TextView rest = text_.substr(rules.lowest());
-        if (rest.size() <= sectionRule.size() || rest[sectionRule.size()] != u' ') continue;
-        for (std::size_t section = 0; section < sectionHeaders.size(); ++section) {
-            if (rest.starts_with(sectionHeaders[section])) found |= headerMark(static_cast<Section>(section));
-        }
-    }
-    return static_cast<std::uint16_t>(found);
-}
-
-bool DisplayLine::beginsBlank(Width width) const {
-    return fitsBits() ? blanks_.holdsFirst(static_cast<unsigned>(width.value)) : vantro::isBlank(left(text_, width));
-}
-
-bool DisplayLine::holdsPrefix(TextView prefix, Column from) const {
-    if (!fitsBits()) return holdsFrom(trimmed(), prefix, from);
-    const std::size_t letters = prefix.size() - 1;
-    const std::size_t firstSlash = contentBegin_ + static_cast<std::size_t>(from.value - 1) + letters;
-    for (LineBits slashes = slashes_ & LineBits::from(firstSlash); slashes.any(); slashes.removeLowest()) {
-        if (standsAt(text_, slashes.lowest() - letters, prefix)) return true;
-    }
-    return false;
-}
-
-bool DisplayLine::holdsCode(TextView code, Column from) const {
-    if (!fitsBits()) return holdsFrom(rightTrimmed(), code, from);
-    const auto last = static_cast<unsigned>(code.size() - 1);
-    LineBits places = blanks_ & blanks_.down(last) & LineBits::from(static_cast<std::size_t>(from.value - 1));
-    for (; places.any(); places.removeLowest()) {
-        const std::size_t place = places.lowest();
-        if (place + last >= contentEnd_) return false;
-        if (standsAt(text_, place, code)) return true;
-    }
-    return false;
-}
-
 Display::Display(Terminal& terminal, TextView text) : screen_(terminal, text) {
     constexpr std::size_t allLines = std::numeric_limits<std::int16_t>::max() + std::size_t{1};
     const std::size_t printed = (text.size() + screenWidth - 1) / screenWidth;
@@ -114,7 +20,7 @@ void Display::lookAtNext() {
 }
 
 const DisplayLine& Display::lookAt(std::size_t index) {
-    static constexpr DisplayLine emptyLine;
+    static const DisplayLine emptyLine;
     if (index >= knownLength_) return emptyLine;
     while (lines_.size() <= index) lookAtNext();
     return lines_[index];
@@ -128,6 +34,79 @@ Counter Display::nextMarked(Counter from) {
         if (!marked_.empty() && marked_.back() >= from.value()) return Counter(marked_.back());
     }
     fail(Failure::Overflow);  // the 16-bit line counter would run on over nothing but empty lines
+}
+
+// Several families ask for the same joined line: it is made once.
+JoinedLine Display::joinedWithBelow(Counter number, JoinRule rule) {
+    const DisplayLine& first = line(number);
+    const auto slot = static_cast<std::size_t>(rule);
+    if (first.knownJoins_[slot] != 0) return knownJoins_[first.knownJoins_[slot] - std::size_t{1}];
+
+    const JoinedLine joined = join(number, rule);
+    const auto index = static_cast<std::size_t>(number.value());
+    if (index < lines_.size()) {  // a line past the end has no place for a note
+        knownJoins_.push_back(joined);
+        lines_[index].knownJoins_[slot] = static_cast<std::uint32_t>(knownJoins_.size());
+    }
+    return joined;
+}
+
+JoinedLine Display::join(Counter number, JoinRule rule) {
+    switch (rule) {
+        case JoinRule::OneBelow: return joinOneBelow(number);
+        case JoinRule::TwoBelow: return joinTwoBelow(number);
+        case JoinRule::Directly:
+        case JoinRule::ColonAfterBlank: break;
+    }
+    return joinAllBelow(number, rule);
+}
+
+JoinedLine Display::joinAllBelow(Counter number, JoinRule rule) {
+    const DisplayLine& first = line(number);
+    joining_ = first.trimmed();
+    FamilySet mentioned = first.mentioned();
+    bool holdsEndText = first.holdsEndText();
+    Counter last = number;
+    for (;;) {
+        const DisplayLine& below = line(last + 1);
+        const bool isClosed = holdsEndText || joining_.starts_with(u'>');
+        if (!below.beginsBlank(elementIndent) || isClosed) break;
+        ++last;
+        if (below.isBlank()) continue;
+        // The end text can come about across a seam, but not from further back than its own length.
+        const std::size_t unseen = joining_.size() - std::min(joining_.size(), mark::endOfDisplay.size());
+        const TextView continuation = below.trimmed();
+        const bool isColonLine = mid(continuation, Column{3}, Width{1}) == u":";
+        if (rule == JoinRule::ColonAfterBlank && isColonLine) joining_ += u' ';
+        append(continuation, below.mentioned(), mentioned);
+        holdsEndText = holds(TextView(joining_).substr(unseen), mark::endOfDisplay);
+    }
+    return {joinedTexts_.keep(joining_), last, mentioned};
+}
+
+JoinedLine Display::joinOneBelow(Counter number) {
+    const DisplayLine& first = line(number);
+    const DisplayLine& below = line(number + 1);
+    joining_ = first.rightTrimmed();
+    FamilySet mentioned = first.mentioned();
+    append(below.trimmed(), below.mentioned(), mentioned);
+    return {joinedTexts_.keep(joining_), number + 1, mentioned};
+}
+
+JoinedLine Display::joinTwoBelow(Counter number) {
+    const JoinedLine one = joined(number, JoinRule::OneBelow);
+    const DisplayLine& below = line(number + 2);
+    if (!below.beginsBlank(transferableIndent)) return one;
+    joining_ = one.text;
+    FamilySet mentioned = one.mentioned;
+    append(below.trimmed(), below.mentioned(), mentioned);
+    return {joinedTexts_.keep(joining_), number + 2, mentioned};
+}
+
+void Display::append(TextView text, FamilySet mentionedIn, FamilySet& mentioned) {
+    mentioned.add(mentionedAcross(joining_, text));
+    mentioned.add(mentionedIn);
+    joining_ += text;
 }
 
 }  // namespace vantro

@@ -2,72 +2,21 @@
 // asked for, and every reader of the display shares it.
 #pragma once
 
-#include "framework/line_bits.h"
 #include "framework/screen.h"
-#include "profile/sections.h"
+#include "profile/display_line.h"
+#include "profile/text_arena.h"
 
 #include <cstdint>
 #include <vector>
 
 namespace vantro {
 
-/// A line of a display.
-class DisplayLine {
-public:
-    constexpr DisplayLine() : blanks_(LineBits::from(0)) {}
-    explicit DisplayLine(TextView text);
-
-    /// The line as read.
-    TextView text() const { return text_; }
-
-    TextView trimmed() const { return text_.substr(contentBegin_, contentEnd_ - contentBegin_); }
-    TextView rightTrimmed() const { return text_.substr(0, contentEnd_); }
-    bool isBlank() const { return contentBegin_ == contentEnd_; }
-
-    /// True when the line holds any mark that ends or opens something.
-    bool isMarked() const { return marks_ != 0; }
-
-    bool holdsPrompt() const { return (marks_ & promptMark) != 0; }
-    bool holdsEndText() const { return (marks_ & endTextMark) != 0; }
-    bool holdsHeader(Section section) const { return (marks_ & headerMark(section)) != 0; }
-
-    /// The prompt or the end text anywhere, as the searches for a section's header stop at it.
-    bool isEndOfDisplay() const { return (marks_ & (promptMark | endTextMark)) != 0; }
-
-    /// The end of a prefixed family's section: a prompt in the first place, seven hyphens as any section's header
-    /// has them, or the end text.
-    bool isSectionEnd() const { return isMarked() && ((marks_ & ~promptMark) != 0 || text_[contentBegin_] == u'>'); }
-
-    /// True when the first `width` (1 to 63) characters are blank, a line that ends before them included.
-    bool beginsBlank(Width width) const;
-
-    bool holdsSlash() const { return !fitsBits() || slashes_.any(); }
-
-    /// True when the trimmed line holds the prefix (letters and "/") at or after a column.
-    bool holdsPrefix(TextView prefix, Column from) const;
-
-    /// True when the right-trimmed line holds the code (letters between two blanks) at or after a column.
-    bool holdsCode(TextView code, Column from) const;
-
-private:
-    static constexpr std::uint16_t promptMark = 1;
-    static constexpr std::uint16_t endTextMark = 2;
-    static constexpr std::uint16_t ruleMark = 4;
-    static constexpr std::uint16_t headerMark(Section section) {
-        return static_cast<std::uint16_t>(8U << static_cast<unsigned>(section));
-    }
-    static_assert(sectionHeaders.size() <= 13, "the marks of a line have sixteen bits");
-
-    bool fitsBits() const { return text_.size() <= LineBits::capacity; }
-    void mark(const LineMarks& marks);
-    std::uint16_t headerMarks(LineBits rules) const;
-
-    TextView text_;
-    LineBits blanks_;
-    LineBits slashes_;
-    std::size_t contentBegin_ = 0;
-    std::size_t contentEnd_ = 0;
-    std::uint16_t marks_ = 0;
+/// An element's line and the lines that go on with it. The text is a view of the display or of the display's own
+/// store of joined texts.
+struct JoinedLine {
+    TextView text;
+    Counter last;
+    FamilySet mentioned;
 };
 
 /// The display that one operation reads. Line numbers past the end give empty lines.
@@ -84,17 +33,42 @@ public:
     /// The first line at or after `from` that holds a mark. Raises 6 when there is none.
     Counter nextMarked(Counter from);
 
+    /// An element from its first line on. The first two rules give the lines trimmed, the other two keep what
+    /// stands in front of the first line. Raises 6 when the line number below would overflow.
+    JoinedLine joined(Counter number, JoinRule rule) {
+        const bool keepsFront = rule == JoinRule::OneBelow || rule == JoinRule::TwoBelow;
+        const DisplayLine& first = line(number);
+        const DisplayLine& below = line(number + 1);
+        if (below.beginsBlank(keepsFront ? transferableIndent : elementIndent)) return joinedWithBelow(number, rule);
+        return {keepsFront ? first.rightTrimmed() : first.trimmed(), number, first.mentioned()};
+    }
+
     Screen& screen() { return screen_; }
     TextView text() { return screen_.text(); }
 
+    /// Hands over what the views of joined lines point into.
+    TextArena takeJoinedTexts() { return std::move(joinedTexts_); }
+
 private:
+    static constexpr Width elementIndent{9};
+    static constexpr Width transferableIndent{17};
+
     const DisplayLine& lookAt(std::size_t index);
     void lookAtNext();
+    JoinedLine joinedWithBelow(Counter number, JoinRule rule);
+    JoinedLine join(Counter number, JoinRule rule);
+    JoinedLine joinAllBelow(Counter number, JoinRule rule);
+    JoinedLine joinOneBelow(Counter number);
+    JoinedLine joinTwoBelow(Counter number);
+    void append(TextView text, FamilySet mentionedIn, FamilySet& mentioned);
 
     Screen screen_;
     std::size_t knownLength_;  // lines after these are known to be empty
     std::vector<DisplayLine> lines_;
     std::vector<std::int16_t> marked_;
+    std::vector<JoinedLine> knownJoins_;
+    TextArena joinedTexts_;
+    Text joining_;  // the text of the join that is being made
 };
 
 }  // namespace vantro

@@ -21,8 +21,8 @@ bool isIndented(TextView trimmedLine) {
 
 constexpr Column anywhere{1};
 
-TextView elementText(const DisplayLine& line, TextView prefix) {
-    const TextView before = line.holdsPrefix(prefix, anywhere) ? TextView(u"/") : indent;
+TextView elementText(const DocumentFamily& row, const DisplayLine& line) {
+    const TextView before = line.holdsPrefixOf(row.family, row.prefix, anywhere) ? TextView(u"/") : indent;
     return trimmed(mid(line.trimmed(), find(line.trimmed(), before) + 1));
 }
 
@@ -32,8 +32,8 @@ std::int16_t collectRun(const DocumentFamily& row, Display& display, Counter num
     do {
         const DisplayLine& line = display.line(number);
         ++count;
-        sink.store(count.value(), {.number = trimmed(left(line.trimmed(), numberWidth)),
-                                   .text = elementText(line, row.prefix)});
+        sink.store(row.family, count.value(), {.number = trimmed(left(line.trimmed(), numberWidth)),
+                                   .text = elementText(row, line)});
         ++number;
     } while (isIndented(display.line(number).trimmed()));
     return count.value();
@@ -46,7 +46,7 @@ std::int16_t collectSection(const DocumentFamily& row, Display& display, Counter
     do {
         ++number;
         const DisplayLine& line = display.line(number);
-        if (line.holdsPrefix(row.prefix, anywhere)) return collectRun(row, display, number, sink);
+        if (line.holdsPrefixOf(row.family, row.prefix, anywhere)) return collectRun(row, display, number, sink);
         isLast = isLast || line.trimmed().starts_with(u"-----") || line.isEndOfDisplay();
     } while (!isLast);
     return 0;

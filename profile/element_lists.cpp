@@ -11,13 +11,13 @@ void storeLast(TextList& list, std::size_t length, TextView text) {
 
 }  // namespace
 
-void NumberedListsSink::store(std::int16_t count, const FoundElement& element) {
+void NumberedListsSink::store(Family /*family*/, std::int16_t count, const FoundElement& element) {
     const auto length = static_cast<std::size_t>(count) + 1;
     storeLast(lists_.text, length, element.text);
     storeLast(lists_.number, length, element.number);
 }
 
-void TransferableListsSink::store(std::int16_t count, const FoundElement& element) {
+void TransferableListsSink::store(Family /*family*/, std::int16_t count, const FoundElement& element) {
     const auto length = static_cast<std::size_t>(count);
     storeLast(lists_.text, length, element.text);
     storeLast(lists_.number, length, element.number);

@@ -25,7 +25,7 @@ class NumberedListsSink final : public ElementSink {
 public:
     explicit NumberedListsSink(ElementLists& lists) : lists_(lists) {}
 
-    void store(std::int16_t count, const FoundElement& element) override;
+    void store(Family family, std::int16_t count, const FoundElement& element) override;
 
 private:
     ElementLists& lists_;
@@ -37,7 +37,7 @@ class TransferableListsSink final : public ElementSink {
 public:
     TransferableListsSink(ElementLists& lists, Split split) : lists_(lists), split_(split) {}
 
-    void store(std::int16_t count, const FoundElement& element) override;
+    void store(Family family, std::int16_t count, const FoundElement& element) override;
 
 private:
     ElementLists& lists_;

@@ -8,8 +8,8 @@
 
 namespace vantro {
 
-/// An element as an extractor finds it. The views last until the sink returns; what a family does not split
-/// off is empty.
+/// An element as an extractor finds it: views of the display and of its joined texts. What a family does not
+/// split off is empty.
 struct FoundElement {
     TextView number;
     TextView text;
@@ -19,10 +19,10 @@ struct FoundElement {
     TextView freeText = {};  ///< a service request's free text, a confidential remark's detail
 };
 
-/// Takes the elements in the order of the display. `count` is the element's own, from 1.
+/// Takes the elements of each family in the order of the display. `count` is the element's own, from 1.
 class ElementSink {
 public:
-    virtual void store(std::int16_t count, const FoundElement& element) = 0;
+    virtual void store(Family family, std::int16_t count, const FoundElement& element) = 0;
 
 protected:
     ElementSink() = default;
@@ -39,5 +39,8 @@ std::int16_t extract(const DocumentFamily& row, Display& display, ElementSink& s
 
 /// The same by family.
 std::int16_t extract(Family family, Display& display, ElementSink& sink);
+
+/// All transferable families in one pass over their lines.
+void extractTransferable(Display& display, ElementSink& sink);
 
 }  // namespace vantro

@@ -83,27 +83,35 @@ enum class ScanStart : std::uint8_t {
 /// The parts of a transferable element that its family's own lists hold.
 enum class Split : std::uint8_t { None, FrequentFlyer, ServiceRequest, RemarkDetail };
 
+/// Which lines go on with an element, and how they are joined to it.
+enum class JoinRule : std::uint8_t {
+    Directly,         ///< all lines with nine blanks in front, one after the other
+    ColonAfterBlank,  ///< the same, a blank before a line whose third character is ":"
+    OneBelow,         ///< the line below, with seventeen blanks in front
+    TwoBelow,         ///< the two lines below, the same
+};
+
 struct TransferableFamily {
     Family family;
     TextView code;
     CodeTest test;
     ScanEnd end;
     ScanStart start;
-    int joinedLines;  ///< continuation lines that are joined at most
+    JoinRule join;
     Split split;
     int error;
 };
 
 // clang-format off
 inline constexpr std::array<TransferableFamily, 7> transferableFamilies{{
-    // family                  code       test                         end                       start                     joined  split                   error
-    {Family::Remark,          u" RM ",    CodeTest::FoundFromColumn13, ScanEnd::PromptAnywhere,  ScanStart::SectionHeader, 2,      Split::None,            5260},  // Meant: two lines joined, its siblings one
-    {Family::Contact,         u"  AP  ",  CodeTest::StandsAtColumn12,  ScanEnd::PromptLineAlone, ScanStart::SectionHeader, 1,      Split::None,            5235},  // Meant: ">" inside a line does not end the scan
-    {Family::OtherService,    u" OS ",    CodeTest::FoundFromColumn13, ScanEnd::PromptAnywhere,  ScanStart::SectionHeader, 1,      Split::None,            5250},
-    {Family::FrequentFlyer,   u" FFN ",   CodeTest::FoundFromColumn13, ScanEnd::PromptAnywhere,  ScanStart::SectionHeader, 1,      Split::FrequentFlyer,   5255},
-    {Family::ServiceRequest,  u" SR ",    CodeTest::FoundFromColumn13, ScanEnd::PromptAnywhere,  ScanStart::SectionHeader, 1,      Split::ServiceRequest,  5245},
-    {Family::Seat,            u" ST ",    CodeTest::FoundFromColumn13, ScanEnd::PromptAnywhere,  ScanStart::SectionHeader, 1,      Split::None,            5240},
-    {Family::RemarkConf,      u" RC ",    CodeTest::FoundFromColumn13, ScanEnd::PromptAnywhere,  ScanStart::FirstLine,     1,      Split::RemarkDetail,    5260},  // Meant: shares the remarks' number; found only above or in the display's first section
+    // family                  code       test                         end                       start                     join                split                   error
+    {Family::Remark,          u" RM ",    CodeTest::FoundFromColumn13, ScanEnd::PromptAnywhere,  ScanStart::SectionHeader, JoinRule::TwoBelow, Split::None,            5260},  // Meant: two lines joined, its siblings one
+    {Family::Contact,         u"  AP  ",  CodeTest::StandsAtColumn12,  ScanEnd::PromptLineAlone, ScanStart::SectionHeader, JoinRule::OneBelow, Split::None,            5235},  // Meant: ">" inside a line does not end the scan
+    {Family::OtherService,    u" OS ",    CodeTest::FoundFromColumn13, ScanEnd::PromptAnywhere,  ScanStart::SectionHeader, JoinRule::OneBelow, Split::None,            5250},
+    {Family::FrequentFlyer,   u" FFN ",   CodeTest::FoundFromColumn13, ScanEnd::PromptAnywhere,  ScanStart::SectionHeader, JoinRule::OneBelow, Split::FrequentFlyer,   5255},
+    {Family::ServiceRequest,  u" SR ",    CodeTest::FoundFromColumn13, ScanEnd::PromptAnywhere,  ScanStart::SectionHeader, JoinRule::OneBelow, Split::ServiceRequest,  5245},
+    {Family::Seat,            u" ST ",    CodeTest::FoundFromColumn13, ScanEnd::PromptAnywhere,  ScanStart::SectionHeader, JoinRule::OneBelow, Split::None,            5240},
+    {Family::RemarkConf,      u" RC ",    CodeTest::FoundFromColumn13, ScanEnd::PromptAnywhere,  ScanStart::FirstLine,     JoinRule::OneBelow, Split::RemarkDetail,    5260},  // Meant: shares the remarks' number; found only above or in the display's first section
 }};
 // clang-format on
 

@@ -5,10 +5,8 @@
 //    2 PPH/ NO SMOKING                             another family's element
 //    3      BREAKFAST INCLUDED                     an element without a prefix
 //   ------- PRE-STORED ENTRIES                     section end
-#include "framework/constants.h"
 #include "profile/extractors.h"
 
-#include <algorithm>
 
 namespace vantro {
 
@@ -18,45 +16,15 @@ constexpr Column tagColumn{3};
 constexpr Column textColumn{8};
 constexpr Column unprefixedTextColumn{7};  // Meant: in the global-search lines alone the text begins one column early
 constexpr Width numberWidth{2};
-constexpr Width continuationIndent{9};
-
-/// An element's first line, which does not end its section, and the continuation lines under it. While nothing
-/// is joined it is a view of the line.
-class JoinedLine {
-public:
-    explicit JoinedLine(const DisplayLine& line) : line_(line), view_(line.trimmed()) {}
-
-    TextView text() const { return view_; }
-
-    bool holdsPrefix(TextView prefix, Column from) const {
-        return joined_.empty() ? line_.holdsPrefix(prefix, from) : holdsFrom(view_, prefix, from);
-    }
-
-    /// A prompt in the first place or the end text: nothing more is joined.
-    bool isClosed() const { return holdsEnd_ || view_.starts_with(u'>'); }
-
-    void append(TextView separator, TextView continuation) {
-        if (separator.empty() && continuation.empty()) return;
-        // The end text can come about across a seam, but not further back than its own length.
-        const std::size_t unseen = view_.size() - std::min(view_.size(), mark::endOfDisplay.size());
-        if (joined_.empty()) joined_ = view_;
-        joined_.append(separator).append(continuation);
-        view_ = joined_;
-        holdsEnd_ = holdsEnd_ || holds(view_.substr(unseen), mark::endOfDisplay);
-    }
-
-private:
-    const DisplayLine& line_;
-    TextView view_;
-    Text joined_;
-    bool holdsEnd_ = false;
-};
 
 /// One extraction: the place in the display and the elements so far.
 class PrefixedExtraction {
 public:
     PrefixedExtraction(const PrefixedFamily& row, Display& display, ElementSink& sink)
-        : row_(row), display_(display), sink_(sink) {}
+        : row_(row),
+          joinRule_(row.scheme == Scheme::Plain ? JoinRule::Directly : JoinRule::ColonAfterBlank),
+          display_(display),
+          sink_(sink) {}
 
     std::int16_t run() {
         switch (row_.scheme) {
@@ -92,9 +60,10 @@ private:
         for (;; ++line_) {
             const DisplayLine& line = display_.line(line_);
             if (line.isSectionEnd()) return false;
-            const JoinedLine element = join(line);
+            const JoinedLine element = display_.joined(line_, joinRule_);
+            line_ = element.last;
             if (isOtherFamily(element)) return true;
-            store(element.text(), textColumn);
+            store(element.text, textColumn);
         }
     }
 
@@ -103,7 +72,7 @@ private:
         for (; seekHeader(); ++line_) {
             ++line_;
             const DisplayLine& line = display_.line(line_);
-            if (line.holdsPrefix(row_.prefix, row_.searchFrom)) {
+            if (line.holdsPrefixOf(row_.family, row_.prefix, row_.searchFrom)) {
                 store(line.trimmed(), textColumn);
                 collectUnprefixed();
                 return;
@@ -138,34 +107,23 @@ private:
             ++line_;
             const DisplayLine& line = display_.line(line_);
             if (line.isSectionEnd()) return false;
-            if (line.holdsPrefix(row_.prefix, row_.searchFrom)) return true;
-        }
-    }
-
-    JoinedLine join(const DisplayLine& line) {
-        JoinedLine element(line);
-        for (;;) {
-            const Counter next = line_ + 1;
-            const DisplayLine& below = display_.line(next);
-            if (!below.beginsBlank(continuationIndent) || element.isClosed()) return element;
-            const TextView continuation = below.trimmed();
-            const bool afterBlank = row_.scheme != Scheme::Plain && mid(continuation, Column{3}, Width{1}) == u":";
-            element.append(onlyIf(afterBlank, u" "), continuation);
-            line_ = next;
+            if (line.holdsPrefixOf(row_.family, row_.prefix, row_.searchFrom)) return true;
         }
     }
 
     // The whole-section schemes have no tag to look at and take every line.
     bool isOtherFamily(const JoinedLine& element) const {
-        return !isBlank(mid(element.text(), tagColumn, row_.tagWidth)) && !element.holdsPrefix(row_.prefix, tagColumn);
+        if (isBlank(mid(element.text, tagColumn, row_.tagWidth))) return false;
+        return !element.mentioned.holds(row_.family) || !holdsFrom(element.text, row_.prefix, tagColumn);
     }
 
     void store(TextView element, Column text) {
         ++count_;
-        sink_.store(count_.value(), {.number = trimmed(left(element, numberWidth)), .text = trimmed(mid(element, text))});
+        sink_.store(row_.family, count_.value(), {.number = trimmed(left(element, numberWidth)), .text = trimmed(mid(element, text))});
     }
 
     const PrefixedFamily& row_;
+    const JoinRule joinRule_;
     Display& display_;
     ElementSink& sink_;
     Counter line_;

@@ -7,6 +7,10 @@
 #include "framework/constants.h"
 #include "profile/extractors.h"
 
+#include <algorithm>
+#include <array>
+#include <span>
+
 namespace vantro {
 
 namespace {
@@ -17,7 +21,6 @@ constexpr Column contactCodeColumn{12};
 constexpr Column codeSearchColumn{13};
 constexpr Column textColumn{14};
 constexpr Column detailColumn{18};
-constexpr Width continuationIndent{17};
 
 // Columns inside an element's text, which begins with its code: "FFN XX 1234567", "SR FQTVXX 1234567-TEXT".
 constexpr Column flyerCarrierColumn{5};
@@ -68,63 +71,92 @@ FoundElement split(const TransferableFamily& row, TextView line) {
     return element;
 }
 
-/// An element's line with the continuation lines under it. They are not used up: the scan looks at each of them
-/// again as a line of its own.
-class JoinedLine {
+bool isElement(const TransferableFamily& row, const JoinedLine& line) {
+    if (row.test == CodeTest::StandsAtColumn12) {
+        return mid(line.text, contactCodeColumn, Width{static_cast<int>(row.code.size())}) == row.code;
+    }
+    return line.mentioned.holds(row.family) && holdsFrom(line.text, row.code, codeSearchColumn);
+}
+
+/// One family's way through the display.
+struct Scan {
+    const TransferableFamily* row = nullptr;
+    bool inSection = false;
+    Counter count = Counter(0);
+};
+
+/// Several families' scans over the same lines. Each ends where its own row says.
+class Scans {
 public:
-    JoinedLine(const TransferableFamily& row, Display& display, Counter number)
-        : line_(display.line(number)), view_(line_.rightTrimmed()) {
-        for (int below = 1; below <= row.joinedLines; ++below) {
-            const DisplayLine& continuation = display.line(number + below);
-            if (!continuation.beginsBlank(continuationIndent)) return;
-            if (!continuation.isBlank()) append(continuation.trimmed());
+    Scans(std::span<const TransferableFamily> rows, Display& display, ElementSink& sink)
+        : display_(display), sink_(sink) {
+        for (const TransferableFamily& row : rows) {
+            scans_[active_++] = Scan{&row, row.start == ScanStart::FirstLine};
         }
     }
 
-    JoinedLine(const JoinedLine&) = delete;
-    JoinedLine& operator=(const JoinedLine&) = delete;
-
-    TextView text() const { return view_; }
-
-    bool isElementOf(const TransferableFamily& row) const {
-        if (row.test == CodeTest::StandsAtColumn12) {
-            return mid(view_, contactCodeColumn, Width{static_cast<int>(row.code.size())}) == row.code;
+    /// Runs all scans to their ends; gives the count of the one that ended last.
+    std::int16_t run() {
+        for (Counter number;; ++number) {
+            if (!isAnyInSection()) number = display_.nextMarked(number);
+            const DisplayLine& line = display_.line(number);
+            if (line.isMarked() || line.text().starts_with(u"------")) {
+                passBoundary(line);
+                if (active_ == 0) return lastCount_;
+            }
+            testElement(number);
         }
-        return joined_.empty() ? line_.holdsCode(row.code, codeSearchColumn)
-                               : holdsFrom(view_, row.code, codeSearchColumn);
     }
 
 private:
-    void append(TextView text) {
-        if (joined_.empty()) joined_ = view_;
-        joined_ += text;
-        view_ = joined_;
+    bool isAnyInSection() const {
+        return std::any_of(scans_.begin(), scans_.begin() + active_, [](const Scan& scan) { return scan.inSection; });
     }
 
-    const DisplayLine& line_;
-    TextView view_;
-    Text joined_;
+    /// Ends the scans that end at this line and takes the others into the section that it opens.
+    void passBoundary(const DisplayLine& line) {
+        const bool isHeader = line.holdsHeader(Section::Transferable);
+        const bool isOtherHeader = !isHeader && line.text().starts_with(u"------");
+        std::size_t kept = 0;
+        for (std::size_t index = 0; index < active_; ++index) {
+            Scan scan = scans_[index];
+            if (endsScan(scan.row->end, line) || (scan.inSection && isOtherHeader)) {
+                lastCount_ = scan.count.value();
+                continue;
+            }
+            scan.inSection = scan.inSection || isHeader;
+            scans_[kept++] = scan;
+        }
+        active_ = kept;
+    }
+
+    // Joined lines are not used up: each of them is looked at again as a line of its own.
+    void testElement(Counter number) {
+        const JoinedLine usual = display_.joined(number, JoinRule::OneBelow);
+        for (std::size_t index = 0; index < active_; ++index) {
+            Scan& scan = scans_[index];
+            if (!scan.inSection) continue;
+            const bool isUsual = scan.row->join == JoinRule::OneBelow;
+            const JoinedLine line = isUsual ? usual : display_.joined(number, scan.row->join);
+            if (!isElement(*scan.row, line)) continue;
+            ++scan.count;
+            sink_.store(scan.row->family, scan.count.value(), split(*scan.row, line.text));
+        }
+    }
+
+    Display& display_;
+    ElementSink& sink_;
+    std::array<Scan, transferableFamilies.size()> scans_{};
+    std::size_t active_ = 0;
+    std::int16_t lastCount_ = 0;
 };
 
 }  // namespace
 
 std::int16_t extract(const TransferableFamily& row, Display& display, ElementSink& sink) {
-    Counter count;
-    bool inSection = row.start == ScanStart::FirstLine;
-    for (Counter number;; ++number) {
-        if (!inSection) number = display.nextMarked(number);
-        const DisplayLine& line = display.line(number);
-        if (endsScan(row.end, line)) return count.value();
-        const bool isHeader = line.holdsHeader(Section::Transferable);
-        if (!isHeader && !inSection) continue;
-        inSection = true;
-        if (!isHeader && line.text().starts_with(u"------")) return count.value();
-
-        const JoinedLine whole(row, display, number);
-        if (!whole.isElementOf(row)) continue;
-        ++count;
-        sink.store(count.value(), split(row, whole.text()));
-    }
+    return Scans({&row, 1}, display, sink).run();
 }
+
+void extractTransferable(Display& display, ElementSink& sink) { Scans(transferableFamilies, display, sink).run(); }
 
 }  // namespace vantro

@@ -8,7 +8,7 @@
 #include "vantro/built_in_terminal.h"
 #include "vantro/profile.h"
 
-#include <functional>
+#include <utility>
 
 namespace vantro {
 
@@ -16,58 +16,85 @@ namespace vantro {
 struct Profile::Storage {
     explicit Storage(Text text) : display(std::move(text)) {}
 
-    /// A view that lives as long as the storage: the display's own characters, or a copy.
-    TextView keep(TextView text) {
-        const char16_t* const begin = display.data();
-        const bool isOwn = std::less_equal<>()(begin, text.data()) && std::less<>()(text.data(), begin + display.size());
-        return isOwn || text.empty() ? text : joined.keep(Text(text));
-    }
-
     Text display;
-    TextStore joined;
+    TextArena joinedElements;
+    TextArena joinedNames;
     std::vector<Element> elements;
     std::vector<Note> notes;
 };
 
 namespace {
 
-/// The first and the last but one place of a family's elements in the storage.
-struct Range {
-    std::size_t begin = 0;
-    std::size_t end = 0;
-};
-
+/// Collects elements and notes. The elements are kept by family at the end, whatever order they came in.
 class Collector final : public ElementSink, public NoteSink {
 public:
-    explicit Collector(Profile::Storage& storage) : storage_(storage) {}
+    explicit Collector(std::size_t expected) { found_.reserve(expected); }
 
-    void store(std::int16_t /*count*/, const FoundElement& element) override {
-        storage_.elements.push_back({.number = storage_.keep(element.number),
-                                     .text = storage_.keep(element.text),
-                                     .code = storage_.keep(element.code),
-                                     .airline = storage_.keep(element.carrier),
-                                     .frequentFlyerNumber = storage_.keep(element.account),
-                                     .freeText = storage_.keep(element.freeText)});
+    void store(Family family, std::int16_t /*count*/, const FoundElement& element) override {
+        found_.push_back({element, family});
+        ++counts_[indexOf(family)];
     }
 
     void store(std::int16_t /*count*/, const FoundNote& note) override {
-        storage_.notes.push_back({note.number, note.qualifier, note.text});
+        notes_.push_back({note.number, note.qualifier, note.text});
+    }
+
+    /// Forgets a family's elements.
+    void drop(Family family) {
+        std::erase_if(found_, [&](const Tagged& tagged) { return tagged.family == family; });
+        counts_[indexOf(family)] = 0;
+    }
+
+    void dropNotes() { notes_.clear(); }
+
+    void keepIn(Profile& profile, Profile::Storage& storage) {
+        storage.elements.resize(found_.size());
+        std::array<Element*, familyCount> next{};
+        Element* place = storage.elements.data();
+        for (std::size_t family = 0; family < familyCount; ++family) {
+            next[family] = place;
+            profile.families[family] = {place, counts_[family]};
+            place += counts_[family];
+        }
+        for (const Tagged& tagged : found_) {
+            const FoundElement& found = tagged.element;
+            *next[indexOf(tagged.family)]++ = {.number = found.number,
+                                               .text = found.text,
+                                               .code = found.code,
+                                               .airline = found.carrier,
+                                               .frequentFlyerNumber = found.account,
+                                               .freeText = found.freeText};
+        }
+        storage.notes = std::move(notes_);
+        profile.notes = storage.notes;
     }
 
 private:
-    Profile::Storage& storage_;
+    struct Tagged {
+        FoundElement element;
+        Family family;
+    };
+
+    std::vector<Tagged> found_;
+    std::array<std::size_t, familyCount> counts_{};
+    std::vector<Note> notes_;
 };
 
 /// Fills a profile query by query; a failing one leaves its value empty and is listed.
 class WholeProfileReader {
 public:
     WholeProfileReader(Profile& profile, Profile::Storage& storage)
-        : profile_(profile), storage_(storage), display_(terminal_, withoutHostLine(storage.display)) {}
+        : profile_(profile),
+          storage_(storage),
+          display_(terminal_, withoutHostLine(storage.display)),
+          collector_(storage.display.size() / screenWidth) {}  // few displays hold more than an element a line
 
     void run() {
         readHeader();
         readFamilies();
         readNotes();
+        collector_.keepIn(profile_, storage_);
+        storage_.joinedElements = display_.takeJoinedTexts();
     }
 
 private:
@@ -91,8 +118,8 @@ private:
         answer(u"OFFID", [&] { profile_.officeIdentifier = readOfficeIdentifier(display_); });
         answer(u"PCN", [&] {
             const CompanyNameLine line = readCompanyName(display_);
-            profile_.companyName.text = storage_.keep(line.name);
-            if (line.number) profile_.companyName.number = storage_.keep(*line.number);
+            profile_.companyName.text = storage_.joinedNames.keep(line.name);
+            if (line.number) profile_.companyName.number = storage_.joinedNames.keep(*line.number);
         });
         answer(u"PIN", [&] {
             const NumberedText pin = readPin(display_);
@@ -106,48 +133,46 @@ private:
     }
 
     void readFamilies() {
-        std::array<Range, familyCount> ranges{};
-        Collector collector(storage_);
+        if (display_.text().empty()) return;
+        const bool sharedPassFailed = !readTransferable();
         for (const FamilyName& row : familyNames()) {
-            Range& range = ranges[indexOf(row.family)];
-            range.begin = storage_.elements.size();
-            answer(row.prefix, [&] { extractRaising(row.family, collector); });
-            range.end = storage_.elements.size();
-        }
-        for (std::size_t family = 0; family < familyCount; ++family) {
-            const auto [begin, end] = ranges[family];
-            profile_.families[family] = std::span<const Element>(storage_.elements).subspan(begin, end - begin);
+            if (isTransferable(row.family) && !sharedPassFailed) continue;
+            try {
+                extract(row.family, display_, collector_);
+            } catch (const Error&) {
+                collector_.drop(row.family);
+                profile_.problems.push_back(
+                    {row.prefix, extractorError(row.family), Text(description::verifyingProfile)});
+            }
         }
     }
 
-    /// The family's elements, or its numbered error and none of them.
-    void extractRaising(Family family, Collector& collector) {
-        const std::size_t before = storage_.elements.size();
-        if (display_.text().empty()) return;
+    /// All transferable families at once; false when one of them failed, and then none is read.
+    bool readTransferable() {
         try {
-            extract(family, display_, collector);
+            extractTransferable(display_, collector_);
+            return true;
         } catch (const Error&) {
-            storage_.elements.resize(before);
-            throw Error(extractorError(family), applicationTitle, description::verifyingProfile);
+            for (const TransferableFamily& row : transferableFamilies) collector_.drop(row.family);
+            return false;
         }
     }
 
     void readNotes() {
         if (display_.text().empty()) return;
-        Collector collector(storage_);
         try {
-            scanNotes(display_, {}, collector);
+            scanNotes(display_, {}, collector_);
         } catch (const Error&) {
-            storage_.notes.clear();
+            collector_.dropNotes();
             profile_.problems.push_back({u"ProfileNotes", notesQueryError, Text(description::readingNotes)});
         }
-        profile_.notes = storage_.notes;
     }
 
     BuiltInTerminal terminal_;
     Profile& profile_;
     Profile::Storage& storage_;
     Display display_;
+    Collector collector_;
 };
 
 }  // namespace
