@@ -24,6 +24,7 @@ target_sources(vantro_profile_utils PRIVATE
     framework/screen.cpp
     framework/text_ops.cpp
     notes/note_scanner.cpp
+    notes/notes_parser.cpp
     notes/notes_transaction.cpp
     profile/counts.cpp
     profile/display.cpp

@@ -2,6 +2,8 @@
 
 #include "framework/text_ops.h"
 
+#include <string>
+
 namespace vantro {
 
 std::int16_t toInt16(TextView text) {
@@ -23,6 +25,11 @@ std::int16_t toInt16(const ItemValue& value) {
     if (const auto* truth = std::get_if<bool>(&value)) return *truth ? std::int16_t{-1} : std::int16_t{0};
     if (const auto* text = std::get_if<Text>(&value)) return toInt16(TextView(*text));
     fail(Failure::TypeMismatch);
+}
+
+Text decimal(std::int16_t number) {
+    const std::string digits = std::to_string(number);
+    return Text(digits.begin(), digits.end());
 }
 
 }  // namespace vantro

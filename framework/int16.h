@@ -27,6 +27,9 @@ std::int16_t toInt16(TextView text);
 /// for a list.
 std::int16_t toInt16(const ItemValue& value);
 
+/// The number in decimal.
+Text decimal(std::int16_t number);
+
 /// A counter of lines or elements. A step that would leave 16 bits raises 6 and changes nothing.
 class Counter {
 public:

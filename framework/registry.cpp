@@ -86,7 +86,7 @@ constexpr std::array<ClassRow, 19> table{{
     {u"CRLPTrans",      trans, !get,    rlp,      rlpCounts,     {none, 5130},     create<CRLPTrans>},
     {u"CPTTrans",       trans, !get,    pt,       {},            {none, 5120},     create<CPTTrans>},
     {u"CProfile",       !trans, get,    {},       profileCounts, {none, none},     create<CProfile>},
-    {u"CProfileNotes",  trans, get,     notes,    {},            {5040, 5045},     create<CProfileNotes>},
+    {u"CProfileNotes",  trans, get,     notes,    notesCounts,   {5040, 5045},     create<CProfileNotes>},
 }};
 // clang-format on
 

@@ -1,19 +1,47 @@
-// Profile notes: "PN" and "PNE".
+// Profile notes: the commands "PN" and "PNE", and the notes in a profile display.
 #pragma once
 
 #include "framework/transaction.h"
+#include "notes/note_scanner.h"
+
+#include <array>
 
 namespace vantro {
 
-/// Asks for the notes of a profile. `VerifyResponse` adds to the collection that it is given and gives that one
-/// back.
-class CProfileNotes final : public Transaction {
+/// The one class with both interfaces. As a transaction it asks for the notes of a profile, adds to the collection
+/// that it is given and gives that one back. As a parser it reads the notes out of a display.
+class CProfileNotes final : public Transaction, public IProfileGet {
 public:
-    using Transaction::Transaction;
+    CProfileNotes(Terminal& terminal, const TransErrors& errors);
+
+    IProfileGet* profileGet() override { return this; }
+
+    /// Reads the notes that the two filters keep (empty ones keep all) into the object's lists and gives their
+    /// count. Raises 5505 with "An error has occurred while reading Profile Notes".
+    std::int16_t ProfileNotesElementsCount(TextView display, TextView searchString, TextView searchQualifier);
+
+    /// "strNoteText", "strNoteNumber" and "strNoteQualifier": note k at index k, entry 0 empty.
+    const TextList* list(TextView name) const override;
 
 private:
+    struct NoteLists {
+        TextList text;
+        TextList number;
+        TextList qualifier;
+    };
+    class ListsSink;
+
     Text IProfileTrans_CreateCommand(const CollectionPtr& params) override;
     CollectionPtr IProfileTrans_VerifyResponse(TextView response, const CollectionPtr& collection) override;
+    CollectionPtr IProfileGet_ProfileElements(TextView display, const CollectionPtr& collection, TextList* selection,
+                                              TextView qualifier) override;
+
+    void addNotes(TextView display, const CollectionPtr& collection, const NoteFilter& filter);
+
+    NoteLists lists_;
 };
+
+/// The count property of `CProfileNotes`, for the class table.
+extern const std::array<CountProperty, 1> notesCounts;
 
 }  // namespace vantro

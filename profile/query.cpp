@@ -4,6 +4,7 @@
 #include "framework/error_frame.h"
 #include "framework/int16.h"
 #include "profile/header_readers.h"
+#include "profile/host_line.h"
 #include "profile/transferable_scanner.h"
 
 #include <algorithm>
@@ -125,11 +126,6 @@ void checkIndex(Family family, std::int16_t index, std::int16_t count) {
 
 std::span<const FamilyName> familyNames() { return names; }
 
-bool hasHostLine(Screen& display) {
-    const TextView line = trimmed(display.line(std::int16_t{1}));
-    return line.starts_with(u"4505") || line.starts_with(u"PF24");
-}
-
 CollectionPtr ProfileQuery::answer(TextView display) {
     const TextView prefix = request_.read(key::strKeyPrefix);
     display_ = display;
@@ -138,7 +134,7 @@ CollectionPtr ProfileQuery::answer(TextView display) {
         if (display.size() < screenWidth) fail(Failure::InvalidProcedureCall);
         display_ = display.substr(screenWidth);
     }
-    if (prefix.empty()) throw Error(5065, applicationTitle, description::verifyingProfile);
+    if (prefix.empty()) throw Error(emptyPrefixError, applicationTitle, description::verifyingProfile);
     for (const DispatchRow& row : dispatchTable) {
         if (!matches(row, prefix)) continue;
         (this->*row.answer)(row.family);

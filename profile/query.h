@@ -48,7 +48,4 @@ private:
     TextView display_;
 };
 
-/// True when the host has put a line of its own above the display: line 1 begins with "4505" or "PF24".
-bool hasHostLine(Screen& display);
-
 }  // namespace vantro

@@ -4,7 +4,7 @@
 #include "profile/extractors.h"
 #include "profile/families.h"
 #include "profile/header_readers.h"
-#include "profile/query.h"
+#include "profile/host_line.h"
 #include "vantro/built_in_terminal.h"
 #include "vantro/profile.h"
 

@@ -1,10 +1,10 @@
 #include "vantro/built_in_terminal.h"
 
+#include "framework/int16.h"
 #include "framework/screen.h"
 #include "framework/text_ops.h"
 
 #include <algorithm>
-#include <string>
 
 namespace vantro {
 
@@ -24,11 +24,6 @@ bool truthOf(TextView text) {
     if (text.front() == u'+' || text.front() == u'-') text.remove_prefix(1);
     if (!isNumeric(text)) fail(Failure::TypeMismatch);
     return text.find_first_not_of(u'0') != TextView::npos;
-}
-
-Text decimal(std::int16_t number) {
-    const std::string digits = std::to_string(number);
-    return Text(digits.begin(), digits.end());
 }
 
 }  // namespace

@@ -9,7 +9,7 @@ namespace {
 
 enum class Shown : std::uint8_t { Nothing, Accepted };
 
-// The host confirms within its first five lines; the same words further down are part of something else.
+// Meant: the host confirms within its first five lines; the same words further down do not count.
 constexpr LineRange confirmationLines{0, 4};
 constexpr ScreenTest<Shown> confirmation[] = {
     {u"WILL BE DEACTIVATED", Place::InLine, Shown::Accepted},

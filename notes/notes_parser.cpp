@@ -1,0 +1,90 @@
+// The parser side of `CProfileNotes`: queries, lists and the count property.
+#include "framework/int16.h"
+#include "notes/profile_notes.h"
+#include "profile/host_line.h"
+
+namespace vantro {
+
+namespace {
+
+constexpr TextView notesPrefix = u"ProfileNotes";
+
+void cutToEntry0(TextList& list) { list.resize(1); }
+
+void storeLast(TextList& list, std::size_t length, Text text) {
+    list.resize(length);
+    list.back() = std::move(text);
+}
+
+std::int16_t countNotes(ProfileObject& object, const CountRequest& request) {
+    return static_cast<CProfileNotes&>(object).ProfileNotesElementsCount(request.text, request.searchString,
+                                                                         request.searchQualifier);
+}
+
+}  // namespace
+
+const std::array<CountProperty, 1> notesCounts{{{u"ProfileNotesElementsCount", countNotes}}};
+
+class CProfileNotes::ListsSink final : public NoteSink {
+public:
+    explicit ListsSink(NoteLists& lists) : lists_(lists) {}
+
+    void store(std::int16_t count, const FoundNote& note) override {
+        const auto length = static_cast<std::size_t>(count) + 1;
+        storeLast(lists_.text, length, Text(note.text));
+        storeLast(lists_.number, length, decimal(note.number));
+        storeLast(lists_.qualifier, length, Text(note.qualifier));
+    }
+
+private:
+    NoteLists& lists_;
+};
+
+CProfileNotes::CProfileNotes(Terminal& terminal, const TransErrors& errors) : Transaction(terminal, errors) {
+    for (TextList* const list : {&lists_.text, &lists_.number, &lists_.qualifier}) cutToEntry0(*list);
+}
+
+std::int16_t CProfileNotes::ProfileNotesElementsCount(TextView display, TextView searchString,
+                                                      TextView searchQualifier) {
+    return raiseAs(notesCountError, description::readingNotes, [&]() -> std::int16_t {
+        for (TextList* const list : {&lists_.text, &lists_.number, &lists_.qualifier}) cutToEntry0(*list);
+        if (display.empty()) return 0;
+        Display lines(terminal(), display);
+        ListsSink sink(lists_);
+        return scanNotes(lines, {searchString, searchQualifier}, sink);
+    });
+}
+
+const TextList* CProfileNotes::list(TextView name) const {
+    if (name == u"strNoteText") return &lists_.text;
+    if (name == u"strNoteNumber") return &lists_.number;
+    if (name == u"strNoteQualifier") return &lists_.qualifier;
+    return nullptr;
+}
+
+CollectionPtr CProfileNotes::IProfileGet_ProfileElements(TextView display, const CollectionPtr& collection,
+                                                         TextList* /*selection*/, TextView /*qualifier*/) {
+    Parameters request = parameters(collection);
+    const TextView prefix = request.read(key::strKeyPrefix);
+    const NoteFilter filter{request.read(key::strSearchString), request.read(key::strSearchQualifier)};
+    Screen screen(terminal(), display);
+    if (hasHostLine(screen)) display = mid(display, Column{screenWidth + 1});
+    if (prefix.empty()) throw Error(emptyPrefixError, applicationTitle, description::verifyingProfile);
+    // Meant: an answered prefix gives no object, an unknown one gives the collection back.
+    if (trimmed(prefix) != notesPrefix) return collection;
+    addNotes(display, collection, filter);
+    return {};
+}
+
+// A failing scan is this operation's failure here, whatever number the count would have raised.
+void CProfileNotes::addNotes(TextView display, const CollectionPtr& collection, const NoteFilter& filter) {
+    raiseAs(notesQueryError, description::readingNotes, [&] {
+        ProfileNotesElementsCount(display, filter.searchString, filter.qualifier);
+        Results results(*collection);
+        results.add(key::strKeyElement_list, lists_.text);
+        results.add(key::strKeyElementNr_list, lists_.number);
+        results.add(key::strKeyQualifier_list, lists_.qualifier);
+    });
+}
+
+}  // namespace vantro

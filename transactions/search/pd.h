@@ -1,0 +1,38 @@
+// "PD", "PDI" and "PDT": display a profile chosen from what is on the screen.
+#pragma once
+
+#include "framework/transaction.h"
+
+namespace vantro {
+
+/// "PD": the profile of a line of the last similar-name list, or of a passenger of the PNR.
+class CPDTrans final : public Transaction {
+public:
+    using Transaction::Transaction;
+
+private:
+    Text IProfileTrans_CreateCommand(const CollectionPtr& params) override;
+    CollectionPtr IProfileTrans_VerifyResponse(TextView response, const CollectionPtr& collection) override;
+};
+
+/// "PDI": a profile by its index.
+class CPDITrans final : public Transaction {
+public:
+    using Transaction::Transaction;
+
+private:
+    Text IProfileTrans_CreateCommand(const CollectionPtr& params) override;
+    CollectionPtr IProfileTrans_VerifyResponse(TextView response, const CollectionPtr& collection) override;
+};
+
+/// "PDT": the traveller profile that belongs to the company profile on the screen.
+class CPDTTrans final : public Transaction {
+public:
+    using Transaction::Transaction;
+
+private:
+    Text IProfileTrans_CreateCommand(const CollectionPtr& params) override;
+    CollectionPtr IProfileTrans_VerifyResponse(TextView response, const CollectionPtr& collection) override;
+};
+
+}  // namespace vantro

@@ -1,0 +1,26 @@
+// "PDR": displays a profile by its record locator; "PCN": asks which kind of profile a company name has.
+#pragma once
+
+#include "framework/transaction.h"
+
+namespace vantro {
+
+class CPDRTrans final : public Transaction {
+public:
+    using Transaction::Transaction;
+
+private:
+    Text IProfileTrans_CreateCommand(const CollectionPtr& params) override;
+    CollectionPtr IProfileTrans_VerifyResponse(TextView response, const CollectionPtr& collection) override;
+};
+
+class CPCNTrans final : public Transaction {
+public:
+    using Transaction::Transaction;
+
+private:
+    Text IProfileTrans_CreateCommand(const CollectionPtr& params) override;
+    CollectionPtr IProfileTrans_VerifyResponse(TextView response, const CollectionPtr& collection) override;
+};
+
+}  // namespace vantro
