@@ -26,13 +26,14 @@ target_sources(vantro_profile_utils PRIVATE
     notes/note_scanner.cpp
     notes/notes_parser.cpp
     notes/notes_transaction.cpp
+    profile/codes.cpp
     profile/counts.cpp
     profile/display.cpp
     profile/display_line.cpp
     profile/document_extractor.cpp
     profile/element_lists.cpp
     profile/header_readers.cpp
-    profile/mentions.cpp
+    profile/line_marks.cpp
     profile/prefixed_extractor.cpp
     profile/profile.cpp
     profile/query.cpp

@@ -25,7 +25,15 @@ Group groupAt(const char16_t* characters) {
     return {simd::asBytes(simd::load(characters), simd::load(characters + simd::charactersPerVector))};
 }
 
-std::uint64_t bitsOf(Group group, char16_t mark) { return simd::bitsOfBytes(group.bytes, static_cast<char>(mark)); }
+std::uint64_t bitsOf(Group group, char16_t wanted) {
+    return simd::bits(simd::eachByteEqual(group.bytes, static_cast<char>(wanted)));
+}
+
+std::uint64_t bitsOfAny(Group group, char16_t first, char16_t second, char16_t third) {
+    const __m128i any = _mm_or_si128(simd::eachByteEqual(group.bytes, static_cast<char>(first)),
+                                     simd::eachByteEqual(group.bytes, static_cast<char>(second)));
+    return simd::bits(_mm_or_si128(any, simd::eachByteEqual(group.bytes, static_cast<char>(third))));
+}
 
 #else
 
@@ -33,41 +41,62 @@ using Group = const char16_t*;
 
 Group groupAt(const char16_t* characters) { return characters; }
 
-std::uint64_t bitsOf(Group group, char16_t mark) {
+std::uint64_t bitsOf(Group group, char16_t wanted) {
     std::uint64_t bits = 0;
-    for (std::size_t place = 0; place < groupSize; ++place) bits |= std::uint64_t{group[place] == mark} << place;
+    for (std::size_t place = 0; place < groupSize; ++place) bits |= std::uint64_t{group[place] == wanted} << place;
     return bits;
+}
+
+std::uint64_t bitsOfAny(Group group, char16_t first, char16_t second, char16_t third) {
+    return bitsOf(group, first) | bitsOf(group, second) | bitsOf(group, third);
 }
 
 #endif
 
-/// The places of one mark among groups; they are written out so that each group's place is a constant.
-template <std::size_t... Place>
-LineBits bitsOf(const std::array<Group, sizeof...(Place)>& line, char16_t mark, std::index_sequence<Place...>) {
+/// The bits of all groups of a line; the groups are written out so that each one's place is a constant.
+template <std::size_t Groups, class BitsOfGroup, std::size_t... Place>
+LineBits bitsOfGroups(const std::array<Group, Groups>& line, BitsOfGroup bitsOfGroup, std::index_sequence<Place...>) {
     std::uint64_t words[2] = {0, 0};
-    ((words[Place / 4] |= bitsOf(line[Place], mark) << (Place % 4 * groupSize)), ...);
+    ((words[Place / 4] |= bitsOfGroup(line[Place]) << (Place % 4 * groupSize)), ...);
     return {words[0], words[1]};
 }
 
-template <std::size_t... Place>
-LineMarks marksOfGroups(const char16_t* characters, std::index_sequence<Place...> places) {
-    const std::array<Group, sizeof...(Place)> line{groupAt(characters + Place * groupSize)...};
-    return {bitsOf(line, u' ', places), bitsOf(line, u'/', places), bitsOf(line, u'-', places),
-            bitsOf(line, u'>', places), bitsOf(line, u'F', places)};
+template <std::size_t Groups>
+LineBits bitsOfLine(const std::array<Group, Groups>& line, char16_t wanted) {
+    return bitsOfGroups(line, [=](Group group) { return bitsOf(group, wanted); }, std::make_index_sequence<Groups>());
 }
 
-}  // namespace
+template <std::size_t... Place>
+std::array<Group, sizeof...(Place)> groupsOf(const char16_t* characters, std::index_sequence<Place...>) {
+    return {groupAt(characters + Place * groupSize)...};
+}
 
-LineMarks marksOf(TextView line) {
+/// Gives the line's groups to a function: of a usual line as they are, of any other with blanks behind.
+template <class Look>
+auto lookAt(TextView line, Look look) {
     if (line.size() == usualGroups * groupSize) {
-        LineMarks marks = marksOfGroups(line.data(), std::make_index_sequence<usualGroups>());
-        marks.blanks = marks.blanks | LineBits::from(line.size());
-        return marks;
+        return look(groupsOf(line.data(), std::make_index_sequence<usualGroups>()));
     }
     std::array<char16_t, LineBits::capacity> padded;
     padded.fill(u' ');
     std::ranges::copy(line, padded.begin());
-    return marksOfGroups(padded.data(), std::make_index_sequence<groups>());
+    return look(groupsOf(padded.data(), std::make_index_sequence<groups>()));
+}
+
+}  // namespace
+
+BlanksAndSlashes blanksAndSlashesOf(TextView line) {
+    const LineBits pastTheEnd = LineBits::from(line.size());
+    return lookAt(line, [&](const auto& groupsOfLine) {
+        return BlanksAndSlashes{bitsOfLine(groupsOfLine, u' ') | pastTheEnd, bitsOfLine(groupsOfLine, u'/')};
+    });
+}
+
+LineBits placesOfAny(TextView line, char16_t first, char16_t second, char16_t third) {
+    const auto bitsOfGroup = [=](Group group) { return bitsOfAny(group, first, second, third); };
+    return lookAt(line, [&]<std::size_t Groups>(const std::array<Group, Groups>& groupsOfLine) {
+        return bitsOfGroups(groupsOfLine, bitsOfGroup, std::make_index_sequence<Groups>());
+    });
 }
 
 }  // namespace vantro

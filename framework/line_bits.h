@@ -1,5 +1,5 @@
-// One bit a character of a screen line: where its blanks, slashes and other marks stand. A line is looked at once
-// and then answers most questions from its bits.
+// One bit a character of a screen line: where its blanks and slashes stand. A line is looked at once and then
+// answers most questions from its bits.
 #pragma once
 
 #include "vantro/text.h"
@@ -52,12 +52,6 @@ public:
         return {low_ >> steps | high_ << (64 - steps), high_ >> steps};
     }
 
-    /// True when the first `count` (1 to 63) places are all in the set.
-    constexpr bool holdsFirst(unsigned count) const {
-        const std::uint64_t wanted = (std::uint64_t{1} << count) - 1;
-        return (low_ & wanted) == wanted;
-    }
-
     friend constexpr LineBits operator&(LineBits a, LineBits b) { return {a.low_ & b.low_, a.high_ & b.high_}; }
     friend constexpr LineBits operator|(LineBits a, LineBits b) { return {a.low_ | b.low_, a.high_ | b.high_}; }
     friend constexpr LineBits operator~(LineBits a) { return {~a.low_, ~a.high_}; }
@@ -67,16 +61,16 @@ private:
     std::uint64_t high_ = 0;
 };
 
-/// Where the marks of a line stand. Places past the line's end count as blanks.
-struct LineMarks {
+/// Where the blanks and slashes of a line stand. Places past the line's end count as blanks.
+struct BlanksAndSlashes {
     LineBits blanks;
     LineBits slashes;
-    LineBits dashes;
-    LineBits prompts;
-    LineBits letterF;  // rare, and in the middle of the words that end a display
 };
 
 /// Looks at a line of at most `LineBits::capacity` characters.
-LineMarks marksOf(TextView line);
+BlanksAndSlashes blanksAndSlashesOf(TextView line);
+
+/// Where any of three characters stands in a line of at most `LineBits::capacity` characters.
+LineBits placesOfAny(TextView line, char16_t first, char16_t second, char16_t third);
 
 }  // namespace vantro

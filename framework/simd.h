@@ -10,8 +10,6 @@
 
 #if VANTRO_SSE2
 
-#include <cstdint>
-
 namespace vantro::simd {
 
 inline constexpr int charactersPerVector = 8;
@@ -27,16 +25,13 @@ inline __m128i eachEqual(__m128i characters, char16_t wanted) {
 /// Sixteen characters as bytes; one beyond 0xFF becomes 0xFF or 0.
 inline __m128i asBytes(__m128i first, __m128i last) { return _mm_packus_epi16(first, last); }
 
-/// One bit a byte of sixteen.
-inline std::uint64_t bitsOfBytes(__m128i bytes, char wanted) {
-    return static_cast<std::uint64_t>(
-        static_cast<unsigned>(_mm_movemask_epi8(_mm_cmpeq_epi8(bytes, _mm_set1_epi8(wanted)))));
-}
+inline __m128i eachByteEqual(__m128i bytes, char wanted) { return _mm_cmpeq_epi8(bytes, _mm_set1_epi8(wanted)); }
 
-/// One bit a character of eight.
-inline unsigned bits(__m128i characters) {
-    return static_cast<unsigned>(_mm_movemask_epi8(_mm_packs_epi16(characters, _mm_setzero_si128())));
-}
+/// One bit a byte of a comparison.
+inline unsigned bits(__m128i compared) { return static_cast<unsigned>(_mm_movemask_epi8(compared)); }
+
+/// One bit a character of a comparison of eight.
+inline unsigned bitsOfCharacters(__m128i compared) { return bits(_mm_packs_epi16(compared, _mm_setzero_si128())); }
 
 }  // namespace vantro::simd
 

@@ -22,7 +22,7 @@ std::size_t placeOf(TextView text, TextView searched, std::size_t start) {
         const char16_t* const characters = text.data() + begin;
         const __m128i both = _mm_and_si128(simd::eachEqual(simd::load(characters), searched.front()),
                                            simd::eachEqual(simd::load(characters + reach), searched.back()));
-        for (unsigned candidates = simd::bits(both); candidates != 0; candidates &= candidates - 1) {
+        for (unsigned candidates = simd::bitsOfCharacters(both); candidates != 0; candidates &= candidates - 1) {
             const std::size_t place = begin + static_cast<std::size_t>(std::countr_zero(candidates));
             if (text.substr(place, searched.size()) == searched) return place;
         }

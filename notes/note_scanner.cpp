@@ -28,10 +28,10 @@ public:
         for (;;) {
             ++line_;  // the first line looked at is line 1
             const DisplayLine& line = display_.line(line_);
-            if (line.isBlank() || line.holdsPrompt()) break;
-            if (line.holdsHeader(Section::Notes)) {
+            if (line.isBlank() || line.marks().holdsPrompt()) break;
+            if (line.marks().holdsHeader(Section::Notes)) {
                 if (endsInEndOfDisplay()) break;
-            } else if (line.holdsEndText()) {
+            } else if (line.marks().holdsEndText()) {
                 break;
             }
         }
@@ -45,8 +45,8 @@ private:
             ++line_;
             ++note_;
             const DisplayLine& line = display_.line(line_);
-            if (line.holdsEndText()) return true;
-            if (line.holdsPrompt()) return false;
+            if (line.marks().holdsEndText()) return true;
+            if (line.marks().holdsPrompt()) return false;
             if (isKept(filter_, line.text())) store(line.text());
         }
     }

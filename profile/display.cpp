@@ -11,26 +11,31 @@ Display::Display(Terminal& terminal, TextView text) : screen_(terminal, text) {
     constexpr std::size_t allLines = std::numeric_limits<std::int16_t>::max() + std::size_t{1};
     const std::size_t printed = (text.size() + screenWidth - 1) / screenWidth;
     knownLength_ = screen_.linesAreSlices() ? std::min(printed, allLines) : allLines;
+    places_.resize(knownLength_);
+    swept_.reserve(knownLength_);
     lines_.reserve(knownLength_);  // so that references to lines stay good
 }
 
-void Display::lookAtNext() {
-    const auto number = static_cast<std::int16_t>(lines_.size());
-    if (lines_.emplace_back(screen_.line(number)).isMarked()) marked_.push_back(number);
+void Display::sweepNext() {
+    const auto number = static_cast<std::int16_t>(swept_.size());
+    swept_.push_back(marksOf(screen_.line(number)));
+    if (swept_.back().any()) marked_.push_back(number);
 }
 
 const DisplayLine& Display::lookAt(std::size_t index) {
     static const DisplayLine emptyLine;
     if (index >= knownLength_) return emptyLine;
-    while (lines_.size() <= index) lookAtNext();
-    return lines_[index];
+    while (swept_.size() <= index) sweepNext();
+    lines_.emplace_back(screen_.line(static_cast<std::int16_t>(index)), swept_[index]);
+    places_[index] = static_cast<std::uint16_t>(lines_.size());
+    return lines_.back();
 }
 
 Counter Display::nextMarked(Counter from) {
     const auto known = std::ranges::lower_bound(marked_, from.value());
     if (known != marked_.end()) return Counter(*known);
-    while (lines_.size() < knownLength_) {
-        lookAtNext();
+    while (swept_.size() < knownLength_) {
+        sweepNext();
         if (!marked_.empty() && marked_.back() >= from.value()) return Counter(marked_.back());
     }
     fail(Failure::Overflow);  // the 16-bit line counter would run on over nothing but empty lines
@@ -44,9 +49,9 @@ JoinedLine Display::joinedWithBelow(Counter number, JoinRule rule) {
 
     const JoinedLine joined = join(number, rule);
     const auto index = static_cast<std::size_t>(number.value());
-    if (index < lines_.size()) {  // a line past the end has no place for a note
+    if (index < knownLength_) {  // a line past the end has no place for a note
         knownJoins_.push_back(joined);
-        lines_[index].knownJoins_[slot] = static_cast<std::uint32_t>(knownJoins_.size());
+        lines_[places_[index] - std::size_t{1}].knownJoins_[slot] = static_cast<std::uint32_t>(knownJoins_.size());
     }
     return joined;
 }
@@ -64,8 +69,7 @@ JoinedLine Display::join(Counter number, JoinRule rule) {
 JoinedLine Display::joinAllBelow(Counter number, JoinRule rule) {
     const DisplayLine& first = line(number);
     joining_ = first.trimmed();
-    FamilySet mentioned = first.mentioned();
-    bool holdsEndText = first.holdsEndText();
+    bool holdsEndText = first.marks().holdsEndText();
     Counter last = number;
     for (;;) {
         const DisplayLine& below = line(last + 1);
@@ -78,19 +82,16 @@ JoinedLine Display::joinAllBelow(Counter number, JoinRule rule) {
         const TextView continuation = below.trimmed();
         const bool isColonLine = mid(continuation, Column{3}, Width{1}) == u":";
         if (rule == JoinRule::ColonAfterBlank && isColonLine) joining_ += u' ';
-        append(continuation, below.mentioned(), mentioned);
+        joining_ += continuation;
         holdsEndText = holds(TextView(joining_).substr(unseen), mark::endOfDisplay);
     }
-    return {joinedTexts_.keep(joining_), last, mentioned};
+    return {joinedTexts_.keep(joining_), last};
 }
 
 JoinedLine Display::joinOneBelow(Counter number) {
-    const DisplayLine& first = line(number);
-    const DisplayLine& below = line(number + 1);
-    joining_ = first.rightTrimmed();
-    FamilySet mentioned = first.mentioned();
-    append(below.trimmed(), below.mentioned(), mentioned);
-    return {joinedTexts_.keep(joining_), number + 1, mentioned};
+    joining_ = line(number).rightTrimmed();
+    joining_ += line(number + 1).trimmed();
+    return {joinedTexts_.keep(joining_), number + 1};
 }
 
 JoinedLine Display::joinTwoBelow(Counter number) {
@@ -98,15 +99,8 @@ JoinedLine Display::joinTwoBelow(Counter number) {
     const DisplayLine& below = line(number + 2);
     if (!below.beginsBlank(transferableIndent)) return one;
     joining_ = one.text;
-    FamilySet mentioned = one.mentioned;
-    append(below.trimmed(), below.mentioned(), mentioned);
-    return {joinedTexts_.keep(joining_), number + 2, mentioned};
-}
-
-void Display::append(TextView text, FamilySet mentionedIn, FamilySet& mentioned) {
-    mentioned.add(mentionedAcross(joining_, text));
-    mentioned.add(mentionedIn);
-    joining_ += text;
+    joining_ += below.trimmed();
+    return {joinedTexts_.keep(joining_), number + 2};
 }
 
 }  // namespace vantro

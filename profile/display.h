@@ -1,9 +1,10 @@
-// A profile display whose lines are each looked at once: what a line holds is found out when the line is first
-// asked for, and every reader of the display shares it.
+// A profile display whose lines are each looked at once. A sweep finds the few lines that hold a mark; what else a
+// line holds is found out when it is first asked for; and every reader of the display shares both.
 #pragma once
 
 #include "framework/screen.h"
 #include "profile/display_line.h"
+#include "profile/join_rule.h"
 #include "profile/text_arena.h"
 
 #include <cstdint>
@@ -16,7 +17,6 @@ namespace vantro {
 struct JoinedLine {
     TextView text;
     Counter last;
-    FamilySet mentioned;
 };
 
 /// The display that one operation reads. Line numbers past the end give empty lines.
@@ -27,7 +27,8 @@ public:
     /// A line; the reference lives as long as the display.
     const DisplayLine& line(Counter number) {
         const auto index = static_cast<std::size_t>(number.value());
-        return index < lines_.size() ? lines_[index] : lookAt(index);
+        const bool isKnown = index < places_.size() && places_[index] != 0;
+        return isKnown ? lines_[places_[index] - std::size_t{1}] : lookAt(index);
     }
 
     /// The first line at or after `from` that holds a mark. Raises 6 when there is none.
@@ -40,7 +41,7 @@ public:
         const DisplayLine& first = line(number);
         const DisplayLine& below = line(number + 1);
         if (below.beginsBlank(keepsFront ? transferableIndent : elementIndent)) return joinedWithBelow(number, rule);
-        return {keepsFront ? first.rightTrimmed() : first.trimmed(), number, first.mentioned()};
+        return {keepsFront ? first.rightTrimmed() : first.trimmed(), number};
     }
 
     Screen& screen() { return screen_; }
@@ -54,18 +55,19 @@ private:
     static constexpr Width transferableIndent{17};
 
     const DisplayLine& lookAt(std::size_t index);
-    void lookAtNext();
+    void sweepNext();
     JoinedLine joinedWithBelow(Counter number, JoinRule rule);
     JoinedLine join(Counter number, JoinRule rule);
     JoinedLine joinAllBelow(Counter number, JoinRule rule);
     JoinedLine joinOneBelow(Counter number);
     JoinedLine joinTwoBelow(Counter number);
-    void append(TextView text, FamilySet mentionedIn, FamilySet& mentioned);
 
     Screen screen_;
     std::size_t knownLength_;  // lines after these are known to be empty
-    std::vector<DisplayLine> lines_;
-    std::vector<std::int16_t> marked_;
+    std::vector<LineMarks> swept_;        // the marks of the lines from 0 on, as far as they were swept
+    std::vector<std::int16_t> marked_;    // the swept lines that have any
+    std::vector<std::uint16_t> places_;   // where in `lines_` a line stands, from 1; 0 for one not looked at yet
+    std::vector<DisplayLine> lines_;      // the lines that were looked at, in the order of asking
     std::vector<JoinedLine> knownJoins_;
     TextArena joinedTexts_;
     Text joining_;  // the text of the join that is being made

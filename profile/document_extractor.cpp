@@ -22,7 +22,7 @@ bool isIndented(TextView trimmedLine) {
 constexpr Column anywhere{1};
 
 TextView elementText(const DocumentFamily& row, const DisplayLine& line) {
-    const TextView before = line.holdsPrefixOf(row.family, row.prefix, anywhere) ? TextView(u"/") : indent;
+    const TextView before = line.holdsPrefix(row.prefix, anywhere) ? TextView(u"/") : indent;
     return trimmed(mid(line.trimmed(), find(line.trimmed(), before) + 1));
 }
 
@@ -46,7 +46,7 @@ std::int16_t collectSection(const DocumentFamily& row, Display& display, Counter
     do {
         ++number;
         const DisplayLine& line = display.line(number);
-        if (line.holdsPrefixOf(row.family, row.prefix, anywhere)) return collectRun(row, display, number, sink);
+        if (line.holdsPrefix(row.prefix, anywhere)) return collectRun(row, display, number, sink);
         isLast = isLast || line.trimmed().starts_with(u"-----") || line.isEndOfDisplay();
     } while (!isLast);
     return 0;
@@ -58,7 +58,7 @@ std::int16_t extract(const DocumentFamily& row, Display& display, ElementSink& s
     for (Counter number(1);; ++number) {
         number = display.nextMarked(number);
         const DisplayLine& line = display.line(number);
-        if (line.holdsHeader(row.section)) return collectSection(row, display, number, sink);
+        if (line.marks().holdsHeader(row.section)) return collectSection(row, display, number, sink);
         if (line.isEndOfDisplay()) return 0;
     }
 }

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "framework/text_ops.h"
+#include "profile/join_rule.h"
 #include "profile/sections.h"
 #include "vantro/profile.h"
 #include "vantro/text.h"
@@ -82,14 +83,6 @@ enum class ScanStart : std::uint8_t {
 
 /// The parts of a transferable element that its family's own lists hold.
 enum class Split : std::uint8_t { None, FrequentFlyer, ServiceRequest, RemarkDetail };
-
-/// Which lines go on with an element, and how they are joined to it.
-enum class JoinRule : std::uint8_t {
-    Directly,         ///< all lines with nine blanks in front, one after the other
-    ColonAfterBlank,  ///< the same, a blank before a line whose third character is ":"
-    OneBelow,         ///< the line below, with seventeen blanks in front
-    TwoBelow,         ///< the two lines below, the same
-};
 
 struct TransferableFamily {
     Family family;

@@ -61,8 +61,13 @@ private:
             const DisplayLine& line = display_.line(line_);
             if (line.isSectionEnd()) return false;
             const JoinedLine element = display_.joined(line_, joinRule_);
+            const bool isJoined = element.last != line_;
             line_ = element.last;
-            if (isOtherFamily(element)) return true;
+            if (!isWithoutTag(element.text)) {
+                const bool isOwn = isJoined ? holdsFrom(element.text, row_.prefix, tagColumn)
+                                            : line.holdsPrefix(row_.prefix, tagColumn);
+                if (!isOwn) return true;
+            }
             store(element.text, textColumn);
         }
     }
@@ -72,7 +77,7 @@ private:
         for (; seekHeader(); ++line_) {
             ++line_;
             const DisplayLine& line = display_.line(line_);
-            if (line.holdsPrefixOf(row_.family, row_.prefix, row_.searchFrom)) {
+            if (line.holdsPrefix(row_.prefix, row_.searchFrom)) {
                 store(line.trimmed(), textColumn);
                 collectUnprefixed();
                 return;
@@ -97,7 +102,7 @@ private:
             line_ = display_.nextMarked(line_);
             const DisplayLine& line = display_.line(line_);
             if (line.isEndOfDisplay()) return false;
-            if (line.holdsHeader(row_.section)) return true;
+            if (line.marks().holdsHeader(row_.section)) return true;
         }
     }
 
@@ -107,15 +112,12 @@ private:
             ++line_;
             const DisplayLine& line = display_.line(line_);
             if (line.isSectionEnd()) return false;
-            if (line.holdsPrefixOf(row_.family, row_.prefix, row_.searchFrom)) return true;
+            if (line.holdsPrefix(row_.prefix, row_.searchFrom)) return true;
         }
     }
 
     // The whole-section schemes have no tag to look at and take every line.
-    bool isOtherFamily(const JoinedLine& element) const {
-        if (isBlank(mid(element.text, tagColumn, row_.tagWidth))) return false;
-        return !element.mentioned.holds(row_.family) || !holdsFrom(element.text, row_.prefix, tagColumn);
-    }
+    bool isWithoutTag(TextView element) const { return isBlank(mid(element, tagColumn, row_.tagWidth)); }
 
     void store(TextView element, Column text) {
         ++count_;

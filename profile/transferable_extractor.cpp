@@ -5,6 +5,7 @@
 //   A    2    AP  LYS 555-0101                     contacts have their code in columns 12 to 17
 //   ------- DOCUMENTS                              the next section
 #include "framework/constants.h"
+#include "profile/codes.h"
 #include "profile/extractors.h"
 
 #include <algorithm>
@@ -54,9 +55,9 @@ void splitServiceRequest(FoundElement& element) {
 }
 
 bool endsScan(ScanEnd end, const DisplayLine& line) {
-    if (!line.isMarked()) return false;
-    if (line.holdsEndText()) return true;
-    return end == ScanEnd::PromptLineAlone ? line.rightTrimmed() == mark::prompt : line.holdsPrompt();
+    const LineMarks marks = line.marks();
+    if (marks.holdsEndText()) return true;
+    return end == ScanEnd::PromptLineAlone ? line.rightTrimmed() == mark::prompt : marks.holdsPrompt();
 }
 
 FoundElement split(const TransferableFamily& row, TextView line) {
@@ -71,12 +72,18 @@ FoundElement split(const TransferableFamily& row, TextView line) {
     return element;
 }
 
-bool isElement(const TransferableFamily& row, const JoinedLine& line) {
-    if (row.test == CodeTest::StandsAtColumn12) {
-        return mid(line.text, contactCodeColumn, Width{static_cast<int>(row.code.size())}) == row.code;
+/// An element line as a family joins it, and the codes that may stand in it.
+struct Candidate {
+    JoinedLine line;
+    FamilySet codes;
+
+    bool isElementOf(const TransferableFamily& row) const {
+        if (row.test == CodeTest::StandsAtColumn12) {
+            return mid(line.text, contactCodeColumn, Width{static_cast<int>(row.code.size())}) == row.code;
+        }
+        return codes.holds(row.family) && holdsFrom(line.text, row.code, codeSearchColumn);
     }
-    return line.mentioned.holds(row.family) && holdsFrom(line.text, row.code, codeSearchColumn);
-}
+};
 
 /// One family's way through the display.
 struct Scan {
@@ -100,7 +107,7 @@ public:
         for (Counter number;; ++number) {
             if (!isAnyInSection()) number = display_.nextMarked(number);
             const DisplayLine& line = display_.line(number);
-            if (line.isMarked() || line.text().starts_with(u"------")) {
+            if (line.marks().any() || line.text().starts_with(u"------")) {
                 passBoundary(line);
                 if (active_ == 0) return lastCount_;
             }
@@ -115,7 +122,7 @@ private:
 
     /// Ends the scans that end at this line and takes the others into the section that it opens.
     void passBoundary(const DisplayLine& line) {
-        const bool isHeader = line.holdsHeader(Section::Transferable);
+        const bool isHeader = line.marks().holdsHeader(Section::Transferable);
         const bool isOtherHeader = !isHeader && line.text().starts_with(u"------");
         std::size_t kept = 0;
         for (std::size_t index = 0; index < active_; ++index) {
@@ -132,16 +139,27 @@ private:
 
     // Joined lines are not used up: each of them is looked at again as a line of its own.
     void testElement(Counter number) {
-        const JoinedLine usual = display_.joined(number, JoinRule::OneBelow);
+        const Candidate usual = candidate(number, JoinRule::OneBelow);
         for (std::size_t index = 0; index < active_; ++index) {
             Scan& scan = scans_[index];
             if (!scan.inSection) continue;
-            const bool isUsual = scan.row->join == JoinRule::OneBelow;
-            const JoinedLine line = isUsual ? usual : display_.joined(number, scan.row->join);
-            if (!isElement(*scan.row, line)) continue;
-            ++scan.count;
-            sink_.store(scan.row->family, scan.count.value(), split(*scan.row, line.text));
+            if (scan.row->join == JoinRule::OneBelow || usual.line.last == number) {
+                test(scan, usual);
+            } else {
+                test(scan, candidate(number, scan.row->join));
+            }
         }
+    }
+
+    Candidate candidate(Counter number, JoinRule rule) {
+        const JoinedLine joined = display_.joined(number, rule);
+        return {joined, codesIn(joined.last == number ? display_.line(number).text() : joined.text)};
+    }
+
+    void test(Scan& scan, const Candidate& candidate) {
+        if (!candidate.isElementOf(*scan.row)) return;
+        ++scan.count;
+        sink_.store(scan.row->family, scan.count.value(), split(*scan.row, candidate.line.text));
     }
 
     Display& display_;

@@ -71,7 +71,7 @@ std::optional<Counter> seekSection(Display& display) {
         number = display.nextMarked(number);
         const DisplayLine& line = display.line(number);
         if (line.isEndOfDisplay()) return std::nullopt;
-        if (line.holdsHeader(Section::Transferable)) return number + 1;
+        if (line.marks().holdsHeader(Section::Transferable)) return number + 1;
     }
 }
 

@@ -8,6 +8,7 @@
 #include "vantro/built_in_terminal.h"
 #include "vantro/profile.h"
 
+#include <algorithm>
 #include <utility>
 
 namespace vantro {
@@ -25,59 +26,59 @@ struct Profile::Storage {
 
 namespace {
 
-/// Collects elements and notes. The elements are kept by family at the end, whatever order they came in.
+/// Collects elements and notes. Each family's elements come to stand together.
 class Collector final : public ElementSink, public NoteSink {
 public:
-    explicit Collector(std::size_t expected) { found_.reserve(expected); }
+    explicit Collector(Profile::Storage& storage) : storage_(storage) {}
 
-    void store(Family family, std::int16_t /*count*/, const FoundElement& element) override {
-        found_.push_back({element, family});
-        ++counts_[indexOf(family)];
+    void store(Family family, std::int16_t /*count*/, const FoundElement& found) override {
+        storage_.elements.push_back({.number = found.number,
+                                     .text = found.text,
+                                     .code = found.code,
+                                     .airline = found.carrier,
+                                     .frequentFlyerNumber = found.account,
+                                     .freeText = found.freeText});
+        families_.push_back(family);
     }
 
     void store(std::int16_t /*count*/, const FoundNote& note) override {
-        notes_.push_back({note.number, note.qualifier, note.text});
+        storage_.notes.push_back({note.number, note.qualifier, note.text});
     }
 
-    /// Forgets a family's elements.
-    void drop(Family family) {
-        std::erase_if(found_, [&](const Tagged& tagged) { return tagged.family == family; });
-        counts_[indexOf(family)] = 0;
+    std::size_t size() const { return families_.size(); }
+
+    /// Forgets the elements from a place on.
+    void dropFrom(std::size_t place) {
+        storage_.elements.resize(place);
+        families_.resize(place);
     }
 
-    void dropNotes() { notes_.clear(); }
+    /// Brings the elements of several families, which came in the order of the display, together by family.
+    void groupByFamily() {
+        std::array<std::size_t, familyCount + 1> next{};
+        for (const Family family : families_) ++next[indexOf(family) + 1];
+        for (std::size_t family = 0; family < familyCount; ++family) next[family + 1] += next[family];
+        std::vector<Element> grouped(families_.size());
+        for (std::size_t place = 0; place < families_.size(); ++place) {
+            grouped[next[indexOf(families_[place])]++] = storage_.elements[place];
+        }
+        std::ranges::copy(grouped, storage_.elements.begin());
+        std::ranges::sort(families_);
+    }
 
-    void keepIn(Profile& profile, Profile::Storage& storage) {
-        storage.elements.resize(found_.size());
-        std::array<Element*, familyCount> next{};
-        Element* place = storage.elements.data();
-        for (std::size_t family = 0; family < familyCount; ++family) {
-            next[family] = place;
-            profile.families[family] = {place, counts_[family]};
-            place += counts_[family];
+    void keepIn(Profile& profile) const {
+        for (std::size_t begin = 0; begin < size();) {
+            std::size_t end = begin;
+            while (end < size() && families_[end] == families_[begin]) ++end;
+            profile.families[indexOf(families_[begin])] = {storage_.elements.data() + begin, end - begin};
+            begin = end;
         }
-        for (const Tagged& tagged : found_) {
-            const FoundElement& found = tagged.element;
-            *next[indexOf(tagged.family)]++ = {.number = found.number,
-                                               .text = found.text,
-                                               .code = found.code,
-                                               .airline = found.carrier,
-                                               .frequentFlyerNumber = found.account,
-                                               .freeText = found.freeText};
-        }
-        storage.notes = std::move(notes_);
-        profile.notes = storage.notes;
+        profile.notes = storage_.notes;
     }
 
 private:
-    struct Tagged {
-        FoundElement element;
-        Family family;
-    };
-
-    std::vector<Tagged> found_;
-    std::array<std::size_t, familyCount> counts_{};
-    std::vector<Note> notes_;
+    Profile::Storage& storage_;
+    std::vector<Family> families_;  // of each element
 };
 
 /// Fills a profile query by query; a failing one leaves its value empty and is listed.
@@ -87,13 +88,15 @@ public:
         : profile_(profile),
           storage_(storage),
           display_(terminal_, withoutHostLine(storage.display)),
-          collector_(storage.display.size() / screenWidth) {}  // few displays hold more than an element a line
+          collector_(storage) {
+        storage.elements.reserve(storage.display.size() / screenWidth);  // few displays hold an element a line
+    }
 
     void run() {
         readHeader();
         readFamilies();
         readNotes();
-        collector_.keepIn(profile_, storage_);
+        collector_.keepIn(profile_);
         storage_.joinedElements = display_.takeJoinedTexts();
     }
 
@@ -137,10 +140,11 @@ private:
         const bool sharedPassFailed = !readTransferable();
         for (const FamilyName& row : familyNames()) {
             if (isTransferable(row.family) && !sharedPassFailed) continue;
+            const std::size_t before = collector_.size();
             try {
                 extract(row.family, display_, collector_);
             } catch (const Error&) {
-                collector_.drop(row.family);
+                collector_.dropFrom(before);
                 profile_.problems.push_back(
                     {row.prefix, extractorError(row.family), Text(description::verifyingProfile)});
             }
@@ -151,9 +155,10 @@ private:
     bool readTransferable() {
         try {
             extractTransferable(display_, collector_);
+            collector_.groupByFamily();
             return true;
         } catch (const Error&) {
-            for (const TransferableFamily& row : transferableFamilies) collector_.drop(row.family);
+            collector_.dropFrom(0);
             return false;
         }
     }
@@ -163,7 +168,7 @@ private:
         try {
             scanNotes(display_, {}, collector_);
         } catch (const Error&) {
-            collector_.dropNotes();
+            storage_.notes.clear();
             profile_.problems.push_back({u"ProfileNotes", notesQueryError, Text(description::readingNotes)});
         }
     }
