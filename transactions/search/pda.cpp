@@ -38,7 +38,7 @@ public:
         if (!header()) return std::move(names_);
         if (isContinuation_) lines_.stepBack();  // Meant: a continuation's entries begin a line earlier, on line 1
         do {
-            while (entry(nextLine())) {}
+            while (entry(lines_.next())) {}
         } while (hasListNumber(lines_.line()) && header());
         return std::move(names_);
     }
@@ -48,11 +48,6 @@ private:
         if (!lines_.findHeader(isContinuation_ ? anyLine : mark::companyColumn)) return false;
         if (isContinuation_) lines_.stepBack();  // the line found is an entry already
         return true;
-    }
-
-    TextView nextLine() {
-        endOfBlock_ = false;
-        return lines_.next();
     }
 
     // False for the line that ends the block.

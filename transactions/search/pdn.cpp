@@ -72,7 +72,7 @@ public:
 
     void read() {
         while (header()) {
-            while (entry(nextLine())) {}
+            while (entry(lines_.next())) {}
             if (!hasListNumber(lines_.line())) break;
         }
         trimInPlace(answer_.companyNames);
@@ -84,11 +84,6 @@ private:
         if (!answer_.locator.isKnown()) answer_.locator.found = locatorColumnIn(lines_.line());
         if (isContinuation_) lines_.stepBack();  // the line found is an entry already
         return true;
-    }
-
-    TextView nextLine() {
-        answer_.endOfBlock = false;
-        return lines_.next();
     }
 
     // False for the line that ends the block.
