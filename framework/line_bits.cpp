@@ -63,7 +63,8 @@ LineBits bitsOfGroups(const std::array<Group, Groups>& line, BitsOfGroup bitsOfG
 
 template <std::size_t Groups>
 LineBits bitsOfLine(const std::array<Group, Groups>& line, char16_t wanted) {
-    return bitsOfGroups(line, [=](Group group) { return bitsOf(group, wanted); }, std::make_index_sequence<Groups>());
+    return bitsOfGroups(
+        line, [=](Group group) { return bitsOf(group, wanted); }, std::make_index_sequence<Groups>());
 }
 
 template <std::size_t... Place>

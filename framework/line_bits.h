@@ -48,9 +48,7 @@ public:
     }
 
     /// Every place moved down by `steps` (1 to 63): place p of the result is place p + steps of this one.
-    constexpr LineBits down(unsigned steps) const {
-        return {low_ >> steps | high_ << (64 - steps), high_ >> steps};
-    }
+    constexpr LineBits down(unsigned steps) const { return {low_ >> steps | high_ << (64 - steps), high_ >> steps}; }
 
     friend constexpr LineBits operator&(LineBits a, LineBits b) { return {a.low_ & b.low_, a.high_ & b.high_}; }
     friend constexpr LineBits operator|(LineBits a, LineBits b) { return {a.low_ | b.low_, a.high_ | b.high_}; }

@@ -5,7 +5,6 @@
 //   >                                              prompt: the search for another header goes on under it
 #include "notes/note_scanner.h"
 
-
 namespace vantro {
 
 namespace {

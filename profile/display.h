@@ -63,11 +63,11 @@ private:
     JoinedLine joinTwoBelow(Counter number);
 
     Screen screen_;
-    std::size_t knownLength_;  // lines after these are known to be empty
-    std::vector<LineMarks> swept_;        // the marks of the lines from 0 on, as far as they were swept
-    std::vector<std::int16_t> marked_;    // the swept lines that have any
-    std::vector<std::uint16_t> places_;   // where in `lines_` a line stands, from 1; 0 for one not looked at yet
-    std::vector<DisplayLine> lines_;      // the lines that were looked at, in the order of asking
+    std::size_t knownLength_;            // lines after these are known to be empty
+    std::vector<LineMarks> swept_;       // the marks of the lines from 0 on, as far as they were swept
+    std::vector<std::int16_t> marked_;   // the swept lines that have any
+    std::vector<std::uint16_t> places_;  // where in `lines_` a line stands, from 1; 0 for one not looked at yet
+    std::vector<DisplayLine> lines_;     // the lines that were looked at, in the order of asking
     std::vector<JoinedLine> knownJoins_;
     TextArena joinedTexts_;
     Text joining_;  // the text of the join that is being made

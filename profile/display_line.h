@@ -28,9 +28,7 @@ public:
     bool isEndOfDisplay() const { return marks_.holdsPrompt() || marks_.holdsEndText(); }
 
     /// The end of a prefixed family's section: a prompt in the first place, a rule, or the end text.
-    bool isSectionEnd() const {
-        return marks_.any() && (marks_.holdsRuleOrEndText() || text_[contentBegin_] == u'>');
-    }
+    bool isSectionEnd() const { return marks_.any() && (marks_.holdsRuleOrEndText() || text_[contentBegin_] == u'>'); }
 
     /// True when the first `width` characters are blank, a line that ends before them included.
     bool beginsBlank(Width width) const {

@@ -32,8 +32,8 @@ std::int16_t collectRun(const DocumentFamily& row, Display& display, Counter num
     do {
         const DisplayLine& line = display.line(number);
         ++count;
-        sink.store(row.family, count.value(), {.number = trimmed(left(line.trimmed(), numberWidth)),
-                                   .text = elementText(row, line)});
+        sink.store(row.family, count.value(),
+                   {.number = trimmed(left(line.trimmed(), numberWidth)), .text = elementText(row, line)});
         ++number;
     } while (isIndented(display.line(number).trimmed()));
     return count.value();

@@ -146,9 +146,8 @@ namespace detail {
 
 template <class Rows>
 constexpr bool standInOrder(const Rows& rows, std::size_t first) {
-    return std::ranges::all_of(rows, [&, next = first](const auto& row) mutable {
-        return indexOf(row.family) == next++;
-    });
+    return std::ranges::all_of(rows,
+                               [&, next = first](const auto& row) mutable { return indexOf(row.family) == next++; });
 }
 
 }  // namespace detail

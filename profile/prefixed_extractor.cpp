@@ -7,7 +7,6 @@
 //   ------- PRE-STORED ENTRIES                     section end
 #include "profile/extractors.h"
 
-
 namespace vantro {
 
 namespace {
@@ -50,8 +49,7 @@ private:
 
     void collectOwnLines() {
         if (!seekHeader()) return;
-        while (seekElement() && collectElements()) {
-        }
+        while (seekElement() && collectElements()) {}
     }
 
     /// Collects elements from the current line on: up to another family's element (true) or to the section's
@@ -121,7 +119,8 @@ private:
 
     void store(TextView element, Column text) {
         ++count_;
-        sink_.store(row_.family, count_.value(), {.number = trimmed(left(element, numberWidth)), .text = trimmed(mid(element, text))});
+        sink_.store(row_.family, count_.value(),
+                    {.number = trimmed(left(element, numberWidth)), .text = trimmed(mid(element, text))});
     }
 
     const PrefixedFamily& row_;

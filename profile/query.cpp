@@ -9,6 +9,7 @@
 
 #include <algorithm>
 #include <array>
+#include <optional>
 
 namespace vantro {
 
@@ -24,12 +25,13 @@ struct DispatchRow {
     Match match;
     TextView word;
     void (ProfileQuery::*answer)(Family family);
-    Family family = {};  // of the answers that serve more than one
+    std::optional<Family> family = {};  // of the answers that serve more than one
 };
 
 using Query = ProfileQuery;
 
-// The first row that matches answers. Meant: "ALL" and "RC" stand behind the PSL row.
+// The first row that matches answers.
+// Meant: "ALL" and "RC" stand behind the PSL row.
 // clang-format off
 constexpr std::array<DispatchRow, 36> dispatchTable{{
     {Match::Whole,      u"NM",     &Query::addName},
@@ -79,16 +81,11 @@ static_assert(std::ranges::all_of(dispatchTable, [](const DispatchRow& row) {
     return row.match == Match::Whole || row.word.size() == 3;
 }));
 
-constexpr bool answersFamily(const DispatchRow& row) {
-    return row.answer == &Query::addLists || row.answer == &Query::addIndexed ||
-           row.answer == &Query::addIndexedWithLists;
-}
-
 constexpr std::array<FamilyName, familyCount> namesOfFamilies() {
     std::array<FamilyName, familyCount> names{};
     std::size_t next = 0;
     for (const DispatchRow& row : dispatchTable) {
-        if (answersFamily(row)) names.at(next++) = {row.family, row.word};
+        if (row.family) names.at(next++) = {*row.family, row.word};
     }
     return names;
 }
@@ -137,7 +134,7 @@ CollectionPtr ProfileQuery::answer(TextView display) {
     if (prefix.empty()) throw Error(emptyPrefixError, applicationTitle, description::verifyingProfile);
     for (const DispatchRow& row : dispatchTable) {
         if (!matches(row, prefix)) continue;
-        (this->*row.answer)(row.family);
+        (this->*row.answer)(row.family.value_or(Family{}));
         // Meant: an answered prefix gives no object, an unknown one gives the collection back.
         return {};
     }

@@ -5,7 +5,6 @@
 //   A    2    AP  LYS 555-0101
 #include "profile/transferable_scanner.h"
 
-
 #include <algorithm>
 #include <optional>
 

@@ -26,25 +26,36 @@ bool truthOf(TextView text) {
     return text.find_first_not_of(u'0') != TextView::npos;
 }
 
+// Few collections outgrow a search from front to back; those that do keep the places of their keys.
+constexpr std::size_t fewKeys = 32;
+
 }  // namespace
 
-BuiltInCollection::Entry* BuiltInCollection::find(TextView key) {
-    const auto place = std::ranges::find(entries_, key, &Entry::key);
-    return place == entries_.end() ? nullptr : &*place;
+std::size_t BuiltInCollection::placeOf(TextView key) const {
+    if (!places_.empty()) {
+        const auto known = places_.find(Text(key));
+        return known == places_.end() ? absent : known->second;
+    }
+    const auto entry = std::ranges::find(entries_, key, &Entry::key);
+    return entry == entries_.end() ? absent : static_cast<std::size_t>(entry - entries_.begin());
 }
 
 void BuiltInCollection::Add(TextView key, ItemValue value) {
-    if (Entry* const present = find(key)) {
-        present->value_ = std::move(value);
-    } else {
-        entries_.emplace_back(key, std::move(value));
+    if (const std::size_t place = placeOf(key); place != absent) {
+        entries_[place].value_ = std::move(value);
+        return;
+    }
+    entries_.emplace_back(key, std::move(value));
+    if (entries_.size() <= fewKeys) return;
+    for (std::size_t place = places_.empty() ? 0 : entries_.size() - 1; place < entries_.size(); ++place) {
+        places_.emplace(entries_[place].key(), place);
     }
 }
 
 ItemPtr BuiltInCollection::Item(TextView key) const {
-    const auto place = std::ranges::find(entries_, key, &Entry::key);
+    const std::size_t place = placeOf(key);
     // The item is the entry itself: the pointer owns nothing and costs nothing.
-    return place == entries_.end() ? ItemPtr() : ItemPtr(std::shared_ptr<void>(), &*place);
+    return place == absent ? ItemPtr() : ItemPtr(std::shared_ptr<void>(), &entries_[place]);
 }
 
 TextView BuiltInTerminal::ItemText(const ItemPtr& item, TextStore& store) {

@@ -5,6 +5,7 @@
 
 #include <functional>
 #include <span>
+#include <unordered_map>
 #include <vector>
 
 namespace vantro {
@@ -33,9 +34,12 @@ public:
     std::span<const Entry> entries() const { return entries_; }
 
 private:
-    Entry* find(TextView key);
+    static constexpr std::size_t absent = ~std::size_t{0};
+
+    std::size_t placeOf(TextView key) const;
 
     std::vector<Entry> entries_;
+    std::unordered_map<Text, std::size_t> places_;  // of the keys, once there are many
 };
 
 /// Receives what readers report instead of raising it.
