@@ -2,8 +2,7 @@
 
 namespace oracle {
 
-void Collection::add(const std::string& key, Value value)
-{
+void Collection::add(const std::string& key, Value value) {
     for (auto& present : entries) {
         if (present.first == key) {
             present.second = std::move(value);
@@ -13,8 +12,7 @@ void Collection::add(const std::string& key, Value value)
     entries.emplace_back(key, std::move(value));
 }
 
-const Value* Collection::item(const std::string& key) const
-{
+const Value* Collection::item(const std::string& key) const {
     for (const auto& present : entries) {
         if (present.first == key) {
             return &present.second;
@@ -23,8 +21,7 @@ const Value* Collection::item(const std::string& key) const
     return nullptr;
 }
 
-Text itemText(const Value* item)
-{
+Text itemText(const Value* item) {
     if (item == nullptr) {
         return Text();
     }
@@ -43,15 +40,13 @@ Text itemText(const Value* item)
 namespace {
 
 // The digits that follow an optional sign; empty when the text is anything else.
-Text digitsOf(const Text& text)
-{
+Text digitsOf(const Text& text) {
     const Text first = mid(text, 1, 1);
     const Text digits = (first == u"+" || first == u"-") ? mid(text, 2) : text;
     return isNumeric(digits) ? digits : Text();
 }
 
-bool textBoolean(const Text& text)
-{
+bool textBoolean(const Text& text) {
     if (text.empty()) {
         return false;
     }
@@ -73,8 +68,7 @@ bool textBoolean(const Text& text)
     return false;
 }
 
-int textInteger16(const Text& text)
-{
+int textInteger16(const Text& text) {
     const Text bare = trimmed(text);
     const Text digits = digitsOf(bare);
     if (digits.empty()) {
@@ -91,10 +85,9 @@ int textInteger16(const Text& text)
     return number;
 }
 
-} // namespace
+}  // namespace
 
-bool itemBoolean(const Value* item)
-{
+bool itemBoolean(const Value* item) {
     if (item == nullptr) {
         return false;
     }
@@ -110,16 +103,14 @@ bool itemBoolean(const Value* item)
     throw Failure{typeMismatch};
 }
 
-const Value& itemValue(const Value* item)
-{
+const Value& itemValue(const Value* item) {
     if (item == nullptr) {
         throw Failure{objectNotSet};
     }
     return *item;
 }
 
-int toInteger16(const Value& value)
-{
+int toInteger16(const Value& value) {
     if (const bool* flag = std::get_if<bool>(&value)) {
         return *flag ? -1 : 0;
     }
@@ -132,4 +123,4 @@ int toInteger16(const Value& value)
     throw Failure{typeMismatch};
 }
 
-} // namespace oracle
+}  // namespace oracle

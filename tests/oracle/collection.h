@@ -36,4 +36,4 @@ const Value& itemValue(const Value* item);
 // The value as a signed 16-bit integer.
 int toInteger16(const Value& value);
 
-} // namespace oracle
+}  // namespace oracle

@@ -11,13 +11,9 @@ const char* const numberKey = "strKeyElementNr";
 const char* const elementListKey = "strKeyElement()";
 const char* const numberListKey = "strKeyElementNr()";
 
-bool starts(const Text& prefix, const Text& letters)
-{
-    return mid(prefix, 1, 3) == letters;
-}
+bool starts(const Text& prefix, const Text& letters) { return mid(prefix, 1, 3) == letters; }
 
-void companyNameOutput(const Text& working, Collection& request)
-{
+void companyNameOutput(const Text& working, Collection& request) {
     const Text line = companyNameLine(working);
     const Text number = textField(line, 1, u" ");
     const Text element = trimmed(mid(line, 3));
@@ -27,33 +23,28 @@ void companyNameOutput(const Text& working, Collection& request)
     }
 }
 
-void pinOutput(const Text& working, Collection& request)
-{
+void pinOutput(const Text& working, Collection& request) {
     Text number;
     const Text element = pinLine(working, number);
     request.add(elementKey, element);
     request.add(numberKey, number);
 }
 
-void allOutput(const Text& working, std::vector<Text>* selection, const Text& qualifier, Collection& request)
-{
+void allOutput(const Text& working, std::vector<Text>* selection, const Text& qualifier, Collection& request) {
     std::vector<Text> output = {Text()};
     scanTransferable(working, selection, qualifier, output);
     request.add("strKeyElNbrsArray", output);
 }
 
-} // namespace
+}  // namespace
 
-void ProfileOracle::listOutput(const Text& display, const std::string& family, Collection& request)
-{
+void ProfileOracle::listOutput(const Text& display, const std::string& family, Collection& request) {
     count(family + "ElementsCount", display);
     request.add(elementListKey, lists["str" + family + "Text"]);
     request.add(numberListKey, lists["str" + family + "Number"]);
 }
 
-void ProfileOracle::indexedWithLists(const Text& display, const std::string& family, int number,
-                                     Collection& request)
-{
+void ProfileOracle::indexedWithLists(const Text& display, const std::string& family, int number, Collection& request) {
     Text indexText = itemText(request.item("intKeyIndex"));
     if (indexText.empty()) {
         indexText = u"0";
@@ -73,9 +64,7 @@ void ProfileOracle::indexedWithLists(const Text& display, const std::string& fam
     request.add(numberListKey, numbers);
 }
 
-int ProfileOracle::indexedSingle(const Text& display, const std::string& stem, int number,
-                                 Collection& request)
-{
+int ProfileOracle::indexedSingle(const Text& display, const std::string& stem, int number, Collection& request) {
     const int index = toInteger16(itemValue(request.item("intKeyIndex")));
     const int elements = count(stem + "ElementsCount", display);
     if (index > elements) {
@@ -87,8 +76,7 @@ int ProfileOracle::indexedSingle(const Text& display, const std::string& stem, i
     return p;
 }
 
-void ProfileOracle::serviceRequestOutput(const Text& display, Collection& request)
-{
+void ProfileOracle::serviceRequestOutput(const Text& display, Collection& request) {
     const int p = indexedSingle(display, "ServiceRequest", 5245, request);
     request.add("strKeyCode", entry(lists["strServiceRequestCode"], p));
     request.add("strKeyAirline", entry(lists["strServiceRequestCarrier"], p));
@@ -101,22 +89,19 @@ void ProfileOracle::serviceRequestOutput(const Text& display, Collection& reques
     request.add("blnKeyAsterix", flag);
 }
 
-void ProfileOracle::frequentFlyerOutput(const Text& display, Collection& request)
-{
+void ProfileOracle::frequentFlyerOutput(const Text& display, Collection& request) {
     const int p = indexedSingle(display, "FrequentFlyer", 5255, request);
     request.add("strKeyAirline", entry(lists["strFrequentFlyerCarrier"], p));
     request.add("strKeyFFNbr", entry(lists["strFrequentFlyerAccount"], p));
 }
 
-void ProfileOracle::confidentialRemarkOutput(const Text& display, Collection& request)
-{
+void ProfileOracle::confidentialRemarkOutput(const Text& display, Collection& request) {
     const int p = indexedSingle(display, "RemarkConf", 5265, request);
     request.add("strKeyFreeText", entry(lists["strRemarkConfDetail"], p));
 }
 
 // The families named by a whole word, as far as "OFFID".
-bool ProfileOracle::wholeWords(const Text& prefix, const Text& working, Collection& request)
-{
+bool ProfileOracle::wholeWords(const Text& prefix, const Text& working, Collection& request) {
     if (prefix == u"NM") {
         request.add(elementKey, profileName(working));
     } else if (prefix == u"SR") {
@@ -142,8 +127,7 @@ bool ProfileOracle::wholeWords(const Text& prefix, const Text& working, Collecti
 }
 
 bool ProfileOracle::headerLines(const Text& prefix, const Text& working, Collection& request,
-                                std::vector<Text>* selection, const Text& qualifier)
-{
+                                std::vector<Text>* selection, const Text& qualifier) {
     if (starts(prefix, u"PCN")) {
         companyNameOutput(working, request);
     } else if (starts(prefix, u"PHI")) {
@@ -168,8 +152,7 @@ bool ProfileOracle::headerLines(const Text& prefix, const Text& working, Collect
     return true;
 }
 
-bool ProfileOracle::elementLists(const Text& prefix, const Text& working, Collection& request)
-{
+bool ProfileOracle::elementLists(const Text& prefix, const Text& working, Collection& request) {
     if (starts(prefix, u"PPR")) {
         indexedWithLists(working, "PPR", 5266, request);
     } else if (starts(prefix, u"PPS")) {
@@ -214,8 +197,7 @@ bool ProfileOracle::elementLists(const Text& prefix, const Text& working, Collec
 }
 
 Outcome ProfileOracle::profileElements(const Text& display, Collection& request, std::vector<Text>* selection,
-                                       const Text& qualifier)
-{
+                                       const Text& qualifier) {
     Text working = display;
     const Text prefix = itemText(request.item("strKeyPrefix"));
     const Text start = mid(trimmed(screenLine(working, 1)), 1, 4);
@@ -237,4 +219,4 @@ Outcome ProfileOracle::profileElements(const Text& display, Collection& request,
     return Outcome{true};
 }
 
-} // namespace oracle
+}  // namespace oracle

@@ -12,9 +12,8 @@ namespace {
 
 const Text fiveBlanks(5, u' ');
 
-void elementRun(const Text& display, const Text& prefix, Text line, int& n, int& count,
-                std::vector<Text>& texts, std::vector<Text>& numbers)
-{
+void elementRun(const Text& display, const Text& prefix, Text line, int& n, int& count, std::vector<Text>& texts,
+                std::vector<Text>& numbers) {
     bool more = true;
     while (more) {
         count = add16(count, 1);
@@ -35,10 +34,9 @@ void elementRun(const Text& display, const Text& prefix, Text line, int& n, int&
     }
 }
 
-} // namespace
+}  // namespace
 
-int ProfileOracle::documents(const Text& display, const Text& header, const std::string& family, int number)
-{
+int ProfileOracle::documents(const Text& display, const Text& header, const std::string& family, int number) {
     return raising(number, [&] {
         const Text prefix = wide(family + "/");
         std::vector<Text>& texts = lists["str" + family + "Text"];
@@ -77,29 +75,24 @@ int ProfileOracle::documents(const Text& display, const Text& header, const std:
     });
 }
 
-int ProfileOracle::PASElementsCount(const Text& display)
-{
+int ProfileOracle::PASElementsCount(const Text& display) {
     return documents(display, u"------- DOCUMENTS", "PAS", 5287);
 }
 
-int ProfileOracle::PIVElementsCount(const Text& display)
-{
+int ProfileOracle::PIVElementsCount(const Text& display) {
     return documents(display, u"------- DOCUMENTS", "PIV", 5288);
 }
 
-int ProfileOracle::PCEElementsCount(const Text& display)
-{
+int ProfileOracle::PCEElementsCount(const Text& display) {
     return documents(display, u"------- DOCUMENTS", "PCE", 5289);
 }
 
-int ProfileOracle::PIDElementsCount(const Text& display)
-{
+int ProfileOracle::PIDElementsCount(const Text& display) {
     return documents(display, u"------- DOCUMENTS", "PID", 5290);
 }
 
-int ProfileOracle::PFOElementsCount(const Text& display)
-{
+int ProfileOracle::PFOElementsCount(const Text& display) {
     return documents(display, u"------- FOLLOW UP", "PFO", 5291);
 }
 
-} // namespace oracle
+}  // namespace oracle

@@ -4,8 +4,7 @@
 
 namespace oracle {
 
-Text profileName(const Text& display)
-{
+Text profileName(const Text& display) {
     Text name;
     for (int n = 1; n <= 20; ++n) {
         const Text line = screenLine(display, n);
@@ -27,8 +26,7 @@ Text profileName(const Text& display)
     return name;
 }
 
-Text recordLocator(const Text& display)
-{
+Text recordLocator(const Text& display) {
     const Text first = trimmed(screenLine(display, 1));
     if (!first.empty() && found(first, u"PF24 REQST UMSG") == 0 && found(first, u"4505") == 0) {
         return trimmed(right(first, 6));
@@ -37,8 +35,7 @@ Text recordLocator(const Text& display)
     return trimmed(right(second, 6));
 }
 
-Text officeIdentifier(const Text& display)
-{
+Text officeIdentifier(const Text& display) {
     Text office;
     for (int n = 1; n <= 6; ++n) {
         const Text line = trimmed(screenLine(display, n));
@@ -60,8 +57,7 @@ Text officeIdentifier(const Text& display)
 namespace {
 
 // The element under way with the text of the lines that continue it, from column p + 1 of each.
-Text withContinuations(const Text& display, int companyLine, int p, bool fullLine, Text element)
-{
+Text withContinuations(const Text& display, int companyLine, int p, bool fullLine, Text element) {
     int k = 1;
     while (true) {
         const Text line = screenLine(display, add16(companyLine, k));
@@ -77,11 +73,10 @@ Text withContinuations(const Text& display, int companyLine, int p, bool fullLin
     }
 }
 
-} // namespace
+}  // namespace
 
 // Number, one blank and element; "X" stands for an element without number.
-Text companyNameLine(const Text& display)
-{
+Text companyNameLine(const Text& display) {
     int n = 1;
     while (true) {
         const Text raw = screenLine(display, n);
@@ -105,8 +100,7 @@ Text companyNameLine(const Text& display)
     }
 }
 
-Text pinLine(const Text& display, Text& number)
-{
+Text pinLine(const Text& display, Text& number) {
     int n = 0;
     while (true) {
         const Text raw = screenLine(display, n);
@@ -127,8 +121,7 @@ Text pinLine(const Text& display, Text& number)
     }
 }
 
-void pslLine(const Text& display, Collection& request)
-{
+void pslLine(const Text& display, Collection& request) {
     if (display.empty()) {
         return;
     }
@@ -148,4 +141,4 @@ void pslLine(const Text& display, Collection& request)
     }
 }
 
-} // namespace oracle
+}  // namespace oracle

@@ -11,8 +11,7 @@ namespace oracle {
 
 namespace {
 
-void readEntryLine(const Text& line, LinkedProfiles& linked, std::size_t c)
-{
+void readEntryLine(const Text& line, LinkedProfiles& linked, std::size_t c) {
     linked.recordLocators[c] = mid(line, 3, 6);
     const int p = found(line, u"/P", 9);
     if (p > 0) {
@@ -23,16 +22,14 @@ void readEntryLine(const Text& line, LinkedProfiles& linked, std::size_t c)
     }
 }
 
-void resizeLists(LinkedProfiles& linked, std::size_t size)
-{
+void resizeLists(LinkedProfiles& linked, std::size_t size) {
     linked.travellers.resize(size);
     linked.companies.resize(size);
     linked.recordLocators.resize(size);
     linked.associations.resize(size);
 }
 
-int countLinked(const Text& response, LinkedProfiles& linked)
-{
+int countLinked(const Text& response, LinkedProfiles& linked) {
     linked = LinkedProfiles();
     resizeLists(linked, 1);
     std::size_t c = 0;
@@ -57,8 +54,7 @@ int countLinked(const Text& response, LinkedProfiles& linked)
     return static_cast<int>(linked.recordLocators.size()) - 1;
 }
 
-void readLinkedProfile(const Text& response, int index, Collection& collection)
-{
+void readLinkedProfile(const Text& response, int index, Collection& collection) {
     bool booking = false;
     for (int n = 1; n <= 4; ++n) {
         const Text line = screenLine(response, n);
@@ -84,10 +80,9 @@ void readLinkedProfile(const Text& response, int index, Collection& collection)
     collection.add("blnKeyCompany", company);
 }
 
-} // namespace
+}  // namespace
 
-int recLocCount(const Text& response, LinkedProfiles& linked)
-{
+int recLocCount(const Text& response, LinkedProfiles& linked) {
     try {
         return countLinked(response, linked);
     } catch (const Failure&) {
@@ -95,8 +90,7 @@ int recLocCount(const Text& response, LinkedProfiles& linked)
     }
 }
 
-std::optional<Collection> verifyCRLPTrans(const Text& response, const Collection* state)
-{
+std::optional<Collection> verifyCRLPTrans(const Text& response, const Collection* state) {
     if (response.empty()) {
         return std::nullopt;
     }
@@ -115,4 +109,4 @@ std::optional<Collection> verifyCRLPTrans(const Text& response, const Collection
     });
 }
 
-} // namespace oracle
+}  // namespace oracle

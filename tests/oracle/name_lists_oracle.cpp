@@ -16,15 +16,9 @@ const Text endOfBlockMark = u"END OF BLOCK - USE PDMD";
 const Text companyHeader = u"     COMPANY     ";
 const Text recLocHeader = u"     RECLOC     ";
 
-bool usable(const Text& line)
-{
-    return !line.empty() && found(line, u">") == 0;
-}
+bool usable(const Text& line) { return !line.empty() && found(line, u">") == 0; }
 
-bool begins(const Text& line, const Text& marker)
-{
-    return mid(line, 1, static_cast<int>(marker.size())) == marker;
-}
+bool begins(const Text& line, const Text& marker) { return mid(line, 1, static_cast<int>(marker.size())) == marker; }
 
 struct NameSearch {
     bool travellerList = false;
@@ -39,8 +33,7 @@ struct NameSearch {
 };
 
 // Which screen it is; the line that told, or line 9.
-Text readScreenKind(const Text& response, NameSearch& result)
-{
+Text readScreenKind(const Text& response, NameSearch& result) {
     Text line;
     for (int n = 1; n <= 9; ++n) {
         line = screenLine(response, n);
@@ -68,8 +61,7 @@ Text readScreenKind(const Text& response, NameSearch& result)
 }
 
 // The entries of one block; the line that ended it.
-Text readSearchEntries(const Text& response, int& n, NameSearch& result)
-{
+Text readSearchEntries(const Text& response, int& n, NameSearch& result) {
     while (true) {
         n = add16(n, 1);
         result.endOfBlock = false;
@@ -103,8 +95,7 @@ Text readSearchEntries(const Text& response, int& n, NameSearch& result)
     }
 }
 
-void parseNameSearch(const Text& response, NameSearch& result)
-{
+void parseNameSearch(const Text& response, NameSearch& result) {
     const bool incoming = result.endOfBlock;
     Text line = readScreenKind(response, result);
     if (!incoming && !result.companyList) {
@@ -134,10 +125,9 @@ void parseNameSearch(const Text& response, NameSearch& result)
     result.names = trimmed(result.names);
 }
 
-} // namespace
+}  // namespace
 
-std::optional<Collection> verifyCPDNTrans(const Text& response, const Collection* state)
-{
+std::optional<Collection> verifyCPDNTrans(const Text& response, const Collection* state) {
     if (response.empty()) {
         return std::nullopt;
     }
@@ -176,8 +166,7 @@ struct SimilarNames {
 };
 
 // Which screen it is; the line that told, or line 5.
-Text readSimilarKind(const Text& response, SimilarNames& result)
-{
+Text readSimilarKind(const Text& response, SimilarNames& result) {
     Text line;
     for (int n = 0; n <= 5; ++n) {
         line = screenLine(response, n);
@@ -202,8 +191,7 @@ Text readSimilarKind(const Text& response, SimilarNames& result)
 }
 
 // The entries of one block; the line that ended it.
-Text readSimilarEntries(const Text& response, int& n, bool& keepCounter, Text& names, bool& endOfBlock)
-{
+Text readSimilarEntries(const Text& response, int& n, bool& keepCounter, Text& names, bool& endOfBlock) {
     while (true) {
         if (keepCounter) {
             keepCounter = false;
@@ -229,8 +217,7 @@ Text readSimilarEntries(const Text& response, int& n, bool& keepCounter, Text& n
     }
 }
 
-void readSimilarNames(const Text& response, Text line, bool incoming, Text& names, bool& endOfBlock)
-{
+void readSimilarNames(const Text& response, Text line, bool incoming, Text& names, bool& endOfBlock) {
     int n = 1;
     // Once in a call: the first round of a continuation screen reads the line the counter stands at.
     bool keepCounter = incoming;
@@ -253,8 +240,7 @@ void readSimilarNames(const Text& response, Text line, bool incoming, Text& name
     }
 }
 
-void parseSimilarNames(const Text& response, Collection& collection, bool& endOfBlock)
-{
+void parseSimilarNames(const Text& response, Collection& collection, bool& endOfBlock) {
     SimilarNames result;
     const bool incoming = endOfBlock;
     const Text line = readSimilarKind(response, result);
@@ -269,10 +255,9 @@ void parseSimilarNames(const Text& response, Collection& collection, bool& endOf
     collection.add("blnKeyEndOfBlock", endOfBlock);
 }
 
-} // namespace
+}  // namespace
 
-std::optional<Collection> verifyCPDATrans(const Text& response, const Collection* state)
-{
+std::optional<Collection> verifyCPDATrans(const Text& response, const Collection* state) {
     return raising(5105, [&] {
         Collection collection;
         bool endOfBlock = false;
@@ -292,4 +277,4 @@ std::optional<Collection> verifyCPDATrans(const Text& response, const Collection
     });
 }
 
-} // namespace oracle
+}  // namespace oracle

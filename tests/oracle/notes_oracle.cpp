@@ -7,8 +7,7 @@ namespace oracle {
 
 namespace {
 
-bool isKept(const Text& line, const Text& search, const Text& qualifier)
-{
+bool isKept(const Text& line, const Text& search, const Text& qualifier) {
     const bool searchOn = !search.empty();
     const bool qualifierOn = !qualifier.empty();
     if (searchOn && qualifierOn) {
@@ -23,17 +22,15 @@ bool isKept(const Text& line, const Text& search, const Text& qualifier)
     return true;
 }
 
-} // namespace
+}  // namespace
 
-NotesOracle::NotesOracle()
-{
+NotesOracle::NotesOracle() {
     lists["strNoteText"] = {Text()};
     lists["strNoteNumber"] = {Text()};
     lists["strNoteQualifier"] = {Text()};
 }
 
-void NotesOracle::store(const Text& line, int noteNumber, int count)
-{
+void NotesOracle::store(const Text& line, int noteNumber, int count) {
     const std::size_t index = static_cast<std::size_t>(count);
     for (auto& list : lists) {
         list.second.resize(index + 1);
@@ -43,8 +40,7 @@ void NotesOracle::store(const Text& line, int noteNumber, int count)
     lists["strNoteQualifier"][index] = mid(line, 1, 2);
 }
 
-int NotesOracle::scan(const Text& display, const Text& search, const Text& qualifier)
-{
+int NotesOracle::scan(const Text& display, const Text& search, const Text& qualifier) {
     for (auto& list : lists) {
         list.second.resize(1);
     }
@@ -82,13 +78,11 @@ int NotesOracle::scan(const Text& display, const Text& search, const Text& quali
     }
 }
 
-int NotesOracle::ProfileNotesElementsCount(const Text& display, const Text& search, const Text& qualifier)
-{
+int NotesOracle::ProfileNotesElementsCount(const Text& display, const Text& search, const Text& qualifier) {
     return raising(5505, [&] { return scan(display, search, qualifier); });
 }
 
-Outcome NotesOracle::profileElements(const Text& display, Collection& request)
-{
+Outcome NotesOracle::profileElements(const Text& display, Collection& request) {
     const Text prefix = itemText(request.item("strKeyPrefix"));
     const Text search = itemText(request.item("strSearchString"));
     const Text qualifier = itemText(request.item("strSearchQualifier"));
@@ -112,4 +106,4 @@ Outcome NotesOracle::profileElements(const Text& display, Collection& request)
     return Outcome{false};
 }
 
-} // namespace oracle
+}  // namespace oracle

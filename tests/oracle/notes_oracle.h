@@ -24,4 +24,4 @@ private:
     void store(const Text& line, int noteNumber, int count);
 };
 
-} // namespace oracle
+}  // namespace oracle

@@ -12,10 +12,7 @@ namespace oracle {
 
 namespace {
 
-bool usable(const Text& line)
-{
-    return !line.empty() && found(line, u">") == 0;
-}
+bool usable(const Text& line) { return !line.empty() && found(line, u">") == 0; }
 
 struct OfficeList {
     bool travellerList = false;
@@ -29,8 +26,7 @@ struct OfficeList {
 };
 
 // Which screen it is; the line that told, or line 9.
-Text readOfficeKind(const Text& response, OfficeList& result)
-{
+Text readOfficeKind(const Text& response, OfficeList& result) {
     Text line;
     for (int n = 1; n <= 9; ++n) {
         line = screenLine(response, n);
@@ -62,8 +58,7 @@ Text readOfficeKind(const Text& response, OfficeList& result)
 }
 
 // The marker line is tested for use only; the lines that count are 3, 4, 5 and so on.
-Text readCompanyNames(const Text& response, const Text& markerLine)
-{
+Text readCompanyNames(const Text& response, const Text& markerLine) {
     Text names;
     int collected = 0;
     bool inBlock = false;
@@ -94,8 +89,7 @@ Text readCompanyNames(const Text& response, const Text& markerLine)
     return names;
 }
 
-void collectNoCompanyRecLocs(const Text& response, std::vector<Text>& locators)
-{
+void collectNoCompanyRecLocs(const Text& response, std::vector<Text>& locators) {
     Text line = screenLine(response, 1);
     int kept = 0;
     int n = 2;
@@ -123,8 +117,7 @@ void collectNoCompanyRecLocs(const Text& response, std::vector<Text>& locators)
     }
 }
 
-void parseOfficeList(const Text& response, Collection& collection)
-{
+void parseOfficeList(const Text& response, Collection& collection) {
     OfficeList result;
     const Text line = readOfficeKind(response, result);
     if (result.companyList) {
@@ -147,10 +140,9 @@ void parseOfficeList(const Text& response, Collection& collection)
     collection.add("strKeyNoCoAssoArray()", result.withoutCompany);
 }
 
-} // namespace
+}  // namespace
 
-std::optional<Collection> verifyCPLTTrans(const Text& response, const Collection*)
-{
+std::optional<Collection> verifyCPLTTrans(const Text& response, const Collection*) {
     if (response.empty()) {
         return std::nullopt;
     }
@@ -163,4 +155,4 @@ std::optional<Collection> verifyCPLTTrans(const Text& response, const Collection
     return collection;
 }
 
-} // namespace oracle
+}  // namespace oracle

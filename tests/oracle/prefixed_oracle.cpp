@@ -16,24 +16,16 @@ const Text hotel = u"------- TRAVEL POLICIES - HOTEL";
 const Text car = u"------- TRAVEL POLICIES - CAR";
 const Text air = u"------- TRAVEL POLICIES - AIR";
 
-bool endsDisplay(const Text& line)
-{
-    return found(line, u">") > 0 || found(line, u"END OF DISPLAY") > 0;
-}
+bool endsDisplay(const Text& line) { return found(line, u">") > 0 || found(line, u"END OF DISPLAY") > 0; }
 
-bool endsSection(const Text& line)
-{
+bool endsSection(const Text& line) {
     return mid(line, 1, 1) == u">" || found(line, u"-------") > 0 || found(line, u"END OF DISPLAY") > 0;
 }
 
-bool isContinuation(const Text& line)
-{
-    return trimmed(mid(line, 1, 9)).empty();
-}
+bool isContinuation(const Text& line) { return trimmed(mid(line, 1, 9)).empty(); }
 
 // The search for the header: the next step, with the line counter where that step begins.
-Step searchHeader(const Text& display, const Text& header, int& n)
-{
+Step searchHeader(const Text& display, const Text& header, int& n) {
     const Text line = rightTrimmed(screenLine(display, n));
     if (endsDisplay(line)) {
         return Step::Stopped;
@@ -45,8 +37,7 @@ Step searchHeader(const Text& display, const Text& header, int& n)
     return Step::LookForElement;
 }
 
-void joinContinuations(const Text& display, Text& current, int& n, bool colonJoining)
-{
+void joinContinuations(const Text& display, Text& current, int& n, bool colonJoining) {
     while (true) {
         const Text following = screenLine(display, add16(n, 1));
         if (!isContinuation(following)) {
@@ -65,8 +56,7 @@ void joinContinuations(const Text& display, Text& current, int& n, bool colonJoi
     }
 }
 
-void store(const Text& line, int textColumn, int& count, std::vector<Text>& texts, std::vector<Text>& numbers)
-{
+void store(const Text& line, int textColumn, int& count, std::vector<Text>& texts, std::vector<Text>& numbers) {
     count = add16(count, 1);
     const std::size_t index = static_cast<std::size_t>(count);
     texts.resize(index + 1);
@@ -75,9 +65,8 @@ void store(const Text& line, int textColumn, int& count, std::vector<Text>& text
     numbers[index] = trimmed(mid(line, 1, 2));
 }
 
-int plain(const Text& display, const Text& header, const Text& prefix, bool colonJoining,
-          std::vector<Text>& texts, std::vector<Text>& numbers)
-{
+int plain(const Text& display, const Text& header, const Text& prefix, bool colonJoining, std::vector<Text>& texts,
+          std::vector<Text>& numbers) {
     int count = 0;
     int n = 0;
     Step step = Step::SearchHeader;
@@ -107,9 +96,8 @@ int plain(const Text& display, const Text& header, const Text& prefix, bool colo
     return count;
 }
 
-int policy(const Text& display, const Text& header, const Text& prefix, int start, int width,
-           std::vector<Text>& texts, std::vector<Text>& numbers)
-{
+int policy(const Text& display, const Text& header, const Text& prefix, int start, int width, std::vector<Text>& texts,
+           std::vector<Text>& numbers) {
     int count = 0;
     int n = 0;
     Step step = Step::SearchHeader;
@@ -144,8 +132,7 @@ int policy(const Text& display, const Text& header, const Text& prefix, int star
 
 // Up to ten unprefixed lines under the first one.
 void globalSearchFollowers(const Text& display, int n, int& count, std::vector<Text>& texts,
-                           std::vector<Text>& numbers)
-{
+                           std::vector<Text>& numbers) {
     const int last = add16(n, 10);
     n = add16(n, 1);
     while (n <= last) {
@@ -158,8 +145,7 @@ void globalSearchFollowers(const Text& display, int n, int& count, std::vector<T
     }
 }
 
-int globalSearch(const Text& display, std::vector<Text>& texts, std::vector<Text>& numbers)
-{
+int globalSearch(const Text& display, std::vector<Text>& texts, std::vector<Text>& numbers) {
     int count = 0;
     int n = 0;
     while (true) {
@@ -180,22 +166,19 @@ int globalSearch(const Text& display, std::vector<Text>& texts, std::vector<Text
     }
 }
 
-} // namespace
+}  // namespace
 
-int ProfileOracle::PPRElementsCount(const Text& display)
-{
+int ProfileOracle::PPRElementsCount(const Text& display) {
     return raising(5266, [&] {
         if (display.empty()) {
             return 0;
         }
         cutBack("PPR");
-        return plain(display, u"------- PRIORITY", u"PPR/", false, lists["strPPRText"],
-                     lists["strPPRNumber"]);
+        return plain(display, u"------- PRIORITY", u"PPR/", false, lists["strPPRText"], lists["strPPRNumber"]);
     });
 }
 
-int ProfileOracle::PGLElementsCount(const Text& display)
-{
+int ProfileOracle::PGLElementsCount(const Text& display) {
     return raising(5267, [&] {
         if (display.empty()) {
             return 0;
@@ -205,20 +188,17 @@ int ProfileOracle::PGLElementsCount(const Text& display)
     });
 }
 
-int ProfileOracle::PPSElementsCount(const Text& display)
-{
+int ProfileOracle::PPSElementsCount(const Text& display) {
     return raising(5270, [&] {
         if (display.empty()) {
             return 0;
         }
         cutBack("PPS");
-        return plain(display, u"------- PRE-STORED ENTRIES", u"PPS/", true, lists["strPPSText"],
-                     lists["strPPSNumber"]);
+        return plain(display, u"------- PRE-STORED ENTRIES", u"PPS/", true, lists["strPPSText"], lists["strPPSNumber"]);
     });
 }
 
-int ProfileOracle::PHIElementsCount(const Text& display)
-{
+int ProfileOracle::PHIElementsCount(const Text& display) {
     return raising(5272, [&] {
         if (display.empty()) {
             return 0;
@@ -230,8 +210,7 @@ int ProfileOracle::PHIElementsCount(const Text& display)
 
 // The members that cut their lists back before they look at the display.
 int ProfileOracle::policyMember(const Text& display, const Text& header, const std::string& family, int start,
-                                int width, int number)
-{
+                                int width, int number) {
     return raising(number, [&] {
         cutBack(family);
         if (display.empty()) {
@@ -242,74 +221,32 @@ int ProfileOracle::policyMember(const Text& display, const Text& header, const s
     });
 }
 
-int ProfileOracle::PCIElementsCount(const Text& display)
-{
-    return policyMember(display, car, "PCI", 3, 5, 5290);
-}
+int ProfileOracle::PCIElementsCount(const Text& display) { return policyMember(display, car, "PCI", 3, 5, 5290); }
 
-int ProfileOracle::PPCElementsCount(const Text& display)
-{
-    return policyMember(display, car, "PPC", 3, 6, 5285);
-}
+int ProfileOracle::PPCElementsCount(const Text& display) { return policyMember(display, car, "PPC", 3, 6, 5285); }
 
-int ProfileOracle::PPHElementsCount(const Text& display)
-{
-    return policyMember(display, hotel, "PPH", 3, 5, 5273);
-}
+int ProfileOracle::PPHElementsCount(const Text& display) { return policyMember(display, hotel, "PPH", 3, 5, 5273); }
 
-int ProfileOracle::PPHElementsCountold(const Text&)
-{
-    return 0;
-}
+int ProfileOracle::PPHElementsCountold(const Text&) { return 0; }
 
-int ProfileOracle::PPAElementsCount(const Text& display)
-{
-    return policyMember(display, air, "PPA", 3, 5, 5292);
-}
+int ProfileOracle::PPAElementsCount(const Text& display) { return policyMember(display, air, "PPA", 3, 5, 5292); }
 
-int ProfileOracle::PPKElementsCount(const Text& display)
-{
-    return policyMember(display, air, "PPK", 3, 5, 5293);
-}
+int ProfileOracle::PPKElementsCount(const Text& display) { return policyMember(display, air, "PPK", 3, 5, 5293); }
 
-int ProfileOracle::PPIElementsCount(const Text& display)
-{
-    return policyMember(display, air, "PPI", 3, 5, 5280);
-}
+int ProfileOracle::PPIElementsCount(const Text& display) { return policyMember(display, air, "PPI", 3, 5, 5280); }
 
-int ProfileOracle::PXCElementsCount(const Text& display)
-{
-    return policyMember(display, car, "PXC", 3, 5, 5295);
-}
+int ProfileOracle::PXCElementsCount(const Text& display) { return policyMember(display, car, "PXC", 3, 5, 5295); }
 
-int ProfileOracle::PXAElementsCount(const Text& display)
-{
-    return policyMember(display, air, "PXA", 3, 5, 5296);
-}
+int ProfileOracle::PXAElementsCount(const Text& display) { return policyMember(display, air, "PXA", 3, 5, 5296); }
 
-int ProfileOracle::PXKElementsCount(const Text& display)
-{
-    return policyMember(display, air, "PXK", 3, 5, 5281);
-}
+int ProfileOracle::PXKElementsCount(const Text& display) { return policyMember(display, air, "PXK", 3, 5, 5281); }
 
-int ProfileOracle::PSHElementsCount(const Text& display)
-{
-    return policyMember(display, hotel, "PSH", 3, 5, 5282);
-}
+int ProfileOracle::PSHElementsCount(const Text& display) { return policyMember(display, hotel, "PSH", 3, 5, 5282); }
 
-int ProfileOracle::PSCElementsCount(const Text& display)
-{
-    return policyMember(display, car, "PSC", 3, 5, 5283);
-}
+int ProfileOracle::PSCElementsCount(const Text& display) { return policyMember(display, car, "PSC", 3, 5, 5283); }
 
-int ProfileOracle::PPTElementsCount(const Text& display)
-{
-    return policyMember(display, air, "PPT", 3, 5, 5284);
-}
+int ProfileOracle::PPTElementsCount(const Text& display) { return policyMember(display, air, "PPT", 3, 5, 5284); }
 
-int ProfileOracle::PXTElementsCount(const Text& display)
-{
-    return policyMember(display, air, "PXT", 3, 5, 5286);
-}
+int ProfileOracle::PXTElementsCount(const Text& display) { return policyMember(display, air, "PXT", 3, 5, 5286); }
 
-} // namespace oracle
+}  // namespace oracle

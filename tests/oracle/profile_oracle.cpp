@@ -5,15 +5,14 @@
 namespace oracle {
 
 // A new reader: the lists that leave entry 0 empty hold just that entry, the transferable ones nothing.
-ProfileOracle::ProfileOracle()
-{
+ProfileOracle::ProfileOracle() {
     for (const char* family : {"PPR", "PGL", "PPS", "PHI", "PCI", "PPC", "PPH", "PPA", "PPK", "PPI", "PXC",
                                "PXA", "PXK", "PSH", "PSC", "PPT", "PXT", "PAS", "PIV", "PCE", "PID", "PFO"}) {
         lists["str" + std::string(family) + "Text"] = {Text()};
         lists["str" + std::string(family) + "Number"] = {Text()};
     }
-    for (const char* stem : {"Remark", "Contact", "OtherService", "FrequentFlyer", "ServiceRequest", "Seat",
-                             "RemarkConf"}) {
+    for (const char* stem :
+         {"Remark", "Contact", "OtherService", "FrequentFlyer", "ServiceRequest", "Seat", "RemarkConf"}) {
         lists["str" + std::string(stem) + "Text"] = {};
         lists["str" + std::string(stem) + "Number"] = {};
     }
@@ -26,8 +25,7 @@ ProfileOracle::ProfileOracle()
     lists["strRemarkConfDetail"] = {};
 }
 
-int ProfileOracle::count(const std::string& property, const Text& display)
-{
+int ProfileOracle::count(const std::string& property, const Text& display) {
     using Property = int (ProfileOracle::*)(const Text&);
     static const std::map<std::string, Property> properties = {
         {"PPRElementsCount", &ProfileOracle::PPRElementsCount},
@@ -69,10 +67,9 @@ int ProfileOracle::count(const std::string& property, const Text& display)
 }
 
 // Down to entry 0, which keeps its content.
-void ProfileOracle::cutBack(const std::string& family)
-{
+void ProfileOracle::cutBack(const std::string& family) {
     lists["str" + family + "Text"].resize(1);
     lists["str" + family + "Number"].resize(1);
 }
 
-} // namespace oracle
+}  // namespace oracle

@@ -70,8 +70,8 @@ private:
     enum class Kind { Remark, Contact, OtherService, FrequentFlyer, ServiceRequest, Seat, RemarkConf };
 
     void cutBack(const std::string& family);
-    int policyMember(const Text& display, const Text& header, const std::string& family, int start,
-                     int width, int number);
+    int policyMember(const Text& display, const Text& header, const std::string& family, int start, int width,
+                     int number);
 
     int transferable(const Text& display, Kind kind);
     bool isElement(const Text& line, Kind kind) const;
@@ -92,8 +92,8 @@ private:
     void confidentialRemarkOutput(const Text& display, Collection& request);
 
     bool wholeWords(const Text& prefix, const Text& working, Collection& request);
-    bool headerLines(const Text& prefix, const Text& working, Collection& request,
-                     std::vector<Text>* selection, const Text& qualifier);
+    bool headerLines(const Text& prefix, const Text& working, Collection& request, std::vector<Text>* selection,
+                     const Text& qualifier);
     bool elementLists(const Text& prefix, const Text& working, Collection& request);
 };
 
@@ -107,4 +107,4 @@ void pslLine(const Text& display, Collection& request);
 void scanTransferable(const Text& display, std::vector<Text>* selection, const Text& qualifier,
                       std::vector<Text>& output);
 
-} // namespace oracle
+}  // namespace oracle

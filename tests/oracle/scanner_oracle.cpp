@@ -23,8 +23,7 @@ struct Element {
     Text text;
 };
 
-Selected readSelection(std::vector<Text>* selection)
-{
+Selected readSelection(std::vector<Text>* selection) {
     Selected selected;
     if (selection == nullptr) {
         return selected;
@@ -44,8 +43,7 @@ Selected readSelection(std::vector<Text>* selection)
     return selected;
 }
 
-bool isTaken(const Element& element, const Selected& selected, const Text& qualifier)
-{
+bool isTaken(const Element& element, const Selected& selected, const Text& qualifier) {
     bool candidate = !selected.kindS && !selected.kindA;
     if (element.kind == u"S" && selected.kindS) {
         candidate = true;
@@ -69,8 +67,7 @@ bool isTaken(const Element& element, const Selected& selected, const Text& quali
 }
 
 // The line of the section's header; below 0 when the display ends before it.
-int headerLine(const Text& display)
-{
+int headerLine(const Text& display) {
     int n = 0;
     while (true) {
         const Text line = screenLine(display, n);
@@ -84,11 +81,10 @@ int headerLine(const Text& display)
     }
 }
 
-} // namespace
+}  // namespace
 
 void scanTransferable(const Text& display, std::vector<Text>* selection, const Text& qualifier,
-                      std::vector<Text>& output)
-{
+                      std::vector<Text>& output) {
     const Selected selected = readSelection(selection);
     int n = headerLine(display);
     if (n < 0) {
@@ -99,8 +95,7 @@ void scanTransferable(const Text& display, std::vector<Text>* selection, const T
     while (true) {
         n = add16(n, 1);
         const Text line = screenLine(display, n);
-        const bool ends = found(line, u">") > 0 || found(line, u"END OF DISPLAY") > 0 ||
-                          mid(line, 1, 6) == u"------";
+        const bool ends = found(line, u">") > 0 || found(line, u"END OF DISPLAY") > 0 || mid(line, 1, 6) == u"------";
         if (!ends && open && mid(line, 1, 17) == Text(17, u' ')) {
             element.text = element.text + trimmed(mid(line, 18));
             continue;
@@ -123,4 +118,4 @@ void scanTransferable(const Text& display, std::vector<Text>* selection, const T
     }
 }
 
-} // namespace oracle
+}  // namespace oracle

@@ -34,4 +34,4 @@ int recLocCount(const Text& response, LinkedProfiles& linked);
 // One linked profile; 5130.
 std::optional<Collection> verifyCRLPTrans(const Text& response, const Collection* state);
 
-} // namespace oracle
+}  // namespace oracle

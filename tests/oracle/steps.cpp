@@ -2,8 +2,7 @@
 
 namespace oracle {
 
-Text screenLine(const Text& text, int n)
-{
+Text screenLine(const Text& text, int n) {
     if (n < 0) {
         throw Failure{invalidCall};
     }
@@ -14,8 +13,7 @@ Text screenLine(const Text& text, int n)
     return text.substr(before, 80);
 }
 
-Text rightTrimmed(const Text& text)
-{
+Text rightTrimmed(const Text& text) {
     Text result = text;
     while (!result.empty() && result.back() == u' ') {
         result.pop_back();
@@ -23,8 +21,7 @@ Text rightTrimmed(const Text& text)
     return result;
 }
 
-Text trimmed(const Text& text)
-{
+Text trimmed(const Text& text) {
     Text result = rightTrimmed(text);
     while (!result.empty() && result.front() == u' ') {
         result.erase(0, 1);
@@ -32,8 +29,7 @@ Text trimmed(const Text& text)
     return result;
 }
 
-Text mid(const Text& text, int p)
-{
+Text mid(const Text& text, int p) {
     if (p < 1) {
         throw Failure{invalidCall};
     }
@@ -44,8 +40,7 @@ Text mid(const Text& text, int p)
     return text.substr(before);
 }
 
-Text mid(const Text& text, int p, int n)
-{
+Text mid(const Text& text, int p, int n) {
     const Text rest = mid(text, p);
     if (n < 1) {
         return Text();
@@ -53,8 +48,7 @@ Text mid(const Text& text, int p, int n)
     return rest.substr(0, static_cast<std::size_t>(n));
 }
 
-Text right(const Text& text, int n)
-{
+Text right(const Text& text, int n) {
     if (n < 0) {
         throw Failure{invalidCall};
     }
@@ -65,8 +59,7 @@ Text right(const Text& text, int n)
     return text.substr(text.size() - wanted);
 }
 
-int found(const Text& text, const Text& needle, int start)
-{
+int found(const Text& text, const Text& needle, int start) {
     if (start < 1) {
         throw Failure{invalidCall};
     }
@@ -81,8 +74,7 @@ int found(const Text& text, const Text& needle, int start)
     return static_cast<int>(place) + 1;
 }
 
-Text textField(const Text& text, int n, const Text& separator)
-{
+Text textField(const Text& text, int n, const Text& separator) {
     Text rest = text;
     for (int field = 1; field < n; ++field) {
         const int place = found(rest, separator);
@@ -98,8 +90,7 @@ Text textField(const Text& text, int n, const Text& separator)
     return mid(rest, 1, place - 1);
 }
 
-bool isNumeric(const Text& text)
-{
+bool isNumeric(const Text& text) {
     if (text.empty()) {
         return false;
     }
@@ -111,8 +102,7 @@ bool isNumeric(const Text& text)
     return true;
 }
 
-Text upperCase(const Text& text)
-{
+Text upperCase(const Text& text) {
     Text result;
     for (const char16_t character : text) {
         if (character >= u'a' && character <= u'z') {
@@ -124,13 +114,9 @@ Text upperCase(const Text& text)
     return result;
 }
 
-Text decimal(int number)
-{
-    return wide(std::to_string(number));
-}
+Text decimal(int number) { return wide(std::to_string(number)); }
 
-Text wide(const std::string& plain)
-{
+Text wide(const std::string& plain) {
     Text result;
     for (const char character : plain) {
         result.push_back(static_cast<char16_t>(static_cast<unsigned char>(character)));
@@ -138,8 +124,7 @@ Text wide(const std::string& plain)
     return result;
 }
 
-int add16(int left, int right)
-{
+int add16(int left, int right) {
     const int sum = left + right;
     if (sum < -32768 || sum > 32767) {
         throw Failure{overflow};
@@ -147,12 +132,11 @@ int add16(int left, int right)
     return sum;
 }
 
-const Text& entry(const std::vector<Text>& list, int index)
-{
+const Text& entry(const std::vector<Text>& list, int index) {
     if (index < 0 || static_cast<std::size_t>(index) >= list.size()) {
         throw Failure{outOfRange};
     }
     return list[static_cast<std::size_t>(index)];
 }
 
-} // namespace oracle
+}  // namespace oracle

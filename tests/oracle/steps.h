@@ -59,8 +59,7 @@ const Text& entry(const std::vector<Text>& list, int index);
 
 // Runs the steps; whatever fails in them leaves as the given number.
 template <typename Steps>
-auto raising(int number, Steps steps)
-{
+auto raising(int number, Steps steps) {
     try {
         return steps();
     } catch (const Failure&) {
@@ -68,4 +67,4 @@ auto raising(int number, Steps steps)
     }
 }
 
-} // namespace oracle
+}  // namespace oracle

@@ -14,40 +14,30 @@ namespace {
 
 const Text seventeenBlanks(17, u' ');
 
-} // namespace
+}  // namespace
 
 // The list at the size for one more element, that element's entry empty whatever stood there before.
-std::vector<Text>& ProfileOracle::emptied(const std::string& name, int count)
-{
+std::vector<Text>& ProfileOracle::emptied(const std::string& name, int count) {
     std::vector<Text>& list = lists[name];
     list.resize(static_cast<std::size_t>(count) + 1);
     list.back() = Text();
     return list;
 }
 
-bool ProfileOracle::isElement(const Text& line, Kind kind) const
-{
+bool ProfileOracle::isElement(const Text& line, Kind kind) const {
     switch (kind) {
-    case Kind::Remark:
-        return found(line, u" RM ", 13) > 0;
-    case Kind::Contact:
-        return mid(line, 12, 6) == u"  AP  ";
-    case Kind::OtherService:
-        return found(line, u" OS ", 13) > 0;
-    case Kind::FrequentFlyer:
-        return found(line, u" FFN ", 13) > 0;
-    case Kind::ServiceRequest:
-        return found(line, u" SR ", 13) > 0;
-    case Kind::Seat:
-        return found(line, u" ST ", 13) > 0;
-    case Kind::RemarkConf:
-        return found(line, u" RC ", 13) > 0;
+        case Kind::Remark: return found(line, u" RM ", 13) > 0;
+        case Kind::Contact: return mid(line, 12, 6) == u"  AP  ";
+        case Kind::OtherService: return found(line, u" OS ", 13) > 0;
+        case Kind::FrequentFlyer: return found(line, u" FFN ", 13) > 0;
+        case Kind::ServiceRequest: return found(line, u" SR ", 13) > 0;
+        case Kind::Seat: return found(line, u" ST ", 13) > 0;
+        case Kind::RemarkConf: return found(line, u" RC ", 13) > 0;
     }
     return false;
 }
 
-void ProfileOracle::storeFrequentFlyer(int count)
-{
+void ProfileOracle::storeFrequentFlyer(int count) {
     const std::size_t index = static_cast<std::size_t>(count);
     std::vector<Text>& carriers = emptied("strFrequentFlyerCarrier", count);
     std::vector<Text>& accounts = emptied("strFrequentFlyerAccount", count);
@@ -60,8 +50,7 @@ void ProfileOracle::storeFrequentFlyer(int count)
     accounts[index] = trimmed(mid(text, 8));
 }
 
-void ProfileOracle::storeServiceRequest(int count)
-{
+void ProfileOracle::storeServiceRequest(int count) {
     const std::size_t index = static_cast<std::size_t>(count);
     std::vector<Text>& codes = emptied("strServiceRequestCode", count);
     std::vector<Text>& carriers = emptied("strServiceRequestCarrier", count);
@@ -85,17 +74,16 @@ void ProfileOracle::storeServiceRequest(int count)
     }
 }
 
-void ProfileOracle::storeTransferable(const Text& line, Kind kind, int count)
-{
+void ProfileOracle::storeTransferable(const Text& line, Kind kind, int count) {
     std::string stem;
     switch (kind) {
-    case Kind::Remark: stem = "strRemark"; break;
-    case Kind::Contact: stem = "strContact"; break;
-    case Kind::OtherService: stem = "strOtherService"; break;
-    case Kind::FrequentFlyer: stem = "strFrequentFlyer"; break;
-    case Kind::ServiceRequest: stem = "strServiceRequest"; break;
-    case Kind::Seat: stem = "strSeat"; break;
-    case Kind::RemarkConf: stem = "strRemarkConf"; break;
+        case Kind::Remark: stem = "strRemark"; break;
+        case Kind::Contact: stem = "strContact"; break;
+        case Kind::OtherService: stem = "strOtherService"; break;
+        case Kind::FrequentFlyer: stem = "strFrequentFlyer"; break;
+        case Kind::ServiceRequest: stem = "strServiceRequest"; break;
+        case Kind::Seat: stem = "strSeat"; break;
+        case Kind::RemarkConf: stem = "strRemarkConf"; break;
     }
     emptied(stem + "Text", count).back() = trimmed(mid(line, 14));
     emptied(stem + "Number", count).back() = trimmed(mid(line, 6, 3));
@@ -110,8 +98,7 @@ void ProfileOracle::storeTransferable(const Text& line, Kind kind, int count)
     }
 }
 
-int ProfileOracle::transferable(const Text& display, Kind kind)
-{
+int ProfileOracle::transferable(const Text& display, Kind kind) {
     if (display.empty()) {
         return 0;
     }
@@ -159,40 +146,33 @@ int ProfileOracle::transferable(const Text& display, Kind kind)
     }
 }
 
-int ProfileOracle::RemarkElementsCount(const Text& display)
-{
+int ProfileOracle::RemarkElementsCount(const Text& display) {
     return raising(5260, [&] { return transferable(display, Kind::Remark); });
 }
 
-int ProfileOracle::ContactElementsCount(const Text& display)
-{
+int ProfileOracle::ContactElementsCount(const Text& display) {
     return raising(5235, [&] { return transferable(display, Kind::Contact); });
 }
 
-int ProfileOracle::OtherServiceElementsCount(const Text& display)
-{
+int ProfileOracle::OtherServiceElementsCount(const Text& display) {
     return raising(5250, [&] { return transferable(display, Kind::OtherService); });
 }
 
-int ProfileOracle::FrequentFlyerElementsCount(const Text& display)
-{
+int ProfileOracle::FrequentFlyerElementsCount(const Text& display) {
     return raising(5255, [&] { return transferable(display, Kind::FrequentFlyer); });
 }
 
-int ProfileOracle::ServiceRequestElementsCount(const Text& display)
-{
+int ProfileOracle::ServiceRequestElementsCount(const Text& display) {
     return raising(5245, [&] { return transferable(display, Kind::ServiceRequest); });
 }
 
-int ProfileOracle::SeatElementsCount(const Text& display)
-{
+int ProfileOracle::SeatElementsCount(const Text& display) {
     return raising(5240, [&] { return transferable(display, Kind::Seat); });
 }
 
 // The number of the plain remarks, not 5265.
-int ProfileOracle::RemarkConfElementsCount(const Text& display)
-{
+int ProfileOracle::RemarkConfElementsCount(const Text& display) {
     return raising(5260, [&] { return transferable(display, Kind::RemarkConf); });
 }
 
-} // namespace oracle
+}  // namespace oracle
