@@ -1,0 +1,59 @@
+#include "cli/batch/line_reader.h"
+
+#include "cli/json_in.h"
+
+#include <algorithm>
+#include <cstring>
+#include <string_view>
+
+namespace vantro {
+
+namespace {
+
+constexpr std::string_view byteOrderMark = "\xEF\xBB\xBF";
+
+}  // namespace
+
+LineReader::LineReader(Source source, std::size_t block)
+    : source_(std::move(source)), block_(block), buffer_(block + jsonPadding) {}
+
+bool LineReader::isNextHere() {
+    const void* const lineEnd = std::memchr(buffer_.data() + scanned_, '\n', end_ - scanned_);
+    scanned_ = lineEnd == nullptr ? end_ : static_cast<std::size_t>(static_cast<const char*>(lineEnd) - buffer_.data());
+    return lineEnd != nullptr;
+}
+
+std::optional<std::span<char>> LineReader::next() {
+    while (!isNextHere() && !sourceEnded_) readMore();
+    const bool isLast = scanned_ == end_;
+    if (isLast && begin_ == end_) return std::nullopt;
+    const std::span<char> line = takeUpTo(scanned_);
+    // A stream of nothing but a byte order mark holds no line.
+    if (isLast && line.empty()) return std::nullopt;
+    return line;
+}
+
+std::span<char> LineReader::takeUpTo(std::size_t lineEnd) {
+    std::span<char> line(buffer_.data() + begin_, lineEnd - begin_);
+    begin_ = scanned_ = std::min(lineEnd + 1, end_);
+    if (std::string_view(line.data(), line.size()).starts_with(byteOrderMark) && atStart_) {
+        line = line.subspan(byteOrderMark.size());
+    }
+    atStart_ = false;
+    return line;
+}
+
+// What is left of the last block moves to the front; the buffer grows when one line fills it.
+void LineReader::readMore() {
+    std::memmove(buffer_.data(), buffer_.data() + begin_, end_ - begin_);
+    scanned_ -= begin_;
+    end_ -= begin_;
+    begin_ = 0;
+    const auto room = [this] { return buffer_.size() - jsonPadding - end_; };
+    if (room() < (block_ + 1) / 2) buffer_.resize(buffer_.size() * 2);
+    const std::size_t count = source_({buffer_.data() + end_, room()});
+    sourceEnded_ = count == 0;
+    end_ += count;
+}
+
+}  // namespace vantro

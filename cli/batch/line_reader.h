@@ -1,0 +1,43 @@
+// Lines of a stream, one at a time, in memory bounded by the longest of them.
+#pragma once
+
+#include <cstddef>
+#include <functional>
+#include <optional>
+#include <span>
+#include <vector>
+
+namespace vantro {
+
+class LineReader {
+public:
+    /// Fills the bytes as far as there is something to read and gives their number; 0 at the end.
+    using Source = std::function<std::size_t(std::span<char>)>;
+
+    static constexpr std::size_t defaultBlock = std::size_t{256} * 1024;
+
+    explicit LineReader(Source source, std::size_t block = defaultBlock);
+
+    /// The next line without its line end, or nothing at the end of the stream. It may be altered until the next
+    /// call, with the one byte behind it, and `jsonPadding` bytes behind it may be looked at. A last line may lack
+    /// its line end; a byte order mark at the start of the stream is not part of a line.
+    std::optional<std::span<char>> next();
+
+    /// True when the next line is already here, whole, so that `next` would not wait for more.
+    bool isNextHere();
+
+private:
+    void readMore();
+    std::span<char> takeUpTo(std::size_t lineEnd);
+
+    Source source_;
+    std::size_t block_;
+    std::vector<char> buffer_;
+    std::size_t begin_ = 0;    // first byte not handed out
+    std::size_t scanned_ = 0;  // no line end stands between begin_ and here
+    std::size_t end_ = 0;      // one past the last byte read
+    bool atStart_ = true;
+    bool sourceEnded_ = false;
+};
+
+}  // namespace vantro

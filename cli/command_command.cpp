@@ -1,0 +1,53 @@
+#include "cli/commands.h"
+#include "cli/failure.h"
+#include "cli/parameters.h"
+#include "cli/standard_io.h"
+#include "cli/trans_class.h"
+#include "cli/utf.h"
+
+#include <CLI/CLI.hpp>
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace vantro {
+
+namespace {
+
+struct CommandOptions {
+    std::string className;
+    std::vector<std::string> parameters;
+};
+
+int buildCommand(const CommandOptions& options) {
+    const ClassRow& row = transactionClass(options.className);
+    const auto params = std::make_shared<BuiltInCollection>();
+    addParameters(options.parameters, *params);
+
+    BuiltInTerminal terminal;
+    const Text command = createObject(row, terminal)->profileTrans()->CreateCommand(params);
+    writeOutput(toUtf8(command) + "\n");
+    if (command.empty()) complain("the parameters are not sufficient: the command is empty, nothing is to be sent");
+    return success;
+}
+
+}  // namespace
+
+void addCommandCommand(CLI::App& tool, int& status) {
+    CLI::App& command = *tool.add_subcommand("command", "Print the command line for the host");
+    const auto options = std::make_shared<CommandOptions>();
+    command.add_option("CLASS", options->className, "A transaction class, such as CPDNTrans")
+        ->required()
+        ->type_name("");
+    command.add_option("KEY=VALUE", options->parameters, parameterHelp)->type_name("");
+    command.footer(
+        "An empty command is printed as an empty line: the parameters are not sufficient, and nothing is to be sent.\n"
+        "\n"
+        "Examples:\n"
+        "  vantro-profile command CPDNTrans strKeyName=SMITH blnKeyExactMatch=true\n"
+        "  vantro-profile command CPTTrans intKeyArraySize=1 'strKeyElArray()=1' 'strKeyElArray()=4' \\\n"
+        "      'strKeySegArray()=' 'strKeySegArray()=2' 'strKeyPasArray()=' 'strKeyPasArray()=1'");
+    command.callback([options, &status] { status = buildCommand(*options); });
+}
+
+}  // namespace vantro

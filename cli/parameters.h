@@ -1,0 +1,19 @@
+// Parameters as they stand on a command line: KEY=VALUE.
+#pragma once
+
+#include "vantro/built_in_terminal.h"
+
+#include <string>
+#include <vector>
+
+namespace vantro {
+
+/// What `--help` says about KEY=VALUE.
+extern const char* const parameterHelp;
+
+/// Adds KEY=VALUE pairs (UTF-8) to a collection, each as the kind that its key tells. Pairs of a key ending in
+/// "()" are the entries of its list, in order, and replace a list that is there. Raises UsageError for a pair
+/// that cannot be read, and for any other key given twice.
+void addParameters(const std::vector<std::string>& pairs, BuiltInCollection& collection);
+
+}  // namespace vantro

@@ -1,0 +1,205 @@
+#include "cli/commands.h"
+#include "cli/displays.h"
+#include "cli/failure.h"
+#include "cli/input_files.h"
+#include "cli/ordered_workers.h"
+#include "cli/parsed_chunk.h"
+#include "cli/progress.h"
+#include "cli/results_view.h"
+#include "cli/screen_input.h"
+#include "cli/standard_io.h"
+
+#include <CLI/CLI.hpp>
+#include <algorithm>
+#include <memory>
+#include <optional>
+#include <stdexcept>
+#include <string>
+#include <vector>
+
+namespace vantro {
+
+namespace {
+
+struct ParseOptions {
+    std::vector<std::string> files;
+    bool table = false;
+    bool json = false;
+    bool pretty = false;
+    std::size_t threads = 1;
+};
+
+ProfileForm formFor(const ParseOptions& options) {
+    if (options.pretty) return ProfileForm::IndentedJson;
+    return chosenView(options.table, options.json) == View::Table ? ProfileForm::Table : ProfileForm::JsonLine;
+}
+
+/// A chunk of one of the files, or the end of the file.
+struct Step {
+    ParsedChunk parsed;
+    std::size_t bytes = 0;
+    bool endsFile = false;
+    std::string failure;  // why the file ends early
+};
+
+/// Prints what comes of the files, in their order, and keeps count of what went wrong.
+class Printer {
+public:
+    Printer(const ParseOptions& options, ProfileForm form)
+        : options_(options),
+          form_(form),
+          progress_(lengthInAll(options.files), errorIsTerminal() ? writeError : Progress::Write{}) {}
+
+    void take(const Step& step) {
+        print(step.parsed);
+        for (const ParsedDisplay& display : step.parsed.displays) complainOf(display);
+        lines_ += step.parsed.lines;
+        if (step.endsFile) endFile(step.failure);
+        progress_.step(step.bytes, step.parsed.displays.size());
+    }
+
+    int status() const { return status_; }
+
+private:
+    std::string name() const {
+        const std::string& file = options_.files[file_];
+        return isStandardInput(file) ? "standard input" : file;
+    }
+
+    void print(const ParsedChunk& parsed) {
+        if (parsed.out.empty()) return;
+        if (outputIsTerminal()) progress_.hide();
+        writeOutput(form_ == ProfileForm::Table ? withHeadings(parsed) : parsed.out);
+    }
+
+    std::string withHeadings(const ParsedChunk& parsed) const {
+        std::string all;
+        std::size_t start = 0;
+        std::size_t number = displays_;
+        for (const ParsedDisplay& display : parsed.displays) {
+            ++number;
+            if (display.fault == LineFault::None) {
+                all += name() + ", display " + std::to_string(number) + "\n\n";
+                all += parsed.out.substr(start, display.outEnd - start) + "\n";
+            }
+            start = display.outEnd;
+        }
+        return all;
+    }
+
+    void complainOf(const ParsedDisplay& display) {
+        const std::string where = ", display " + std::to_string(++displays_) + ": ";
+        const std::size_t line = lines_ + display.faultyLine;
+        switch (display.fault) {
+            case LineFault::None:
+                if (!display.unanswered.empty()) fail(where + "no answer to " + display.unanswered);
+                break;
+            case LineFault::TooLong:
+                fail(where + tooLongLine(line, display.faultyLength) + "; the display is left out");
+                break;
+            case LineFault::NotUtf8:
+                fail(where + "line " + std::to_string(line) + " is not UTF-8; the display is left out");
+                break;
+        }
+    }
+
+    void endFile(const std::string& failure) {
+        if (!failure.empty()) {
+            progress_.hide();
+            complain(failure);
+            status_ = badUsage;
+        } else if (displays_ == 0) {
+            fail(" holds no display");
+        }
+        ++file_;
+        displays_ = 0;
+        lines_ = 0;
+    }
+
+    void fail(const std::string& what) {
+        progress_.hide();
+        complain(name() + what);
+        status_ = std::max(status_, callFailed);
+    }
+
+    const ParseOptions& options_;
+    ProfileForm form_;
+    Progress progress_;
+    std::size_t file_ = 0;
+    std::size_t displays_ = 0;  // of this file
+    std::size_t lines_ = 0;     // of this file
+    int status_ = success;
+};
+
+void readFile(const std::string& file, ProfileForm form, OrderedWork<Step>& work) {
+    std::string failure;
+    std::optional<ChunkReader> reader;
+    // A file that breaks is no reason to leave the others out.
+    const auto next = [&]() -> std::optional<std::string> {
+        try {
+            if (!reader) reader.emplace(openInput(file));
+            return reader->next();
+        } catch (const std::runtime_error& problem) {
+            failure = problem.what();
+            return std::nullopt;
+        }
+    };
+    while (std::optional<std::string> chunk = next()) {
+        work.add([text = std::move(*chunk), form] {
+            return Step{.parsed = parseChunk(text, form), .bytes = text.size(), .failure = {}};
+        });
+    }
+    work.add([failure] { return Step{.parsed = {}, .endsFile = true, .failure = failure}; });
+}
+
+int parseFiles(ParseOptions options) {
+    if (options.files.empty()) options.files.emplace_back("-");
+    const auto standardInputs = std::ranges::count_if(options.files, isStandardInput);
+    if (standardInputs > 1) throw UsageError("standard input can be read once only; name it once");
+    if (standardInputs == 1 && inputIsTerminal()) {
+        complain("reading displays from standard input; end them with the end-of-file key");
+    }
+    const ProfileForm form = formFor(options);
+    Printer printer(options, form);
+    OrderedWork<Step> work(options.threads, [&printer](const Step& step) { printer.take(step); });
+    for (const std::string& file : options.files) readFile(file, form, work);
+    work.finish();
+    return printer.status();
+}
+
+constexpr auto footer =
+    "A display is lines of up to 80 characters, or one unbroken text. It ends with the line that holds END OF\n"
+    "DISPLAY or with a line of the prompt > alone. Blank lines and prompts below its end still belong to it, and\n"
+    "the next other line begins another display. What stands behind the last end is a display without an end.\n"
+    "Every line but a display's last is padded with blanks to 80 characters.\n"
+    "\n"
+    "JSON is one line a display, in the order of the displays. A display with a line that is too long is left\n"
+    "out; queries that a display cannot answer are listed under \"problems\". Both are said on standard error.\n"
+    "Exit status: 0 all read and answered, 1 a display was left out, not answered in full or not there at all,\n"
+    "2 bad usage or a file that cannot be read.\n"
+    "\n"
+    "Examples:\n"
+    "  vantro-profile parse --pretty display.txt\n"
+    "  vantro-profile parse -j 4 displays/*.txt > profiles.jsonl\n"
+    "  vantro-profile parse --table < display.txt";
+
+}  // namespace
+
+void addParseCommand(CLI::App& tool, int& status) {
+    constexpr std::size_t mostThreads = 256;
+    CLI::App& command = *tool.add_subcommand("parse", "Print everything that profile displays hold");
+    const auto options = std::make_shared<ParseOptions>();
+    command.add_option("FILE", options->files, "Files with displays (default, and for -: standard input)")
+        ->type_name("");
+    auto* const table = command.add_flag("--table", options->table, "Print tables, also into a file or pipe");
+    command.add_flag("--json", options->json, "Print JSON, also on a terminal")->excludes(table);
+    command.add_flag("--pretty", options->pretty, "Print JSON with an indent of 2 blanks a level")->excludes(table);
+    command.add_option("-j,--jobs", options->threads, "Parse on N threads; the order stays")
+        ->check(CLI::Range(std::size_t{1}, mostThreads))
+        ->type_name("N")
+        ->capture_default_str();
+    command.footer(footer);
+    command.callback([options, &status] { status = parseFiles(*options); });
+}
+
+}  // namespace vantro

@@ -1,0 +1,63 @@
+#include "cli/parsed_chunk.h"
+
+#include "cli/profile_json.h"
+#include "cli/profile_table.h"
+#include "cli/utf.h"
+
+#include <utility>
+
+namespace vantro {
+
+namespace {
+
+void appendProfile(const Profile& profile, ProfileForm form, std::string& out) {
+    switch (form) {
+        case ProfileForm::JsonLine: {
+            JsonOut json(out);
+            writeProfile(profile, json);
+            out += '\n';
+            break;
+        }
+        case ProfileForm::IndentedJson: {
+            std::string unbroken;
+            JsonOut json(unbroken);
+            writeProfile(profile, json);
+            appendIndented(unbroken, out);
+            out += '\n';
+            break;
+        }
+        case ProfileForm::Table: out += profileTable(profile); break;
+    }
+}
+
+std::string unansweredIn(const Profile& profile) {
+    std::string list;
+    for (const Problem& problem : profile.problems) {
+        if (!list.empty()) list += ", ";
+        list += toUtf8(problem.query) + " (error " + std::to_string(problem.number) + ")";
+    }
+    return list;
+}
+
+}  // namespace
+
+ParsedChunk parseChunk(std::string_view chunk, ProfileForm form) {
+    ParsedChunk parsed;
+    ChunkDisplays displays(chunk);
+    while (std::optional<FoundDisplay> found = displays.next()) {
+        ParsedDisplay& display = parsed.displays.emplace_back();
+        display.fault = found->fault;
+        display.faultyLine = found->faultyLine;
+        display.faultyLength = found->faultyLength;
+        if (found->fault == LineFault::None) {
+            const Profile profile = parseProfile(std::move(found->text));
+            display.unanswered = unansweredIn(profile);
+            appendProfile(profile, form, parsed.out);
+        }
+        display.outEnd = parsed.out.size();
+    }
+    parsed.lines = displays.lines();
+    return parsed;
+}
+
+}  // namespace vantro

@@ -1,0 +1,24 @@
+// Host screens as people and files write them.
+#pragma once
+
+#include "vantro/text.h"
+
+#include <cstddef>
+#include <string>
+#include <string_view>
+
+namespace vantro {
+
+/// The characters of a screen line.
+inline constexpr std::size_t screenWidth = 80;
+
+/// What to say about a line (counted from 1) that is longer than a screen line.
+std::string tooLongLine(std::size_t line, std::size_t length);
+
+/// The screen in a UTF-8 text. A text of one line is the screen as it is, unbroken; of several lines every line
+/// but the last is padded with blanks to 80 characters. A byte order mark, CRLF line ends and one line end at
+/// the very end are not part of the screen. Raises UsageError for a line over 80 characters in a text of several
+/// lines, and for bytes that are not UTF-8.
+Text screenFromText(std::string_view utf8);
+
+}  // namespace vantro

@@ -1,0 +1,283 @@
+// The batch protocol, as a client in any language sees it.
+#include "tests/cli/process.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+namespace vantro::test {
+
+namespace {
+
+using Lines = std::vector<std::string>;
+
+const std::string px3 = R"({"class":"CPXTrans","call":"CreateCommand","params":{"strKeyItemNr":"3"}})";
+const std::string px3Answer = R"({"result":"PX3"})";
+
+std::string answerTo(const std::string& request) {
+    const Lines answers = answersTo({request});
+    EXPECT_EQ(answers.size(), 1U);
+    return answers.empty() ? "" : answers.front();
+}
+
+bool isBadRequest(const std::string& answer) {
+    return answer.find(R"("error":{"number":0,"source":"request","description":")") != std::string::npos;
+}
+
+std::string line80(std::string line) {
+    line.resize(80, ' ');
+    return line;
+}
+
+TEST(Batch, AnswersTheExamples) {
+    EXPECT_EQ(
+        answersTo(
+            {R"({"class":"CPDNTrans","call":"CreateCommand","params":{"strKeyName":"SMITH"}})",
+             R"({"id":7,"class":"CPXTrans","call":"VerifyResponse","response":["PX3","PROFILE WILL BE DEACTIVATED"]})",
+             R"({"class":"CPXTrans","call":"VerifyResponse","response":""})"}),
+        (Lines{R"({"result":"PDN/-SMITH"})", R"({"id":7,"result":{"blnKeyResponseOK":true}})", R"({"result":null})"}));
+}
+
+TEST(Batch, BuildsACommand) { EXPECT_EQ(answerTo(px3), px3Answer); }
+
+TEST(Batch, AnEmptyInputHasNoAnswersAndIsFine) {
+    const Finished run = runBatch("");
+    EXPECT_EQ(run.out, "");
+    EXPECT_EQ(run.status, 0);
+}
+
+TEST(Batch, TheIdIsTheFirstMemberAndCopiedAsItIs) {
+    EXPECT_EQ(answerTo(R"({"class":"CPXTrans","call":"CreateCommand","params":{},"id":{"a":[1.50,null,"\u00e9"]}})"),
+              "{\"id\":{\"a\":[1.50,null,\"\xC3\xA9\"]},\"result\":\"PX\"}");
+    EXPECT_EQ(answerTo(R"({"class":"CPXTrans","call":"CreateCommand","params":{},"id":null})"),
+              R"({"id":null,"result":"PX"})");
+}
+
+TEST(Batch, AnErrorThatACallRaisesIsItsAnswerAndNoBadRequest) {
+    const Finished run = runBatch(R"({"id":"m","class":"CProfileMode","call":"VerifyResponse","response":"x"})"
+                                  "\n");
+    EXPECT_EQ(run.out, R"({"id":"m","error":{"number":5045,"source":"VantroProfileUtils",)"
+                       R"("description":"An error has occurred while verifying the profile."}})"
+                       "\n");
+    EXPECT_EQ(run.status, 0);
+    EXPECT_EQ(run.err, "");
+}
+
+TEST(Batch, AParameterOfAWrongKindIsAnErrorOfTheCall) {
+    EXPECT_EQ(answerTo(R"({"class":"CPXTrans","call":"CreateCommand","params":{"strKeyItemNr":["3"]}})"),
+              R"({"error":{"number":5010,"source":"VantroProfileUtils",)"
+              R"("description":"An error has occurred while creating a profile command."}})");
+}
+
+TEST(Batch, ABadLineCostsNoneOfTheOthers) {
+    const Lines bad = {
+        "",
+        "   ",
+        "not json",
+        "{\"class\":\"CPXTrans\"",
+        "[]",
+        "5",
+        R"({"class":"CPYTrans","call":"CreateCommand"})",
+        R"({"class":"CProfile","call":"CreateCommand"})",
+        R"({"class":"CPXTrans","call":"PPRElementsCount","display":""})",
+        R"({"class":"CPXTrans","call":"VerifyResponse"})",
+        R"({"class":"CPXTrans","call":"VerifyResponse","response":null})",
+        R"({"class":"CPXTrans","call":"VerifyResponse","response":["x",5]})",
+        R"({"class":"CPXTrans","call":"CreateCommand","params":{"a":1.5}})",
+        R"({"class":"CPXTrans","call":"CreateCommand","params":{"strKeyItemNr":"\udc00"}})",
+        "{\"class\":\"CPXTrans\",\"call\":\"CreateCommand\",\"params\":{\"strKeyItemNr\":\"\xC3\"}}",
+        "{\"class\":\"CPXTrans\",\"call\":\"CreateCommand\",\"params\":{\"strKeyItemNr\":\"a\x1F"
+        "b\"}}",
+        std::string("{\0}", 3),
+        std::string(100'000, '['),
+        std::string(1'000'000, 'x'),
+        "{\"class\":\"CPXTrans\",\"call\":\"VerifyResponse\",\"response\":[\"" + std::string(81, 'x') + "\"]}",
+    };
+    Lines requests{px3};
+    for (const std::string& line : bad) requests.insert(requests.end(), {line, px3});
+    const Lines answers = answersTo(requests);
+    ASSERT_EQ(answers.size(), requests.size());
+    for (std::size_t i = 0; i < answers.size(); ++i) {
+        const bool good = i % 2 == 0;
+        EXPECT_EQ(answers[i] == px3Answer, good) << requests[i].substr(0, 80) << ": " << answers[i];
+        EXPECT_EQ(isBadRequest(answers[i]), !good) << requests[i].substr(0, 80) << ": " << answers[i];
+    }
+}
+
+TEST(Batch, TheExitStatusTellsWhetherEveryLineWasARequest) {
+    EXPECT_EQ(runBatch(px3 + "\n").status, 0);
+    const Finished run = runBatch(px3 + "\nx\n" + px3 + "\n\n");
+    EXPECT_EQ(run.status, 1);
+    EXPECT_EQ(run.err, "vantro-profile: 2 of 4 lines are not requests, the first is line 2; their responses say why\n");
+    EXPECT_EQ(runTool({"batch", "--frobnicate"}).status, 2);
+    EXPECT_EQ(runTool({"batch", "file"}).status, 2);
+}
+
+TEST(Batch, TheIdOfABadRequestIsCopiedWhereverItStands) {
+    for (const char* line : {R"({"id":9,"class":"CPYTrans"})", R"({"class":5,"call":{"id":1},"id":9})",
+                             R"({"params":"\ud800\ud800","id":9})", "{\"x\":\"\xFF\",\"id\":9}"}) {
+        const std::string answer = answerTo(line);
+        EXPECT_EQ(answer.rfind(R"({"id":9,"error":{"number":0,"source":"request",)", 0), 0U) << answer;
+    }
+}
+
+TEST(Batch, AByteOrderMarkAtTheStartIsSkippedAndNowhereElse) {
+    const Finished run = runBatch("\xEF\xBB\xBF" + px3 + "\n\xEF\xBB\xBF" + px3 + "\n");
+    const Lines answers = linesOf(run.out);
+    ASSERT_EQ(answers.size(), 2U);
+    EXPECT_EQ(answers[0], px3Answer);
+    EXPECT_TRUE(isBadRequest(answers[1]));
+}
+
+TEST(Batch, ALastLineNeedsNoLineEndAndALineEndMakesNoLine) {
+    EXPECT_EQ(runBatch(px3).out, px3Answer + "\n");
+    EXPECT_EQ(runBatch(px3 + "\n").out, px3Answer + "\n");
+    EXPECT_EQ(linesOf(runBatch(px3 + "\n\n").out).size(), 2U);
+}
+
+TEST(Batch, LinesMayEndInCarriageReturns) {
+    EXPECT_EQ(runBatch(px3 + "\r\n" + px3 + "\r\n").out, px3Answer + "\n" + px3Answer + "\n");
+}
+
+TEST(Batch, TextIsUtf16InsideAndUtf8Outside) {
+    const std::string answer = "{\"result\":\"PX\xC3\xA9\xF0\x9F\x98\x80\\u0001\\\"\"}";
+    EXPECT_EQ(
+        answerTo(
+            R"({"class":"CPXTrans","call":"CreateCommand","params":{"strKeyItemNr":"\u00e9\ud83d\ude00\u0001\""}})"),
+        answer);
+    EXPECT_EQ(answerTo("{\"class\":\"CPXTrans\",\"call\":\"CreateCommand\",\"params\":{\"strKeyItemNr\":"
+                       "\"\xC3\xA9\xF0\x9F\x98\x80\\u0001\\\"\"}}"),
+              answer);
+}
+
+TEST(Batch, APairThatACutSplitsIsWrittenAsReplacementCharacter) {
+    // The name's 35 characters end between the two halves of the last one.
+    std::string name = R"( *C*)" + std::string(34, 'A') + R"(\ud83d\ude00)";
+    EXPECT_EQ(
+        answerTo(R"({"class":"CProfile","call":"ProfileElements","params":{"strKeyPrefix":"NM"},"display":["",")" +
+                 name.substr(1) + R"("]})"),
+        R"({"result":null,"params":{"strKeyPrefix":"NM","strKeyElement":")" + std::string(34, 'A') +
+            "\xEF\xBF\xBD\"}}");
+}
+
+TEST(Batch, LinesOfOneMegabyteAreLinesLikeOthers) {
+    const std::string million(1'000'000, 'A');
+    const Lines answers = answersTo(
+        {px3, R"({"class":"CPXTrans","call":"CreateCommand","params":{"strKeyItemNr":")" + million + "\"}}",
+         R"({"id":")" + million + R"(","class":"CPXTrans","call":"VerifyResponse","response":")" + million + "\"}",
+         px3});
+    ASSERT_EQ(answers.size(), 4U);
+    EXPECT_EQ(answers[0], px3Answer);
+    EXPECT_EQ(answers[1], R"({"result":"PX)" + million + "\"}");
+    EXPECT_EQ(answers[2], R"({"id":")" + million + R"(","result":{"blnKeyResponseOK":false}})");
+    EXPECT_EQ(answers[3], px3Answer);
+}
+
+TEST(Batch, DeepNestingIsReadToItsEnd) {
+    const std::string deep = std::string(200'000, '[') + std::string(200'000, ']');
+    EXPECT_EQ(answerTo(R"({"class":"CPXTrans","call":"CreateCommand","params":{},"ignored":)" + deep + "}"),
+              R"({"result":"PX"})");
+    EXPECT_EQ(answerTo(R"({"id":)" + deep + R"(,"class":"CPXTrans","call":"CreateCommand","params":{}})"),
+              R"({"id":)" + deep + R"(,"result":"PX"})");
+}
+
+TEST(Batch, ResultsHaveTheirKeysInTheOrderInWhichTheyWereAdded) {
+    EXPECT_EQ(
+        answerTo(R"({"class":"CPTTrans","call":"VerifyResponse","response":["PT4","RP/NCE1A0950/","- PNR UPDATED"]})"),
+        R"({"result":{"blnKeyPNR":true,"blnKeyPNRCreated":false,"blnKeyPNRUpdated":true}})");
+}
+
+TEST(Batch, ACollectionThatIsReturnedAsGivenHoldsItsOwnKeysFirst) {
+    EXPECT_EQ(answerTo(R"({"class":"CProfileMode","call":"VerifyResponse","params":{"x":5,"blnKeyEnter":true},)"
+                       R"("response":["PM","*PROFILE MODE*"]})"),
+              R"({"result":{"x":5,"blnKeyEnter":true,"blnKeyResponseOK":true,"strKeyErrorString":"*PROFILE MODE*"}})");
+}
+
+TEST(Batch, TheArgumentsOfProfileElementsFollowItsResult) {
+    const std::string display = R"("display":["","  NM LINDQVIST/AGNES MS","END OF DISPLAY"])";
+    EXPECT_EQ(answerTo(R"({"id":1,"class":"CProfile","call":"ProfileElements","params":{"strKeyPrefix":"NM"},)" +
+                       display + "}"),
+              R"({"id":1,"result":null,"params":{"strKeyPrefix":"NM","strKeyElement":"LINDQVIST/AGNES MS"}})");
+    EXPECT_EQ(
+        answerTo(R"({"class":"CProfile","call":"ProfileElements","params":{"strKeyPrefix":"XYZ"},"selection":["a"],)" +
+                 display + "}"),
+        R"({"result":{"strKeyPrefix":"XYZ"},"params":{"strKeyPrefix":"XYZ"},"selection":["a"]})");
+}
+
+TEST(Batch, TheArgumentsOfProfileElementsFollowItsErrorToo) {
+    EXPECT_EQ(
+        answerTo(R"({"class":"CProfile","call":"ProfileElements","params":{"x":true},"selection":[],"display":"x"})"),
+        R"({"error":{"number":5065,"source":"VantroProfileUtils",)"
+        R"("description":"An error has occurred while verifying the profile."},"params":{"x":true},"selection":[]})");
+}
+
+TEST(Batch, WithoutACollectionProfileElementsHasNoneToShow) {
+    const std::string answer = answerTo(R"({"class":"CProfile","call":"ProfileElements","display":"x"})");
+    EXPECT_EQ(answer.rfind(R"({"error":{"number":91,)", 0), 0U) << answer;
+    EXPECT_EQ(answer.find("params"), std::string::npos);
+}
+
+TEST(Batch, TheSelectionIsShownAsTheCallLeftIt) {
+    // Columns: kind letter 1, number 6 to 8, text from 14.
+    EXPECT_EQ(
+        answerTo(R"({"class":"CProfile","call":"ProfileElements","params":{"strKeyPrefix":"ALL"},)"
+                 R"("selection":["s  rm","ap"],"qualifier":"RM","display":["","------- PNR TRANSFERABLE DATA",)"
+                 R"("S    12      RM AISLE SEAT","A    13      RM NOT THIS KIND","S    14      OS NOT THIS CODE",)"
+                 R"("END OF DISPLAY"]})"),
+        R"({"result":null,"params":{"strKeyPrefix":"ALL","strKeyElNbrsArray":["","12"]},"selection":["RM","AP"]})");
+}
+
+TEST(Batch, ACountIsANumber) {
+    const std::string screen = R"("response":["RLP","RP/NCE1A0950/","","T/ABC123 /P1","C/XYZ789",">"]})";
+    EXPECT_EQ(answerTo(R"({"class":"CRLPTrans","call":"RecLocCount",)" + screen), R"({"result":2})");
+}
+
+TEST(Batch, NotesAreCountedWithTheirFilters) {
+    const std::string call =
+        R"({"class":"CProfileNotes","call":"ProfileNotesElementsCount","display":)"
+        R"(["","*T*","------- PROFILE NOTES","A CALLS BACK","B WRITES","A WRITES BACK","END OF DISPLAY"])";
+    EXPECT_EQ(answerTo(call + "}"), R"({"result":3})");
+    EXPECT_EQ(answerTo(call + R"(,"searchString":"BACK"})"), R"({"result":2})");
+    EXPECT_EQ(answerTo(call + R"(,"searchString":"WRITES","searchQualifier":"A"})"), R"({"result":1})");
+}
+
+TEST(Batch, WhatWasReportedDuringACallIsNumberedLast) {
+    // Entry 9 is not on the list: the reader reports that and gives what it has.
+    const std::string call = R"({"class":"CRLPTrans","call":"VerifyResponse","params":{"strKeyIndex":"9"},)"
+                             R"("response":["RLP","RP/NCE1A0950/","T/ABC123 /P1",">"]})";
+    EXPECT_EQ(answersTo({call, px3}), (Lines{R"({"result":{},"reported":[5130]})", px3Answer}));
+}
+
+TEST(Batch, ARequestIsAnsweredBeforeTheNextOneIsSent) {
+    Dialogue dialogue;
+    for (int i = 0; i < 3; ++i) {
+        dialogue.send(px3 + "\n");
+        EXPECT_EQ(dialogue.receiveLine(), px3Answer);
+    }
+    // The start of a line that is still to come holds no answer back.
+    dialogue.send(px3 + "\n" + px3.substr(0, 10));
+    EXPECT_EQ(dialogue.receiveLine(), px3Answer);
+    dialogue.send(px3.substr(10) + "\n");
+    EXPECT_EQ(dialogue.receiveLine(), px3Answer);
+}
+
+TEST(Batch, MemoryDoesNotGrowWithTheNumberOfLines) {
+    const std::string line = R"({"class":"CPXTrans","call":"VerifyResponse","response":")" + line80("PX3") +
+                             std::string(1920, 'x') + "\"}\n";
+    std::string few;
+    for (int i = 0; i < 1000; ++i) few += line;
+    std::string many;
+    for (int i = 0; i < 20; ++i) many += few;
+    const Finished shortRun = runBatch(few);
+    const Finished longRun = runBatch(many);
+    ASSERT_EQ(shortRun.status, 0);
+    ASSERT_EQ(longRun.status, 0);
+    EXPECT_EQ(linesOf(longRun.out).size(), 20'000U);
+    // 40 MB go in; a sanitizer's own books grow a little.
+    EXPECT_LT(longRun.peakKilobytes, shortRun.peakKilobytes + 8 * 1024);
+}
+
+}  // namespace
+
+}  // namespace vantro::test

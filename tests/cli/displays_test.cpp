@@ -1,0 +1,155 @@
+// Texts cut into chunks and displays, whatever the size of the blocks in which they are read.
+#include "cli/displays.h"
+#include "cli/utf.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <string>
+#include <vector>
+
+namespace vantro {
+
+namespace {
+
+ByteSource bytesOf(std::string text) {
+    return [text = std::move(text), at = std::size_t{0}](std::span<char> bytes) mutable {
+        const std::size_t count = std::min(bytes.size(), text.size() - at);
+        std::copy_n(text.data() + at, count, bytes.data());
+        at += count;
+        return count;
+    };
+}
+
+std::vector<std::string> chunksOf(const std::string& text, std::size_t block = ChunkReader::defaultBlock) {
+    ChunkReader reader(bytesOf(text), block);
+    std::vector<std::string> chunks;
+    while (auto chunk = reader.next()) chunks.push_back(std::move(*chunk));
+    return chunks;
+}
+
+std::vector<std::string> displaysOf(const std::string& text, std::size_t block = ChunkReader::defaultBlock) {
+    std::vector<std::string> found;
+    for (const std::string& chunk : chunksOf(text, block)) {
+        ChunkDisplays displays(chunk);
+        while (auto display = displays.next()) {
+            EXPECT_EQ(display->fault, LineFault::None);
+            found.push_back(toUtf8(display->text));
+        }
+    }
+    return found;
+}
+
+std::string padded(std::string line) {
+    line.resize(80, ' ');
+    return line;
+}
+
+using Displays = std::vector<std::string>;
+
+TEST(SplitDisplays, EndWithTheEndTextOrAPromptAlone) {
+    EXPECT_EQ(displaysOf("A\nEND OF DISPLAY\nB\n>\nC\n"),
+              (Displays{padded("A") + "END OF DISPLAY", padded("B") + ">", "C"}));
+    EXPECT_EQ(displaysOf("A\n  > \nB"), (Displays{padded("A") + "  > ", "B"}));
+    EXPECT_EQ(displaysOf("A\n--- END OF DISPLAY ---\nB"), (Displays{padded("A") + "--- END OF DISPLAY ---", "B"}));
+}
+
+TEST(SplitDisplays, APromptWithMoreInItsLineIsNoEnd) {
+    EXPECT_EQ(displaysOf(">PDR/A\n-> >\nB"), (Displays{padded(">PDR/A") + padded("-> >") + "B"}));
+}
+
+TEST(SplitDisplays, PartOfTheEndTextIsNoEnd) {
+    EXPECT_EQ(
+        displaysOf("END OF DISPLA\nND OF DISPLAY\nEND OF  DISPLAY\nYY\nB"),
+        (Displays{padded("END OF DISPLA") + padded("ND OF DISPLAY") + padded("END OF  DISPLAY") + padded("YY") + "B"}));
+}
+
+TEST(SplitDisplays, BlankLinesAndPromptsBelowAnEndBelongToIt) {
+    EXPECT_EQ(displaysOf("A\nEND OF DISPLAY\n\n>\n\nB\n>\n"),
+              (Displays{padded("A") + padded("END OF DISPLAY") + padded("") + ">", padded("B") + ">"}));
+}
+
+TEST(SplitDisplays, BlankLinesInFrontOfTheFirstOneCount) {
+    EXPECT_EQ(displaysOf("\nA\n>\n"), (Displays{padded("") + padded("A") + ">"}));
+}
+
+TEST(SplitDisplays, ATextWithoutAnythingHoldsNone) {
+    EXPECT_EQ(displaysOf(""), Displays{});
+    EXPECT_EQ(displaysOf("\n  \r\n\n"), Displays{});
+    EXPECT_EQ(displaysOf("\xEF\xBB\xBF"), Displays{});
+}
+
+TEST(SplitDisplays, CarriageReturnsAndAByteOrderMarkAreNoPart) {
+    EXPECT_EQ(displaysOf("\xEF\xBB\xBF"
+                         "A\r\n>\r\nB\r\n"),
+              (Displays{padded("A") + ">", "B"}));
+}
+
+TEST(SplitDisplays, AnUnbrokenTextIsReadBy80Characters) {
+    const std::string first = padded("A") + padded("B") + padded("END OF DISPLAY");
+    EXPECT_EQ(displaysOf(first + padded("C") + ">"), (Displays{first, padded("C") + ">"}));
+    EXPECT_EQ(displaysOf(first + "\r\n"), Displays{first});
+    // The end text across two lines is in neither.
+    const std::string across = std::string(76, 'A') + "END OF DISPLAY";
+    EXPECT_EQ(displaysOf(across + padded("").substr(14)).size(), 1U);
+    EXPECT_EQ(displaysOf(std::string(79, 'A') + "\xC3\xA9" + "B"), Displays{std::string(79, 'A') + "\xC3\xA9" + "B"});
+}
+
+TEST(SplitDisplays, ALineOfMoreThan80CharactersSpoilsItsDisplayOnly) {
+    const std::string chunk = "A\n>\nB\n" + std::string(81, 'X') + "\n" + std::string(90, 'X') + "\n>\nC\n";
+    ChunkDisplays displays(chunk);
+    EXPECT_EQ(displays.next()->fault, LineFault::None);
+    const auto spoiled = displays.next();
+    ASSERT_TRUE(spoiled);
+    EXPECT_EQ(spoiled->fault, LineFault::TooLong);
+    EXPECT_EQ(spoiled->faultyLine, 4U);
+    EXPECT_EQ(spoiled->faultyLength, 81U);
+    const auto next = displays.next();
+    ASSERT_TRUE(next);
+    EXPECT_EQ(next->fault, LineFault::None);
+    EXPECT_EQ(next->text, u"C");
+    EXPECT_FALSE(displays.next());
+    EXPECT_EQ(displays.lines(), 7U);
+}
+
+TEST(SplitDisplays, ALineHasRoomFor80CharactersHoweverManyBytes) {
+    std::string line;
+    for (int i = 0; i < 80; ++i) line += "\xC3\x85";
+    EXPECT_EQ(displaysOf(line + "\n>\n"), (Displays{line + ">"}));
+}
+
+TEST(SplitDisplays, BytesThatAreNotUtf8SpoilTheirDisplayOnly) {
+    ChunkDisplays displays("A\n>\n\xFF\n>\n\xC3\x85\n");
+    EXPECT_EQ(displays.next()->fault, LineFault::None);
+    EXPECT_EQ(displays.next()->fault, LineFault::NotUtf8);
+    EXPECT_EQ(displays.next()->text, u"\u00C5");
+}
+
+TEST(Chunks, HoldWholeDisplaysAndTheWholeText) {
+    std::string text;
+    for (int i = 0; i < 200; ++i) {
+        text += "PDR/A" + std::to_string(i) + "\n*T*\n" + (i % 3 == 0 ? ">\n" : "END OF DISPLAY\n>\n\n");
+    }
+    const Displays whole = displaysOf(text);
+    ASSERT_EQ(whole.size(), 200U);
+    for (std::size_t block = 81; block < 300; block += 7) {
+        EXPECT_EQ(displaysOf(text, block), whole) << block;
+        std::string joined;
+        for (const std::string& chunk : chunksOf(text, block)) joined += chunk;
+        EXPECT_EQ(joined, text) << block;
+    }
+    EXPECT_GT(chunksOf(text, 300).size(), text.size() / 600);
+}
+
+TEST(Chunks, OfAnUnbrokenTextAreTheSameInAnyBlocks) {
+    std::string text;
+    for (int i = 0; i < 40; ++i) text += padded("PDR/A" + std::to_string(i)) + padded("END OF DISPLAY");
+    const Displays whole = displaysOf(text);
+    ASSERT_EQ(whole.size(), 40U);
+    EXPECT_EQ(displaysOf(text, 100), whole);
+    EXPECT_EQ(displaysOf(text, 333), whole);
+}
+
+}  // namespace
+
+}  // namespace vantro

@@ -1,0 +1,103 @@
+#include "cli/batch/line_reader.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <string>
+#include <vector>
+
+namespace vantro {
+
+namespace {
+
+// Hands out a text in pieces of a size.
+class Pieces {
+public:
+    Pieces(std::string text, std::size_t size) : text_(std::move(text)), size_(size) {}
+
+    std::size_t operator()(std::span<char> bytes) {
+        const std::size_t count = std::min({size_, bytes.size(), text_.size() - given_});
+        std::copy_n(text_.begin() + static_cast<std::ptrdiff_t>(given_), count, bytes.begin());
+        given_ += count;
+        return count;
+    }
+
+private:
+    std::string text_;
+    std::size_t size_;
+    std::size_t given_ = 0;
+};
+
+using Lines = std::vector<std::string>;
+
+// The same lines must come out however the stream is cut and however small the block is.
+Lines linesIn(const std::string& text) {
+    std::vector<Lines> all;
+    for (const std::size_t piece : {1U, 2U, 3U, 7U, 1000U}) {
+        for (const std::size_t block : {1U, 16U, 4096U}) {
+            LineReader reader(Pieces(text, piece), block);
+            Lines lines;
+            while (const auto line = reader.next()) lines.emplace_back(line->begin(), line->end());
+            all.push_back(lines);
+        }
+    }
+    for (const Lines& lines : all) EXPECT_EQ(lines, all.front());
+    return all.front();
+}
+
+TEST(LineReader, AnEmptyStreamHasNoLines) { EXPECT_EQ(linesIn(""), Lines{}); }
+
+TEST(LineReader, ALineEndMakesNoFurtherLine) { EXPECT_EQ(linesIn("a\nbc\n"), (Lines{"a", "bc"})); }
+
+TEST(LineReader, ALastLineWithoutLineEndCounts) { EXPECT_EQ(linesIn("a\nbc"), (Lines{"a", "bc"})); }
+
+TEST(LineReader, EmptyLinesAreLines) { EXPECT_EQ(linesIn("\n\na\n\n"), (Lines{"", "", "a", ""})); }
+
+TEST(LineReader, ACarriageReturnStays) { EXPECT_EQ(linesIn("a\r\nb\r"), (Lines{"a\r", "b\r"})); }
+
+TEST(LineReader, AByteOrderMarkAtTheStartIsSkipped) {
+    EXPECT_EQ(linesIn("\xEF\xBB\xBF"
+                      "a\n"),
+              Lines{"a"});
+    EXPECT_EQ(linesIn("\xEF\xBB\xBF\n"), Lines{""});
+    EXPECT_EQ(linesIn("\xEF\xBB\xBF"), Lines{});
+}
+
+TEST(LineReader, AByteOrderMarkElsewhereStays) {
+    EXPECT_EQ(linesIn("a\n\xEF\xBB\xBF"
+                      "b\n"),
+              (Lines{"a",
+                     "\xEF\xBB\xBF"
+                     "b"}));
+    EXPECT_EQ(linesIn("\xEF\xBB\xBF\xEF\xBB\xBF\n"), Lines{"\xEF\xBB\xBF"});
+}
+
+TEST(LineReader, ALineOfManyBlocksComesWhole) {
+    const std::string longLine(10'000, 'x');
+    EXPECT_EQ(linesIn("a\n" + longLine + "\nb\n"), (Lines{"a", longLine, "b"}));
+}
+
+TEST(LineReader, TheNextLineIsHereOnceItsLineEndIs) {
+    LineReader reader(Pieces("ab\ncd\nef", 7), 4096);
+    EXPECT_FALSE(reader.isNextHere());
+    ASSERT_TRUE(reader.next());
+    EXPECT_TRUE(reader.isNextHere());
+    ASSERT_TRUE(reader.next());
+    EXPECT_FALSE(reader.isNextHere());
+    ASSERT_TRUE(reader.next());
+    EXPECT_FALSE(reader.next());
+}
+
+TEST(LineReader, TheByteBehindALineMayBeWritten) {
+    LineReader reader(Pieces("ab\ncd", 100), 4096);
+    for (const std::string wanted : {"ab", "cd"}) {
+        const auto line = reader.next();
+        ASSERT_TRUE(line);
+        line->data()[line->size()] = '\0';
+        EXPECT_EQ(line->data(), wanted);
+    }
+}
+
+}  // namespace
+
+}  // namespace vantro

@@ -1,0 +1,82 @@
+#include "cli/parameters.h"
+
+#include "cli/collection_json.h"
+#include "cli/failure.h"
+
+#include <gtest/gtest.h>
+
+namespace vantro {
+
+namespace {
+
+std::string collected(const std::vector<std::string>& pairs) {
+    const auto collection = std::make_shared<BuiltInCollection>();
+    addParameters(pairs, *collection);
+    std::string json;
+    JsonOut out(json);
+    writeCollection(collection, out);
+    return json;
+}
+
+std::string refused(const std::string& pair) {
+    BuiltInCollection collection;
+    try {
+        addParameters({pair}, collection);
+    } catch (const UsageError& problem) {
+        return problem.what();
+    }
+    return "";
+}
+
+TEST(Parameters, AStrKeyIsAText) {
+    EXPECT_EQ(collected({"strKeyName=SMITH", "strA=", "strB=x=y"}), R"({"strKeyName":"SMITH","strA":"","strB":"x=y"})");
+    EXPECT_EQ(collected({"strKeyName=\xC3\x89VA"}), "{\"strKeyName\":\"\xC3\x89VA\"}");
+}
+
+TEST(Parameters, ABlnKeyIsABoolean) {
+    EXPECT_EQ(collected({"blnA=true", "blnB=FALSE", "blnC=1", "blnD=0", "blnE=Yes", "blnF=no"}),
+              R"({"blnA":true,"blnB":false,"blnC":true,"blnD":false,"blnE":true,"blnF":false})");
+    EXPECT_EQ(refused("blnA="), "blnA is a boolean; give true or false, not ''");
+    EXPECT_EQ(refused("blnA=2"), "blnA is a boolean; give true or false, not '2'");
+}
+
+TEST(Parameters, AnIntKeyIsA16BitInteger) {
+    EXPECT_EQ(collected({"intA=32767", "intB=-32768"}), R"({"intA":32767,"intB":-32768})");
+    for (const char* pair : {"intA=", "intA=32768", "intA=-32769", "intA=1.0", "intA= 1", "intA=x", "intA=1x"}) {
+        EXPECT_NE(refused(pair).find("16-bit integer"), std::string::npos) << pair;
+    }
+}
+
+TEST(Parameters, TheArraySizeIsAText) {
+    EXPECT_EQ(collected({"intKeyArraySize=2"}), R"({"intKeyArraySize":"2"})");
+    EXPECT_EQ(collected({"intKeyArraySize="}), R"({"intKeyArraySize":""})");
+}
+
+TEST(Parameters, AKeyInParenthesesCollectsItsRepetitions) {
+    EXPECT_EQ(collected({"strA()=1", "strK=x", "strB()=b", "strA()=", "strA()=3"}),
+              R"json({"strA()":["1","","3"],"strK":"x","strB()":["b"]})json");
+}
+
+TEST(Parameters, AListReplacesTheOneOfTheState) {
+    BuiltInCollection collection;
+    collection.Add(u"strA()", TextList{u"old", u"older"});
+    addParameters({"strA()=new"}, collection);
+    EXPECT_EQ(std::get<TextList>(collection.Item(u"strA()")->Value()), TextList{u"new"});
+}
+
+TEST(Parameters, WhatIsNoPairIsRefused) {
+    EXPECT_EQ(refused("strKeyName"), "'strKeyName' is not KEY=VALUE; write for example strKeyName=SMITH");
+}
+
+TEST(Parameters, AKeyWithoutAKindIsRefused) {
+    EXPECT_EQ(refused("name=x"), "the key 'name' tells no kind; keys begin with str, bln or int, or end in ()");
+    EXPECT_EQ(refused("=x"), "the key '' tells no kind; keys begin with str, bln or int, or end in ()");
+}
+
+TEST(Parameters, AKeyOfOneValueGivenTwiceIsRefused) { EXPECT_THROW(collected({"strA=1", "strA=2"}), UsageError); }
+
+TEST(Parameters, BytesThatAreNotUtf8AreRefused) { EXPECT_EQ(refused("strA=\xFF"), "a parameter is not UTF-8"); }
+
+}  // namespace
+
+}  // namespace vantro

@@ -1,0 +1,306 @@
+// The commands that parse displays: parse, elements and notes.
+#include "tests/cli/process.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <filesystem>
+#include <fstream>
+#include <sstream>
+#include <string>
+#include <vector>
+
+namespace vantro::test {
+
+namespace {
+
+namespace fs = std::filesystem;
+
+const fs::path samples = fs::path(VANTRO_SOURCE_DIR) / "samples";
+
+std::string contentOf(const fs::path& file) {
+    std::ifstream stream(file, std::ios::binary);
+    std::ostringstream text;
+    text << stream.rdbuf();
+    return text.str();
+}
+
+std::string sample(const std::string& name) { return (samples / "profiles" / (name + ".txt")).string(); }
+
+std::vector<std::string> sampleNames() {
+    std::vector<std::string> names;
+    for (const auto& file : fs::directory_iterator(samples / "profiles")) names.push_back(file.path().stem().string());
+    std::ranges::sort(names);
+    return names;
+}
+
+/// JSON without the blanks and line ends between its parts.
+std::string compact(const std::string& json) {
+    std::string result;
+    bool inString = false;
+    for (std::size_t i = 0; i < json.size(); ++i) {
+        if (json[i] == '"' && (i == 0 || json[i - 1] != '\\')) inString = !inString;
+        if (inString || (json[i] != ' ' && json[i] != '\n')) result += json[i];
+    }
+    return result;
+}
+
+std::string expected(const std::string& name) { return contentOf(samples / "expected" / (name + ".json")); }
+std::string expectedLine(const std::string& name) { return compact(expected(name)) + "\n"; }
+
+void expectRefused(const Finished& run, int status, const std::string& words) {
+    EXPECT_EQ(run.status, status);
+    EXPECT_EQ(std::ranges::count(run.err, '\n'), 1) << run.err;
+    EXPECT_NE(run.err.find(words), std::string::npos) << run.err;
+}
+
+class ParseSample : public testing::TestWithParam<std::string> {};
+
+INSTANTIATE_TEST_SUITE_P(Sample, ParseSample, testing::ValuesIn(sampleNames()),
+                         [](const auto& test) { return test.param; });
+
+TEST_P(ParseSample, PrettyIsTheExpectedFileByteForByte) {
+    const Finished run = runTool({"parse", "--pretty", sample(GetParam())});
+    EXPECT_EQ(run.out, expected(GetParam()));
+    EXPECT_EQ(run.err, "");
+    EXPECT_EQ(run.status, 0);
+}
+
+TEST_P(ParseSample, IsOneLineOtherwise) {
+    EXPECT_EQ(runTool({"parse", sample(GetParam())}).out, expectedLine(GetParam()));
+}
+
+TEST_P(ParseSample, IsTheSameFromStandardInputWithCarriageReturns) {
+    std::string text;
+    for (const std::string& line : linesOf(contentOf(sample(GetParam())))) text += line + "\r\n";
+    EXPECT_EQ(runTool({"parse"}, text).out, expectedLine(GetParam()));
+    EXPECT_EQ(runTool({"parse", "-"}, text).out, expectedLine(GetParam()));
+}
+
+TEST_P(ParseSample, IsTheSameAsAnUnbrokenText) {
+    std::string text;
+    for (std::string line : linesOf(contentOf(sample(GetParam())))) {
+        line.resize(80, ' ');
+        text += line;
+    }
+    EXPECT_EQ(runTool({"parse"}, text).out, expectedLine(GetParam()));
+}
+
+TEST(Parse, ManyFilesAreJsonLinesInTheirOrderOnAnyNumberOfThreads) {
+    std::string expectedLines;
+    std::vector<std::string> arguments{"parse"};
+    for (int round = 0; round < 5; ++round) {
+        for (const std::string& name : sampleNames()) {
+            arguments.push_back(sample(name));
+            expectedLines += expectedLine(name);
+        }
+    }
+    for (const char* threads : {"1", "2", "4"}) {
+        std::vector<std::string> all = arguments;
+        all.insert(all.end(), {"-j", threads});
+        const Finished run = runTool(all);
+        EXPECT_EQ(run.out, expectedLines) << threads;
+        EXPECT_EQ(run.status, 0);
+    }
+}
+
+/// True when a text is a piece so many times over.
+bool isRepeated(const std::string& text, const std::string& piece, std::size_t times) {
+    if (text.size() != times * piece.size()) return false;
+    for (std::size_t at = 0; at < text.size(); at += piece.size()) {
+        if (text.compare(at, piece.size(), piece) != 0) return false;
+    }
+    return true;
+}
+
+TEST(Parse, ManyDisplaysInOneFileAreReadInBoundedMemoryOnAnyNumberOfThreads) {
+    constexpr std::size_t times = 5000;  // some 22 MB
+    const std::string displays = contentOf(sample("traveller")) + contentOf(sample("wrapped"));
+    const std::string lines = expectedLine("traveller") + expectedLine("wrapped");
+    const TemporaryFile file("");
+    std::ofstream stream(file.path(), std::ios::binary);
+    for (std::size_t i = 0; i < times; ++i) stream << displays;
+    stream.close();
+    // What this process holds counts in what it starts, so nothing large may be held here until the first run.
+    const Finished first = runTool({"parse", "-j", "2", file.path()});
+    EXPECT_TRUE(isRepeated(first.out, lines, times));
+#ifndef __SANITIZE_ADDRESS__
+    EXPECT_LT(first.peakKilobytes, 20'000);
+#endif
+    for (const char* threads : {"1", "4"}) {
+        EXPECT_TRUE(runTool({"parse", "-j", threads, file.path()}).out == first.out) << threads;
+    }
+}
+
+TEST(Parse, PrettyDisplaysFollowOneAnother) {
+    EXPECT_EQ(runTool({"parse", "--pretty", sample("minimal"), sample("prompt_only")}).out,
+              expected("minimal") + expected("prompt_only"));
+}
+
+TEST(Parse, TheLastLineOfADisplayIsNotPaddedIntoTheNext) {
+    // Were it, the second display's header lines would stand one line further down.
+    const std::string two = contentOf(sample("minimal")) + contentOf(sample("traveller"));
+    EXPECT_EQ(runTool({"parse"}, two).out, expectedLine("minimal") + expectedLine("traveller"));
+}
+
+TEST(Parse, ALineThatIsTooLongLeavesItsDisplayOutAndNothingElse) {
+    const std::string minimal = contentOf(sample("minimal"));
+    const TemporaryFile file(minimal + "PDR/X\n" + std::string(81, 'X') + "\n>\n" + minimal);
+    const Finished run = runTool({"parse", file.path(), sample("company")});
+    EXPECT_EQ(run.out, expectedLine("minimal") + expectedLine("minimal") + expectedLine("company"));
+    expectRefused(run, 1, file.path() + ", display 2: line 6 has 81 characters");
+}
+
+TEST(Parse, BytesThatAreNotUtf8LeaveTheirDisplayOut) {
+    const Finished run = runTool({"parse"}, "PDR/\xFF\n>\n" + contentOf(sample("minimal")));
+    EXPECT_EQ(run.out, expectedLine("minimal"));
+    expectRefused(run, 1, "standard input, display 1: line 1 is not UTF-8");
+}
+
+TEST(Parse, QueriesWithoutAnAnswerAreListedAndSaid) {
+    const std::string unended = "PDR/H4T9QZ\n*T*                    H4T9QZ\n------- PROFILE NOTES\nA ONE\n";
+    const Finished run = runTool({"parse"}, contentOf(sample("minimal")) + unended);
+    ASSERT_EQ(linesOf(run.out).size(), 2U);
+    EXPECT_EQ(linesOf(run.out)[0] + "\n", expectedLine("minimal"));
+    // The notes' own number is for a direct count; the query raises 5500.
+    EXPECT_NE(linesOf(run.out)[1].find(R"json({"query":"ProfileNotes","number":5500,)json"
+                                       R"json("description":"An error has occurred while reading Profile Notes"})json"),
+              std::string::npos)
+        << run.out;
+    EXPECT_NE(linesOf(run.out)[1].find(R"json("notes":[],"problems":[)json"), std::string::npos) << run.out;
+    expectRefused(run, 1, "standard input, display 2: no answer to ");
+    EXPECT_NE(run.err.find("ProfileNotes (error 5500)"), std::string::npos) << run.err;
+}
+
+TEST(Parse, AFileWithoutADisplayIsSaid) {
+    const TemporaryFile blank("\n   \n");
+    const Finished run = runTool({"parse", blank.path(), sample("minimal")});
+    EXPECT_EQ(run.out, expectedLine("minimal"));
+    expectRefused(run, 1, blank.path() + " holds no display");
+    expectRefused(runTool({"parse"}), 1, "standard input holds no display");
+}
+
+TEST(Parse, AFileThatCannotBeReadDoesNotKeepTheOthersBack) {
+    const Finished run = runTool({"parse", sample("minimal"), "/no/such/file", sample("company")});
+    EXPECT_EQ(run.out, expectedLine("minimal") + expectedLine("company"));
+    expectRefused(run, 2, "cannot read the file '/no/such/file'");
+    expectRefused(runTool({"parse", "/"}), 2, "'/'");
+}
+
+TEST(Parse, BadUsageIsStatus2) {
+    expectRefused(runTool({"parse", "-j", "0"}), 2, "--jobs");
+    expectRefused(runTool({"parse", "-j", "many"}), 2, "--jobs");
+    expectRefused(runTool({"parse", "--table", "--json"}), 2, "--table");
+    expectRefused(runTool({"parse", "-", "-"}), 2, "standard input can be read once only");
+}
+
+TEST(Parse, ATableNamesTheFileAndShowsWhatThereIs) {
+    const Finished run = runTool({"parse", "--table", sample("prompt_only"), sample("traveller")});
+    EXPECT_EQ(run.out.rfind(sample("prompt_only") + ", display 1\n\nWHAT ", 0), 0U) << run.out;
+    const auto lines = linesOf(run.out);
+    const auto holds = [&](const std::string& start, const std::string& end) {
+        return std::ranges::any_of(lines, [&](const std::string& line) {
+            return line.rfind(start, 0) == 0 && line.size() >= end.size() &&
+                   line.compare(line.size() - end.size(), end.size(), end) == 0;
+        });
+    };
+    EXPECT_TRUE(holds("RM ", "RM  PREFERS RAIL WHEN UNDER THREE HOURS")) << run.out;
+    EXPECT_TRUE(holds("SR      19 ", "code FQTV, airline XQ, number 88301442")) << run.out;
+    EXPECT_TRUE(holds("note    3 ", "qualifier B")) << run.out;
+    EXPECT_FALSE(holds("PCI", "")) << run.out;
+}
+
+// elements
+
+TEST(Elements, AFamilyIsItsTwoLists) {
+    const Finished run = runTool({"elements", "PHI", sample("traveller")});
+    EXPECT_EQ(run.out, R"json({"strKeyElement()":["","BREAKFAST MUST BE INCLUDED","FREE CANCELLATION ONLY"],)json"
+                       R"json("strKeyElementNr()":["","25","26"]})json"
+                       "\n");
+    EXPECT_EQ(run.status, 0);
+}
+
+TEST(Elements, AnIndexAsksForOne) {
+    EXPECT_EQ(runTool({"elements", "RM", "--index", "1"}, contentOf(sample("traveller"))).out,
+              R"json({"strKeyElement":"RM  PREFERS RAIL WHEN UNDER THREE HOURS","strKeyElementNr":"13"})json"
+              "\n");
+    EXPECT_EQ(runTool({"elements", "SR", "--index", "2", sample("traveller")}).out,
+              R"json({"strKeyElement":"SR  FQTVXQ 88301442","strKeyElementNr":"19","strKeyCode":"FQTV",)json"
+              R"json("strKeyAirline":"XQ","strKeyFFNbr":"88301442","strKeyFreeText":"","blnKeyAsterix":false})json"
+              "\n");
+}
+
+TEST(Elements, HeaderValuesHaveAPrefixToo) {
+    EXPECT_EQ(runTool({"elements", "RECLOC", sample("traveller")}).out, "{\"strKeyElement\":\"H4T9QZ\"}\n");
+    EXPECT_EQ(runTool({"elements", "PSL", "--table", sample("traveller")}).out,
+              "KEY              VALUE\n"
+              "---------------  -----\n"
+              "strKeyElement    2\n"
+              "strKeyElementNr  4\n");
+}
+
+TEST(Elements, AllTakesASelectionAndAQualifier) {
+    const auto numbers = [](std::vector<std::string> options) {
+        options.insert(options.begin(), {"elements", "ALL"});
+        options.push_back(sample("traveller"));
+        return runTool(options).out;
+    };
+    EXPECT_EQ(numbers({}), "{\"strKeyElNbrsArray\":[\"\"]}\n");
+    EXPECT_EQ(numbers({"--selection", "RM"}), "{\"strKeyElNbrsArray\":[\"\",\"13\",\"14\"]}\n");
+    EXPECT_EQ(numbers({"--selection", "A  FFN", "--selection", "SR"}),
+              "{\"strKeyElNbrsArray\":[\"\",\"17\",\"20\"]}\n");
+    EXPECT_EQ(numbers({"--selection", "", "--qualifier", "AP"}), "{\"strKeyElNbrsArray\":[\"\",\"11\",\"12\"]}\n");
+}
+
+TEST(Elements, AFailedQueryIsOneLineAndStatus1) {
+    // The traveller has two remarks.
+    expectRefused(runTool({"elements", "RM", "--index", "3", sample("traveller")}), 1,
+                  "error 5260 from VantroProfileUtils: An error has occurred while verifying the profile.");
+    expectRefused(runTool({"elements", "RM", sample("traveller")}), 1, "error 91 ");
+    expectRefused(runTool({"elements", "RM", sample("traveller")}), 1, "Give the place with --index.");
+    expectRefused(runTool({"elements", "", sample("traveller")}), 1, "error 5065 ");
+}
+
+TEST(Elements, AnUnknownPrefixIsAnsweredWithTheKnownOnes) {
+    const Finished run = runTool({"elements", "XX", sample("traveller")});
+    expectRefused(run, 1, "no query has the prefix 'XX'; there are NM RECLOC OFFID PCN PIN PSL ALL SR RM ");
+    EXPECT_NE(run.err.find(" PFO"), std::string::npos);
+    EXPECT_EQ(run.out, "");
+}
+
+TEST(Elements, BadUsageIsStatus2) {
+    expectRefused(runTool({"elements"}), 2, "PREFIX");
+    expectRefused(runTool({"elements", "RM", "--index", "99999", sample("traveller")}), 2, "--index");
+    expectRefused(runTool({"elements", "RM", "/no/such/file"}), 2, "'/no/such/file'");
+}
+
+// notes
+
+TEST(Notes, AreThreeLists) {
+    EXPECT_EQ(runTool({"notes", sample("company")}).out,
+              R"json({"strKeyElement()":["","MEETING WITH THE PURCHASER EVERY MARCH","ASK FOR INGRID"],)json"
+              R"json("strKeyElementNr()":["","1","2"],"strKeyQualifier()":["","M ","M "]})json"
+              "\n");
+}
+
+TEST(Notes, AreFilteredByTextAndQualifierAndKeepTheirNumbers) {
+    EXPECT_EQ(runTool({"notes", "--qualifier", "B", sample("traveller")}).out,
+              R"json({"strKeyElement()":["","INVOICES ARE PAID BY THE 25TH"],"strKeyElementNr()":["","3"],)json"
+              R"json("strKeyQualifier()":["","B "]})json"
+              "\n");
+    EXPECT_EQ(runTool({"notes", "--search", "SPEAKS", "--qualifier", "A", sample("traveller")}).out,
+              R"json({"strKeyElement()":["","SPEAKS SWEDISH, FINNISH AND ENGLISH"],"strKeyElementNr()":["","2"],)json"
+              R"json("strKeyQualifier()":["","A "]})json"
+              "\n");
+    EXPECT_EQ(runTool({"notes", "--search", "SPEAKS", "--qualifier", "B", sample("traveller")}).out,
+              R"json({"strKeyElement()":[""],"strKeyElementNr()":[""],"strKeyQualifier()":[""]})json"
+              "\n");
+}
+
+TEST(Notes, WithoutAnEndFail) {
+    expectRefused(runTool({"notes"}, "PDR\n------- PROFILE NOTES\nA ONE\n"), 1, "error 5500 ");
+}
+
+}  // namespace
+
+}  // namespace vantro::test

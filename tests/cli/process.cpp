@@ -1,0 +1,142 @@
+#include "tests/cli/process.h"
+
+#include <fcntl.h>
+#include <gtest/gtest.h>
+#include <poll.h>
+#include <sys/resource.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <array>
+#include <csignal>
+#include <cstdio>
+#include <cstdlib>
+#include <fstream>
+#include <memory>
+#include <sstream>
+
+namespace vantro::test {
+
+namespace {
+
+struct FileCloser {
+    void operator()(std::FILE* file) const { std::fclose(file); }
+};
+using File = std::unique_ptr<std::FILE, FileCloser>;
+
+File temporary(const std::string& content = {}) {
+    File file(std::tmpfile());
+    std::fwrite(content.data(), 1, content.size(), file.get());
+    std::rewind(file.get());
+    return file;
+}
+
+std::string contentOf(std::FILE* file) {
+    std::string content;
+    std::array<char, 65536> block{};
+    std::rewind(file);
+    while (const std::size_t count = std::fread(block.data(), 1, block.size(), file))
+        content.append(block.data(), count);
+    return content;
+}
+
+[[noreturn]] void becomeTool(const std::vector<std::string>& arguments) {
+    // The memory that a sanitizer holds back would hide what the tool itself uses.
+    ::setenv("ASAN_OPTIONS", "quarantine_size_mb=1", 1);
+    std::vector<char*> pointers;
+    std::string name = VANTRO_PROFILE_TOOL;
+    pointers.push_back(name.data());
+    std::vector<std::string> copies = arguments;
+    for (std::string& argument : copies) pointers.push_back(argument.data());
+    pointers.push_back(nullptr);
+    ::execv(VANTRO_PROFILE_TOOL, pointers.data());
+    ::_exit(127);
+}
+
+void connect(int from, int to) {
+    ::dup2(from, to);
+    if (from != to) ::close(from);
+}
+
+}  // namespace
+
+Finished runTool(const std::vector<std::string>& arguments, const std::string& input) {
+    const File in = temporary(input);
+    const File out = temporary();
+    const File err = temporary();
+    const pid_t process = ::fork();
+    if (process == 0) {
+        connect(::fileno(in.get()), 0);
+        connect(::fileno(out.get()), 1);
+        connect(::fileno(err.get()), 2);
+        becomeTool(arguments);
+    }
+    int status = 0;
+    rusage usage{};
+    ::wait4(process, &status, 0, &usage);
+    return {WIFEXITED(status) ? WEXITSTATUS(status) : -1, contentOf(out.get()), contentOf(err.get()), usage.ru_maxrss};
+}
+
+Finished runBatch(const std::string& input) { return runTool({"batch"}, input); }
+
+std::vector<std::string> linesOf(const std::string& text) {
+    std::vector<std::string> lines;
+    std::istringstream stream(text);
+    for (std::string line; std::getline(stream, line);) lines.push_back(line);
+    return lines;
+}
+
+std::vector<std::string> answersTo(const std::vector<std::string>& requests) {
+    std::string input;
+    for (const std::string& request : requests) input += request + "\n";
+    return linesOf(runBatch(input).out);
+}
+
+Dialogue::Dialogue() {
+    std::array<int, 2> requests{};
+    std::array<int, 2> responses{};
+    if (::pipe(requests.data()) != 0 || ::pipe(responses.data()) != 0) return;
+    process_ = ::fork();
+    if (process_ == 0) {
+        ::close(requests[1]);
+        ::close(responses[0]);
+        connect(requests[0], 0);
+        connect(responses[1], 1);
+        becomeTool({"batch"});
+    }
+    ::close(requests[0]);
+    ::close(responses[1]);
+    toTool_ = requests[1];
+    fromTool_ = responses[0];
+}
+
+Dialogue::~Dialogue() {
+    ::close(toTool_);
+    ::close(fromTool_);
+    ::waitpid(process_, nullptr, 0);
+}
+
+void Dialogue::send(const std::string& text) {
+    EXPECT_EQ(::write(toTool_, text.data(), text.size()), static_cast<ssize_t>(text.size()));
+}
+
+std::string Dialogue::receiveLine() {
+    constexpr int patience = 20'000;  // milliseconds
+    std::string line;
+    pollfd ready{fromTool_, POLLIN, 0};
+    char byte = '\0';
+    while (::poll(&ready, 1, patience) == 1 && ::read(fromTool_, &byte, 1) == 1 && byte != '\n') line += byte;
+    return byte == '\n' ? line : "";
+}
+
+TemporaryFile::TemporaryFile(const std::string& content) {
+    std::string name = ::testing::TempDir() + "/vantro-profile-XXXXXX";
+    const int file = ::mkstemp(name.data());
+    ::close(file);
+    path_ = name;
+    std::ofstream(path_, std::ios::binary) << content;
+}
+
+TemporaryFile::~TemporaryFile() { std::remove(path_.c_str()); }
+
+}  // namespace vantro::test

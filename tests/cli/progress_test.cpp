@@ -1,0 +1,69 @@
+#include "cli/progress.h"
+
+#include <gtest/gtest.h>
+
+#include <chrono>
+#include <string>
+
+namespace vantro {
+
+namespace {
+
+using std::chrono::milliseconds;
+
+TEST(ProgressLine, ShowsBarPercentageCountAndRate) {
+    EXPECT_EQ(progressLine({.bytesDone = 50, .bytesInAll = 100, .count = 1234, .seconds = 2}),
+              "[###############---------------]  50 %  1234 displays  617/s");
+    EXPECT_EQ(progressLine({.bytesDone = 100, .bytesInAll = 100, .count = 9, .seconds = 3}),
+              "[##############################] 100 %  9 displays  3/s");
+}
+
+TEST(ProgressLine, HasNoBarWhenTheLengthIsNotKnown) {
+    EXPECT_EQ(progressLine({.bytesDone = 50, .count = 10, .seconds = 2}), "10 displays  5/s");
+}
+
+TEST(ProgressLine, StaysAtAHundredWhenAFileGrew) {
+    EXPECT_EQ(progressLine({.bytesDone = 300, .bytesInAll = 100, .count = 1}),
+              "[##############################] 100 %  1 displays");
+}
+
+class ProgressShown : public testing::Test {
+protected:
+    std::string written_;
+    Progress::Clock::time_point now_{};
+    Progress progress_{200, [this](std::string_view bytes) { written_ += bytes; }, [this] { return now_; }};
+
+    void stepAt(milliseconds time) {
+        now_ = Progress::Clock::time_point(time);
+        progress_.step(20, 5);
+    }
+};
+
+TEST_F(ProgressShown, NothingInTheFirstSecond) {
+    stepAt(milliseconds(10));
+    stepAt(milliseconds(999));
+    progress_.hide();
+    EXPECT_EQ(written_, "");
+}
+
+TEST_F(ProgressShown, TenTimesASecondAtMost) {
+    stepAt(milliseconds(1000));
+    EXPECT_EQ(written_, "\r[###---------------------------]  10 %  5 displays  5/s");
+    written_.clear();
+    stepAt(milliseconds(1050));
+    EXPECT_EQ(written_, "");
+    stepAt(milliseconds(1250));
+    EXPECT_EQ(written_, "\r[#########---------------------]  30 %  15 displays  12/s");
+}
+
+TEST_F(ProgressShown, IsErasedWhenHidden) {
+    stepAt(milliseconds(1000));
+    const std::size_t length = written_.size() - 1;
+    written_.clear();
+    progress_.hide();
+    EXPECT_EQ(written_, "\r" + std::string(length, ' ') + "\r");
+}
+
+}  // namespace
+
+}  // namespace vantro

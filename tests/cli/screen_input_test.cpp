@@ -1,0 +1,69 @@
+#include "cli/screen_input.h"
+
+#include "cli/failure.h"
+
+#include <gtest/gtest.h>
+
+namespace vantro {
+
+namespace {
+
+Text padded(Text line) {
+    line.resize(80, u' ');
+    return line;
+}
+
+TEST(ScreenInput, EveryLineButTheLastIsPaddedTo80) {
+    EXPECT_EQ(screenFromText("PX3\n\nDONE"), padded(u"PX3") + padded(u"") + u"DONE");
+}
+
+TEST(ScreenInput, OneLineIsAnUnbrokenText) {
+    const std::string unbroken(200, 'x');
+    EXPECT_EQ(screenFromText(unbroken), Text(200, u'x'));
+    EXPECT_EQ(screenFromText(unbroken + "\n"), Text(200, u'x'));
+    EXPECT_EQ(screenFromText(""), u"");
+    EXPECT_EQ(screenFromText("\n"), u"");
+}
+
+TEST(ScreenInput, OneLineEndAtTheVeryEndIsNoLine) {
+    EXPECT_EQ(screenFromText("A\nB\n"), padded(u"A") + u"B");
+    EXPECT_EQ(screenFromText("A\nB\n\n"), padded(u"A") + padded(u"B"));
+}
+
+TEST(ScreenInput, CarriageReturnsBelongToTheLineEnds) {
+    EXPECT_EQ(screenFromText("A\r\nB\r\n"), padded(u"A") + u"B");
+    EXPECT_EQ(screenFromText("A\r\n"), u"A");
+}
+
+TEST(ScreenInput, AByteOrderMarkIsNoPartOfTheScreen) {
+    EXPECT_EQ(screenFromText("\xEF\xBB\xBF"
+                             "A\nB"),
+              padded(u"A") + u"B");
+}
+
+TEST(ScreenInput, TheWidthIsCountedInCodeUnits) {
+    std::string line;
+    for (int i = 0; i < 80; ++i) line += "\xC3\xA9";
+    EXPECT_EQ(screenFromText(line + "\nB"), Text(80, u'\u00E9') + u"B");
+    std::string wide;
+    for (int i = 0; i < 41; ++i) wide += "\xF0\x9F\x98\x80";
+    EXPECT_THROW(screenFromText(wide + "\nB"), UsageError);
+}
+
+TEST(ScreenInput, ALineOver80AmongSeveralIsRefusedByItsNumber) {
+    try {
+        screenFromText("A\n" + std::string(81, 'x') + "\nB\n");
+        ADD_FAILURE();
+    } catch (const UsageError& problem) {
+        EXPECT_STREQ(problem.what(),
+                     "the screen's line 2 has 81 characters, a screen line has 80 at most; break it there");
+    }
+    EXPECT_THROW(screenFromText("A\n" + std::string(81, 'x')), UsageError);
+    EXPECT_EQ(screenFromText(std::string(80, 'x') + "\n" + std::string(80, 'y')), Text(80, u'x') + Text(80, u'y'));
+}
+
+TEST(ScreenInput, BytesThatAreNotUtf8AreRefused) { EXPECT_THROW(screenFromText("A\xFF"), UsageError); }
+
+}  // namespace
+
+}  // namespace vantro
