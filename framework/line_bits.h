@@ -71,4 +71,9 @@ BlanksAndSlashes blanksAndSlashesOf(TextView line);
 /// Where any of three characters stands in a line of at most `LineBits::capacity` characters.
 LineBits placesOfAny(TextView line, char16_t first, char16_t second, char16_t third);
 
+/// The first of the lines of `width` characters in a text, from line `from` on, that holds any of three characters;
+/// the number of lines when none does. A shorter last line counts as one that does.
+std::size_t nextLineWithAny(TextView text, std::size_t width, std::size_t from, char16_t first, char16_t second,
+                            char16_t third);
+
 }  // namespace vantro

@@ -1,7 +1,5 @@
 #include "profile/codes.h"
 
-#include "framework/line_bits.h"
-
 #include <algorithm>
 
 namespace vantro {
@@ -14,15 +12,29 @@ LineBits shortWords(LineBits blanks) {
     return begins & (blanks.down(3) | blanks.down(4));
 }
 
+/// The letters that codes begin with, one bit each.
+constexpr std::uint32_t firstLetters() {
+    std::uint32_t letters = 0;
+    for (const TransferableFamily& row : transferableFamilies) letters |= std::uint32_t{1} << (row.code[1] % 32);
+    return letters;
+}
+
+constexpr bool canBegin(char16_t letter) { return (firstLetters() >> (letter % 32) & 1) != 0; }
+
 }  // namespace
 
 FamilySet codesIn(TextView text) {
     if (text.size() > LineBits::capacity) return FamilySet::all();
+    return codesIn(text, blanksAndSlashesOf(text).blanks);
+}
+
+FamilySet codesIn(TextView line, LineBits blanks) {
     FamilySet set;
-    for (LineBits words = shortWords(blanksAndSlashesOf(text).blanks); words.any(); words.removeLowest()) {
-        const TextView word = text.substr(words.lowest());
+    for (LineBits words = shortWords(blanks); words.any(); words.removeLowest()) {
+        const TextView word = line.substr(words.lowest());
+        if (!canBegin(word[1])) continue;
         for (const TransferableFamily& row : transferableFamilies) {
-            if (row.code[1] == word[1] && word.starts_with(row.code)) set.add(row.family);
+            if (word.starts_with(row.code)) set.add(row.family);
         }
     }
     return set;

@@ -1,6 +1,7 @@
 // Which transferable families' codes stand in a line at all: one look instead of a search for each.
 #pragma once
 
+#include "framework/line_bits.h"
 #include "profile/families.h"
 
 #include <cstdint>
@@ -29,5 +30,8 @@ private:
 /// The families whose code stands between blanks anywhere in the text, and possibly more. Contacts, whose code has
 /// a fixed place, are not looked for.
 FamilySet codesIn(TextView text);
+
+/// The same for a line whose blanks are known.
+FamilySet codesIn(TextView line, LineBits blanks);
 
 }  // namespace vantro

@@ -17,6 +17,12 @@ Display::Display(Terminal& terminal, TextView text) : screen_(terminal, text) {
 }
 
 void Display::sweepNext() {
+    // Lines without any of the marks' letters are passed at once.
+    if (screen_.linesAreSlices()) {
+        const std::size_t next = nextLineThatMayBeMarked(screen_.text(), swept_.size());
+        swept_.resize(std::min(next, knownLength_));
+        if (swept_.size() == knownLength_) return;
+    }
     const auto number = static_cast<std::int16_t>(swept_.size());
     swept_.push_back(marksOf(screen_.line(number)));
     if (swept_.back().any()) marked_.push_back(number);
@@ -38,7 +44,7 @@ Counter Display::nextMarked(Counter from) {
         sweepNext();
         if (!marked_.empty() && marked_.back() >= from.value()) return Counter(marked_.back());
     }
-    fail(Failure::Overflow);  // the 16-bit line counter would run on over nothing but empty lines
+    fail(Failure::Overflow);  // nothing but empty lines up to the counter's end
 }
 
 // Several families ask for the same joined line: it is made once.
@@ -75,6 +81,7 @@ JoinedLine Display::joinAllBelow(Counter number, JoinRule rule) {
         const DisplayLine& below = line(last + 1);
         const bool isClosed = holdsEndText || joining_.starts_with(u'>');
         if (!below.beginsBlank(elementIndent) || isClosed) break;
+        expectLine(last + 1);
         ++last;
         if (below.isBlank()) continue;
         // The end text can come about across a seam, but not from further back than its own length.

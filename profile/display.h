@@ -34,6 +34,12 @@ public:
     /// The first line at or after `from` that holds a mark. Raises 6 when there is none.
     Counter nextMarked(Counter from);
 
+    /// For a search that only a mark or a text ends: raises 6 at once for a line past the end, where the 16-bit
+    /// line counter would run on over nothing but empty lines until it overflows.
+    void expectLine(Counter number) const {
+        if (static_cast<std::size_t>(number.value()) >= knownLength_) fail(Failure::Overflow);
+    }
+
     /// An element from its first line on. The first two rules give the lines trimmed, the other two keep what
     /// stands in front of the first line. Raises 6 when the line number below would overflow.
     JoinedLine joined(Counter number, JoinRule rule) {

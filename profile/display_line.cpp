@@ -11,8 +11,9 @@ DisplayLine::DisplayLine(TextView text, LineMarks marks) : text_(text), marks_(m
         return;
     }
     const BlanksAndSlashes bits = blanksAndSlashesOf(text);
+    blanks_ = bits.blanks;
     slashes_ = bits.slashes;
-    const LineBits content = ~bits.blanks;
+    const LineBits content = ~blanks_;
     contentEnd_ = static_cast<std::uint32_t>(content.end());
     contentBegin_ = std::min(static_cast<std::uint32_t>(content.lowest()), contentEnd_);
 }

@@ -40,10 +40,15 @@ public:
     /// True when the trimmed line holds the prefix (letters and "/") at or after a column.
     bool holdsPrefix(TextView prefix, Column from) const;
 
-private:
+    /// True for a line whose characters have their bits.
     bool fitsBits() const { return text_.size() <= LineBits::capacity; }
 
+    /// Where blanks stand, in a line that `fitsBits()`; places past the line's end count as blanks.
+    LineBits blanks() const { return blanks_; }
+
+private:
     TextView text_;
+    LineBits blanks_;
     LineBits slashes_;
     std::uint32_t contentBegin_ = 0;
     std::uint32_t contentEnd_ = 0;

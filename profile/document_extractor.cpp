@@ -45,6 +45,7 @@ std::int16_t collectSection(const DocumentFamily& row, Display& display, Counter
     bool isLast = display.line(number).isEndOfDisplay();
     do {
         ++number;
+        if (!isLast) display.expectLine(number);
         const DisplayLine& line = display.line(number);
         if (line.holdsPrefix(row.prefix, anywhere)) return collectRun(row, display, number, sink);
         isLast = isLast || line.trimmed().starts_with(u"-----") || line.isEndOfDisplay();

@@ -38,6 +38,7 @@ TextView lastSix(TextView line) { return trimmed(right(line, recordLocatorWidth)
 /// end of the display.
 std::optional<Counter> seekTag(Display& display, Counter from, TextView tag) {
     for (Counter number = from;; ++number) {
+        display.expectLine(number);
         const DisplayLine& line = display.line(number);
         if (line.isEndOfDisplay()) return std::nullopt;
         if (line.holdsSlash() && holds(trimmed(mid(line.text(), tagAreaColumn)), tag)) return number;
@@ -103,6 +104,7 @@ Text companyNameText(Display& display) {
     const TextView separator = onlyIf(rightTrimmed(raw).size() != fullLineLength, u" ");
     Text name(line.element());
     for (Counter below = *place + 1;; ++below) {
+        display.expectLine(below);
         const DisplayLine& continuation = display.line(below);
         if (!continuation.beginsBlank(continuationIndent)) break;
         name.append(separator).append(trimmed(mid(continuation.text(), line.slash + 1)));
@@ -132,6 +134,7 @@ NumberedText readPin(Display& display) {
 std::optional<NumberedText> readPsl(Display& display) {
     if (display.text().empty()) return std::nullopt;
     for (Counter number;; ++number) {
+        display.expectLine(number);
         const DisplayLine& line = display.line(number);
         if (line.isEndOfDisplay()) return std::nullopt;
         if (!line.holdsPrefix(u"PSL/", Column{1})) continue;

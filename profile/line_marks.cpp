@@ -2,7 +2,10 @@
 
 #include "framework/constants.h"
 #include "framework/line_bits.h"
+#include "framework/screen.h"
 #include "framework/text_ops.h"
+
+#include <array>
 
 namespace vantro {
 
@@ -11,6 +14,9 @@ namespace {
 // The end text is looked for around its "F": rare, and far enough from its ends.
 constexpr std::size_t placeOfF = mark::endOfDisplay.find(u'F');
 static_assert(placeOfF != TextView::npos);
+
+// No mark is without one of these.
+constexpr std::array<char16_t, 3> markLetters{u'>', u'-', u'F'};
 
 bool isEndTextAroundF(TextView line, std::size_t place) {
     return place >= placeOfF && line.substr(place - placeOfF).starts_with(mark::endOfDisplay);
@@ -40,7 +46,8 @@ LineMarks searchMarks(TextView line) {
 LineMarks marksOf(TextView line) {
     if (line.size() > LineBits::capacity) return searchMarks(line);
     LineMarks marks;
-    for (LineBits places = placesOfAny(line, u'>', u'-', u'F'); places.any(); places.removeLowest()) {
+    for (LineBits places = placesOfAny(line, markLetters[0], markLetters[1], markLetters[2]); places.any();
+         places.removeLowest()) {
         const std::size_t place = places.lowest();
         switch (line[place]) {
             case u'>': marks.addPrompt(); break;
@@ -52,6 +59,10 @@ LineMarks marksOf(TextView line) {
         }
     }
     return marks;
+}
+
+std::size_t nextLineThatMayBeMarked(TextView display, std::size_t from) {
+    return nextLineWithAny(display, screenWidth, from, markLetters[0], markLetters[1], markLetters[2]);
 }
 
 }  // namespace vantro

@@ -4,6 +4,7 @@
 #include "profile/sections.h"
 #include "vantro/text.h"
 
+#include <cstddef>
 #include <cstdint>
 
 namespace vantro {
@@ -35,5 +36,9 @@ private:
 };
 
 LineMarks marksOf(TextView line);
+
+/// The first line at or after `from` of a display that is cut into lines by position that may hold a mark; the number
+/// of its lines when none does.
+std::size_t nextLineThatMayBeMarked(TextView display, std::size_t from);
 
 }  // namespace vantro

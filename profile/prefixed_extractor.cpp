@@ -7,6 +7,8 @@
 //   ------- PRE-STORED ENTRIES                     section end
 #include "profile/extractors.h"
 
+#include <algorithm>
+
 namespace vantro {
 
 namespace {
@@ -56,16 +58,13 @@ private:
     /// end (false).
     bool collectElements() {
         for (;; ++line_) {
+            display_.expectLine(line_);
             const DisplayLine& line = display_.line(line_);
             if (line.isSectionEnd()) return false;
             const JoinedLine element = display_.joined(line_, joinRule_);
             const bool isJoined = element.last != line_;
             line_ = element.last;
-            if (!isWithoutTag(element.text)) {
-                const bool isOwn = isJoined ? holdsFrom(element.text, row_.prefix, tagColumn)
-                                            : line.holdsPrefix(row_.prefix, tagColumn);
-                if (!isOwn) return true;
-            }
+            if (!isWithoutTag(element.text) && !isOwn(line, isJoined ? element.text : TextView{})) return true;
             store(element.text, textColumn);
         }
     }
@@ -108,10 +107,19 @@ private:
     bool seekElement() {
         for (;;) {
             ++line_;
+            display_.expectLine(line_);
             const DisplayLine& line = display_.line(line_);
             if (line.isSectionEnd()) return false;
             if (line.holdsPrefix(row_.prefix, row_.searchFrom)) return true;
         }
+    }
+
+    /// True when the family's prefix stands in an element's first line or, further on, in the joined text.
+    bool isOwn(const DisplayLine& first, TextView joined) const {
+        if (first.holdsPrefix(row_.prefix, tagColumn)) return true;
+        if (joined.empty()) return false;
+        const int seam = static_cast<int>(first.trimmed().size()) - static_cast<int>(row_.prefix.size()) + 2;
+        return holdsFrom(joined, row_.prefix, std::max(tagColumn, Column{seam}));
     }
 
     // The whole-section schemes have no tag to look at and take every line.

@@ -106,6 +106,7 @@ public:
     std::int16_t run() {
         for (Counter number;; ++number) {
             if (!isAnyInSection()) number = display_.nextMarked(number);
+            display_.expectLine(number);
             const DisplayLine& line = display_.line(number);
             if (line.marks().any() || line.text().starts_with(u"------")) {
                 passBoundary(line);
@@ -153,7 +154,9 @@ private:
 
     Candidate candidate(Counter number, JoinRule rule) {
         const JoinedLine joined = display_.joined(number, rule);
-        return {joined, codesIn(joined.last == number ? display_.line(number).text() : joined.text)};
+        if (joined.last != number) return {joined, codesIn(joined.text)};
+        const DisplayLine& line = display_.line(number);
+        return {joined, line.fitsBits() ? codesIn(line.text(), line.blanks()) : FamilySet::all()};
     }
 
     void test(Scan& scan, const Candidate& candidate) {

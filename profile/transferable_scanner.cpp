@@ -82,6 +82,7 @@ TransferableElement readElement(Display& display, Counter& number) {
     TransferableElement element{line.front(), trimmed(mid(line, numberColumn, numberWidth)),
                                 Text(trimmed(mid(line, textColumn)))};
     for (++number;; ++number) {
+        display.expectLine(number);
         const DisplayLine& below = display.line(number);
         if (endsSection(below) || !below.beginsBlank(continuationIndent)) return element;
         element.text += below.trimmed();
@@ -96,6 +97,7 @@ TextList scanTransferable(Display& display, TextList& selection, TextView qualif
     const std::optional<Counter> section = seekSection(display);
     if (!section) return numbers;
     for (Counter number = *section;;) {
+        display.expectLine(number);
         const DisplayLine& line = display.line(number);
         if (endsSection(line)) return numbers;
         if (!opensElement(line.text())) {
