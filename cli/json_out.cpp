@@ -2,112 +2,122 @@
 
 #include "cli/utf.h"
 
-#include <array>
-#include <cstddef>
+#include <rapidjson/prettywriter.h>
+#include <rapidjson/writer.h>
+#include <variant>
 
 namespace vantro {
 
 namespace {
 
-// True for characters that a JSON string takes as they are, as one byte of UTF-8.
-constexpr bool isPlain(char16_t character) {
-    return character >= 0x20 && character < 0x80 && character != u'"' && character != u'\\';
-}
+/// What the JSON library writes into.
+class Sink {
+public:
+    using Ch = char;
 
-void appendPlain(TextView plain, std::string& out) {
-    const std::size_t before = out.size();
-    out.resize(before + plain.size());
-    char* const target = out.data() + before;
-    for (std::size_t i = 0; i < plain.size(); ++i) target[i] = static_cast<char>(plain[i]);
-}
+    explicit Sink(std::string& out) : out_(out) {}
 
-void appendControl(char32_t control, std::string& out) {
-    constexpr std::string_view digits = "0123456789abcdef";
-    switch (control) {
-        case U'\b': out += "\\b"; return;
-        case U'\t': out += "\\t"; return;
-        case U'\n': out += "\\n"; return;
-        case U'\f': out += "\\f"; return;
-        case U'\r': out += "\\r"; return;
-        default:
-            out += "\\u00";
-            out += digits[control / 16];
-            out += digits[control % 16];
-    }
-}
+    void Put(char character) { out_.push_back(character); }
+    void Flush() {}
 
-void appendEscaped(char32_t character, std::string& out) {
-    if (character == U'"' || character == U'\\') {
-        out += '\\';
-        out += static_cast<char>(character);
-    } else if (character < 0x20) {
-        appendControl(character, out);
-    } else {
-        appendUtf8(character, out);
-    }
-}
+private:
+    std::string& out_;
+};
+
+using OneLineWriter = rapidjson::Writer<Sink>;
+using IndentedWriter = rapidjson::PrettyWriter<Sink>;
 
 }  // namespace
 
-void JsonOut::separate() {
-    if (commaDue_) out_ += ',';
-    commaDue_ = true;
+class JsonOut::Writer {
+public:
+    Writer(std::string& out, JsonStyle style) : sink_(out) {
+        if (style == JsonStyle::Indented) {
+            writer_.emplace<IndentedWriter>(sink_).SetIndent(' ', 2);
+        } else {
+            writer_.emplace<OneLineWriter>(sink_);
+        }
+    }
+
+    /// Calls the chosen writer.
+    template <class Write>
+    void write(Write write) {
+        std::visit(
+            [&](auto& writer) {
+                if constexpr (!std::is_same_v<std::decay_t<decltype(writer)>, std::monostate>) write(writer);
+            },
+            writer_);
+    }
+
+    /// The text in UTF-8, until the next one.
+    const std::string& inUtf8(TextView text) {
+        utf8_.clear();
+        appendUtf8(text, utf8_);
+        return utf8_;
+    }
+
+    void restart() {
+        write([&](auto& writer) { writer.Reset(sink_); });
+    }
+
+private:
+    Sink sink_;
+    std::variant<std::monostate, OneLineWriter, IndentedWriter> writer_;
+    std::string utf8_;
+};
+
+namespace {
+
+rapidjson::SizeType sizeOf(std::string_view text) { return static_cast<rapidjson::SizeType>(text.size()); }
+
+}  // namespace
+
+JsonOut::JsonOut(std::string& out, JsonStyle style) : writer_(std::make_unique<Writer>(out, style)) {}
+JsonOut::~JsonOut() = default;
+
+void JsonOut::beginObject() {
+    writer_->write([](auto& writer) { writer.StartObject(); });
 }
 
-void JsonOut::begin(char bracket) {
-    separate();
-    out_ += bracket;
-    commaDue_ = false;
+void JsonOut::endObject() {
+    writer_->write([](auto& writer) { writer.EndObject(); });
 }
 
-void JsonOut::end(char bracket) {
-    out_ += bracket;
-    commaDue_ = true;
+void JsonOut::beginArray() {
+    writer_->write([](auto& writer) { writer.StartArray(); });
 }
 
-void JsonOut::key(TextView name) {
-    separate();
-    quoted(name);
-    out_ += ':';
-    commaDue_ = false;
+void JsonOut::endArray() {
+    writer_->write([](auto& writer) { writer.EndArray(); });
 }
 
-void JsonOut::key(std::string_view asciiName) {
-    separate();
-    out_ += '"';
-    out_ += asciiName;
-    out_ += "\":";
-    commaDue_ = false;
+void JsonOut::key(TextView name) { key(std::string_view(writer_->inUtf8(name))); }
+
+void JsonOut::key(std::string_view utf8Name) {
+    writer_->write([&](auto& writer) { writer.Key(utf8Name.data(), sizeOf(utf8Name)); });
 }
 
 void JsonOut::text(TextView value) {
-    separate();
-    quoted(value);
+    const std::string& utf8 = writer_->inUtf8(value);
+    writer_->write([&](auto& writer) { writer.String(utf8.data(), sizeOf(utf8)); });
 }
 
 void JsonOut::number(int value) {
-    separate();
-    out_ += std::to_string(value);
+    writer_->write([&](auto& writer) { writer.Int(value); });
+}
+
+void JsonOut::boolean(bool value) {
+    writer_->write([&](auto& writer) { writer.Bool(value); });
+}
+
+void JsonOut::null() {
+    writer_->write([](auto& writer) { writer.Null(); });
 }
 
 void JsonOut::raw(std::string_view json) {
-    separate();
-    out_ += json;
+    writer_->write([&](auto& writer) { writer.RawValue(json.data(), json.size(), rapidjson::kNumberType); });
 }
 
-void JsonOut::quoted(TextView value) {
-    out_ += '"';
-    while (!value.empty()) {
-        std::size_t plain = 0;
-        while (plain < value.size() && isPlain(value[plain])) ++plain;
-        appendPlain(value.substr(0, plain), out_);
-        value.remove_prefix(plain);
-        if (value.empty()) break;
-        const CodePoint character = codePointAt(value, 0);
-        appendEscaped(character.value, out_);
-        value.remove_prefix(character.units);
-    }
-    out_ += '"';
-}
+void JsonOut::restart() { writer_->restart(); }
 
 }  // namespace vantro

@@ -3,46 +3,50 @@
 
 #include "vantro/text.h"
 
+#include <memory>
 #include <string>
 #include <string_view>
 
 namespace vantro {
 
-/// Appends JSON to a text. Commas and colons come by themselves; that keys stand before members and that what is
-/// begun is ended is the caller's business.
+/// Whether JSON comes in one line or in lines with an indent of two blanks a level.
+enum class JsonStyle { OneLine, Indented };
+
+/// Appends one JSON value to a text. Commas and colons come by themselves; that keys stand before members and that
+/// what is begun is ended is the caller's business.
 class JsonOut {
 public:
-    explicit JsonOut(std::string& out) : out_(out) {}
+    explicit JsonOut(std::string& out, JsonStyle style = JsonStyle::OneLine);
+    ~JsonOut();
 
-    void beginObject() { begin('{'); }
-    void endObject() { end('}'); }
-    void beginArray() { begin('['); }
-    void endArray() { end(']'); }
+    JsonOut(const JsonOut&) = delete;
+    JsonOut& operator=(const JsonOut&) = delete;
 
-    /// A member's name. The narrow form is for plain ASCII names that need no escape.
+    void beginObject();
+    void endObject();
+    void beginArray();
+    void endArray();
+
+    /// A member's name.
     void key(TextView name);
-    void key(std::string_view asciiName);
+    void key(std::string_view utf8Name);
 
     /// A string value. Control characters are escaped; an unpaired surrogate becomes U+FFFD.
     void text(TextView value);
     void number(int value);
-    void boolean(bool value) { raw(value ? "true" : "false"); }
-    void null() { raw("null"); }
+    void boolean(bool value);
+    void null();
 
-    /// A value that is JSON already.
+    /// A number as it is spelled, or a value that is JSON already.
     void raw(std::string_view json);
 
-    /// Begins anew: what comes next follows nothing.
-    void restart() { commaDue_ = false; }
+    /// Begins anew: what comes next is another value.
+    void restart();
 
 private:
-    void separate();
-    void begin(char bracket);
-    void end(char bracket);
-    void quoted(TextView value);
+    class Writer;
 
-    std::string& out_;
-    bool commaDue_ = false;
+    std::unique_ptr<Writer> writer_;
 };
 
 }  // namespace vantro

@@ -11,23 +11,13 @@ namespace vantro {
 namespace {
 
 void appendProfile(const Profile& profile, ProfileForm form, std::string& out) {
-    switch (form) {
-        case ProfileForm::JsonLine: {
-            JsonOut json(out);
-            writeProfile(profile, json);
-            out += '\n';
-            break;
-        }
-        case ProfileForm::IndentedJson: {
-            std::string unbroken;
-            JsonOut json(unbroken);
-            writeProfile(profile, json);
-            appendIndented(unbroken, out);
-            out += '\n';
-            break;
-        }
-        case ProfileForm::Table: out += profileTable(profile); break;
+    if (form == ProfileForm::Table) {
+        out += profileTable(profile);
+        return;
     }
+    JsonOut json(out, form == ProfileForm::IndentedJson ? JsonStyle::Indented : JsonStyle::OneLine);
+    writeProfile(profile, json);
+    out += '\n';
 }
 
 std::string unansweredIn(const Profile& profile) {

@@ -90,16 +90,6 @@ void writeProblems(const Profile& profile, JsonOut& out) {
     out.endArray();
 }
 
-/// Where the string that begins with this quotation mark ends, one past its closing mark.
-std::size_t stringEnd(std::string_view json, std::size_t opening) {
-    std::size_t at = opening + 1;
-    while (json[at] != '"') at += json[at] == '\\' ? 2 : 1;
-    return at + 1;
-}
-
-bool isOpening(char character) { return character == '{' || character == '['; }
-bool isClosing(char character) { return character == '}' || character == ']'; }
-
 }  // namespace
 
 FurtherFields furtherFields(Family family) {
@@ -118,28 +108,6 @@ void writeProfile(const Profile& profile, JsonOut& out) {
     writeNotes(profile, out);
     writeProblems(profile, out);
     out.endObject();
-}
-
-void appendIndented(std::string_view json, std::string& out) {
-    std::size_t depth = 0;
-    const auto newLine = [&] {
-        out += '\n';
-        out.append(2 * depth, ' ');
-    };
-    for (std::size_t at = 0; at < json.size();) {
-        const char character = json[at];
-        const std::size_t next = character == '"' ? stringEnd(json, at) : at + 1;
-        const bool isEmpty = isOpening(character) && isClosing(json[next]);
-        if (isClosing(character)) {
-            --depth;
-            newLine();
-        }
-        out += isEmpty ? json.substr(at, 2) : json.substr(at, next - at);
-        if (character == ':') out += ' ';
-        if (isOpening(character) && !isEmpty) ++depth;
-        if (character == ',' || (isOpening(character) && !isEmpty)) newLine();
-        at = isEmpty ? next + 1 : next;
-    }
 }
 
 }  // namespace vantro

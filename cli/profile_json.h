@@ -4,9 +4,6 @@
 #include "cli/json_out.h"
 #include "vantro/profile.h"
 
-#include <string>
-#include <string_view>
-
 namespace vantro {
 
 /// The fields beside number and text that a family's elements have.
@@ -20,8 +17,5 @@ FurtherFields furtherFields(Family family);
 
 /// Writes a profile as one object. Its last member "problems" is there only when there are any.
 void writeProfile(const Profile& profile, JsonOut& out);
-
-/// Appends a JSON text without blanks between its parts in lines, two blanks further in at every level.
-void appendIndented(std::string_view json, std::string& out);
 
 }  // namespace vantro

@@ -35,7 +35,7 @@ TEST(JsonOut, CommasStandBetweenMembersAndElementsAlone) {
 }
 
 TEST(JsonOut, ControlCharactersQuotationMarksAndBackslashesAreEscaped) {
-    EXPECT_EQ(asJson(u"a\"b\\c/\b\t\n\f\r\u0001\u001F\u007F"), "\"a\\\"b\\\\c/\\b\\t\\n\\f\\r\\u0001\\u001f\x7F\"");
+    EXPECT_EQ(asJson(u"a\"b\\c/\b\t\n\f\r\u0001\u001F\u007F"), "\"a\\\"b\\\\c/\\b\\t\\n\\f\\r\\u0001\\u001F\x7F\"");
     EXPECT_EQ(asJson(TextView(u"\0", 1)), "\"\\u0000\"");
 }
 
