@@ -1,0 +1,283 @@
+#include "common/displays.h"
+
+#include <algorithm>
+#include <array>
+#include <cstdint>
+#include <random>
+#include <span>
+#include <string_view>
+
+namespace vantro::bench {
+
+namespace {
+
+using std::string;
+using std::string_view;
+
+constexpr std::size_t displayCount = 1000;
+constexpr std::size_t shortest = 24;
+constexpr std::size_t longest = 400;
+
+constexpr string_view words[] = {
+    "AISLE",   "BREAKFAST", "CORPORATE", "DEPARTURE", "EARLY",   "FLEXIBLE", "GUARANTEE", "HARBOUR", "INVOICE",
+    "JOURNEY", "KESTRELLO", "LOUNGE",    "MORNING",   "NORTH",   "OFFICE",   "PREFERS",   "QUIET",   "RENTAL",
+    "STATION", "TICKETING", "UPGRADE",   "VOUCHER",   "WINDOW",  "AND",      "NO",        "OF",      "THE",
+    "12MAR",   "0700",      "555-0101",  "NCE",       "OSL",     "CEILING",  "1900",      "EUR",     "FLOOR",
+    "YEARLY",  "DAY/NIGHT", "4711-22",   "FOR",       "DISPLAY", "ENDS",     "CLASS",     "MEETING", "FERRY",
+};
+constexpr string_view carriers[] = {"XQ", "ZJ", "QV", "KV"};
+
+/// Whole numbers that are the same wherever the program is built; the standard distributions are not.
+class Dice {
+public:
+    explicit Dice(unsigned seed) : engine_(seed) {}
+
+    std::size_t below(std::size_t bound) { return engine_() % bound; }
+    std::size_t between(std::size_t low, std::size_t high) { return low + below(high - low + 1); }
+    bool oneIn(std::size_t n) { return below(n) == 0; }
+
+    template <class T, std::size_t N>
+    T pick(const T (&choices)[N]) {
+        return choices[below(N)];
+    }
+
+private:
+    std::mt19937 engine_;
+};
+
+enum class Kind : std::uint8_t { WholeSection, GlobalSearch, Policy, Transferable, Documents, Notes };
+
+struct Section {
+    string_view header;
+    Kind kind;
+    std::span<const string_view> families;
+    std::size_t share;  ///< how many of a display's lines the section gets, against the others
+};
+
+constexpr string_view priority[] = {"PPR"};
+constexpr string_view globalSearch[] = {"PGL"};
+constexpr string_view preStored[] = {"PPS"};
+constexpr string_view hotel[] = {"PHI", "PPH", "PSH"};
+constexpr string_view car[] = {"PCI", "PPC", "PXC", "PSC"};
+constexpr string_view air[] = {"PPA", "PPK", "PPI", "PXA", "PXK", "PPT", "PXT"};
+constexpr string_view transferable[] = {"RM ", "AP ", "OS ", "FFN", "SR ", "ST ", "RC "};
+constexpr string_view documents[] = {"PAS", "PIV", "PCE", "PID"};
+constexpr string_view followUp[] = {"PFO"};
+
+constexpr Section sections[] = {
+    {"PRIORITY", Kind::WholeSection, priority, 3},
+    {"GLOBAL SEARCH", Kind::GlobalSearch, globalSearch, 1},
+    {"PRE-STORED ENTRIES", Kind::WholeSection, preStored, 4},
+    {"TRAVEL POLICIES - HOTEL", Kind::Policy, hotel, 5},
+    {"TRAVEL POLICIES - CAR", Kind::Policy, car, 5},
+    {"TRAVEL POLICIES - AIR", Kind::Policy, air, 7},
+    {"PNR TRANSFERABLE DATA", Kind::Transferable, transferable, 8},
+    {"DOCUMENTS", Kind::Documents, documents, 3},
+    {"FOLLOW UP", Kind::Documents, followUp, 2},
+    {"PROFILE NOTES", Kind::Notes, {}, 2},
+};
+
+/// Writes one display line by line.
+class Printer {
+public:
+    Printer(std::size_t lines, unsigned seed) : dice_(seed), lines_(lines) {}
+
+    string print() {
+        const bool transferableFirst = dice_.oneIn(2);
+        printHead(transferableFirst);
+        printSections(transferableFirst);
+        text_ += dice_.oneIn(2) ? ">" : "END OF DISPLAY";
+        return std::move(text_);
+    }
+
+private:
+    std::size_t printed() const { return text_.size() / lineWidth; }
+
+    void line(string_view content) {
+        text_.append(content.substr(0, lineWidth));
+        text_.append(lineWidth - std::min(content.size(), lineWidth), ' ');
+    }
+
+    string phrase(std::size_t wordCount) {
+        string text;
+        for (std::size_t i = 0; i < wordCount; ++i) {
+            if (i > 0) text += ' ';
+            text += dice_.pick(words);
+        }
+        return text;
+    }
+
+    string locator() {
+        string text;
+        for (int i = 0; i < 6; ++i) text += "ABCDEFGHJKLMNPQRSTUVWXYZ23456789"[dice_.below(32)];
+        return text;
+    }
+
+    /// An element number, right-aligned; the host starts again after 99.
+    string number(std::size_t width) {
+        number_ = number_ % 99 + 1;
+        const string digits = std::to_string(number_);
+        return string(width - digits.size(), ' ') + digits;
+    }
+
+    void printHead(bool shortOfficeRule) {
+        line("PDR/" + locator());
+        if (dice_.oneIn(10)) line("PF24 REQST UMSG");
+        const bool company = dice_.oneIn(4);
+        string mark = company ? "*C* " + phrase(3) : string("*T* TRAVELLER PROFILE");
+        mark.resize(74, ' ');
+        line(mark + locator());
+        // A rule of six hyphens and more already ends the search for confidential remarks.
+        string rule = shortOfficeRule ? "----- CREATED 04FEB   OFFICE" : "--------------- CREATED 04FEB   OFFICE";
+        rule.resize(55, ' ');
+        line(rule + "NCE1V" + std::to_string(1000 + dice_.below(9000)));
+        if (!company) line(number(4) + " NM " + phrase(1) + "/" + phrase(1) + " MR");
+        printCompanyName();
+        if (!dice_.oneIn(5)) line(number(4) + " PIN/ " + std::to_string(1000 + dice_.below(9000)));
+        if (!dice_.oneIn(5)) line(number(4) + "     PSL/ " + std::to_string(dice_.below(9)));
+    }
+
+    void printCompanyName() {
+        if (dice_.oneIn(5)) return;
+        const bool wraps = dice_.oneIn(3);
+        string name = number(4) + " PCN/ " + phrase(wraps ? 9 : 3);
+        if (wraps && dice_.oneIn(2)) name = name.substr(0, 63) + "S";  // 64 characters: broken inside a word
+        line(name.substr(0, 64));
+        if (wraps) line(string(14, ' ') + phrase(2));
+    }
+
+    void printSections(bool transferableFirst) {
+        std::vector<Section> order = chosenSections();
+        const auto isTransferable = [](const Section& section) { return section.kind == Kind::Transferable; };
+        const auto found = std::ranges::find_if(order, isTransferable);
+        if (transferableFirst && found != order.end()) std::rotate(order.begin(), found, found + 1);
+
+        std::size_t shares = 0;
+        for (const Section& section : order) shares += section.share;
+        for (std::size_t i = 0; i < order.size(); ++i) {
+            const std::size_t headersLeft = order.size() - i;
+            const std::size_t left = lines_ - std::min(lines_, printed() + headersLeft + 1);
+            const bool isLast = i + 1 == order.size();
+            printSection(order[i], isLast ? left : left * order[i].share / shares);
+            shares -= order[i].share;
+        }
+    }
+
+    /// Short displays have fewer sections.
+    std::vector<Section> chosenSections() {
+        std::vector<Section> chosen(std::begin(sections), std::end(sections));
+        const std::size_t wanted = std::clamp<std::size_t>(lines_ / 8, 4, chosen.size());
+        while (chosen.size() > wanted) chosen.erase(chosen.begin() + static_cast<long>(dice_.below(chosen.size() - 1)));
+        return chosen;
+    }
+
+    void printSection(const Section& section, std::size_t lineCount) {
+        line(string("------- ").append(section.header));
+        const std::size_t end = printed() + lineCount;
+        switch (section.kind) {
+            case Kind::WholeSection: printPrefixed(section, end, 1); break;
+            case Kind::GlobalSearch: printRun("PGL", std::min(end, printed() + 11)); break;
+            case Kind::Policy: printPrefixed(section, end, 3); break;
+            case Kind::Transferable: printTransferable(section, end); break;
+            case Kind::Documents: printDocuments(section, end); break;
+            case Kind::Notes: printNotes(end); break;
+        }
+    }
+
+    /// Prefixed elements, wrapped ones among them, each with up to `followers - 1` unprefixed ones.
+    void printPrefixed(const Section& section, std::size_t end, std::size_t followers) {
+        while (printed() < end) {
+            const string_view family = section.families[dice_.below(section.families.size())];
+            line(number(4).append(" ").append(family).append("/ ").append(phrase(dice_.between(2, 8))));
+            printContinuations(end);
+            for (std::size_t i = dice_.below(followers); i > 0 && printed() < end; --i) {
+                line(number(4) + "      " + phrase(dice_.between(1, 5)));
+            }
+        }
+    }
+
+    void printContinuations(std::size_t end) {
+        if (!dice_.oneIn(9)) return;
+        for (std::size_t i = dice_.between(1, 2); i > 0 && printed() < end; --i) {
+            line(string(10, ' ') + (dice_.oneIn(3) ? "AT:" : "") + phrase(dice_.between(1, 4)));
+        }
+    }
+
+    void printRun(string_view family, std::size_t end) {
+        if (printed() >= end) return;
+        line(number(4).append(" ").append(family).append("/ ").append(phrase(2)));
+        while (printed() < end) line(number(4) + "      " + phrase(dice_.between(1, 4)));
+    }
+
+    void printDocuments(const Section& section, std::size_t end) {
+        std::size_t runsLeft = section.families.size();
+        for (const string_view family : section.families) {
+            const std::size_t left = end - std::min(end, printed());
+            printRun(family, printed() + left / runsLeft);
+            --runsLeft;
+        }
+    }
+
+    void printTransferable(const Section& section, std::size_t end) {
+        while (printed() < end) {
+            const string_view code = section.families[dice_.below(section.families.size())];
+            line(string(dice_.oneIn(2) ? "S" : "A") + number(7) + string(5, ' ') + string(code) + " " + detail(code));
+            if (!dice_.oneIn(9)) continue;
+            for (std::size_t i = dice_.between(1, 2); i > 0 && printed() < end; --i) {
+                line(string(18, ' ') + phrase(dice_.between(1, 4)));
+            }
+        }
+    }
+
+    string detail(string_view code) {
+        const string carrier(dice_.pick(carriers));
+        const string account = std::to_string(1000000 + dice_.below(9000000));
+        if (code == "FFN") return carrier + "-" + account + (dice_.oneIn(3) ? "    GOLD" : "");
+        if (code == "ST ") return "NSSW/" + std::to_string(dice_.between(1, 40)) + "A";
+        if (code == "AP ") return "NCE 04 " + account + "-B";
+        if (code != "SR ") return phrase(dice_.between(2, 6));
+        if (dice_.oneIn(3)) return "FQTV" + carrier + " " + account + "-" + phrase(1);
+        return dice_.oneIn(2) ? "*VGML-" + phrase(2) : string("WCHS");
+    }
+
+    void printNotes(std::size_t end) {
+        while (printed() < end) line(string(1, "ABM"[dice_.below(3)]) + " " + phrase(dice_.between(2, 8)));
+    }
+
+    Dice dice_;
+    std::size_t lines_;
+    std::size_t number_ = 0;
+    string text_;
+};
+
+}  // namespace
+
+Display displayOfLines(std::size_t lines, unsigned seed) {
+    Display display;
+    display.utf8 = Printer(lines, seed).print();
+    display.utf16.assign(display.utf8.begin(), display.utf8.end());
+    return display;
+}
+
+const std::vector<Display>& displays() {
+    static const std::vector<Display> all = [] {
+        std::vector<Display> made;
+        made.reserve(displayCount);
+        Dice dice(20260114);
+        for (unsigned i = 0; i < displayCount; ++i) made.push_back(displayOfLines(dice.between(shortest, longest), i));
+        return made;
+    }();
+    return all;
+}
+
+Totals totals() {
+    Totals sum;
+    for (const Display& display : displays()) {
+        ++sum.displays;
+        sum.characters += display.utf16.size();
+        sum.lines += (display.utf16.size() + lineWidth - 1) / lineWidth;
+    }
+    return sum;
+}
+
+}  // namespace vantro::bench

@@ -1,0 +1,144 @@
+// Time against the length of the display, and what a display without an end marker costs.
+#include "common/displays.h"
+#include "common/element_set.h"
+#include "common/lines.h"
+#include "common/run.h"
+#include "one_family/scanner.h"
+#include "whole_profile/scanner.h"
+
+#include "vantro/built_in_terminal.h"
+#include "vantro/profile.h"
+#include "vantro/registry.h"
+
+#include <cstdio>
+#include <map>
+
+namespace {
+
+using namespace vantro;
+using namespace vantro::bench;
+
+constexpr std::size_t lengths[] = {24, 50, 100, 200, 400, 1000, 3000, 10'000, 30'000};
+
+const Display& displayOf(std::size_t lines) {
+    static std::map<std::size_t, Display> made;
+    const auto found = made.find(lines);
+    return found != made.end() ? found->second : made.emplace(lines, displayOfLines(lines, 7)).first->second;
+}
+
+/// A display without its last line, which holds the end marker.
+const Text& endlessDisplay() {
+    static const Text text = [] {
+        Text display = displayOf(200).utf16;
+        display.resize((display.size() - 1) / 80 * 80);
+        return display;
+    }();
+    return text;
+}
+
+/// Nothing but the first lines of a display: every query goes on to the last line number.
+const Text& brokenOffDisplay() {
+    static const Text text = endlessDisplay().substr(0, std::size_t{4} * 80);
+    return text;
+}
+
+struct Profiles {
+    Profiles() : object(createObject(*findClass(u"CProfile"), terminal)) {}
+
+    /// -1 for a failed count.
+    int count(TextView property, TextView display) {
+        try {
+            return findCount(*findClass(u"CProfile"), property)->call(*object, {display});
+        } catch (const Error&) {
+            return -1;
+        }
+    }
+
+    BuiltInTerminal terminal;
+    std::unique_ptr<ProfileObject> object;
+};
+
+Profiles& profiles() {
+    static Profiles the;
+    return the;
+}
+
+/// All 16-bit line numbers, each line fetched, trimmed and looked at: what a display without an end costs at
+/// least whoever goes on to the last line number.
+std::size_t sweepEmptyLines(View display) {
+    std::size_t empty = 0;
+    for (std::int32_t number = 0; number <= 32767; ++number) {
+        const View line = rightTrimmed(screenLine(display, static_cast<std::size_t>(number)));
+        benchmark::DoNotOptimize(line.data());
+        if (findUnit(line, u'>') != View::npos || line.find(endOfDisplay) != View::npos) break;
+        if (line.find(u"------- PRIORITY") == View::npos) ++empty;
+    }
+    return empty;
+}
+
+void checkAll() {
+    for (const std::size_t lines : lengths) {
+        const Text& display = displayOf(lines).utf16;
+        requireEqual("the generator", lines, lineCount(display) == lines ? "" : "the display has another length");
+        ScannedTexts scanned;
+        scanProfile(display, scanned);
+        requireEqual("by hand", lines, difference(elementSetOf(parseProfile(display)), elementSetOf(scanned)));
+    }
+    // Past the end every line is blank, so that only the overflowing line number ends a search.
+    const bool fails = profiles().count(u"PPRElementsCount", brokenOffDisplay()) == -1 &&
+                       !parseProfile(endlessDisplay()).problems.empty() &&
+                       parseProfile(brokenOffDisplay()).problems.size() >= familyCount;
+    requireEqual("a display without an end", 0, fails ? "" : "the search did not run to the last line number");
+    requireEqual("the sweep", 0, sweepEmptyLines(brokenOffDisplay()) > 32'700 ? "" : "stopped early");
+    std::printf("displays of %zu to %zu lines; all contenders agree\n\n", *std::begin(lengths),
+                *(std::end(lengths) - 1));
+}
+
+std::string named(const char* what, std::size_t lines) { return what + (", " + std::to_string(lines) + " lines"); }
+
+template <class Work>
+void add(const std::string& name, Work work) {
+    benchmark::RegisterBenchmark(name.c_str(), [work](benchmark::State& state) {
+        for (auto _ : state) work();
+    })->Unit(benchmark::kMicrosecond);
+}
+
+void registerAll() {
+    for (const std::size_t lines : lengths) {
+        const Text& display = displayOf(lines).utf16;
+        add(named("parseProfile", lines), [&display] { benchmark::DoNotOptimize(parseProfile(display)); });
+        add(named("by hand", lines), [&display] {
+            ScannedTexts result;
+            scanProfile(display, result);
+            benchmark::DoNotOptimize(result);
+        });
+        add(named("PFOElementsCount", lines),
+            [&display] { benchmark::DoNotOptimize(profiles().count(u"PFOElementsCount", display)); });
+    }
+    add("16-bit sweep of empty lines", [] { benchmark::DoNotOptimize(sweepEmptyLines(brokenOffDisplay())); });
+    add("no end, 4 lines: PPRElementsCount",
+        [] { benchmark::DoNotOptimize(profiles().count(u"PPRElementsCount", brokenOffDisplay())); });
+    add("no end, 4 lines: parseProfile", [] { benchmark::DoNotOptimize(parseProfile(brokenOffDisplay())); });
+    add("no end, 199 lines: parseProfile", [] { benchmark::DoNotOptimize(parseProfile(endlessDisplay())); });
+}
+
+// Linear is the factor between the numbers of lines. Short displays stay in the nearest cache and hold fewer
+// sections, so that the comparison begins with the longest ordinary ones, and twice the factor is allowed for the
+// caches.
+constexpr Ratio ratios[] = {
+    {"parseProfile, 30000 lines", "parseProfile, 400 lines", 75 * 2.0},
+    {"parseProfile, 30000 lines", "parseProfile, 3000 lines", 10 * 2.0},
+    {"PFOElementsCount, 30000 lines", "PFOElementsCount, 400 lines", 75 * 2.0},
+    {"parseProfile, 30000 lines", "by hand, 30000 lines", 1.0},
+    {"no end, 4 lines: PPRElementsCount", "16-bit sweep of empty lines", 1.0},
+    {"no end, 4 lines: parseProfile", "16-bit sweep of empty lines", 1.0},
+    {"no end, 199 lines: parseProfile", "16-bit sweep of empty lines", 1.0},
+};
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    checkAll();
+    registerAll();
+    return run("growth", argc, argv, ratios);
+}
