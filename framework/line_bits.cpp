@@ -29,24 +29,6 @@ std::uint64_t bitsOf(Group group, char16_t wanted) {
     return simd::bits(simd::eachByteEqual(group.bytes, static_cast<char>(wanted)));
 }
 
-__m128i eachEqualAny(Group group, char16_t first, char16_t second, char16_t third) {
-    const __m128i any = _mm_or_si128(simd::eachByteEqual(group.bytes, static_cast<char>(first)),
-                                     simd::eachByteEqual(group.bytes, static_cast<char>(second)));
-    return _mm_or_si128(any, simd::eachByteEqual(group.bytes, static_cast<char>(third)));
-}
-
-std::uint64_t bitsOfAny(Group group, char16_t first, char16_t second, char16_t third) {
-    return simd::bits(eachEqualAny(group, first, second, third));
-}
-
-bool holdsAny(const char16_t* characters, std::size_t length, char16_t first, char16_t second, char16_t third) {
-    __m128i found = _mm_setzero_si128();
-    for (std::size_t place = 0; place < length; place += groupSize) {
-        found = _mm_or_si128(found, eachEqualAny(groupAt(characters + place), first, second, third));
-    }
-    return simd::bits(found) != 0;
-}
-
 #else
 
 using Group = const char16_t*;
@@ -57,16 +39,6 @@ std::uint64_t bitsOf(Group group, char16_t wanted) {
     std::uint64_t bits = 0;
     for (std::size_t place = 0; place < groupSize; ++place) bits |= std::uint64_t{group[place] == wanted} << place;
     return bits;
-}
-
-std::uint64_t bitsOfAny(Group group, char16_t first, char16_t second, char16_t third) {
-    return bitsOf(group, first) | bitsOf(group, second) | bitsOf(group, third);
-}
-
-bool holdsAny(const char16_t* characters, std::size_t length, char16_t first, char16_t second, char16_t third) {
-    return std::any_of(characters, characters + length, [=](char16_t character) {
-        return character == first || character == second || character == third;
-    });
 }
 
 #endif
@@ -111,20 +83,12 @@ BlanksAndSlashes blanksAndSlashesOf(TextView line) {
     });
 }
 
-LineBits placesOfAny(TextView line, char16_t first, char16_t second, char16_t third) {
-    const auto bitsOfGroup = [=](Group group) { return bitsOfAny(group, first, second, third); };
+OneAndEither placesOf(TextView line, char16_t one, char16_t first, char16_t second) {
+    const auto isEither = [=](Group group) { return bitsOf(group, first) | bitsOf(group, second); };
     return lookAt(line, [&]<std::size_t Groups>(const std::array<Group, Groups>& groupsOfLine) {
-        return bitsOfGroups(groupsOfLine, bitsOfGroup, std::make_index_sequence<Groups>());
+        constexpr auto all = std::make_index_sequence<Groups>();
+        return OneAndEither{bitsOfLine(groupsOfLine, one), bitsOfGroups(groupsOfLine, isEither, all)};
     });
-}
-
-std::size_t nextLineWithAny(TextView text, std::size_t width, std::size_t from, char16_t first, char16_t second,
-                            char16_t third) {
-    const std::size_t lines = (text.size() + width - 1) / width;
-    const std::size_t wholeLines = width % groupSize == 0 ? text.size() / width : 0;
-    std::size_t line = from;
-    while (line < wholeLines && !holdsAny(text.data() + line * width, width, first, second, third)) ++line;
-    return std::min(line, lines);
 }
 
 }  // namespace vantro

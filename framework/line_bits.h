@@ -50,6 +50,17 @@ public:
     /// Every place moved down by `steps` (1 to 63): place p of the result is place p + steps of this one.
     constexpr LineBits down(unsigned steps) const { return {low_ >> steps | high_ << (64 - steps), high_ >> steps}; }
 
+    /// The places at which `length` (2 to 63) places of the set in a row begin.
+    constexpr LineBits runs(unsigned length) const {
+        LineBits begins = *this;
+        for (unsigned covered = 1; covered < length;) {
+            const unsigned step = covered < length - covered ? covered : length - covered;
+            begins = begins & begins.down(step);
+            covered += step;
+        }
+        return begins;
+    }
+
     friend constexpr LineBits operator&(LineBits a, LineBits b) { return {a.low_ & b.low_, a.high_ & b.high_}; }
     friend constexpr LineBits operator|(LineBits a, LineBits b) { return {a.low_ | b.low_, a.high_ | b.high_}; }
     friend constexpr LineBits operator~(LineBits a) { return {~a.low_, ~a.high_}; }
@@ -68,12 +79,11 @@ struct BlanksAndSlashes {
 /// Looks at a line of at most `LineBits::capacity` characters.
 BlanksAndSlashes blanksAndSlashesOf(TextView line);
 
-/// Where any of three characters stands in a line of at most `LineBits::capacity` characters.
-LineBits placesOfAny(TextView line, char16_t first, char16_t second, char16_t third);
-
-/// The first of the lines of `width` characters in a text, from line `from` on, that holds any of three characters;
-/// the number of lines when none does. A shorter last line counts as one that does.
-std::size_t nextLineWithAny(TextView text, std::size_t width, std::size_t from, char16_t first, char16_t second,
-                            char16_t third);
+/// Where one character, and where either of two others stands in a line of at most `LineBits::capacity` characters.
+struct OneAndEither {
+    LineBits one;
+    LineBits either;
+};
+OneAndEither placesOf(TextView line, char16_t one, char16_t first, char16_t second);
 
 }  // namespace vantro

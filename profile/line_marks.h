@@ -37,8 +37,8 @@ private:
 
 LineMarks marksOf(TextView line);
 
-/// The first line at or after `from` of a display that is cut into lines by position that may hold a mark; the number
-/// of its lines when none does.
+/// The first line at or after `from`, in a display that is cut into lines by position, that may hold a mark. Every line
+/// before it holds none; a shorter last line, and what is behind it, is always one that may.
 std::size_t nextLineThatMayBeMarked(TextView display, std::size_t from);
 
 }  // namespace vantro
