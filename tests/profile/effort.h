@@ -1,0 +1,22 @@
+// How long the searching tests may take.
+#pragma once
+
+#include <cstddef>
+#include <cstdlib>
+
+namespace vantro {
+
+/// The number for an optimised build, a fraction of it for others, which also run under sanitizers. The environment
+/// variable VANTRO_TEST_EFFORT multiplies it, in percent: 1000 looks ten times as far.
+inline std::size_t effort(std::size_t optimised) {
+#ifdef NDEBUG
+    constexpr std::size_t share = 1;
+#else
+    constexpr std::size_t share = 8;
+#endif
+    const char* const percent = std::getenv("VANTRO_TEST_EFFORT");
+    const long factor = percent != nullptr ? std::atol(percent) : 100;
+    return optimised * static_cast<std::size_t>(factor > 0 ? factor : 100) / 100 / share + 1;
+}
+
+}  // namespace vantro

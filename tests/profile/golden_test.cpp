@@ -1,0 +1,134 @@
+// Every display in samples/profiles against what it holds by samples/expected.
+#include "tests/profile/samples.h"
+#include "vantro/profile.h"
+
+#include <gtest/gtest.h>
+#include <rapidjson/document.h>
+#include <rapidjson/error/en.h>
+
+#include <algorithm>
+#include <map>
+#include <optional>
+#include <stdexcept>
+
+namespace vantro {
+namespace {
+
+using Json = rapidjson::Value;
+
+/// The fields of an element that a family has beside number and text, as its golden elements name them.
+std::vector<std::string> furtherFields(const std::string& family) {
+    if (family == "SR") return {"code", "airline", "frequentFlyerNumber", "freeText", "asterisk"};
+    if (family == "FFN") return {"airline", "frequentFlyerNumber"};
+    if (family == "RC") return {"freeText"};
+    return {};
+}
+
+/// Fields by name; a boolean as "true" or "false", null as nothing.
+using Fields = std::map<std::string, std::optional<std::string>>;
+
+Fields fieldsOf(const Json& object) {
+    Fields fields;
+    for (const auto& member : object.GetObject()) {
+        std::optional<std::string>& value = fields[member.name.GetString()];
+        if (member.value.IsBool()) value = member.value.GetBool() ? "true" : "false";
+        if (member.value.IsString()) value = std::string(member.value.GetString(), member.value.GetStringLength());
+        if (!value && !member.value.IsNull()) throw std::runtime_error("a field of another kind");
+    }
+    return fields;
+}
+
+Fields fieldsOf(const Element& element, const std::vector<std::string>& further) {
+    const std::map<std::string, std::string> all{{"code", utf8(element.code)},
+                                                 {"airline", utf8(element.airline)},
+                                                 {"frequentFlyerNumber", utf8(element.frequentFlyerNumber)},
+                                                 {"freeText", utf8(element.freeText)},
+                                                 {"asterisk", element.asterisk ? "true" : "false"}};
+    Fields fields{{"number", utf8(element.number)}, {"text", utf8(element.text)}};
+    for (const std::string& name : further) fields[name] = all.at(name);
+    return fields;
+}
+
+class GoldenProfile : public testing::TestWithParam<std::string> {
+protected:
+    void SetUp() override {
+        expected_.Parse(expectedJson(GetParam()).c_str());
+        ASSERT_FALSE(expected_.HasParseError()) << rapidjson::GetParseError_En(expected_.GetParseError());
+        profile_ = parseProfile(sampleDisplay(GetParam()));
+    }
+
+    const Json& expected(const char* name) const { return expected_[name]; }
+    const Profile& profile() const { return profile_; }
+
+private:
+    rapidjson::Document expected_;
+    Profile profile_;
+};
+
+INSTANTIATE_TEST_SUITE_P(Sample, GoldenProfile, testing::ValuesIn(sampleNames()),
+                         [](const auto& test) { return test.param; });
+
+TEST(GoldenFiles, EveryDisplayHasOneAndTheOtherWayRound) {
+    EXPECT_EQ(sampleNames(), expectedNames());
+    EXPECT_GE(sampleNames().size(), 6U);
+}
+
+TEST_P(GoldenProfile, HeaderValues) {
+    EXPECT_EQ(utf8(profile().name), expected("name").GetString());
+    EXPECT_EQ(utf8(profile().recordLocator), expected("recordLocator").GetString());
+    EXPECT_EQ(utf8(profile().officeIdentifier), expected("officeIdentifier").GetString());
+
+    Fields company{{"number", std::nullopt}, {"text", utf8(profile().companyName.text)}};
+    if (profile().companyName.number) company["number"] = utf8(*profile().companyName.number);
+    EXPECT_EQ(company, fieldsOf(expected("companyName")));
+
+    EXPECT_EQ(fieldsOf(profile().pin, {}), fieldsOf(expected("pin")));
+    ASSERT_EQ(profile().psl.has_value(), !expected("psl").IsNull());
+    if (profile().psl) {
+        EXPECT_EQ(fieldsOf(*profile().psl, {}), fieldsOf(expected("psl")));
+    }
+}
+
+TEST_P(GoldenProfile, Elements) {
+    ASSERT_EQ(expected("elements").MemberCount(), familyCount);
+    for (const FamilyName& family : familyNames()) {
+        const std::string prefix = utf8(family.prefix);
+        SCOPED_TRACE(prefix);
+        const Json& golden = expected("elements")[prefix.c_str()];
+        const std::span<const Element> elements = profile().elements(family.family);
+        ASSERT_EQ(elements.size(), golden.Size());
+        for (rapidjson::SizeType place = 0; place < golden.Size(); ++place) {
+            EXPECT_EQ(fieldsOf(elements[place], furtherFields(prefix)), fieldsOf(golden[place])) << "at " << place;
+        }
+    }
+}
+
+TEST_P(GoldenProfile, Notes) {
+    const Json& golden = expected("notes");
+    ASSERT_EQ(profile().notes.size(), golden.Size());
+    for (rapidjson::SizeType place = 0; place < golden.Size(); ++place) {
+        const Note& note = profile().notes[place];
+        const Fields fields{
+            {"number", std::to_string(note.number)}, {"qualifier", utf8(note.qualifier)}, {"text", utf8(note.text)}};
+        EXPECT_EQ(fields, fieldsOf(golden[place])) << "at " << place;
+    }
+}
+
+TEST_P(GoldenProfile, EveryQueryIsAnswered) {
+    for (const Problem& problem : profile().problems)
+        ADD_FAILURE() << utf8(problem.query) << " raised " << problem.number;
+}
+
+// What the samples are there for
+
+TEST(GoldenFiles, EveryFamilyHasElementsInSomeSample) {
+    for (const FamilyName& family : familyNames()) {
+        const auto hasElements = [&](const std::string& name) {
+            return !parseProfile(sampleDisplay(name)).elements(family.family).empty();
+        };
+        EXPECT_TRUE(std::ranges::any_of(expectedNames(), hasElements)) << utf8(family.prefix);
+    }
+}
+
+}  // namespace
+}  // namespace vantro

@@ -1,0 +1,27 @@
+// What the count property of the notes gives.
+#pragma once
+
+#include "tests/profile/parser.h"
+
+#include <ostream>
+
+namespace vantro {
+
+struct ScannedNotes {
+    int count = 0;
+    int error = 0;
+    Texts texts = {""};
+    Texts numbers = {""};
+    Texts qualifiers = {""};
+
+    friend bool operator==(const ScannedNotes&, const ScannedNotes&) = default;
+};
+std::ostream& operator<<(std::ostream& out, const ScannedNotes& notes);
+
+/// The count, or the error of a count that fails, and the lists with their empty entry 0.
+ScannedNotes countedNotes(Parser& parser, TextView display, TextView search, TextView qualifier);
+
+/// The same on a new object.
+ScannedNotes scannedNotes(TextView display, TextView search = {}, TextView qualifier = {});
+
+}  // namespace vantro
