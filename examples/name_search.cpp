@@ -1,0 +1,24 @@
+// Searches the host's profiles by name: builds the command, then reads the screen that answers it.
+#include "vantro/built_in_terminal.h"
+#include "vantro/registry.h"
+
+#include <iostream>
+#include <string>
+
+int main() {
+    vantro::BuiltInTerminal terminal;
+    const auto search = vantro::createObject(*vantro::findClass(u"CPDNTrans"), terminal);
+
+    const vantro::CollectionPtr params = terminal.createCollection();
+    params->Add(u"strKeyName", u"SMITH/ANNA");
+    params->Add(u"blnKeyExactMatch", true);
+    const vantro::Text command = search->profileTrans()->CreateCommand(params);
+    std::cout << "send: " << std::string(command.begin(), command.end()) << '\n';
+
+    vantro::Text screen = u"PDN/-SMITH/ANNA/";
+    screen.resize(80, u' ');  // lines of 80 characters, joined without separators
+    screen += u"*T* SMITH/ANNA MS";
+    const vantro::CollectionPtr results = search->profileTrans()->VerifyResponse(screen, params);
+    const bool found = std::get<bool>(results->Item(u"blnKeyTrProfile")->Value());
+    std::cout << (found ? "a traveller's profile" : "something else") << '\n';
+}

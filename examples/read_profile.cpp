@@ -1,0 +1,49 @@
+// Reads the priority lines out of a displayed profile, given as a text file with a screen line a line.
+#include "vantro/built_in_terminal.h"
+#include "vantro/registry.h"
+
+#include <fstream>
+#include <iostream>
+#include <string>
+
+namespace {
+
+// The display as the terminal hands it over: every line filled up to 80 characters, no line ends.
+vantro::Text readDisplay(std::istream& file) {
+    vantro::Text display;
+    for (std::string line; std::getline(file, line);) {
+        display.append(line.begin(), line.end());  // the samples are plain ASCII
+        display.append(80 - line.size(), u' ');
+    }
+    return display;
+}
+
+std::string plain(const vantro::Text& text) { return {text.begin(), text.end()}; }
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    std::ifstream file(argc > 1 ? argv[1] : "samples/profiles/traveller.txt");
+    if (!file) {
+        std::cerr << "read_profile: cannot open the display; name a text file\n";
+        return 1;
+    }
+    const vantro::Text display = readDisplay(file);
+
+    vantro::BuiltInTerminal terminal;
+    const auto profile = vantro::createObject(*vantro::findClass(u"CProfile"), terminal);
+    const vantro::CollectionPtr request = terminal.createCollection();
+    request->Add(u"strKeyPrefix", u"PPR");
+    try {
+        profile->profileGet()->ProfileElements(display, request);
+    } catch (const vantro::Error& error) {
+        std::cerr << "read_profile: " << error.what() << '\n';
+        return 1;
+    }
+
+    const auto texts = std::get<vantro::TextList>(request->Item(u"strKeyElement()")->Value());
+    const auto numbers = std::get<vantro::TextList>(request->Item(u"strKeyElementNr()")->Value());
+    for (std::size_t element = 1; element < texts.size(); ++element) {  // entry 0 is empty
+        std::cout << plain(numbers[element]) << ": " << plain(texts[element]) << '\n';
+    }
+}

@@ -1,0 +1,44 @@
+#!/usr/bin/env bash
+# Builds the tool and runs the main job on the shipped samples. Installs what is missing for that (Debian).
+set -euo pipefail
+cd "$(dirname "$0")/.."
+# shellcheck source=scripts/lib.sh
+source scripts/lib.sh
+
+install_missing "${tool_packages[@]}"
+step "configure" cmake --preset release
+step "build" cmake --build --preset release
+
+tool=build/release/bin/vantro-profile
+
+# The first screen of a recorded exchange, as text lines.
+recorded_screen() {
+    awk '/^screen:/ { inside = 1; next } inside && /^\|/ { print substr($0, 2, length($0) - 2); next } inside { exit }' "$1"
+}
+
+# Prints the command line before it runs it.
+show() {
+    printf '\n$ %s\n' "$*"
+    "$@"
+}
+
+exchange=samples/exchanges/pdn_company_list.exchange
+
+echo
+echo "1. The agent looks for companies by name. The command to send to the host:"
+show $tool command CPDNTrans strKeyCompany=KES
+
+echo
+echo "2. The host answers with this screen ($exchange):"
+echo
+recorded_screen $exchange | tee build/demo-screen.txt
+
+echo
+echo "3. What the screen says:"
+show $tool verify CPDNTrans --table --screen build/demo-screen.txt
+
+if $tool --help | grep -E "^ +parse " >/dev/null; then
+    echo
+    echo "4. A whole profile display, read into its elements:"
+    show $tool parse samples/profiles/traveller.txt
+fi

@@ -1,0 +1,149 @@
+#include "framework/access.h"
+
+#include "tests/framework/raised.h"
+#include "vantro/built_in_terminal.h"
+
+#include <gtest/gtest.h>
+
+namespace vantro {
+namespace {
+
+constexpr Key<Text> text{u"strKeyName"};
+constexpr Key<bool> flag{u"blnKeyError"};
+constexpr Key<std::int16_t> number{u"intKeyIndex"};
+constexpr Key<TextList> list{u"strKeyElement()"};
+
+class ParametersTest : public testing::Test {
+protected:
+    void given(TextView key, ItemValue value) { collection->Add(key, std::move(value)); }
+    Parameters parameters() { return Parameters(terminal, collection); }
+
+    BuiltInTerminal terminal;
+    CollectionPtr collection = terminal.createCollection();
+};
+
+TEST_F(ParametersTest, AbsentTextIsEmpty) { EXPECT_EQ(parameters().read(text), u""); }
+
+TEST_F(ParametersTest, AbsentBooleanIsFalse) { EXPECT_FALSE(parameters().read(flag)); }
+
+TEST_F(ParametersTest, AbsentIntegerRaises91) {
+    EXPECT_EQ(raisedNumber([&] { parameters().read(number); }), 91);
+}
+
+TEST_F(ParametersTest, AbsentIntegersTextIsEmpty) { EXPECT_EQ(parameters().readAsText(number), u""); }
+
+TEST_F(ParametersTest, ReadsATextAsItIs) {
+    given(u"strKeyName", Text(u" SMITH/ANNA "));
+    EXPECT_EQ(parameters().read(text), u" SMITH/ANNA ");
+}
+
+TEST_F(ParametersTest, ReadsOtherKindsAsTheTerminalsText) {
+    Parameters given_ = parameters();
+    given(u"strKeyName", true);
+    EXPECT_EQ(given_.read(text), u"True");
+    given(u"strKeyName", std::int16_t{-7});
+    EXPECT_EQ(given_.read(text), u"-7");
+}
+
+TEST_F(ParametersTest, TextsReadEarlierStayValid) {
+    given(u"strKeyName", std::int16_t{11});
+    given(u"strKeyItemNr", std::int16_t{22});
+    Parameters given_ = parameters();
+    const TextView first = given_.read(text);
+    const TextView second = given_.read(key::strKeyItemNr);
+    EXPECT_EQ(first, u"11");
+    EXPECT_EQ(second, u"22");
+}
+
+TEST_F(ParametersTest, AListReadAsTextOrBooleanRaises13) {
+    given(u"strKeyName", TextList{u"A"});
+    given(u"blnKeyError", TextList{});
+    EXPECT_EQ(raisedNumber([&] { parameters().read(text); }), 13);
+    EXPECT_EQ(raisedNumber([&] { parameters().read(flag); }), 13);
+}
+
+TEST_F(ParametersTest, KeysAreCaseSensitive) {
+    given(u"strkeyname", Text(u"SMITH"));
+    EXPECT_EQ(parameters().read(text), u"");
+}
+
+TEST_F(ParametersTest, ReadsIntegersByConversion) {
+    given(u"intKeyIndex", std::int16_t{3});
+    EXPECT_EQ(parameters().read(number), 3);
+    given(u"intKeyIndex", Text(u" 4 "));
+    EXPECT_EQ(parameters().read(number), 4);
+    given(u"intKeyIndex", true);
+    EXPECT_EQ(parameters().read(number), -1);
+}
+
+TEST_F(ParametersTest, AnIntegerThatDoesNotConvertRaises6Or13) {
+    given(u"intKeyIndex", Text(u"32768"));
+    EXPECT_EQ(raisedNumber([&] { parameters().read(number); }), 6);
+    given(u"intKeyIndex", Text());
+    EXPECT_EQ(raisedNumber([&] { parameters().read(number); }), 13);
+    given(u"intKeyIndex", TextList{});
+    EXPECT_EQ(raisedNumber([&] { parameters().read(number); }), 13);
+}
+
+TEST_F(ParametersTest, ReadsAListsEntriesFromZero) {
+    given(u"strKeyElement()", TextList{u"", u"AISLE", u"WINDOW"});
+    EXPECT_EQ(parameters().readEntry(list, 0), u"");
+    EXPECT_EQ(parameters().readEntry(list, 2), u"WINDOW");
+}
+
+TEST_F(ParametersTest, AnIndexOutsideAListRaises9) {
+    given(u"strKeyElement()", TextList{u"", u"AISLE"});
+    EXPECT_EQ(raisedNumber([&] { parameters().readEntry(list, 2); }), 9);
+    EXPECT_EQ(raisedNumber([&] { parameters().readEntry(list, -1); }), 9);
+    given(u"strKeyElement()", TextList{});
+    EXPECT_EQ(raisedNumber([&] { parameters().readEntry(list, 0); }), 9);
+}
+
+TEST_F(ParametersTest, AnAbsentListRaises91) {
+    EXPECT_EQ(raisedNumber([&] { parameters().readEntry(list, 0); }), 91);
+}
+
+TEST_F(ParametersTest, AListKeyThatHoldsNoListRaises13) {
+    given(u"strKeyElement()", Text(u"AISLE"));
+    EXPECT_EQ(raisedNumber([&] { parameters().readEntry(list, 0); }), 13);
+    given(u"strKeyElement()", std::int16_t{1});
+    EXPECT_EQ(raisedNumber([&] { parameters().readEntry(list, 0); }), 13);
+}
+
+TEST(ParametersWithoutCollection, EveryReadRaises91) {
+    BuiltInTerminal terminal;
+    Parameters parameters(terminal, nullptr);
+    EXPECT_EQ(raisedNumber([&] { parameters.read(text); }), 91);
+    EXPECT_EQ(raisedNumber([&] { parameters.read(flag); }), 91);
+    EXPECT_EQ(raisedNumber([&] { parameters.read(number); }), 91);
+    EXPECT_EQ(raisedNumber([&] { parameters.readAsText(number); }), 91);
+    EXPECT_EQ(raisedNumber([&] { parameters.readEntry(list, 0); }), 91);
+}
+
+TEST(ResultsTest, AddsEachKindUnderItsKeyInOrder) {
+    BuiltInCollection collection;
+    Results results(collection);
+    results.add(flag, true);
+    results.add(text, TextView(u"KESTREL"));
+    results.add(list, TextList{u"", u"AISLE"});
+    results.addNumber(key::strKeyRecLocPos, 38);
+
+    ASSERT_EQ(collection.entries().size(), 4U);
+    EXPECT_EQ(collection.entries()[0].key(), u"blnKeyError");
+    EXPECT_EQ(collection.entries()[0].Value(), ItemValue(true));
+    EXPECT_EQ(collection.entries()[1].key(), u"strKeyName");
+    EXPECT_EQ(collection.entries()[1].Value(), ItemValue(Text(u"KESTREL")));
+    EXPECT_EQ(collection.entries()[2].key(), u"strKeyElement()");
+    EXPECT_EQ(collection.entries()[2].Value(), ItemValue(TextList{u"", u"AISLE"}));
+    EXPECT_EQ(collection.entries()[3].key(), u"strKeyRecLocPos");
+    EXPECT_EQ(collection.entries()[3].Value(), ItemValue(std::int16_t{38}));
+}
+
+TEST(ResultsTest, TakesATextOver) {
+    BuiltInCollection collection;
+    Results(collection).add(text, Text(u"KESTREL"));
+    EXPECT_EQ(collection.entries()[0].Value(), ItemValue(Text(u"KESTREL")));
+}
+
+}  // namespace
+}  // namespace vantro

@@ -1,0 +1,149 @@
+#include "framework/text_ops.h"
+
+#include "tests/framework/raised.h"
+
+#include <gtest/gtest.h>
+
+namespace vantro {
+namespace {
+
+struct MidCase {
+    const char* rule;
+    TextView text;
+    int column;
+    int width;
+    TextView expected;
+};
+
+class Mid : public testing::TestWithParam<MidCase> {};
+
+INSTANTIATE_TEST_SUITE_P(TextOps, Mid,
+                         testing::Values(MidCase{"FirstCharacterIsColumn1", u"KESTREL", 1, 1, u"K"},
+                                         MidCase{"InnerPart", u"KESTREL", 3, 4, u"STRE"},
+                                         MidCase{"LastCharacter", u"KESTREL", 7, 1, u"L"},
+                                         MidCase{"WidthPastTheEndIsCut", u"KESTREL", 6, 20, u"EL"},
+                                         MidCase{"ColumnJustBeyondTheEndIsEmpty", u"KESTREL", 8, 1, u""},
+                                         MidCase{"ColumnFarBeyondTheEndIsEmpty", u"KESTREL", 9000, 1, u""},
+                                         MidCase{"WidthZeroIsEmpty", u"KESTREL", 3, 0, u""},
+                                         MidCase{"NegativeWidthIsEmpty", u"KESTREL", 3, -5, u""},
+                                         MidCase{"EmptyTextIsEmpty", u"", 1, 3, u""},
+                                         MidCase{"BlanksAreKept", u"A  B ", 2, 4, u"  B "}),
+                         [](const auto& test) { return std::string(test.param.rule); });
+
+TEST_P(Mid, CutsFromAColumn) {
+    const MidCase& test = GetParam();
+    EXPECT_EQ(mid(test.text, Column{test.column}, Width{test.width}), test.expected);
+}
+
+TEST(TextOps, MidWithoutWidthGoesToTheEnd) {
+    EXPECT_EQ(mid(u"PPR/AISLE", Column{5}), u"AISLE");
+    EXPECT_EQ(mid(u"PPR/AISLE", Column{1}), u"PPR/AISLE");
+    EXPECT_EQ(mid(u"PPR/AISLE", Column{10}), u"");
+}
+
+TEST(TextOps, MidBelowColumn1Raises5) {
+    EXPECT_EQ(raisedNumber([] { mid(u"TEXT", Column{0}); }), 5);
+    EXPECT_EQ(raisedNumber([] { mid(u"TEXT", Column{-3}); }), 5);
+    EXPECT_EQ(raisedNumber([] { mid(u"TEXT", Column{0}, Width{2}); }), 5);
+    EXPECT_EQ(raisedNumber([] { mid(u"", Column{0}, Width{0}); }), 5) << "the column is looked at before the width";
+}
+
+TEST(TextOps, ResultsAreViewsOfTheArgument) {
+    const Text text = u"  KESTREL  ";
+    EXPECT_EQ(mid(text, Column{4}, Width{2}).data(), text.data() + 3);
+    EXPECT_EQ(trimmed(text).data(), text.data() + 2);
+    EXPECT_EQ(right(text, Width{3}).data(), text.data() + 8);
+}
+
+TEST(TextOps, LeftAndRightGiveWhatThereIs) {
+    EXPECT_EQ(left(u"KQ4R7T", Width{2}), u"KQ");
+    EXPECT_EQ(left(u"KQ", Width{6}), u"KQ");
+    EXPECT_EQ(left(u"KQ", Width{0}), u"");
+    EXPECT_EQ(right(u"MS KQ4R7T", Width{6}), u"KQ4R7T");
+    EXPECT_EQ(right(u"KQ", Width{6}), u"KQ");
+    EXPECT_EQ(right(u"KQ", Width{2}), u"KQ");
+    EXPECT_EQ(right(u"", Width{6}), u"");
+}
+
+TEST(TextOps, TrimmingTakesBlanksOffBothEnds) {
+    EXPECT_EQ(trimmed(u"  A B  "), u"A B");
+    EXPECT_EQ(trimmed(u"AB"), u"AB");
+    EXPECT_EQ(trimmed(u"    "), u"");
+    EXPECT_EQ(trimmed(u""), u"");
+    EXPECT_EQ(rightTrimmed(u"  A B  "), u"  A B");
+    EXPECT_EQ(rightTrimmed(u"   "), u"");
+}
+
+TEST(TextOps, OnlyU0020IsABlank) {
+    EXPECT_EQ(trimmed(u"\tA\t"), u"\tA\t");
+    EXPECT_EQ(trimmed(u" \u00A0A\u00A0 "), u"\u00A0A\u00A0");
+    EXPECT_EQ(trimmed(u"A\n "), u"A\n");
+    EXPECT_FALSE(isBlank(u"  \t "));
+    EXPECT_FALSE(isBlank(u"\u3000"));
+}
+
+TEST(TextOps, BlankIsEmptyOrNothingButBlanks) {
+    EXPECT_TRUE(isBlank(u""));
+    EXPECT_TRUE(isBlank(u"     "));
+    EXPECT_FALSE(isBlank(u"    ."));
+}
+
+TEST(TextOps, FindGivesTheColumnOfTheFirstPlace) {
+    EXPECT_EQ(find(u"PX3 PX4", u"PX"), Column{1});
+    EXPECT_EQ(find(u"PX3 PX4", u"PX4"), Column{5});
+    EXPECT_EQ(find(u"PX3 PX4", u"PX5"), Column{0});
+    EXPECT_EQ(find(u"PX3 PX4", u"px"), Column{0}) << "case counts";
+    EXPECT_EQ(find(u"", u"PX"), Column{0});
+}
+
+TEST(TextOps, FindStartsAtTheGivenColumn) {
+    EXPECT_EQ(find(u"PX3 PX4", u"PX", Column{1}), Column{1});
+    EXPECT_EQ(find(u"PX3 PX4", u"PX", Column{2}), Column{5});
+    EXPECT_EQ(find(u"PX3 PX4", u"PX", Column{5}), Column{5});
+    EXPECT_EQ(find(u"PX3 PX4", u"PX", Column{6}), Column{0});
+}
+
+TEST(TextOps, FindBeyondTheEndFindsNothing) {
+    EXPECT_EQ(find(u"PX", u"X", Column{3}), Column{0});
+    EXPECT_EQ(find(u"PX", u"X", Column{30000}), Column{0});
+}
+
+TEST(TextOps, FindBelowColumn1Raises5) {
+    EXPECT_EQ(raisedNumber([] { find(u"PX", u"X", Column{0}); }), 5);
+}
+
+TEST(TextOps, HoldsLooksAnywhereOrFromAColumn) {
+    EXPECT_TRUE(holds(u" 12 PPR/AISLE", u"PPR/"));
+    EXPECT_FALSE(holds(u" 12 PPR/AISLE", u"PPS/"));
+    EXPECT_TRUE(holdsFrom(u" 12 PPR/AISLE", u"PPR/", Column{5}));
+    EXPECT_FALSE(holdsFrom(u" 12 PPR/AISLE", u"PPR/", Column{6}));
+}
+
+TEST(TextOps, NumericIsOneOrMoreDigitsAndNothingElse) {
+    for (const TextView text : {u"0", u"9", u"007", u"123456789012345678901234567890"}) {
+        EXPECT_TRUE(isNumeric(text)) << Text(text).size();
+    }
+    for (const TextView text : {u"", u" 1", u"1 ", u"-1", u"+1", u"1.", u"1A", u"\u0661", u"\u00B2"}) {
+        EXPECT_FALSE(isNumeric(text)) << Text(text).size();
+    }
+}
+
+TEST(TextOps, ACharacterIsOneCodeUnit) {
+    const TextView pair = u"\U0001F6EBX";  // a surrogate pair, then X
+    EXPECT_EQ(find(pair, u"X"), Column{3});
+    EXPECT_EQ(mid(pair, Column{3}, Width{1}), u"X");
+}
+
+TEST(TextOps, JoinedPutsThePartsOneAfterTheOther) {
+    EXPECT_EQ(joined({u"PDN", u"/", u"", u"KES"}), u"PDN/KES");
+    EXPECT_EQ(joined({}), u"");
+    EXPECT_EQ(joined({u"PX", onlyIf(true, u"3"), onlyIf(false, u"4")}), u"PX3");
+}
+
+TEST(TextOps, ColumnsCountOnByCharacters) {
+    EXPECT_EQ(Column{5} + 80, Column{85});
+    EXPECT_LT(Column{5}, Column{6});
+}
+
+}  // namespace
+}  // namespace vantro

@@ -1,0 +1,144 @@
+// What the interfaces and the common base do for every transaction class.
+#include "framework/transaction.h"
+
+#include "tests/framework/raised.h"
+#include "vantro/built_in_terminal.h"
+
+#include <gtest/gtest.h>
+
+#include <vector>
+
+namespace vantro {
+namespace {
+
+constexpr TransErrors numbered{7001, 7002};
+constexpr Key<bool> firstKey{u"blnFirst"};
+constexpr Key<bool> secondKey{u"blnSecond"};
+
+/// A transaction that does what the test tells it.
+class Probe final : public Transaction {
+public:
+    Probe(Terminal& terminal, const TransErrors& errors) : Transaction(terminal, errors) {}
+
+    bool failing = false;      ///< every operation fails
+    bool reporting = false;    ///< the reader reports its failure instead of raising it
+    bool failingHalf = false;  ///< the reader fails between its two results
+
+private:
+    Text IProfileTrans_CreateCommand(const CollectionPtr& params) override {
+        if (failing) fail(Failure::Overflow);
+        return Text(parameters(params).read(key::strKeyName));
+    }
+
+    CollectionPtr IProfileTrans_VerifyResponse(TextView response, const CollectionPtr& /*collection*/) override {
+        if (failing) fail(Failure::Overflow);
+        const auto read = [this](Screen& screen, Results& results) {
+            results.add(firstKey, screen.line(std::int16_t{0}) == u"YES");
+            if (failingHalf) fail(Failure::TypeMismatch);
+            results.add(secondKey, true);
+        };
+        return reporting ? reportedResults(response, read) : newResults(response, read);
+    }
+};
+
+class TransactionTest : public testing::Test {
+protected:
+    std::size_t keysOf(const CollectionPtr& results) {
+        return dynamic_cast<const BuiltInCollection&>(*results).entries().size();
+    }
+
+    std::vector<int> reported;
+    BuiltInTerminal terminal{[this](const Error& error) { reported.push_back(error.number()); }};
+    Probe probe{terminal, numbered};
+};
+
+TEST_F(TransactionTest, CreateCommandGivesTheClasssText) {
+    const CollectionPtr params = terminal.createCollection();
+    params->Add(u"strKeyName", Text(u"SMITH"));
+    EXPECT_EQ(probe.CreateCommand(params), u"SMITH");
+}
+
+TEST_F(TransactionTest, AFailureInCreateCommandRaisesTheClasssNumber) {
+    probe.failing = true;
+    const auto error = raised([&] { probe.CreateCommand(terminal.createCollection()); });
+    ASSERT_TRUE(error);
+    EXPECT_EQ(error->number(), 7001);
+    EXPECT_EQ(error->description(), u"An error has occurred while creating a profile command.");
+    EXPECT_EQ(error->source(), u"VantroProfileUtils");
+}
+
+TEST_F(TransactionTest, AFailureInVerifyResponseRaisesTheClasssNumber) {
+    probe.failing = true;
+    const auto error = raised([&] { probe.VerifyResponse(u"YES", nullptr); });
+    ASSERT_TRUE(error);
+    EXPECT_EQ(error->number(), 7002);
+    EXPECT_EQ(error->description(), u"An error has occurred while verifying the profile.");
+    EXPECT_EQ(error->source(), u"VantroProfileUtils");
+}
+
+TEST_F(TransactionTest, WithoutNumbersTheStepsOwnErrorsPass) {
+    Probe plain(terminal, TransErrors{});
+    EXPECT_EQ(raisedNumber([&] { plain.CreateCommand(nullptr); }), 91);
+    plain.failing = true;
+    EXPECT_EQ(raisedNumber([&] { plain.VerifyResponse(u"YES", nullptr); }), 6);
+}
+
+TEST_F(TransactionTest, AnEmptyResponseGivesNoCollection) {
+    EXPECT_EQ(probe.VerifyResponse(u"", nullptr), nullptr);
+    probe.reporting = true;
+    EXPECT_EQ(probe.VerifyResponse(u"", nullptr), nullptr);
+}
+
+TEST_F(TransactionTest, ResultsComeInANewCollection) {
+    const CollectionPtr given = terminal.createCollection();
+    const CollectionPtr results = probe.VerifyResponse(u"YES", given);
+    ASSERT_NE(results, nullptr);
+    EXPECT_NE(results, given);
+    EXPECT_EQ(keysOf(given), 0U);
+    ASSERT_EQ(keysOf(results), 2U);
+    EXPECT_EQ(results->Item(u"blnFirst")->Value(), ItemValue(true));
+    EXPECT_EQ(results->Item(u"blnSecond")->Value(), ItemValue(true));
+}
+
+TEST_F(TransactionTest, AFailingReaderNeverGivesAPartialResult) {
+    probe.failingHalf = true;
+    EXPECT_EQ(raisedNumber([&] { probe.VerifyResponse(u"YES", nullptr); }), 7002);
+    EXPECT_TRUE(reported.empty());
+}
+
+TEST_F(TransactionTest, AReportingReaderKeepsWhatItHadAdded) {
+    probe.failingHalf = true;
+    probe.reporting = true;
+    const CollectionPtr results = probe.VerifyResponse(u"YES", nullptr);
+    ASSERT_NE(results, nullptr);
+    EXPECT_EQ(keysOf(results), 1U);
+    EXPECT_EQ(results->Item(u"blnFirst")->Value(), ItemValue(true));
+    EXPECT_EQ(reported, std::vector<int>{13});
+}
+
+TEST_F(TransactionTest, HasTheTransactionInterfaceAndNoOther) {
+    EXPECT_EQ(probe.profileTrans(), static_cast<IProfileTrans*>(&probe));
+    EXPECT_EQ(probe.profileGet(), nullptr);
+    EXPECT_EQ(probe.list(u"strPPRText"), nullptr);
+}
+
+struct BareParser final : IProfileGet {};
+
+TEST(Interfaces, TheirOwnBodiesDoNothing) {
+    BuiltInTerminal terminal;
+    const CollectionPtr collection = terminal.createCollection();
+    TextList selection{u"S"};
+
+    IProfileTrans trans;
+    EXPECT_EQ(trans.CreateCommand(collection), u"");
+    EXPECT_EQ(trans.CreateCommand(nullptr), u"");
+    EXPECT_EQ(trans.VerifyResponse(u"*T* SMITH", collection), nullptr);
+    BareParser parser;
+    EXPECT_EQ(parser.ProfileElements(u"END OF DISPLAY", collection, &selection, u"RM"), nullptr);
+
+    EXPECT_TRUE(dynamic_cast<const BuiltInCollection&>(*collection).entries().empty());
+    EXPECT_EQ(selection, TextList{u"S"});
+}
+
+}  // namespace
+}  // namespace vantro
