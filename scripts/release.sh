@@ -1,0 +1,42 @@
+#!/usr/bin/env bash
+# Makes the release archive of the COM server: build/release-archive/VantroProfileUtils-<version>.zip with both servers,
+# their manifests, the type library, the documents and checksums. Installs what is missing (Debian).
+set -euo pipefail
+cd "$(dirname "$0")/.."
+# shellcheck source=scripts/lib.sh
+source scripts/lib.sh
+
+install_missing "${tool_packages[@]}" googletest zip g++-mingw-w64-x86-64-posix g++-mingw-w64-i686-posix \
+    mingw-w64-tools wine wine64 libwine-dev
+
+version=$(sed -nE 's/^project\(VantroProfileUtils VERSION ([0-9.]+).*/\1/p' CMakeLists.txt)
+name=VantroProfileUtils-$version
+out=$root/build/release-archive
+rm -rf "$out"
+
+for architecture in x86 x64; do
+    step "mingw-$architecture: configure" cmake --preset "mingw-$architecture"
+    step "mingw-$architecture: build" cmake --build --preset "mingw-$architecture" -j 2 --target VantroProfileUtils \
+        VantroKestoFaces vantro_manifest vantro_profile_cli
+    bin=build/mingw-$architecture/bin
+    mkdir -p "$out/$name/$architecture" "$out/$name/development/$architecture"
+    cp "$bin/VantroProfileUtils.dll" "$bin/VantroProfileUtils.manifest" "$bin/vantro-profile.exe" \
+        "$out/$name/$architecture"
+    cp "$bin/VantroKestoFaces.dll" "$out/$name/development/$architecture"
+done
+cp build/mingw-x64/server/idl/vantro_profile_utils.tlb "$out/$name/VantroProfileUtils.tlb"
+cp server/vantro_profile_utils.idl "$out/$name/VantroProfileUtils.idl"
+mkdir -p "$out/$name/docs"
+cp docs/com.md "$out/$name/docs"
+for document in README.md CHANGELOG.md LICENSE; do
+    if [[ -f $document ]]; then cp "$document" "$out/$name"; fi
+done
+
+# The same sources give the same archive.
+find "$out/$name" -exec touch -d "@$(git log -1 --format=%ct)" {} +
+(cd "$out/$name" && find . -type f -print0 | LC_ALL=C sort -z | xargs -0 sha256sum) >"$out/SHA256SUMS"
+mv "$out/SHA256SUMS" "$out/$name/SHA256SUMS"
+touch -d "@$(git log -1 --format=%ct)" "$out/$name/SHA256SUMS" "$out/$name"
+(cd "$out" && find "$name" -type f | LC_ALL=C sort | zip -q -X -@ "$name.zip")
+(cd "$out" && sha256sum "$name.zip" >"$name.zip.sha256")
+echo "$out/$name.zip"

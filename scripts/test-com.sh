@@ -1,0 +1,125 @@
+#!/usr/bin/env bash
+# Builds the COM server for both kinds of Windows process and runs its clients: 64-bit ones under Wine, 32-bit ones
+# in a private Debian root, because a 64-bit machine's own Wine need not run those. Installs what is missing
+# (Debian). The last line is "N passed, N failed, N skipped".
+set -euo pipefail
+cd "$(dirname "$0")/.."
+# shellcheck source=scripts/lib.sh
+source scripts/lib.sh
+
+install_missing "${tool_packages[@]}" googletest g++-mingw-w64-x86-64-posix g++-mingw-w64-i686-posix \
+    mingw-w64-tools wine wine64 libwine-dev
+
+note=
+private_root=$root/build/com/root-x86
+
+# check_library ARCHITECTURE TRIPLET FORMAT FILE: the file's kind, its exports and what it needs.
+check_library() {
+    local dump=$2-objdump file=$root/build/mingw-$1/bin/$4 foreign
+    "$dump" -f "$file" | grep -q "file format $3"
+    "$dump" -p "$file" | sed -n '/Ordinal\/Name Pointer/,/^$/p' | sed -nE 's/^\s*\[ *[0-9]+\] .*\<(\w+)$/\1/p' |
+        diff <(printf '%s\n' DllCanUnloadNow DllGetClassObject DllRegisterServer DllUnregisterServer) -
+    foreign=$("$dump" -p "$file" | sed -n 's/.*DLL Name: //p' |
+        grep -viE '^(advapi32|kernel32|msvcrt|ole32|oleaut32|user32)\.dll$' || true)
+    if [[ -n $foreign ]]; then
+        echo "$4 needs $foreign"
+        return 1
+    fi
+}
+export -f check_library
+
+# checked TITLE COMMAND...: a check that also counts when it passes.
+checked() {
+    if run_logged "$@"; then passed=$((passed + 1)); else failed=$((failed + 1)); fi
+}
+
+build() {
+    step "mingw-$1: configure" cmake --preset "mingw-$1"
+    step "mingw-$1: build" cmake --build --preset "mingw-$1" --target vantro_com_everything -j 2
+    local file
+    for file in VantroProfileUtils.dll VantroKestoFaces.dll; do
+        checked "mingw-$1: $file" bash -euo pipefail -c "root=$root; check_library $1 $2 $3 $file"
+    done
+}
+
+# Why the 32-bit clients cannot run here; nothing when they can.
+obstacle() {
+    if ((EUID != 0)); then
+        echo "the private root needs the rights of root"
+    elif [[ $(uname -m) != x86_64 ]]; then
+        echo "no 64-bit Intel machine"
+    elif ! unshare -m true 2>/dev/null; then
+        echo "no mount namespaces"
+    fi
+}
+
+# The mirrors' index of security updates for other architectures is at times out of step: it is not needed here.
+sources() {
+    if [[ -f /etc/apt/sources.list.d/debian.sources ]]; then
+        awk 'BEGIN { RS = ""; ORS = "\n\n" } !/-security/' /etc/apt/sources.list.d/debian.sources
+    else
+        grep -v -e -security /etc/apt/sources.list
+    fi
+}
+export -f sources
+
+make_private_root() {
+    local release
+    release=$(. /etc/os-release && echo "$VERSION_CODENAME")
+    rm -rf --one-file-system "$private_root.new"
+    sources | mmdebstrap --variant=apt --architectures=amd64,i386 --include=wine,wine64,wine32 \
+        --aptopt='APT::Install-Recommends "false"' --dpkgopt='path-exclude=/usr/share/doc/*' \
+        --dpkgopt='path-exclude=/usr/share/man/*' --dpkgopt='path-exclude=/usr/share/locale/*' \
+        "$release" "$private_root.new" -
+    mv "$private_root.new" "$private_root"
+}
+export -f make_private_root
+
+# run_privately COMMAND...: in the private root, with this project's folder at its own place.
+run_privately() {
+    # shellcheck disable=SC2016 # the inner shell expands them
+    unshare -m bash -euo pipefail -c '
+        private_root=$1 project=$2
+        shift 2
+        mkdir -p "$private_root$project"
+        mount --bind "$project" "$private_root$project"
+        mount --rbind /dev "$private_root/dev"
+        mount -t proc proc "$private_root/proc"
+        mount -t tmpfs tmpfs "$private_root/tmp"
+        exec chroot "$private_root" env -i HOME=/root PATH=/usr/sbin:/usr/bin:/sbin:/bin LC_ALL=C.UTF-8 "$@"
+    ' privately "$private_root" "$root" "$@"
+}
+
+skip_x86() {
+    note="The 32-bit clients were not run: $1."
+    skipped=$((skipped + 1))
+}
+
+test_x86() {
+    local reason
+    reason=$(obstacle)
+    if [[ -n $reason ]]; then skip_x86 "$reason" && return; fi
+    if [[ ! -d $private_root ]]; then
+        install_missing mmdebstrap
+        mkdir -p "$(dirname "$private_root")"
+        export private_root
+        if ! run_logged "private root for 32-bit programs" bash -euo pipefail -c make_private_root; then
+            skip_x86 "their private root could not be made" && return
+        fi
+    fi
+    # A kernel without 32-bit programs cannot start them, whatever is installed.
+    if ! run_privately /lib/ld-linux.so.2 --version >/dev/null 2>&1; then
+        skip_x86 "this machine runs no 32-bit programs" && return
+    fi
+    count_closing_line "x86 clients" run_privately bash "$root/scripts/com-clients.sh" x86
+}
+
+build x64 x86_64-w64-mingw32 pei-x86-64
+build x86 i686-w64-mingw32 pei-i386
+count_closing_line "x64 clients" bash scripts/com-clients.sh x64
+grep -h ' calls a second' "$log" || true
+test_x86
+grep -h ' calls a second' "$log" || true
+if [[ -n $note ]]; then echo "$note"; fi
+echo "$passed passed, $failed failed, $skipped skipped"
+((failed == 0))

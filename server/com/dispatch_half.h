@@ -1,0 +1,66 @@
+// One dual interface of an object: `IUnknown` is the object's, `IDispatch` goes through the type library.
+#pragma once
+
+#include "server/com/type_library.h"
+
+#include <array>
+#include <cstddef>
+
+namespace vantro::com {
+
+/// `IDispatch` over the type library, for the interface that `half` points to.
+HRESULT describeHalf(const IID& iid, UINT index, ITypeInfo** info) noexcept;
+HRESULT namesToIds(const IID& iid, OLECHAR** names, UINT count, DISPID* ids) noexcept;
+HRESULT invokeHalf(const IID& iid, void* half, DISPID member, WORD flags, DISPPARAMS* parameters, VARIANT* result,
+                   EXCEPINFO* exception, UINT* wrongArgument) noexcept;
+
+/// A part of an object that the object owns; it is found by its interface.
+class Half {
+public:
+    virtual ~Half() = default;
+    virtual const IID& iid() const = 0;
+    virtual IUnknown* unknown() = 0;
+
+protected:
+    Half() = default;
+    Half(const Half&) = default;
+    Half& operator=(const Half&) = default;
+};
+
+template <class Interface>
+class DispatchHalf : public Interface, public Half {
+public:
+    DispatchHalf(IUnknown& owner, const IID& iid) : owner_(owner), iid_(iid) {}
+
+    const IID& iid() const final { return iid_; }
+    IUnknown* unknown() final { return static_cast<Interface*>(this); }
+
+    HRESULT STDMETHODCALLTYPE QueryInterface(REFIID iid, void** object) final {
+        return owner_.QueryInterface(iid, object);
+    }
+    ULONG STDMETHODCALLTYPE AddRef() final { return owner_.AddRef(); }
+    ULONG STDMETHODCALLTYPE Release() final { return owner_.Release(); }
+
+    HRESULT STDMETHODCALLTYPE GetTypeInfoCount(UINT* count) final {
+        if (count == nullptr) return E_POINTER;
+        *count = 1;
+        return S_OK;
+    }
+    HRESULT STDMETHODCALLTYPE GetTypeInfo(UINT index, LCID, ITypeInfo** info) final {
+        return describeHalf(iid_, index, info);
+    }
+    HRESULT STDMETHODCALLTYPE GetIDsOfNames(REFIID, OLECHAR** names, UINT count, LCID, DISPID* ids) final {
+        return namesToIds(iid_, names, count, ids);
+    }
+    HRESULT STDMETHODCALLTYPE Invoke(DISPID member, REFIID, LCID, WORD flags, DISPPARAMS* parameters, VARIANT* result,
+                                     EXCEPINFO* exception, UINT* wrongArgument) final {
+        return invokeHalf(iid_, static_cast<Interface*>(this), member, flags, parameters, result, exception,
+                          wrongArgument);
+    }
+
+private:
+    IUnknown& owner_;
+    const IID& iid_;
+};
+
+}  // namespace vantro::com

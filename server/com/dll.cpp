@@ -1,0 +1,77 @@
+// The four exports that every server library has. Nothing happens in DllMain but to note where the library is.
+#include "server/com/class_factory.h"
+#include "server/com/error.h"
+#include "server/com/registration.h"
+#include "server/com/system.h"
+#include "server/com/type_library.h"
+
+#include <array>
+#include <atomic>
+
+namespace vantro::com {
+
+namespace {
+
+HINSTANCE instance = nullptr;
+std::atomic<LONG> locks{0};
+
+}  // namespace
+
+ModuleLock::ModuleLock() { add(1); }
+ModuleLock::~ModuleLock() { add(-1); }
+void ModuleLock::add(LONG change) { locks += change; }
+bool ModuleLock::held() { return locks != 0; }
+
+std::wstring modulePath() {
+    std::array<wchar_t, 4 * MAX_PATH> path{};
+    const DWORD length = GetModuleFileNameW(instance, path.data(), static_cast<DWORD>(path.size()));
+    return {path.data(), length};
+}
+
+}  // namespace vantro::com
+
+using namespace vantro;
+
+extern "C" {
+
+BOOL WINAPI DllMain(HINSTANCE loaded, DWORD reason, LPVOID /*reserved*/) {
+    if (reason == DLL_PROCESS_ATTACH) com::instance = loaded;
+    return TRUE;
+}
+
+STDAPI DllGetClassObject(REFCLSID clsid, REFIID iid, void** factory) {
+    if (factory == nullptr) return E_POINTER;
+    *factory = nullptr;
+    const com::ClassInfo* info = nullptr;
+    const HRESULT result = com::atBorder(IID_IClassFactory, [&] { info = com::classWithId(clsid); });
+    if (FAILED(result)) return result;
+    return info == nullptr ? CLASS_E_CLASSNOTAVAILABLE : com::classFactory(*info, iid, factory);
+}
+
+STDAPI DllCanUnloadNow() {
+    if (com::ModuleLock::held() || !com::module::letGo()) return S_FALSE;
+    com::forgetTypeLibrary();
+    return S_OK;
+}
+
+STDAPI DllRegisterServer() {
+    HRESULT refused = S_OK;
+    HRESULT result = com::atBorder(IID_NULL, [&] {
+        const auto classes = com::moduleClasses();
+        refused = com::module::mayRegister(classes);
+        if (SUCCEEDED(refused)) com::registerClasses(classes);
+    });
+    if (FAILED(refused)) return refused;
+    if (FAILED(result)) {
+        DllUnregisterServer();
+        result = SELFREG_E_CLASS;
+    }
+    return result;
+}
+
+STDAPI DllUnregisterServer() {
+    const HRESULT result = com::atBorder(IID_NULL, [] { com::unregisterClasses(com::moduleClasses()); });
+    return FAILED(result) ? SELFREG_E_CLASS : S_OK;
+}
+
+}  // extern "C"

@@ -1,0 +1,56 @@
+// The library's numbered errors as automation carries them, and the border that no C++ exception crosses.
+#pragma once
+
+#include "server/com/ptr.h"
+#include "server/com/system.h"
+#include "vantro/error.h"
+
+#include <exception>
+#include <new>
+
+namespace vantro::com {
+
+/// The result code of an error number: 0x800A0000 + number for the numbers of automation (1 to 65535). A number
+/// that is a result code of its own goes out as it came in.
+HRESULT resultOf(int number);
+
+/// The number in a result code: the opposite of `resultOf`.
+int numberOf(HRESULT result);
+
+/// Makes an error current in the thread's error information and gives its result code. `about` is the interface
+/// whose operation failed.
+HRESULT raise(const Error& error, const IID& about) noexcept;
+
+/// The failure that leaves no memory to describe it.
+HRESULT outOfMemory() noexcept;
+
+/// The error of a call that failed with this result code: with the source and the description that the called
+/// object left in the thread's error information, where it left any.
+Error errorOfCall(HRESULT result);
+
+/// Raises the error of a failed call.
+inline void check(HRESULT result) {
+    if (FAILED(result)) throw errorOfCall(result);
+}
+
+/// An unexpected failure, described by what it says of itself.
+HRESULT raiseUnexpected(const char* what, const IID& about) noexcept;
+
+/// Runs an operation's body at the border: a failure becomes a result code with error information.
+template <class Body>
+HRESULT atBorder(const IID& about, Body&& body) noexcept {
+    try {
+        body();
+        return S_OK;
+    } catch (const Error& error) {
+        return raise(error, about);
+    } catch (const std::bad_alloc&) {
+        return outOfMemory();
+    } catch (const std::exception& unexpected) {
+        return raiseUnexpected(unexpected.what(), about);
+    } catch (...) {
+        return raiseUnexpected("unknown failure", about);
+    }
+}
+
+}  // namespace vantro::com

@@ -1,0 +1,81 @@
+#include "server/com/thread_slot.h"
+
+#include "server/com/error.h"
+#include "server/com/system.h"
+
+namespace vantro::com {
+
+// Hears from the system that the thread's apartment is about to end.
+class ThreadSlotBase::Spy final : public IInitializeSpy {
+public:
+    explicit Spy(ThreadSlotBase& slot) : slot_(slot) {}
+    Spy(const Spy&) = delete;
+    Spy& operator=(const Spy&) = delete;
+
+    HRESULT STDMETHODCALLTYPE QueryInterface(REFIID iid, void** object) override {
+        if (object == nullptr) return E_POINTER;
+        const bool known = iid == IID_IUnknown || iid == IID_IInitializeSpy;
+        *object = known ? static_cast<IInitializeSpy*>(this) : nullptr;
+        if (known) AddRef();
+        return known ? S_OK : E_NOINTERFACE;
+    }
+    ULONG STDMETHODCALLTYPE AddRef() override { return ++references_; }
+    ULONG STDMETHODCALLTYPE Release() override {
+        const ULONG left = --references_;
+        if (left == 0) delete this;
+        return left;
+    }
+
+    HRESULT STDMETHODCALLTYPE PreInitialize(DWORD, DWORD) override { return S_OK; }
+    HRESULT STDMETHODCALLTYPE PostInitialize(HRESULT result, DWORD, DWORD) override { return result; }
+    HRESULT STDMETHODCALLTYPE PreUninitialize(DWORD initializations) override {
+        constexpr DWORD last = 1;
+        if (initializations == last) slot_.release();
+        return S_OK;
+    }
+    HRESULT STDMETHODCALLTYPE PostUninitialize(DWORD) override { return S_OK; }
+
+private:
+    ~Spy() = default;
+
+    ThreadSlotBase& slot_;
+    std::atomic<ULONG> references_{0};
+};
+
+struct ThreadSlotBase::Entry {
+    std::unique_ptr<ThreadKept> value;
+    ULARGE_INTEGER spyCookie{};
+};
+
+ThreadSlotBase::ThreadSlotBase() : index_(TlsAlloc()) {
+    if (index_ == TLS_OUT_OF_INDEXES) throw std::bad_alloc();
+}
+
+ThreadSlotBase::~ThreadSlotBase() { TlsFree(index_); }
+
+ThreadKept* ThreadSlotBase::kept() const {
+    const auto* const entry = static_cast<Entry*>(TlsGetValue(index_));
+    return entry == nullptr ? nullptr : entry->value.get();
+}
+
+void ThreadSlotBase::keep(std::unique_ptr<ThreadKept> value) {
+    auto entry = std::make_unique<Entry>();
+    entry->value = std::move(value);
+    const Ptr<IInitializeSpy> spy(new Spy(*this));
+    check(CoRegisterInitializeSpy(spy.get(), &entry->spyCookie));
+    TlsSetValue(index_, entry.release());
+    ++keepers_;
+}
+
+bool ThreadSlotBase::release() {
+    const std::unique_ptr<Entry> entry(static_cast<Entry*>(TlsGetValue(index_)));
+    if (entry) {
+        TlsSetValue(index_, nullptr);
+        --keepers_;
+        entry->value.reset();
+        CoRevokeInitializeSpy(entry->spyCookie);
+    }
+    return keepers_ == 0;
+}
+
+}  // namespace vantro::com

@@ -1,0 +1,54 @@
+// The terminal's keyed collection and its items behind the library's interfaces.
+#pragma once
+
+#include "server/com/late_call.h"
+#include "vantro/collection.h"
+
+#include <optional>
+
+namespace vantro::com {
+
+/// The operations of a collection and of its items. The terminal's own collections share theirs, so that names are
+/// looked up once a thread; a collection of another maker has its own.
+struct CollectionMembers {
+    Member add{u"Add"};
+    Member item{u"Item"};
+    Member value{u"Value"};
+};
+
+/// An item of the terminal. Its value is fetched when it is first asked for.
+class ComItem final : public KeyedItem {
+public:
+    ComItem(Ptr<IDispatch> object, std::shared_ptr<CollectionMembers> members)
+        : object_(std::move(object)), members_(std::move(members)) {}
+
+    const ItemValue& Value() const override;
+
+    IDispatch* object() const { return object_.get(); }
+
+private:
+    Ptr<IDispatch> object_;
+    std::shared_ptr<CollectionMembers> members_;
+    mutable std::optional<ItemValue> value_;
+};
+
+/// A collection that the terminal owns, or one of the terminal's that was created for results.
+class ComCollection final : public KeyedCollection {
+public:
+    explicit ComCollection(Ptr<IDispatch> object);
+
+    /// The collection in an argument; null when the argument is absent. Raises 13 for anything but an object.
+    static CollectionPtr from(const VARIANT& argument);
+
+    /// The terminal's object behind a collection that the library gives back; null for none.
+    static IDispatch* objectOf(const CollectionPtr& collection);
+
+    void Add(TextView key, ItemValue value) override;
+    ItemPtr Item(TextView key) const override;
+
+private:
+    Ptr<IDispatch> object_;
+    std::shared_ptr<CollectionMembers> members_;
+};
+
+}  // namespace vantro::com

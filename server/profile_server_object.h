@@ -1,0 +1,12 @@
+// An object of a public class as COM sees it.
+#pragma once
+
+#include "server/com/composed_object.h"
+#include "vantro/registry.h"
+
+namespace vantro::com {
+
+/// A new object of the class, with the interfaces that the type library lists for it.
+Ptr<IUnknown> newProfileObject(const ClassInfo& info);
+
+}  // namespace vantro::com

@@ -1,0 +1,33 @@
+// What `VantroKestoFaces.dll` is made of. It stands in for the terminal's library where no terminal is installed,
+// for development and tests only, and never takes the place of an installed one.
+#include "server/com/module.h"
+#include "server/com/registration.h"
+#include "server/standin/objects.h"
+#include "vantro_kesto_faces.h"
+
+#include <algorithm>
+
+namespace vantro::com::module {
+
+TextView name() { return u"VantroKestoFaces"; }
+
+const GUID& libraryId() { return LIBID_VantroKestoFaces; }
+
+std::vector<Text> classNames() {
+    return {u"KeyedCollection", u"TerminalFunctions", u"ErrorReporter", u"StandInControl"};
+}
+
+Ptr<IUnknown> create(const ClassInfo& info) { return standin::newObject(info); }
+
+HRESULT mayRegister(const std::vector<ClassInfo>& classes) {
+    const std::wstring own = modulePath();
+    const bool taken = std::ranges::any_of(classes, [&](const ClassInfo& info) {
+        const std::wstring server = registeredServer(info.clsid);
+        return !server.empty() && lstrcmpiW(server.c_str(), own.c_str()) != 0;
+    });
+    return taken ? HRESULT_FROM_WIN32(ERROR_ALREADY_EXISTS) : S_OK;
+}
+
+bool letGo() { return true; }
+
+}  // namespace vantro::com::module
