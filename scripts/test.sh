@@ -46,6 +46,8 @@ main() {
     check "install and find_package" strictly check_package
     if [[ -f scripts/test-com.sh ]]; then
         count_closing_line "COM server" bash scripts/test-com.sh
+        # Speeds, what could not be run and why, and the counts.
+        tail -n 4 "$log" | sed 's/^/          /'
     fi
     echo "$passed passed, $failed failed, $skipped skipped"
     ((failed == 0))
