@@ -37,8 +37,6 @@ echo
 echo "3. What the screen says:"
 show $tool verify CPDNTrans --table --screen build/demo-screen.txt
 
-if $tool --help | grep -E "^ +parse " >/dev/null; then
-    echo
-    echo "4. A whole profile display, read into its elements:"
-    show $tool parse samples/profiles/traveller.txt
-fi
+echo
+echo "4. A whole profile display, read into its elements:"
+show $tool parse --table samples/profiles/traveller.txt
