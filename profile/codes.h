@@ -16,6 +16,7 @@ public:
     constexpr FamilySet() = default;
 
     constexpr void add(Family family) { bits_ |= bit(family); }
+    constexpr bool empty() const { return bits_ == 0; }
     constexpr bool holds(Family family) const { return (bits_ & bit(family)) != 0; }
 
 private:

@@ -8,11 +8,13 @@
 namespace vantro {
 
 Display::Display(Terminal& terminal, TextView text) : screen_(terminal, text) {
+    constexpr std::size_t usualMarks = 32;  // ten sections, a prompt and the end text, with room
     constexpr std::size_t allLines = std::numeric_limits<std::int16_t>::max() + std::size_t{1};
     const std::size_t printed = (text.size() + screenWidth - 1) / screenWidth;
     knownLength_ = screen_.linesAreSlices() ? std::min(printed, allLines) : allLines;
     places_.resize(knownLength_);
     swept_.reserve(knownLength_);
+    marked_.reserve(usualMarks);
     lines_.reserve(knownLength_);  // so that references to lines stay good
 }
 

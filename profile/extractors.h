@@ -1,6 +1,7 @@
 // The extractors: each finds its family's section in a display and hands out the elements one by one.
 #pragma once
 
+#include "profile/codes.h"
 #include "profile/display.h"
 #include "profile/families.h"
 
@@ -40,7 +41,9 @@ std::int16_t extract(const DocumentFamily& row, Display& display, ElementSink& s
 /// The same by family.
 std::int16_t extract(Family family, Display& display, ElementSink& sink);
 
-/// All transferable families in one pass over their lines.
-void extractTransferable(Display& display, ElementSink& sink);
+/// All transferable families in one pass over their lines. Gives the families that fail with 6; what they stored up to
+/// then is void. For displays that end well before the line counter does: close to its end remarks, which look two
+/// lines ahead, fail earlier than the others.
+FamilySet extractTransferable(Display& display, ElementSink& sink);
 
 }  // namespace vantro

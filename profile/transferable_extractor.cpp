@@ -116,6 +116,13 @@ public:
         }
     }
 
+    /// The families whose scans have not ended.
+    FamilySet unfinished() const {
+        FamilySet families;
+        for (std::size_t index = 0; index < active_; ++index) families.add(scans_[index].row->family);
+        return families;
+    }
+
 private:
     bool isAnyInSection() const {
         return std::any_of(scans_.begin(), scans_.begin() + active_, [](const Scan& scan) { return scan.inSection; });
@@ -178,6 +185,14 @@ std::int16_t extract(const TransferableFamily& row, Display& display, ElementSin
     return Scans({&row, 1}, display, sink).run();
 }
 
-void extractTransferable(Display& display, ElementSink& sink) { Scans(transferableFamilies, display, sink).run(); }
+FamilySet extractTransferable(Display& display, ElementSink& sink) {
+    Scans scans(transferableFamilies, display, sink);
+    try {
+        scans.run();
+        return {};
+    } catch (const Error&) {
+        return scans.unfinished();
+    }
+}
 
 }  // namespace vantro

@@ -53,6 +53,17 @@ public:
         families_.resize(place);
     }
 
+    /// Forgets the elements of some families.
+    void drop(FamilySet families) {
+        std::size_t kept = 0;
+        for (std::size_t place = 0; place < size(); ++place) {
+            if (families.holds(families_[place])) continue;
+            storage_.elements[kept] = storage_.elements[place];
+            families_[kept++] = families_[place];
+        }
+        dropFrom(kept);
+    }
+
     /// Brings the elements of several families, which came in the order of the display, together by family.
     void groupByFamily() {
         std::array<std::size_t, familyCount + 1> next{};
@@ -137,30 +148,41 @@ private:
 
     void readFamilies() {
         if (display_.text().empty()) return;
-        const bool sharedPassFailed = !readTransferable();
+        const bool isShared = isFarFromCountersEnd();
+        const FamilySet failed = isShared ? readTransferable() : FamilySet();
         for (const FamilyName& row : familyNames()) {
-            if (isTransferable(row.family) && !sharedPassFailed) continue;
-            const std::size_t before = collector_.size();
-            try {
-                extract(row.family, display_, collector_);
-            } catch (const Error&) {
-                collector_.dropFrom(before);
-                profile_.problems.push_back(
-                    {row.prefix, extractorError(row.family), Text(description::verifyingProfile)});
+            if (!isTransferable(row.family) || !isShared) {
+                readFamily(row);
+            } else if (failed.holds(row.family)) {
+                addProblem(row);
             }
         }
     }
 
-    /// All transferable families at once; false when one of them failed, and then none is read.
-    bool readTransferable() {
+    bool isFarFromCountersEnd() const {
+        constexpr std::size_t farEnough = 32'000;
+        return storage_.display.size() < farEnough * screenWidth;
+    }
+
+    FamilySet readTransferable() {
+        const FamilySet failed = extractTransferable(display_, collector_);
+        if (!failed.empty()) collector_.drop(failed);
+        collector_.groupByFamily();
+        return failed;
+    }
+
+    void readFamily(const FamilyName& row) {
+        const std::size_t before = collector_.size();
         try {
-            extractTransferable(display_, collector_);
-            collector_.groupByFamily();
-            return true;
+            extract(row.family, display_, collector_);
         } catch (const Error&) {
-            collector_.dropFrom(0);
-            return false;
+            collector_.dropFrom(before);
+            addProblem(row);
         }
+    }
+
+    void addProblem(const FamilyName& row) {
+        profile_.problems.push_back({row.prefix, extractorError(row.family), Text(description::verifyingProfile)});
     }
 
     void readNotes() {
