@@ -22,12 +22,12 @@ struct Cache {
 
     // At the end of a process the system's libraries may be gone before this one: nothing is released then.
     ~Cache() {
-        library.detach();
+        types.detach();
         for (KnownInterface& known : interfaces) known.info.detach();
     }
 
     std::mutex mutex;
-    Ptr<ITypeLib> library;
+    Ptr<ITypeLib> types;
     std::vector<KnownInterface> interfaces;
 };
 
@@ -49,8 +49,8 @@ struct TypeAttributes {
 };
 
 Ptr<ITypeLib> loadedLibrary(Cache& known) {
-    if (!known.library) check(LoadTypeLibEx(modulePath().c_str(), REGKIND_NONE, known.library.receive()));
-    return known.library;
+    if (!known.types) check(LoadTypeLibEx(modulePath().c_str(), REGKIND_NONE, known.types.receive()));
+    return known.types;
 }
 
 IID implementedInterface(ITypeInfo* type, UINT index) {
@@ -137,7 +137,7 @@ void forgetTypeLibrary() {
     Cache& known = cache();
     const std::lock_guard lock(known.mutex);
     known.interfaces.clear();
-    known.library.reset();
+    known.types.reset();
 }
 
 }  // namespace vantro::com
