@@ -21,8 +21,8 @@ struct ClassesOptions {
 
 std::vector<TextView> interfacesOf(const ClassRow& row) {
     std::vector<TextView> names;
-    if (row.hasProfileTrans) names.push_back(u"IProfileTrans");
-    if (row.hasProfileGet) names.push_back(u"IProfileGet");
+    if (row.hasProfileTrans) names.emplace_back(u"IProfileTrans");
+    if (row.hasProfileGet) names.emplace_back(u"IProfileGet");
     return names;
 }
 

@@ -43,7 +43,7 @@ private:
 /// the part of the work that cannot be shared, so it looks at no more lines than it must.
 class ChunkReader {
 public:
-    static constexpr std::size_t defaultBlock = 256 * 1024;
+    static constexpr std::size_t defaultBlock = std::size_t{256} * 1024;
 
     explicit ChunkReader(ByteSource source, std::size_t block = defaultBlock) : lines_(std::move(source), block) {}
 

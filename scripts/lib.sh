@@ -20,7 +20,8 @@ run_logged() {
         printf '  ok      %s (%d s)\n' "$title" $((SECONDS - start))
     else
         printf '  FAILED  %s (%d s), %s:\n' "$title" $((SECONDS - start)) "$log" >&2
-        tail -n 60 "$log" | sed 's/^/    | /' >&2
+        # What a build tool says of the steps that went well is left out.
+        { grep -Ev '^\[[0-9]+/[0-9]+\] ' "$log" || true; } | tail -n 60 | sed 's/^/    | /' >&2
     fi
     return $status
 }
