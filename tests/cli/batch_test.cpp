@@ -87,8 +87,7 @@ TEST(Batch, ABadLineCostsNoneOfTheOthers) {
         R"({"class":"CPXTrans","call":"CreateCommand","params":{"a":1.5}})",
         R"({"class":"CPXTrans","call":"CreateCommand","params":{"strKeyItemNr":"\udc00"}})",
         "{\"class\":\"CPXTrans\",\"call\":\"CreateCommand\",\"params\":{\"strKeyItemNr\":\"\xC3\"}}",
-        "{\"class\":\"CPXTrans\",\"call\":\"CreateCommand\",\"params\":{\"strKeyItemNr\":\"a\x1F"
-        "b\"}}",
+        R"({"class":"CPXTrans","call":"CreateCommand","params":{"strKeyItemNr":"a)" + std::string("\x1F") + R"(b"}})",
         std::string("{\0}", 3),
         std::string(100'000, '['),
         std::string(1'000'000, 'x'),
@@ -275,7 +274,7 @@ TEST(Batch, MemoryDoesNotGrowWithTheNumberOfLines) {
     ASSERT_EQ(longRun.status, 0);
     EXPECT_EQ(linesOf(longRun.out).size(), 20'000U);
     // 40 MB go in; a sanitizer's own books grow a little.
-    EXPECT_LT(longRun.peakKilobytes, shortRun.peakKilobytes + 8 * 1024);
+    EXPECT_LT(longRun.peakKilobytes, shortRun.peakKilobytes + 8L * 1024);
 }
 
 }  // namespace
