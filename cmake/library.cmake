@@ -35,6 +35,7 @@ target_sources(vantro_profile_utils PRIVATE
     profile/header_readers.cpp
     profile/line_marks.cpp
     profile/prefixed_extractor.cpp
+    profile/prefixes.cpp
     profile/profile.cpp
     profile/query.cpp
     profile/transferable_extractor.cpp

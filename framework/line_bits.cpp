@@ -77,8 +77,8 @@ auto lookAt(TextView line, Look look) {
 }  // namespace
 
 BlanksAndSlashes blanksAndSlashesOf(TextView line) {
-    const LineBits pastTheEnd = LineBits::from(line.size());
-    return lookAt(line, [&](const auto& groupsOfLine) {
+    return lookAt(line, []<std::size_t Groups>(const std::array<Group, Groups>& groupsOfLine) {
+        constexpr LineBits pastTheEnd = LineBits::from(Groups * groupSize);
         return BlanksAndSlashes{bitsOfLine(groupsOfLine, u' ') | pastTheEnd, bitsOfLine(groupsOfLine, u'/')};
     });
 }

@@ -25,6 +25,14 @@ public:
                           : LineBits(0, ~std::uint64_t{0} << (begin - 64));
     }
 
+    /// The places from `begin` on, `count` (0 to 63) of them.
+    static constexpr LineBits range(std::size_t begin, std::size_t count) {
+        const std::uint64_t places = (std::uint64_t{1} << count) - 1;
+        if (begin >= capacity) return {};
+        if (begin >= 64) return {0, places << (begin - 64)};
+        return {places << begin, begin == 0 ? 0 : places >> (64 - begin)};
+    }
+
     constexpr bool any() const { return (low_ | high_) != 0; }
 
     /// The lowest place; `capacity` when there is none.

@@ -27,6 +27,11 @@ inline __m128i asBytes(__m128i first, __m128i last) { return _mm_packus_epi16(fi
 
 inline __m128i eachByteEqual(__m128i bytes, char wanted) { return _mm_cmpeq_epi8(bytes, _mm_set1_epi8(wanted)); }
 
+/// Compares pairs of bytes that begin at an even place.
+inline __m128i eachPairEqual(__m128i bytes, char left, char right) {
+    return _mm_cmpeq_epi16(bytes, _mm_set1_epi16(static_cast<short>(left | right << 8)));
+}
+
 /// One bit a byte of a comparison.
 inline unsigned bits(__m128i compared) { return static_cast<unsigned>(_mm_movemask_epi8(compared)); }
 

@@ -1,7 +1,6 @@
 #include "framework/text_ops.h"
 
 #include "framework/simd.h"
-#include "vantro/error.h"
 
 #include <bit>
 
@@ -37,17 +36,6 @@ std::size_t placeOf(TextView text, TextView searched, std::size_t start) { retur
 #endif
 
 }  // namespace
-
-TextView mid(TextView text, Column column) {
-    if (column.value < 1) fail(Failure::InvalidProcedureCall);
-    const auto start = static_cast<std::size_t>(column.value - 1);
-    return start < text.size() ? text.substr(start) : TextView{};
-}
-
-TextView mid(TextView text, Column column, Width width) {
-    const TextView rest = mid(text, column);
-    return width.value < 1 ? TextView{} : left(rest, width);
-}
 
 Column find(TextView text, TextView searched, Column from) {
     if (from.value < 1) fail(Failure::InvalidProcedureCall);

@@ -2,6 +2,7 @@
 // is U+0020 and nothing else; all results are views of the argument.
 #pragma once
 
+#include "vantro/error.h"
 #include "vantro/text.h"
 
 #include <cstddef>
@@ -22,15 +23,22 @@ struct Width {
     int value;
 };
 
-/// Up to `width` characters from a position. Raises 5 for a position below 1; a position beyond the end or a
-/// width below 1 gives empty text.
-TextView mid(TextView text, Column column, Width width);
-
 /// All characters from a position. Raises 5 for a position below 1.
-TextView mid(TextView text, Column column);
+constexpr TextView mid(TextView text, Column column) {
+    if (column.value < 1) fail(Failure::InvalidProcedureCall);
+    const auto start = static_cast<std::size_t>(column.value - 1);
+    return start < text.size() ? text.substr(start) : TextView{};
+}
 
 /// The first characters, as many as there are up to `width`.
 constexpr TextView left(TextView text, Width width) { return text.substr(0, static_cast<std::size_t>(width.value)); }
+
+/// Up to `width` characters from a position. Raises 5 for a position below 1; a position beyond the end or a
+/// width below 1 gives empty text.
+constexpr TextView mid(TextView text, Column column, Width width) {
+    const TextView rest = mid(text, column);
+    return width.value < 1 ? TextView{} : left(rest, width);
+}
 
 /// The last characters, as many as there are up to `width`.
 constexpr TextView right(TextView text, Width width) {

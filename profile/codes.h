@@ -1,38 +1,16 @@
-// Which transferable families' codes stand in a line at all: one look instead of a search for each.
+// Which transferable families a line belongs to by its codes: one look instead of a search for each.
 #pragma once
 
 #include "framework/line_bits.h"
-#include "profile/families.h"
-
-#include <cstdint>
+#include "profile/family_set.h"
 
 namespace vantro {
 
-/// A set of families.
-class FamilySet {
-public:
-    static constexpr FamilySet all() { return FamilySet(~std::uint32_t{0}); }
-
-    constexpr FamilySet() = default;
-
-    constexpr void add(Family family) { bits_ |= bit(family); }
-    constexpr bool empty() const { return bits_ == 0; }
-    constexpr bool holds(Family family) const { return (bits_ & bit(family)) != 0; }
-
-private:
-    constexpr explicit FamilySet(std::uint32_t bits) : bits_(bits) {}
-
-    static constexpr std::uint32_t bit(Family family) { return std::uint32_t{1} << indexOf(family); }
-    static_assert(familyCount <= 32);
-
-    std::uint32_t bits_ = 0;
-};
-
-/// The families whose code stands between blanks anywhere in the text, and possibly more. Contacts, whose code has
-/// a fixed place, are not looked for.
+/// The families whose code stands where their elements have it: between blanks from column 13 on, a contact's from
+/// column 12.
 FamilySet codesIn(TextView text);
 
-/// The same for a line whose blanks are known.
-FamilySet codesIn(TextView line, LineBits blanks);
+/// The same for a text whose blanks are known, those past its end among them.
+FamilySet codesIn(TextView text, LineBits blanks);
 
 }  // namespace vantro

@@ -27,7 +27,7 @@ void Display::sweepNext() {
     }
     const auto number = static_cast<std::int16_t>(swept_.size());
     swept_.push_back(marksOf(screen_.line(number)));
-    if (swept_.back().any()) marked_.push_back(number);
+    if (swept_.back().any()) marked_.push_back({Counter(number), swept_.back()});
 }
 
 const DisplayLine& Display::lookAt(std::size_t index) {
@@ -39,14 +39,28 @@ const DisplayLine& Display::lookAt(std::size_t index) {
     return lines_.back();
 }
 
-Counter Display::nextMarked(Counter from) {
-    const auto known = std::ranges::lower_bound(marked_, from.value());
-    if (known != marked_.end()) return Counter(*known);
-    while (swept_.size() < knownLength_) {
+/// The place among all marked lines, swept or not, of the first one at or after a line.
+std::size_t Display::placeOfNextMarked(Counter from) {
+    while (swept_.size() < static_cast<std::size_t>(from.value()) && swept_.size() < knownLength_) sweepNext();
+    const auto place = std::ranges::lower_bound(marked_, from, {}, &MarkedLine::number);
+    return static_cast<std::size_t>(place - marked_.begin());
+}
+
+const Display::MarkedLine& Display::markedAt(std::size_t place) {
+    while (place >= marked_.size()) {
+        if (swept_.size() >= knownLength_) fail(Failure::Overflow);  // nothing but empty lines up to the counter's end
         sweepNext();
-        if (!marked_.empty() && marked_.back() >= from.value()) return Counter(marked_.back());
     }
-    fail(Failure::Overflow);  // nothing but empty lines up to the counter's end
+    return marked_[place];
+}
+
+Display::MarkedLine Display::nextMarked(Counter from) { return markedAt(placeOfNextMarked(from)); }
+
+Display::MarkedLine Display::nextHeaderOrEnd(Section section, Counter from) {
+    for (std::size_t place = placeOfNextMarked(from);; ++place) {
+        const MarkedLine& marked = markedAt(place);
+        if (marked.marks.holdsHeader(section) || marked.marks.isEndOfDisplay()) return marked;
+    }
 }
 
 // Several families ask for the same joined line: it is made once.
@@ -83,8 +97,8 @@ JoinedLine Display::joinAllBelow(Counter number, JoinRule rule) {
         const DisplayLine& below = line(last + 1);
         const bool isClosed = holdsEndText || joining_.starts_with(u'>');
         if (!below.beginsBlank(elementIndent) || isClosed) break;
-        expectLine(last + 1);
         ++last;
+        if (isPastEnd(last)) fail(Failure::Overflow);  // empty lines would go on with the element for ever
         if (below.isBlank()) continue;
         // The end text can come about across a seam, but not from further back than its own length.
         const std::size_t unseen = joining_.size() - std::min(joining_.size(), mark::endOfDisplay.size());

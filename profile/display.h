@@ -31,14 +31,24 @@ public:
         return isKnown ? lines_[places_[index] - std::size_t{1}] : lookAt(index);
     }
 
-    /// The first line at or after `from` that holds a mark. Raises 6 when there is none.
-    Counter nextMarked(Counter from);
-
-    /// For a search that only a mark or a text ends: raises 6 at once for a line past the end, where the 16-bit
-    /// line counter would run on over nothing but empty lines until it overflows.
-    void expectLine(Counter number) const {
-        if (static_cast<std::size_t>(number.value()) >= knownLength_) fail(Failure::Overflow);
+    /// A line for a search that only a mark or a text ends: raises 6 at once for a line past the end, where the
+    /// 16-bit line counter would run on over nothing but empty lines until it overflows.
+    const DisplayLine& expectedLine(Counter number) {
+        if (isPastEnd(number)) fail(Failure::Overflow);
+        return line(number);
     }
+
+    /// A line that holds a mark, and its marks.
+    struct MarkedLine {
+        Counter number;
+        LineMarks marks;
+    };
+
+    /// The first line at or after `from` that holds a mark. Raises 6 when there is none.
+    MarkedLine nextMarked(Counter from);
+
+    /// The first line at or after `from` that opens the section or ends the display. Raises 6 when there is none.
+    MarkedLine nextHeaderOrEnd(Section section, Counter from);
 
     /// An element from its first line on. The first two rules give the lines trimmed, the other two keep what
     /// stands in front of the first line. Raises 6 when the line number below would overflow.
@@ -60,8 +70,11 @@ private:
     static constexpr Width elementIndent{9};
     static constexpr Width transferableIndent{17};
 
+    bool isPastEnd(Counter number) const { return static_cast<std::size_t>(number.value()) >= knownLength_; }
     const DisplayLine& lookAt(std::size_t index);
     void sweepNext();
+    std::size_t placeOfNextMarked(Counter from);
+    const MarkedLine& markedAt(std::size_t place);
     JoinedLine joinedWithBelow(Counter number, JoinRule rule);
     JoinedLine join(Counter number, JoinRule rule);
     JoinedLine joinAllBelow(Counter number, JoinRule rule);
@@ -71,7 +84,7 @@ private:
     Screen screen_;
     std::size_t knownLength_;            // lines after these are known to be empty
     std::vector<LineMarks> swept_;       // the marks of the lines from 0 on, as far as they were swept
-    std::vector<std::int16_t> marked_;   // the swept lines that have any
+    std::vector<MarkedLine> marked_;     // the swept lines that have any
     std::vector<std::uint16_t> places_;  // where in `lines_` a line stands, from 1; 0 for one not looked at yet
     std::vector<DisplayLine> lines_;     // the lines that were looked at, in the order of asking
     std::vector<JoinedLine> knownJoins_;

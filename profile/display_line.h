@@ -4,6 +4,7 @@
 #include "framework/line_bits.h"
 #include "framework/text_ops.h"
 #include "profile/line_marks.h"
+#include "profile/prefixes.h"
 
 #include <array>
 #include <cstdint>
@@ -25,7 +26,7 @@ public:
     LineMarks marks() const { return marks_; }
 
     /// The prompt or the end text anywhere, as the searches for a section's header stop at it.
-    bool isEndOfDisplay() const { return marks_.holdsPrompt() || marks_.holdsEndText(); }
+    bool isEndOfDisplay() const { return marks_.isEndOfDisplay(); }
 
     /// The end of a prefixed family's section: a prompt in the first place, a rule, or the end text.
     bool isSectionEnd() const { return marks_.any() && (marks_.holdsRuleOrEndText() || text_[contentBegin_] == u'>'); }
@@ -35,10 +36,17 @@ public:
         return contentBegin_ >= static_cast<std::uint32_t>(width.value) || isBlank();
     }
 
-    bool holdsSlash() const { return !fitsBits() || slashes_.any(); }
+    /// True when the trimmed line holds the prefix at or after a column.
+    bool holdsPrefix(Prefix prefix, PrefixFrom from) const {
+        return (from == PrefixFrom::Column1 ? prefixes_.anywhere : prefixes_.fromColumn3).holds(prefix);
+    }
 
-    /// True when the trimmed line holds the prefix (letters and "/") at or after a column.
-    bool holdsPrefix(TextView prefix, Column from) const;
+    /// True when these characters of the trimmed line are blank, those past its end included.
+    bool isBlankAt(Column column, Width width) const {
+        if (!fitsBits()) return vantro::isBlank(mid(trimmed(), column, width));
+        const std::size_t begin = contentBegin_ + static_cast<std::size_t>(column.value - 1);
+        return !(LineBits::range(begin, static_cast<std::size_t>(width.value)) & ~blanks_).any();
+    }
 
     /// True for a line whose characters have their bits.
     bool fitsBits() const { return text_.size() <= LineBits::capacity; }
@@ -49,10 +57,10 @@ public:
 private:
     TextView text_;
     LineBits blanks_;
-    LineBits slashes_;
     std::uint32_t contentBegin_ = 0;
     std::uint32_t contentEnd_ = 0;
     LineMarks marks_;
+    LinePrefixes prefixes_;
 
     friend class Display;
     std::array<std::uint32_t, 4> knownJoins_{};  // the display's notes: its joins that begin here, from 1, by rule

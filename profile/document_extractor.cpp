@@ -19,10 +19,8 @@ bool isIndented(TextView trimmedLine) {
     return mid(trimmedLine, Column{2}, indentWidth) == indent || mid(trimmedLine, Column{3}, indentWidth) == indent;
 }
 
-constexpr Column anywhere{1};
-
 TextView elementText(const DocumentFamily& row, const DisplayLine& line) {
-    const TextView before = line.holdsPrefix(row.prefix, anywhere) ? TextView(u"/") : indent;
+    const TextView before = line.holdsPrefix(Prefix(row.family), PrefixFrom::Column1) ? TextView(u"/") : indent;
     return trimmed(mid(line.trimmed(), find(line.trimmed(), before) + 1));
 }
 
@@ -40,14 +38,15 @@ std::int16_t collectRun(const DocumentFamily& row, Display& display, Counter num
 }
 
 /// The section under its header: the run under the first line with the prefix, or nothing at the section's end.
-std::int16_t collectSection(const DocumentFamily& row, Display& display, Counter number, ElementSink& sink) {
+std::int16_t collectSection(const DocumentFamily& row, Display& display, const Display::MarkedLine& header,
+                            ElementSink& sink) {
     // Meant: a header line that holds an end mark too still has the one line under it looked at.
-    bool isLast = display.line(number).isEndOfDisplay();
+    bool isLast = header.marks.isEndOfDisplay();
+    Counter number = header.number;
     do {
         ++number;
-        if (!isLast) display.expectLine(number);
-        const DisplayLine& line = display.line(number);
-        if (line.holdsPrefix(row.prefix, anywhere)) return collectRun(row, display, number, sink);
+        const DisplayLine& line = isLast ? display.line(number) : display.expectedLine(number);
+        if (line.holdsPrefix(Prefix(row.family), PrefixFrom::Column1)) return collectRun(row, display, number, sink);
         isLast = isLast || line.trimmed().starts_with(u"-----") || line.isEndOfDisplay();
     } while (!isLast);
     return 0;
@@ -56,12 +55,9 @@ std::int16_t collectSection(const DocumentFamily& row, Display& display, Counter
 }  // namespace
 
 std::int16_t extract(const DocumentFamily& row, Display& display, ElementSink& sink) {
-    for (Counter number(1);; ++number) {
-        number = display.nextMarked(number);
-        const DisplayLine& line = display.line(number);
-        if (line.marks().holdsHeader(row.section)) return collectSection(row, display, number, sink);
-        if (line.isEndOfDisplay()) return 0;
-    }
+    const Display::MarkedLine header = display.nextHeaderOrEnd(row.section, Counter(1));
+    if (!header.marks.holdsHeader(row.section)) return 0;
+    return collectSection(row, display, header, sink);
 }
 
 std::int16_t extract(Family family, Display& display, ElementSink& sink) {

@@ -4,6 +4,7 @@
 
 #include "framework/text_ops.h"
 #include "profile/join_rule.h"
+#include "profile/prefixes.h"
 #include "profile/sections.h"
 #include "vantro/profile.h"
 #include "vantro/text.h"
@@ -34,32 +35,32 @@ struct PrefixedFamily {
     Section section;
     TextView prefix;
     Scheme scheme;
-    Column searchFrom;  ///< where in a trimmed line of the section the search for the prefix starts
-    Width tagWidth;     ///< characters from column 3 that are blank in a line without a prefix of its own
+    PrefixFrom searchFrom;  ///< in the lines of its section
+    Width tagWidth;         ///< characters from column 3 that are blank in a line without a prefix of its own
     int error;
     ListCut cut;
 };
 
 // clang-format off
 inline constexpr std::array<PrefixedFamily, 17> prefixedFamilies{{
-    // family       section                 prefix    scheme                 from  tag   error  lists cut
-    {Family::PPR,   Section::Priority,     u"PPR/",  Scheme::Plain,         {1},  {0},  5266,  ListCut::AfterEmptyTest},
-    {Family::PGL,   Section::GlobalSearch, u"PGL/",  Scheme::GlobalSearch,  {3},  {5},  5267,  ListCut::AfterEmptyTest},
-    {Family::PPS,   Section::PreStored,    u"PPS/",  Scheme::ColonJoining,  {1},  {0},  5270,  ListCut::AfterEmptyTest},
-    {Family::PHI,   Section::Hotel,        u"PHI/",  Scheme::Policy,        {1},  {5},  5272,  ListCut::AfterEmptyTest},   // Meant: from 1, its siblings from 3; lists cut late
-    {Family::PCI,   Section::Car,          u"PCI/",  Scheme::Policy,        {3},  {5},  5290,  ListCut::BeforeEmptyTest},  // Meant: 5290 is PID's number too
-    {Family::PPC,   Section::Car,          u"PPC/",  Scheme::Policy,        {3},  {6},  5285,  ListCut::BeforeEmptyTest},  // Meant: 6 characters, its siblings 5
-    {Family::PPH,   Section::Hotel,        u"PPH/",  Scheme::Policy,        {3},  {5},  5273,  ListCut::BeforeEmptyTest},
-    {Family::PPA,   Section::Air,          u"PPA/",  Scheme::Policy,        {3},  {5},  5292,  ListCut::BeforeEmptyTest},
-    {Family::PPK,   Section::Air,          u"PPK/",  Scheme::Policy,        {3},  {5},  5293,  ListCut::BeforeEmptyTest},
-    {Family::PPI,   Section::Air,          u"PPI/",  Scheme::Policy,        {3},  {5},  5280,  ListCut::BeforeEmptyTest},
-    {Family::PXC,   Section::Car,          u"PXC/",  Scheme::Policy,        {3},  {5},  5295,  ListCut::BeforeEmptyTest},
-    {Family::PXA,   Section::Air,          u"PXA/",  Scheme::Policy,        {3},  {5},  5296,  ListCut::BeforeEmptyTest},
-    {Family::PXK,   Section::Air,          u"PXK/",  Scheme::Policy,        {3},  {5},  5281,  ListCut::BeforeEmptyTest},
-    {Family::PSH,   Section::Hotel,        u"PSH/",  Scheme::Policy,        {3},  {5},  5282,  ListCut::BeforeEmptyTest},
-    {Family::PSC,   Section::Car,          u"PSC/",  Scheme::Policy,        {3},  {5},  5283,  ListCut::BeforeEmptyTest},
-    {Family::PPT,   Section::Air,          u"PPT/",  Scheme::Policy,        {3},  {5},  5284,  ListCut::BeforeEmptyTest},
-    {Family::PXT,   Section::Air,          u"PXT/",  Scheme::Policy,        {3},  {5},  5286,  ListCut::BeforeEmptyTest},
+    // family       section                 prefix    scheme                 from                  tag   error  lists cut
+    {Family::PPR,   Section::Priority,     u"PPR/",  Scheme::Plain,         PrefixFrom::Column1,  {0},  5266,  ListCut::AfterEmptyTest},
+    {Family::PGL,   Section::GlobalSearch, u"PGL/",  Scheme::GlobalSearch,  PrefixFrom::Column3,  {5},  5267,  ListCut::AfterEmptyTest},
+    {Family::PPS,   Section::PreStored,    u"PPS/",  Scheme::ColonJoining,  PrefixFrom::Column1,  {0},  5270,  ListCut::AfterEmptyTest},
+    {Family::PHI,   Section::Hotel,        u"PHI/",  Scheme::Policy,        PrefixFrom::Column1,  {5},  5272,  ListCut::AfterEmptyTest},   // Meant: from 1, its siblings from 3; lists cut late
+    {Family::PCI,   Section::Car,          u"PCI/",  Scheme::Policy,        PrefixFrom::Column3,  {5},  5290,  ListCut::BeforeEmptyTest},  // Meant: 5290 is PID's number too
+    {Family::PPC,   Section::Car,          u"PPC/",  Scheme::Policy,        PrefixFrom::Column3,  {6},  5285,  ListCut::BeforeEmptyTest},  // Meant: 6 characters, its siblings 5
+    {Family::PPH,   Section::Hotel,        u"PPH/",  Scheme::Policy,        PrefixFrom::Column3,  {5},  5273,  ListCut::BeforeEmptyTest},
+    {Family::PPA,   Section::Air,          u"PPA/",  Scheme::Policy,        PrefixFrom::Column3,  {5},  5292,  ListCut::BeforeEmptyTest},
+    {Family::PPK,   Section::Air,          u"PPK/",  Scheme::Policy,        PrefixFrom::Column3,  {5},  5293,  ListCut::BeforeEmptyTest},
+    {Family::PPI,   Section::Air,          u"PPI/",  Scheme::Policy,        PrefixFrom::Column3,  {5},  5280,  ListCut::BeforeEmptyTest},
+    {Family::PXC,   Section::Car,          u"PXC/",  Scheme::Policy,        PrefixFrom::Column3,  {5},  5295,  ListCut::BeforeEmptyTest},
+    {Family::PXA,   Section::Air,          u"PXA/",  Scheme::Policy,        PrefixFrom::Column3,  {5},  5296,  ListCut::BeforeEmptyTest},
+    {Family::PXK,   Section::Air,          u"PXK/",  Scheme::Policy,        PrefixFrom::Column3,  {5},  5281,  ListCut::BeforeEmptyTest},
+    {Family::PSH,   Section::Hotel,        u"PSH/",  Scheme::Policy,        PrefixFrom::Column3,  {5},  5282,  ListCut::BeforeEmptyTest},
+    {Family::PSC,   Section::Car,          u"PSC/",  Scheme::Policy,        PrefixFrom::Column3,  {5},  5283,  ListCut::BeforeEmptyTest},
+    {Family::PPT,   Section::Air,          u"PPT/",  Scheme::Policy,        PrefixFrom::Column3,  {5},  5284,  ListCut::BeforeEmptyTest},
+    {Family::PXT,   Section::Air,          u"PXT/",  Scheme::Policy,        PrefixFrom::Column3,  {5},  5286,  ListCut::BeforeEmptyTest},
 }};
 // clang-format on
 

@@ -36,12 +36,12 @@ TextView lastSix(TextView line) { return trimmed(right(line, recordLocatorWidth)
 
 /// Where the first line from `from` on stands that holds the tag, its first two columns aside; nothing at the
 /// end of the display.
-std::optional<Counter> seekTag(Display& display, Counter from, TextView tag) {
+std::optional<Counter> seekTag(Display& display, Counter from, Prefix prefix, TextView tag) {
     for (Counter number = from;; ++number) {
-        display.expectLine(number);
-        const DisplayLine& line = display.line(number);
+        const DisplayLine& line = display.expectedLine(number);
         if (line.isEndOfDisplay()) return std::nullopt;
-        if (line.holdsSlash() && holds(trimmed(mid(line.text(), tagAreaColumn)), tag)) return number;
+        const bool mayHoldTag = line.holdsPrefix(prefix, PrefixFrom::Column1);
+        if (mayHoldTag && holds(trimmed(mid(line.text(), tagAreaColumn)), tag)) return number;
     }
 }
 
@@ -94,7 +94,7 @@ namespace {
 /// when there is no such line.
 Text companyNameText(Display& display) {
     // Meant: this reader begins at line 1, the PIN and PSL readers at line 0.
-    const std::optional<Counter> place = seekTag(display, Counter(1), u"PCN/ ");
+    const std::optional<Counter> place = seekTag(display, Counter(1), Prefix::companyName, u"PCN/ ");
     if (!place) return {};
     const TextView raw = display.line(*place).text();
     const TaggedLine line = tagged(trimmed(mid(raw, tagAreaColumn)));
@@ -104,8 +104,7 @@ Text companyNameText(Display& display) {
     const TextView separator = onlyIf(rightTrimmed(raw).size() != fullLineLength, u" ");
     Text name(line.element());
     for (Counter below = *place + 1;; ++below) {
-        display.expectLine(below);
-        const DisplayLine& continuation = display.line(below);
+        const DisplayLine& continuation = display.expectedLine(below);
         if (!continuation.beginsBlank(continuationIndent)) break;
         name.append(separator).append(trimmed(mid(continuation.text(), line.slash + 1)));
     }
@@ -125,7 +124,7 @@ CompanyNameLine readCompanyName(Display& display) {
 }
 
 NumberedText readPin(Display& display) {
-    const std::optional<Counter> place = seekTag(display, Counter(0), u"PIN/");
+    const std::optional<Counter> place = seekTag(display, Counter(0), Prefix::pin, u"PIN/");
     if (!place) return {};
     const TaggedLine line = tagged(trimmed(mid(display.line(*place).text(), tagAreaColumn)));
     return {onlyIf(line.slash >= Column{5}, line.number(lineNumberWidth)), line.element()};
@@ -134,10 +133,9 @@ NumberedText readPin(Display& display) {
 std::optional<NumberedText> readPsl(Display& display) {
     if (display.text().empty()) return std::nullopt;
     for (Counter number;; ++number) {
-        display.expectLine(number);
-        const DisplayLine& line = display.line(number);
+        const DisplayLine& line = display.expectedLine(number);
         if (line.isEndOfDisplay()) return std::nullopt;
-        if (!line.holdsPrefix(u"PSL/", Column{1})) continue;
+        if (!line.holdsPrefix(Prefix::psl, PrefixFrom::Column1)) continue;
         const TaggedLine element = tagged(line.rightTrimmed());  // this line keeps its front, number area and all
         return NumberedText{element.number(pslNumberWidth), element.element()};
     }

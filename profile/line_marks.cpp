@@ -72,16 +72,14 @@ namespace {
 constexpr std::size_t groupSize = 16;
 static_assert(screenWidth % groupSize == 0);
 
-/// What no mark is without, in sixteen characters at a time: two hyphens side by side, an "F" before a blank, or the
-/// prompt. Of seven hyphens two stand in one group; an "F" that ends its group counts whatever comes behind it.
+/// What no mark is without, in sixteen characters at a time: two hyphens, the "F" of the end text with its left or its
+/// right neighbour, or the prompt. Pairs are looked for at even places alone: seven hyphens fill three such pairs, and
+/// of the two around the "F" one is such a pair.
 __m128i markSigns(const char16_t* characters) {
-    const __m128i lastOfGroup = _mm_set_epi8(-1, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0);
     const __m128i group = simd::asBytes(simd::load(characters), simd::load(characters + simd::charactersPerVector));
-    const __m128i hyphens = simd::eachByteEqual(group, '-');
-    const __m128i beforeBlank = _mm_or_si128(_mm_srli_si128(simd::eachByteEqual(group, ' '), 1), lastOfGroup);
-    const __m128i endText = _mm_and_si128(simd::eachByteEqual(group, 'F'), beforeBlank);
-    const __m128i rules = _mm_and_si128(hyphens, _mm_srli_si128(hyphens, 1));
-    return _mm_or_si128(_mm_or_si128(rules, endText), simd::eachByteEqual(group, '>'));
+    const __m128i endText = _mm_or_si128(simd::eachPairEqual(group, 'O', 'F'), simd::eachPairEqual(group, 'F', ' '));
+    const __m128i others = _mm_or_si128(simd::eachPairEqual(group, '-', '-'), simd::eachByteEqual(group, '>'));
+    return _mm_or_si128(endText, others);
 }
 
 bool mayBeMarked(const char16_t* line) {

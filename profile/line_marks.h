@@ -16,6 +16,7 @@ public:
 
     constexpr bool holdsPrompt() const { return (bits_ & prompt) != 0; }
     constexpr bool holdsEndText() const { return (bits_ & endText) != 0; }
+    constexpr bool isEndOfDisplay() const { return (bits_ & (prompt | endText)) != 0; }
     constexpr bool holdsHeader(Section section) const { return (bits_ & header(section)) != 0; }
 
     /// Seven hyphens in a row, as every header has them, or the end text.

@@ -23,6 +23,7 @@ class PrefixedExtraction {
 public:
     PrefixedExtraction(const PrefixedFamily& row, Display& display, ElementSink& sink)
         : row_(row),
+          prefix_(row.family),
           joinRule_(row.scheme == Scheme::Plain ? JoinRule::Directly : JoinRule::ColonAfterBlank),
           display_(display),
           sink_(sink) {}
@@ -58,13 +59,12 @@ private:
     /// end (false).
     bool collectElements() {
         for (;; ++line_) {
-            display_.expectLine(line_);
-            const DisplayLine& line = display_.line(line_);
+            const DisplayLine& line = display_.expectedLine(line_);
             if (line.isSectionEnd()) return false;
             const JoinedLine element = display_.joined(line_, joinRule_);
-            const bool isJoined = element.last != line_;
+            const bool isCollected = element.last == line_ ? isOwn(line) : isOwn(line, element.text);
             line_ = element.last;
-            if (!isWithoutTag(element.text) && !isOwn(line, isJoined ? element.text : TextView{})) return true;
+            if (!isCollected) return true;
             store(element.text, textColumn);
         }
     }
@@ -74,7 +74,7 @@ private:
         for (; seekHeader(); ++line_) {
             ++line_;
             const DisplayLine& line = display_.line(line_);
-            if (line.holdsPrefix(row_.prefix, row_.searchFrom)) {
+            if (line.holdsPrefix(prefix_, row_.searchFrom)) {
                 store(line.trimmed(), textColumn);
                 collectUnprefixed();
                 return;
@@ -95,35 +95,34 @@ private:
 
     /// Goes on to the next header line; false at the end of the display.
     bool seekHeader() {
-        for (;; ++line_) {
-            line_ = display_.nextMarked(line_);
-            const DisplayLine& line = display_.line(line_);
-            if (line.isEndOfDisplay()) return false;
-            if (line.marks().holdsHeader(row_.section)) return true;
-        }
+        const Display::MarkedLine found = display_.nextHeaderOrEnd(row_.section, line_);
+        line_ = found.number;
+        return !found.marks.isEndOfDisplay();
     }
 
     /// Steps on to the section's next line with the prefix; false at the line that ends the section.
     bool seekElement() {
         for (;;) {
             ++line_;
-            display_.expectLine(line_);
-            const DisplayLine& line = display_.line(line_);
+            const DisplayLine& line = display_.expectedLine(line_);
             if (line.isSectionEnd()) return false;
-            if (line.holdsPrefix(row_.prefix, row_.searchFrom)) return true;
+            if (line.holdsPrefix(prefix_, row_.searchFrom)) return true;
         }
     }
 
-    /// True when the family's prefix stands in an element's first line or, further on, in the joined text.
+    /// True for a line that belongs to the family: it has no tag, or the family's own. The whole-section schemes
+    /// have no tag to look at and take every line.
+    bool isOwn(const DisplayLine& line) const {
+        return line.isBlankAt(tagColumn, row_.tagWidth) || line.holdsPrefix(prefix_, PrefixFrom::Column3);
+    }
+
+    /// The same for a line with others joined to it: the prefix may have come about across a seam, or further on.
     bool isOwn(const DisplayLine& first, TextView joined) const {
-        if (first.holdsPrefix(row_.prefix, tagColumn)) return true;
-        if (joined.empty()) return false;
+        if (isBlank(mid(joined, tagColumn, row_.tagWidth)) || first.holdsPrefix(prefix_, PrefixFrom::Column3))
+            return true;
         const int seam = static_cast<int>(first.trimmed().size()) - static_cast<int>(row_.prefix.size()) + 2;
         return holdsFrom(joined, row_.prefix, std::max(tagColumn, Column{seam}));
     }
-
-    // The whole-section schemes have no tag to look at and take every line.
-    bool isWithoutTag(TextView element) const { return isBlank(mid(element, tagColumn, row_.tagWidth)); }
 
     void store(TextView element, Column text) {
         ++count_;
@@ -132,6 +131,7 @@ private:
     }
 
     const PrefixedFamily& row_;
+    const Prefix prefix_;
     const JoinRule joinRule_;
     Display& display_;
     ElementSink& sink_;

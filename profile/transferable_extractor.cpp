@@ -18,8 +18,6 @@ namespace {
 
 constexpr Column numberColumn{6};
 constexpr Width numberWidth{3};
-constexpr Column contactCodeColumn{12};
-constexpr Column codeSearchColumn{13};
 constexpr Column textColumn{14};
 constexpr Column detailColumn{18};
 
@@ -72,110 +70,99 @@ FoundElement split(const TransferableFamily& row, TextView line) {
     return element;
 }
 
-/// An element line as a family joins it, and the codes that may stand in it.
-struct Candidate {
-    JoinedLine line;
-    FamilySet codes;
-
-    bool isElementOf(const TransferableFamily& row) const {
-        if (row.test == CodeTest::StandsAtColumn12) {
-            return mid(line.text, contactCodeColumn, Width{static_cast<int>(row.code.size())}) == row.code;
-        }
-        return codes.holds(row.family) && holdsFrom(line.text, row.code, codeSearchColumn);
+/// The families whose elements may stand in a line that others go on with, by how many go on.
+constexpr FamilySet familiesJoinedBy(JoinRule rule) {
+    FamilySet families;
+    for (const TransferableFamily& row : transferableFamilies) {
+        if (row.join == rule) families.add(row.family);
     }
-};
+    return families;
+}
 
-/// One family's way through the display.
-struct Scan {
-    const TransferableFamily* row = nullptr;
-    bool inSection = false;
-    Counter count = Counter(0);
-};
+constexpr FamilySet oneLineJoiners = familiesJoinedBy(JoinRule::OneBelow);
+constexpr FamilySet twoLineJoiners = familiesJoinedBy(JoinRule::TwoBelow);
 
 /// Several families' scans over the same lines. Each ends where its own row says.
 class Scans {
 public:
     Scans(std::span<const TransferableFamily> rows, Display& display, ElementSink& sink)
-        : display_(display), sink_(sink) {
+        : rows_(rows), display_(display), sink_(sink) {
         for (const TransferableFamily& row : rows) {
-            scans_[active_++] = Scan{&row, row.start == ScanStart::FirstLine};
+            running_.add(row.family);
+            if (row.start == ScanStart::FirstLine) inSection_.add(row.family);
         }
     }
 
     /// Runs all scans to their ends; gives the count of the one that ended last.
     std::int16_t run() {
         for (Counter number;; ++number) {
-            if (!isAnyInSection()) number = display_.nextMarked(number);
-            display_.expectLine(number);
-            const DisplayLine& line = display_.line(number);
+            if (inSection_.empty()) number = display_.nextMarked(number).number;
+            const DisplayLine& line = display_.expectedLine(number);
             if (line.marks().any() || line.text().starts_with(u"------")) {
                 passBoundary(line);
-                if (active_ == 0) return lastCount_;
+                if (running_.empty()) return lastCount_;
             }
             testElement(number);
         }
     }
 
     /// The families whose scans have not ended.
-    FamilySet unfinished() const {
-        FamilySet families;
-        for (std::size_t index = 0; index < active_; ++index) families.add(scans_[index].row->family);
-        return families;
-    }
+    FamilySet running() const { return running_; }
 
 private:
-    bool isAnyInSection() const {
-        return std::any_of(scans_.begin(), scans_.begin() + active_, [](const Scan& scan) { return scan.inSection; });
-    }
-
     /// Ends the scans that end at this line and takes the others into the section that it opens.
     void passBoundary(const DisplayLine& line) {
         const bool isHeader = line.marks().holdsHeader(Section::Transferable);
         const bool isOtherHeader = !isHeader && line.text().starts_with(u"------");
-        std::size_t kept = 0;
-        for (std::size_t index = 0; index < active_; ++index) {
-            Scan scan = scans_[index];
-            if (endsScan(scan.row->end, line) || (scan.inSection && isOtherHeader)) {
-                lastCount_ = scan.count.value();
-                continue;
+        for (std::size_t index = 0; index < rows_.size(); ++index) {
+            const Family family = rows_[index].family;
+            if (!running_.holds(family)) continue;
+            if (endsScan(rows_[index].end, line) || (inSection_.holds(family) && isOtherHeader)) {
+                running_.remove(family);
+                inSection_.remove(family);
+                lastCount_ = counts_[index].value();
+            } else if (isHeader) {
+                inSection_.add(family);
             }
-            scan.inSection = scan.inSection || isHeader;
-            scans_[kept++] = scan;
         }
-        active_ = kept;
     }
 
     // Joined lines are not used up: each of them is looked at again as a line of its own.
     void testElement(Counter number) {
-        const Candidate usual = candidate(number, JoinRule::OneBelow);
-        for (std::size_t index = 0; index < active_; ++index) {
-            Scan& scan = scans_[index];
-            if (!scan.inSection) continue;
-            if (scan.row->join == JoinRule::OneBelow || usual.line.last == number) {
-                test(scan, usual);
-            } else {
-                test(scan, candidate(number, scan.row->join));
-            }
+        if (inSection_.empty()) return;
+        const JoinedLine element = display_.joined(number, JoinRule::OneBelow);
+        if (element.last == number) {
+            storeAs(inSection_ & codesIn(display_.line(number)), element.text);
+            return;
+        }
+        storeAs(inSection_ & oneLineJoiners & codesIn(element.text), element.text);
+        if ((inSection_ & twoLineJoiners).empty()) return;
+        const TextView longer = display_.joined(number, JoinRule::TwoBelow).text;
+        storeAs(inSection_ & twoLineJoiners & codesIn(longer), longer);
+    }
+
+    static FamilySet codesIn(TextView text) { return vantro::codesIn(text); }
+    static FamilySet codesIn(const DisplayLine& line) {
+        const TextView text = line.rightTrimmed();
+        return line.fitsBits() ? vantro::codesIn(text, line.blanks()) : vantro::codesIn(text);
+    }
+
+    void storeAs(FamilySet families, TextView line) {
+        if (families.empty()) return;
+        for (std::size_t index = 0; index < rows_.size(); ++index) {
+            const TransferableFamily& row = rows_[index];
+            if (!families.holds(row.family)) continue;
+            ++counts_[index];
+            sink_.store(row.family, counts_[index].value(), split(row, line));
         }
     }
 
-    Candidate candidate(Counter number, JoinRule rule) {
-        const JoinedLine joined = display_.joined(number, rule);
-        if (joined.last != number) return {joined, codesIn(joined.text)};
-        const DisplayLine& line = display_.line(number);
-        return {joined, line.fitsBits() ? codesIn(line.text(), line.blanks()) : FamilySet::all()};
-    }
-
-    void test(Scan& scan, const Candidate& candidate) {
-        if (!candidate.isElementOf(*scan.row)) return;
-        ++scan.count;
-        sink_.store(scan.row->family, scan.count.value(), split(*scan.row, candidate.line.text));
-    }
-
+    std::span<const TransferableFamily> rows_;
     Display& display_;
     ElementSink& sink_;
-    std::array<Scan, transferableFamilies.size()> scans_{};
-    std::size_t active_ = 0;
+    FamilySet running_;
+    FamilySet inSection_;                                      // of the running ones
+    std::array<Counter, transferableFamilies.size()> counts_;  // of the rows
     std::int16_t lastCount_ = 0;
 };
 
@@ -191,7 +178,7 @@ FamilySet extractTransferable(Display& display, ElementSink& sink) {
         scans.run();
         return {};
     } catch (const Error&) {
-        return scans.unfinished();
+        return scans.running();
     }
 }
 

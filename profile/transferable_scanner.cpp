@@ -66,12 +66,9 @@ bool opensElement(TextView line) { return line.starts_with(u'S') || line.starts_
 
 /// The first line under the section's header, or nothing when the display ends before it.
 std::optional<Counter> seekSection(Display& display) {
-    for (Counter number;; ++number) {
-        number = display.nextMarked(number);
-        const DisplayLine& line = display.line(number);
-        if (line.isEndOfDisplay()) return std::nullopt;
-        if (line.marks().holdsHeader(Section::Transferable)) return number + 1;
-    }
+    const Display::MarkedLine found = display.nextHeaderOrEnd(Section::Transferable, Counter(0));
+    if (found.marks.isEndOfDisplay()) return std::nullopt;
+    return found.number + 1;
 }
 
 bool endsSection(const DisplayLine& line) { return line.isEndOfDisplay() || line.text().starts_with(u"------"); }
@@ -82,8 +79,7 @@ TransferableElement readElement(Display& display, Counter& number) {
     TransferableElement element{line.front(), trimmed(mid(line, numberColumn, numberWidth)),
                                 Text(trimmed(mid(line, textColumn)))};
     for (++number;; ++number) {
-        display.expectLine(number);
-        const DisplayLine& below = display.line(number);
+        const DisplayLine& below = display.expectedLine(number);
         if (endsSection(below) || !below.beginsBlank(continuationIndent)) return element;
         element.text += below.trimmed();
     }
@@ -97,8 +93,7 @@ TextList scanTransferable(Display& display, TextList& selection, TextView qualif
     const std::optional<Counter> section = seekSection(display);
     if (!section) return numbers;
     for (Counter number = *section;;) {
-        display.expectLine(number);
-        const DisplayLine& line = display.line(number);
+        const DisplayLine& line = display.expectedLine(number);
         if (endsSection(line)) return numbers;
         if (!opensElement(line.text())) {
             ++number;
