@@ -81,11 +81,11 @@ run_privately() {
     unshare -m bash -euo pipefail -c '
         private_root=$1 project=$2
         shift 2
-        mkdir -p "$private_root$project"
-        mount --bind "$project" "$private_root$project"
         mount --rbind /dev "$private_root/dev"
         mount -t proc proc "$private_root/proc"
         mount -t tmpfs tmpfs "$private_root/tmp"
+        mkdir -p "$private_root$project" # after the mount above: the project itself may lie in /tmp
+        mount --bind "$project" "$private_root$project"
         exec chroot "$private_root" env -i HOME=/root PATH=/usr/sbin:/usr/bin:/sbin:/bin LC_ALL=C.UTF-8 "$@"
     ' privately "$private_root" "$root" "$@"
 }
