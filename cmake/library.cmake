@@ -18,7 +18,6 @@ target_sources(vantro_profile_utils PRIVATE
     framework/error.cpp
     framework/int16.cpp
     framework/interfaces.cpp
-    framework/line_bits.cpp
     framework/profile_mode.cpp
     framework/registry.cpp
     framework/screen.cpp

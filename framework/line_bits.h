@@ -1,5 +1,5 @@
-// One bit a character of a screen line: where its blanks and slashes stand. A line is looked at once and then
-// answers most questions from its bits.
+// One bit a character of a screen line: where its blanks stand, say. A line is looked at once and then answers most
+// questions from its bits.
 #pragma once
 
 #include "vantro/text.h"
@@ -58,6 +58,14 @@ public:
     /// Every place moved down by `steps` (1 to 63): place p of the result is place p + steps of this one.
     constexpr LineBits down(unsigned steps) const { return {low_ >> steps | high_ << (64 - steps), high_ >> steps}; }
 
+    /// The places that `length` others and then a further place of the set follow: those of the blanks in front of
+    /// the words of that length.
+    constexpr LineBits beforeWords(unsigned length) const {
+        LineBits places = *this & down(length + 1);
+        for (unsigned letter = 1; letter <= length; ++letter) places = places & ~down(letter);
+        return places;
+    }
+
     /// The places at which `length` (2 to 63) places of the set in a row begin.
     constexpr LineBits runs(unsigned length) const {
         LineBits begins = *this;
@@ -77,21 +85,5 @@ private:
     std::uint64_t low_ = 0;
     std::uint64_t high_ = 0;
 };
-
-/// Where the blanks and slashes of a line stand. Places past the line's end count as blanks.
-struct BlanksAndSlashes {
-    LineBits blanks;
-    LineBits slashes;
-};
-
-/// Looks at a line of at most `LineBits::capacity` characters.
-BlanksAndSlashes blanksAndSlashesOf(TextView line);
-
-/// Where one character, and where either of two others stands in a line of at most `LineBits::capacity` characters.
-struct OneAndEither {
-    LineBits one;
-    LineBits either;
-};
-OneAndEither placesOf(TextView line, char16_t one, char16_t first, char16_t second);
 
 }  // namespace vantro

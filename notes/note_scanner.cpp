@@ -27,7 +27,9 @@ public:
         for (;;) {
             ++line_;  // the first line looked at is line 1
             const DisplayLine& line = display_.line(line_);
-            if (line.isBlank() || line.marks().holdsPrompt()) break;
+            if (line.isBlank()) break;
+            if (!line.marks().any()) continue;
+            if (line.marks().holdsPrompt()) break;
             if (line.marks().holdsHeader(Section::Notes)) {
                 if (endsInEndOfDisplay()) break;
             } else if (line.marks().holdsEndText()) {
@@ -46,13 +48,14 @@ private:
             const DisplayLine& line = display_.line(line_);
             if (line.marks().holdsEndText()) return true;
             if (line.marks().holdsPrompt()) return false;
-            if (isKept(filter_, line.text())) store(line.text());
+            if (isKept(filter_, line.text())) store(line);
         }
     }
 
-    void store(TextView line) {
+    void store(const DisplayLine& line) {
         ++count_;
-        sink_.store(count_.value(), {note_.value(), left(line, qualifierWidth), trimmed(mid(line, textColumn))});
+        sink_.store(count_.value(),
+                    {note_.value(), left(line.text(), qualifierWidth), trimmed(mid(line.rightTrimmed(), textColumn))});
     }
 
     Display& display_;

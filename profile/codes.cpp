@@ -1,5 +1,6 @@
 #include "profile/codes.h"
 
+#include "framework/line_groups.h"
 #include "framework/text_ops.h"
 #include "profile/families.h"
 
@@ -14,12 +15,6 @@ namespace {
 
 constexpr Column contactCodeColumn{12};
 constexpr Column codeSearchColumn{13};
-
-/// Places of blanks with two or three other characters and a further blank behind them.
-LineBits shortWords(LineBits blanks) {
-    const LineBits begins = blanks & ~blanks.down(1) & ~blanks.down(2);
-    return begins & (blanks.down(3) | blanks.down(4));
-}
 
 /// Four characters that are compared at once.
 constexpr std::size_t keyLength = 4;
@@ -48,27 +43,34 @@ static_assert(std::ranges::all_of(transferableFamilies, [](const TransferableFam
     return row.test == CodeTest::StandsAtColumn12 || (isShort && row.code.front() == u' ' && row.code.back() == u' ');
 }));
 
-void addFamilyOf(TextView word, FamilySet& set) {
-    if (word.size() < keyLength) return;
-    const Key key = keyAt(word.data());
+LineBits blanksOf(TextView text) {
+    return lookAtGroups(text, [](const auto& groups) { return groups.blanks(); });
+}
+
+void addFamilyOf(TextView text, std::size_t place, FamilySet& set) {
+    if (place + keyLength > text.size()) return;
+    const Key key = keyAt(text.data() + place);
     for (std::size_t row = 0; row < keys.size(); ++row) {
-        if (key == keys[row] && word.starts_with(transferableFamilies[row].code)) {
+        if (key == keys[row] && text.substr(place).starts_with(transferableFamilies[row].code)) {
             set.add(transferableFamilies[row].family);
         }
     }
 }
 
+constexpr const TransferableFamily& contact = transferableFamilies[indexOf(Family::Contact) - firstTransferable];
+
+static_assert(std::ranges::all_of(transferableFamilies, [](const TransferableFamily& row) {
+    return (row.test == CodeTest::StandsAtColumn12) == (row.family == contact.family);
+}));
+
 void addContact(TextView text, FamilySet& set) {
-    for (const TransferableFamily& row : transferableFamilies) {
-        if (row.test != CodeTest::StandsAtColumn12) continue;
-        if (mid(text, contactCodeColumn).starts_with(row.code)) set.add(row.family);
-    }
+    if (mid(text, contactCodeColumn).starts_with(contact.code)) set.add(contact.family);
 }
 
 }  // namespace
 
 FamilySet codesIn(TextView text) {
-    if (text.size() <= LineBits::capacity) return codesIn(text, blanksAndSlashesOf(text).blanks);
+    if (text.size() <= LineBits::capacity) return codesIn(text, blanksOf(text));
     FamilySet set;
     for (const TransferableFamily& row : transferableFamilies) {
         const bool isSearched = row.test == CodeTest::FoundFromColumn13;
@@ -81,8 +83,9 @@ FamilySet codesIn(TextView text) {
 FamilySet codesIn(TextView text, LineBits blanks) {
     FamilySet set;
     const LineBits searched = LineBits::from(static_cast<std::size_t>(codeSearchColumn.value - 1));
-    for (LineBits words = shortWords(blanks) & searched; words.any(); words.removeLowest()) {
-        if (words.lowest() < text.size()) addFamilyOf(text.substr(words.lowest()), set);
+    const LineBits shortWords = (blanks.beforeWords(2) | blanks.beforeWords(3)) & searched;
+    for (LineBits words = shortWords; words.any(); words.removeLowest()) {
+        addFamilyOf(text, words.lowest(), set);
     }
     addContact(text, set);
     return set;

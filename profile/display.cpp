@@ -7,23 +7,29 @@
 
 namespace vantro {
 
-Display::Display(Terminal& terminal, TextView text) : screen_(terminal, text) {
-    constexpr std::size_t usualMarks = 32;  // ten sections, a prompt and the end text, with room
+namespace {
+
+/// How many lines may hold anything.
+std::size_t lengthOf(const Screen& screen) {
     constexpr std::size_t allLines = std::numeric_limits<std::int16_t>::max() + std::size_t{1};
-    const std::size_t printed = (text.size() + screenWidth - 1) / screenWidth;
-    knownLength_ = screen_.linesAreSlices() ? std::min(printed, allLines) : allLines;
-    places_.resize(knownLength_);
-    swept_.reserve(knownLength_);
+    const std::size_t printed = (screen.text().size() + screenWidth - 1) / screenWidth;
+    return screen.linesAreSlices() ? std::min(printed, allLines) : allLines;
+}
+
+}  // namespace
+
+Display::Display(Terminal& terminal, TextView text) : screen_(terminal, text), lines_(lengthOf(screen_)) {
+    constexpr std::size_t usualMarks = 32;  // ten sections, a prompt and the end text, with room
+    swept_.reserve(lines_.size());
     marked_.reserve(usualMarks);
-    lines_.reserve(knownLength_);  // so that references to lines stay good
 }
 
 void Display::sweepNext() {
     // Lines without any of the marks' letters are passed at once.
     if (screen_.linesAreSlices()) {
         const std::size_t next = nextLineThatMayBeMarked(screen_.text(), swept_.size());
-        swept_.resize(std::min(next, knownLength_));
-        if (swept_.size() == knownLength_) return;
+        swept_.resize(std::min(next, lines_.size()));
+        if (swept_.size() == lines_.size()) return;
     }
     const auto number = static_cast<std::int16_t>(swept_.size());
     swept_.push_back(marksOf(screen_.line(number)));
@@ -32,23 +38,21 @@ void Display::sweepNext() {
 
 const DisplayLine& Display::lookAt(std::size_t index) {
     static const DisplayLine emptyLine;
-    if (index >= knownLength_) return emptyLine;
+    if (index >= lines_.size()) return emptyLine;
     while (swept_.size() <= index) sweepNext();
-    lines_.emplace_back(screen_.line(static_cast<std::int16_t>(index)), swept_[index]);
-    places_[index] = static_cast<std::uint16_t>(lines_.size());
-    return lines_.back();
+    return lines_.make(index, screen_.line(static_cast<std::int16_t>(index)), swept_[index]);
 }
 
 /// The place among all marked lines, swept or not, of the first one at or after a line.
 std::size_t Display::placeOfNextMarked(Counter from) {
-    while (swept_.size() < static_cast<std::size_t>(from.value()) && swept_.size() < knownLength_) sweepNext();
+    while (swept_.size() < static_cast<std::size_t>(from.value()) && swept_.size() < lines_.size()) sweepNext();
     const auto place = std::ranges::lower_bound(marked_, from, {}, &MarkedLine::number);
     return static_cast<std::size_t>(place - marked_.begin());
 }
 
 const Display::MarkedLine& Display::markedAt(std::size_t place) {
     while (place >= marked_.size()) {
-        if (swept_.size() >= knownLength_) fail(Failure::Overflow);  // nothing but empty lines up to the counter's end
+        if (swept_.size() >= lines_.size()) fail(Failure::Overflow);  // nothing but empty lines up to the counter's end
         sweepNext();
     }
     return marked_[place];
@@ -64,16 +68,14 @@ Display::MarkedLine Display::nextHeaderOrEnd(Section section, Counter from) {
 }
 
 // Several families ask for the same joined line: it is made once.
-JoinedLine Display::joinedWithBelow(Counter number, JoinRule rule) {
-    const DisplayLine& first = line(number);
+JoinedLine Display::joinedWithBelow(const DisplayLine& first, Counter number, JoinRule rule) {
     const auto slot = static_cast<std::size_t>(rule);
     if (first.knownJoins_[slot] != 0) return knownJoins_[first.knownJoins_[slot] - std::size_t{1}];
 
     const JoinedLine joined = join(number, rule);
-    const auto index = static_cast<std::size_t>(number.value());
-    if (index < knownLength_) {  // a line past the end has no place for a note
+    if (DisplayLine* const noted = lines_.find(static_cast<std::size_t>(number.value()))) {
         knownJoins_.push_back(joined);
-        lines_[places_[index] - std::size_t{1}].knownJoins_[slot] = static_cast<std::uint32_t>(knownJoins_.size());
+        noted->knownJoins_[slot] = static_cast<std::uint32_t>(knownJoins_.size());
     }
     return joined;
 }
@@ -118,7 +120,7 @@ JoinedLine Display::joinOneBelow(Counter number) {
 }
 
 JoinedLine Display::joinTwoBelow(Counter number) {
-    const JoinedLine one = joined(number, JoinRule::OneBelow);
+    const JoinedLine one = joined(line(number), number, JoinRule::OneBelow);
     const DisplayLine& below = line(number + 2);
     if (!below.beginsBlank(transferableIndent)) return one;
     joining_ = one.text;

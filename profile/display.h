@@ -3,8 +3,8 @@
 #pragma once
 
 #include "framework/screen.h"
-#include "profile/display_line.h"
 #include "profile/join_rule.h"
+#include "profile/line_store.h"
 #include "profile/text_arena.h"
 
 #include <cstdint>
@@ -27,8 +27,8 @@ public:
     /// A line; the reference lives as long as the display.
     const DisplayLine& line(Counter number) {
         const auto index = static_cast<std::size_t>(number.value());
-        const bool isKnown = index < places_.size() && places_[index] != 0;
-        return isKnown ? lines_[places_[index] - std::size_t{1}] : lookAt(index);
+        const DisplayLine* const known = lines_.find(index);
+        return known != nullptr ? *known : lookAt(index);
     }
 
     /// A line for a search that only a mark or a text ends: raises 6 at once for a line past the end, where the
@@ -50,13 +50,13 @@ public:
     /// The first line at or after `from` that opens the section or ends the display. Raises 6 when there is none.
     MarkedLine nextHeaderOrEnd(Section section, Counter from);
 
-    /// An element from its first line on. The first two rules give the lines trimmed, the other two keep what
-    /// stands in front of the first line. Raises 6 when the line number below would overflow.
-    JoinedLine joined(Counter number, JoinRule rule) {
+    /// An element from its first line on, which the caller has at hand. The first two rules give the lines trimmed, the
+    /// other two keep what stands in front of the first line. Raises 6 when the line number below would overflow.
+    JoinedLine joined(const DisplayLine& first, Counter number, JoinRule rule) {
         const bool keepsFront = rule == JoinRule::OneBelow || rule == JoinRule::TwoBelow;
-        const DisplayLine& first = line(number);
         const DisplayLine& below = line(number + 1);
-        if (below.beginsBlank(keepsFront ? transferableIndent : elementIndent)) return joinedWithBelow(number, rule);
+        if (below.beginsBlank(keepsFront ? transferableIndent : elementIndent))
+            return joinedWithBelow(first, number, rule);
         return {keepsFront ? first.rightTrimmed() : first.trimmed(), number};
     }
 
@@ -70,23 +70,22 @@ private:
     static constexpr Width elementIndent{9};
     static constexpr Width transferableIndent{17};
 
-    bool isPastEnd(Counter number) const { return static_cast<std::size_t>(number.value()) >= knownLength_; }
+    /// Lines past the store are known to be empty.
+    bool isPastEnd(Counter number) const { return static_cast<std::size_t>(number.value()) >= lines_.size(); }
     const DisplayLine& lookAt(std::size_t index);
     void sweepNext();
     std::size_t placeOfNextMarked(Counter from);
     const MarkedLine& markedAt(std::size_t place);
-    JoinedLine joinedWithBelow(Counter number, JoinRule rule);
+    JoinedLine joinedWithBelow(const DisplayLine& first, Counter number, JoinRule rule);
     JoinedLine join(Counter number, JoinRule rule);
     JoinedLine joinAllBelow(Counter number, JoinRule rule);
     JoinedLine joinOneBelow(Counter number);
     JoinedLine joinTwoBelow(Counter number);
 
     Screen screen_;
-    std::size_t knownLength_;            // lines after these are known to be empty
-    std::vector<LineMarks> swept_;       // the marks of the lines from 0 on, as far as they were swept
-    std::vector<MarkedLine> marked_;     // the swept lines that have any
-    std::vector<std::uint16_t> places_;  // where in `lines_` a line stands, from 1; 0 for one not looked at yet
-    std::vector<DisplayLine> lines_;     // the lines that were looked at, in the order of asking
+    LineStore lines_;
+    std::vector<LineMarks> swept_;    // the marks of the lines from 0 on, as far as they were swept
+    std::vector<MarkedLine> marked_;  // the swept lines that have any
     std::vector<JoinedLine> knownJoins_;
     TextArena joinedTexts_;
     Text joining_;  // the text of the join that is being made

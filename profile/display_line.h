@@ -41,6 +41,9 @@ public:
         return (from == PrefixFrom::Column1 ? prefixes_.anywhere : prefixes_.fromColumn3).holds(prefix);
     }
 
+    /// Where a word of the line first stands, from 1, or Column{0}. The word comes with its blanks.
+    Column findWord(TextView word) const;
+
     /// True when these characters of the trimmed line are blank, those past its end included.
     bool isBlankAt(Column column, Width width) const {
         if (!fitsBits()) return vantro::isBlank(mid(trimmed(), column, width));

@@ -60,10 +60,10 @@ TaggedLine tagged(TextView line) { return {line, find(line, u"/")}; }
 
 TextView readName(Display& display) {
     for (std::int16_t number = 1; number <= 20; ++number) {
-        const TextView line = display.line(Counter(number)).text();
-        const Column tag = find(line, nameTag);
+        const DisplayLine& line = display.line(Counter(number));
+        const Column tag = line.findWord(nameTag);
         if (tag == Column{0}) continue;
-        const TextView name = trimmed(mid(line, tag + static_cast<int>(nameTag.size())));
+        const TextView name = trimmed(mid(line.text(), tag + static_cast<int>(nameTag.size())));
         return name.empty() ? companyMarkName(display) : name;
     }
     return companyMarkName(display);

@@ -1,7 +1,7 @@
 #include "profile/line_marks.h"
 
 #include "framework/constants.h"
-#include "framework/line_bits.h"
+#include "framework/line_groups.h"
 #include "framework/screen.h"
 #include "framework/simd.h"
 #include "framework/text_ops.h"
@@ -49,17 +49,17 @@ LineMarks searchMarks(TextView line) {
 LineMarks marksOf(TextView line) {
     if (line.size() > LineBits::capacity) return searchMarks(line);
     LineMarks marks;
-    const OneAndEither places = placesOf(line, u'-', u'>', u'F');
-    for (LineBits either = places.either; either.any(); either.removeLowest()) {
-        const std::size_t place = either.lowest();
-        if (line[place] == u'>') {
-            marks.addPrompt();
-        } else if (isEndTextAroundF(line, place)) {
-            marks.addEndText();
-        }
+    LineBits hyphens;
+    LineBits letters;
+    lookAtGroups(line, [&](const auto& groups) {
+        if (groups.where(u'>').any()) marks.addPrompt();
+        letters = groups.where(u'F');
+        hyphens = groups.where(u'-');
+    });
+    for (; letters.any(); letters.removeLowest()) {
+        if (isEndTextAroundF(line, letters.lowest())) marks.addEndText();
     }
-    if (!places.one.any()) return marks;
-    for (LineBits rules = places.one.runs(sectionRule.size()); rules.any(); rules.removeLowest()) {
+    for (LineBits rules = hyphens.runs(sectionRule.size()); rules.any(); rules.removeLowest()) {
         addHeaders(marks, line.substr(rules.lowest()));
     }
     return marks;
@@ -72,12 +72,12 @@ namespace {
 constexpr std::size_t groupSize = 16;
 static_assert(screenWidth % groupSize == 0);
 
-/// What no mark is without, in sixteen characters at a time: two hyphens, the "F" of the end text with its left or its
+/// What no mark is without, in sixteen characters at a time: two hyphens, the "P" of the end text with its left or its
 /// right neighbour, or the prompt. Pairs are looked for at even places alone: seven hyphens fill three such pairs, and
-/// of the two around the "F" one is such a pair.
+/// of the two around the "P", which are rare in words, one is such a pair.
 __m128i markSigns(const char16_t* characters) {
     const __m128i group = simd::asBytes(simd::load(characters), simd::load(characters + simd::charactersPerVector));
-    const __m128i endText = _mm_or_si128(simd::eachPairEqual(group, 'O', 'F'), simd::eachPairEqual(group, 'F', ' '));
+    const __m128i endText = _mm_or_si128(simd::eachPairEqual(group, 'S', 'P'), simd::eachPairEqual(group, 'P', 'L'));
     const __m128i others = _mm_or_si128(simd::eachPairEqual(group, '-', '-'), simd::eachByteEqual(group, '>'));
     return _mm_or_si128(endText, others);
 }

@@ -61,7 +61,7 @@ private:
         for (;; ++line_) {
             const DisplayLine& line = display_.expectedLine(line_);
             if (line.isSectionEnd()) return false;
-            const JoinedLine element = display_.joined(line_, joinRule_);
+            const JoinedLine element = display_.joined(line, line_, joinRule_);
             const bool isCollected = element.last == line_ ? isOwn(line) : isOwn(line, element.text);
             line_ = element.last;
             if (!isCollected) return true;
@@ -113,7 +113,7 @@ private:
     /// True for a line that belongs to the family: it has no tag, or the family's own. The whole-section schemes
     /// have no tag to look at and take every line.
     bool isOwn(const DisplayLine& line) const {
-        return line.isBlankAt(tagColumn, row_.tagWidth) || line.holdsPrefix(prefix_, PrefixFrom::Column3);
+        return line.holdsPrefix(prefix_, PrefixFrom::Column3) || line.isBlankAt(tagColumn, row_.tagWidth);
     }
 
     /// The same for a line with others joined to it: the prefix may have come about across a seam, or further on.

@@ -102,7 +102,7 @@ public:
                 passBoundary(line);
                 if (running_.empty()) return lastCount_;
             }
-            testElement(number);
+            if (!inSection_.empty()) testElement(line, number);
         }
     }
 
@@ -128,16 +128,15 @@ private:
     }
 
     // Joined lines are not used up: each of them is looked at again as a line of its own.
-    void testElement(Counter number) {
-        if (inSection_.empty()) return;
-        const JoinedLine element = display_.joined(number, JoinRule::OneBelow);
+    void testElement(const DisplayLine& line, Counter number) {
+        const JoinedLine element = display_.joined(line, number, JoinRule::OneBelow);
         if (element.last == number) {
-            storeAs(inSection_ & codesIn(display_.line(number)), element.text);
+            storeAs(inSection_ & codesIn(line), element.text);
             return;
         }
         storeAs(inSection_ & oneLineJoiners & codesIn(element.text), element.text);
         if ((inSection_ & twoLineJoiners).empty()) return;
-        const TextView longer = display_.joined(number, JoinRule::TwoBelow).text;
+        const TextView longer = display_.joined(line, number, JoinRule::TwoBelow).text;
         storeAs(inSection_ & twoLineJoiners & codesIn(longer), longer);
     }
 

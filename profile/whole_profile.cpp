@@ -29,7 +29,10 @@ namespace {
 /// Collects elements and notes. Each family's elements come to stand together.
 class Collector final : public ElementSink, public NoteSink {
 public:
-    explicit Collector(Profile::Storage& storage) : storage_(storage) {}
+    Collector(Profile::Storage& storage, std::size_t usualElements) : storage_(storage) {
+        storage_.elements.reserve(usualElements);
+        families_.reserve(usualElements);
+    }
 
     void store(Family family, std::int16_t /*count*/, const FoundElement& found) override {
         storage_.elements.push_back({.number = found.number,
@@ -69,12 +72,13 @@ public:
         std::array<std::size_t, familyCount + 1> next{};
         for (const Family family : families_) ++next[indexOf(family) + 1];
         for (std::size_t family = 0; family < familyCount; ++family) next[family + 1] += next[family];
-        std::vector<Element> grouped(families_.size());
-        for (std::size_t place = 0; place < families_.size(); ++place) {
-            grouped[next[indexOf(families_[place])]++] = storage_.elements[place];
+        const std::vector<Element> elements = storage_.elements;
+        const std::vector<Family> families = families_;
+        for (std::size_t from = 0; from < families.size(); ++from) {
+            const std::size_t place = next[indexOf(families[from])]++;
+            storage_.elements[place] = elements[from];
+            families_[place] = families[from];
         }
-        std::ranges::copy(grouped, storage_.elements.begin());
-        std::ranges::sort(families_);
     }
 
     void keepIn(Profile& profile) const {
@@ -99,9 +103,7 @@ public:
         : profile_(profile),
           storage_(storage),
           display_(terminal_, withoutHostLine(storage.display)),
-          collector_(storage) {
-        storage.elements.reserve(storage.display.size() / screenWidth);  // few displays hold an element a line
-    }
+          collector_(storage, storage.display.size() / screenWidth) {}  // few displays hold an element a line
 
     void run() {
         readHeader();

@@ -1,0 +1,97 @@
+// The characters of a screen line in groups of sixteen, ready to be compared: where the processor can, a group at
+// once, elsewhere one by one. Both give the same answers.
+#pragma once
+
+#include "framework/line_bits.h"
+#include "framework/simd.h"
+#include "vantro/text.h"
+
+#include <algorithm>
+#include <array>
+#include <cstddef>
+#include <cstdint>
+#include <utility>
+
+namespace vantro {
+
+inline constexpr std::size_t groupSize = 16;
+
+#if VANTRO_SSE2
+
+class CharacterGroup {
+public:
+    explicit CharacterGroup(const char16_t* characters)
+        : bytes_(simd::asBytes(simd::load(characters), simd::load(characters + simd::charactersPerVector))) {}
+
+    /// One bit a character; the wanted one is ASCII.
+    std::uint64_t where(char16_t wanted) const {
+        return simd::bits(simd::eachByteEqual(bytes_, static_cast<char>(wanted)));
+    }
+
+private:
+    __m128i bytes_;  // every character that is not a byte has become one that is no ASCII
+};
+
+#else
+
+class CharacterGroup {
+public:
+    explicit CharacterGroup(const char16_t* characters) : characters_(characters) {}
+
+    std::uint64_t where(char16_t wanted) const {
+        std::uint64_t bits = 0;
+        for (std::size_t place = 0; place < groupSize; ++place) {
+            bits |= std::uint64_t{characters_[place] == wanted} << place;
+        }
+        return bits;
+    }
+
+private:
+    const char16_t* characters_;
+};
+
+#endif
+
+/// The groups of one line. The places of the groups are constants, so that no loop is left.
+template <std::size_t Count>
+class LineGroups {
+public:
+    explicit LineGroups(const char16_t* characters) : LineGroups(characters, std::make_index_sequence<Count>()) {}
+
+    /// Where an ASCII character stands.
+    LineBits where(char16_t wanted) const { return where(wanted, std::make_index_sequence<Count>()); }
+
+    /// Where the blanks stand; the places past the groups count as blanks.
+    LineBits blanks() const {
+        constexpr LineBits pastTheEnd = LineBits::from(Count * groupSize);
+        return where(u' ') | pastTheEnd;
+    }
+
+private:
+    template <std::size_t... Place>
+    LineGroups(const char16_t* characters, std::index_sequence<Place...>)
+        : groups_{CharacterGroup(characters + Place * groupSize)...} {}
+
+    template <std::size_t... Place>
+    LineBits where(char16_t wanted, std::index_sequence<Place...>) const {
+        std::uint64_t words[2] = {0, 0};
+        ((words[Place / 4] |= groups_[Place].where(wanted) << (Place % 4 * groupSize)), ...);
+        return {words[0], words[1]};
+    }
+
+    std::array<CharacterGroup, Count> groups_;
+};
+
+/// Gives a line of at most `LineBits::capacity` characters to a function in groups: one of 80 characters as it is, any
+/// other with blanks behind.
+template <class Look>
+auto lookAtGroups(TextView line, Look look) {
+    constexpr std::size_t usualCount = 5;
+    if (line.size() == usualCount * groupSize) return look(LineGroups<usualCount>(line.data()));
+    std::array<char16_t, LineBits::capacity> padded;
+    padded.fill(u' ');
+    std::ranges::copy(line, padded.begin());
+    return look(LineGroups<LineBits::capacity / groupSize>(padded.data()));
+}
+
+}  // namespace vantro
