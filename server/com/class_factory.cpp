@@ -1,32 +1,15 @@
 #include "server/com/class_factory.h"
 
+#include "server/com/counted.h"
 #include "server/com/error.h"
-
-#include <atomic>
 
 namespace vantro::com {
 
 namespace {
 
-class ClassFactory final : public IClassFactory {
+class ClassFactory final : public Counted<IClassFactory> {
 public:
     explicit ClassFactory(const ClassInfo& info) : info_(info) {}
-    ClassFactory(const ClassFactory&) = delete;
-    ClassFactory& operator=(const ClassFactory&) = delete;
-
-    HRESULT STDMETHODCALLTYPE QueryInterface(REFIID iid, void** object) override {
-        if (object == nullptr) return E_POINTER;
-        const bool known = iid == IID_IUnknown || iid == IID_IClassFactory;
-        *object = known ? static_cast<IClassFactory*>(this) : nullptr;
-        if (known) AddRef();
-        return known ? S_OK : E_NOINTERFACE;
-    }
-    ULONG STDMETHODCALLTYPE AddRef() override { return ++references_; }
-    ULONG STDMETHODCALLTYPE Release() override {
-        const ULONG left = --references_;
-        if (left == 0) delete this;
-        return left;
-    }
 
     HRESULT STDMETHODCALLTYPE CreateInstance(IUnknown* outer, REFIID iid, void** object) override {
         if (object == nullptr) return E_POINTER;
@@ -42,10 +25,9 @@ public:
     }
 
 private:
-    ~ClassFactory() = default;
+    bool isOwn(REFIID iid) const override { return iid == IID_IClassFactory; }
 
     const ClassInfo& info_;
-    std::atomic<ULONG> references_{0};
 };
 
 }  // namespace

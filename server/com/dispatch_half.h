@@ -14,33 +14,10 @@ HRESULT namesToIds(const IID& iid, OLECHAR** names, UINT count, DISPID* ids) noe
 HRESULT invokeHalf(const IID& iid, void* half, DISPID member, WORD flags, DISPPARAMS* parameters, VARIANT* result,
                    EXCEPINFO* exception, UINT* wrongArgument) noexcept;
 
-/// A part of an object that the object owns; it is found by its interface.
-class Half {
-public:
-    virtual ~Half() = default;
-    virtual const IID& iid() const = 0;
-    virtual IUnknown* unknown() = 0;
-
-protected:
-    Half() = default;
-    Half(const Half&) = default;
-    Half& operator=(const Half&) = default;
-};
-
+/// The methods of `IDispatch` for a dual interface.
 template <class Interface>
-class DispatchHalf : public Interface, public Half {
+class Dispatching : public Interface {
 public:
-    DispatchHalf(IUnknown& owner, const IID& iid) : owner_(owner), iid_(iid) {}
-
-    const IID& iid() const final { return iid_; }
-    IUnknown* unknown() final { return static_cast<Interface*>(this); }
-
-    HRESULT STDMETHODCALLTYPE QueryInterface(REFIID iid, void** object) final {
-        return owner_.QueryInterface(iid, object);
-    }
-    ULONG STDMETHODCALLTYPE AddRef() final { return owner_.AddRef(); }
-    ULONG STDMETHODCALLTYPE Release() final { return owner_.Release(); }
-
     HRESULT STDMETHODCALLTYPE GetTypeInfoCount(UINT* count) final {
         if (count == nullptr) return E_POINTER;
         *count = 1;
@@ -58,9 +35,45 @@ public:
                           wrongArgument);
     }
 
+protected:
+    explicit Dispatching(const IID& iid) : iid_(iid) {}
+    ~Dispatching() = default;
+
+    const IID& dispatchedIid() const { return iid_; }
+
+private:
+    const IID& iid_;
+};
+
+/// A part of an object that the object owns; it is found by its interface.
+class Half {
+public:
+    virtual ~Half() = default;
+    virtual const IID& iid() const = 0;
+    virtual IUnknown* unknown() = 0;
+
+protected:
+    Half() = default;
+    Half(const Half&) = default;
+    Half& operator=(const Half&) = default;
+};
+
+template <class Interface>
+class DispatchHalf : public Dispatching<Interface>, public Half {
+public:
+    DispatchHalf(IUnknown& owner, const IID& iid) : Dispatching<Interface>(iid), owner_(owner) {}
+
+    const IID& iid() const final { return this->dispatchedIid(); }
+    IUnknown* unknown() final { return static_cast<Interface*>(this); }
+
+    HRESULT STDMETHODCALLTYPE QueryInterface(REFIID iid, void** object) final {
+        return owner_.QueryInterface(iid, object);
+    }
+    ULONG STDMETHODCALLTYPE AddRef() final { return owner_.AddRef(); }
+    ULONG STDMETHODCALLTYPE Release() final { return owner_.Release(); }
+
 private:
     IUnknown& owner_;
-    const IID& iid_;
 };
 
 }  // namespace vantro::com

@@ -1,30 +1,15 @@
 #include "server/com/thread_slot.h"
 
+#include "server/com/counted.h"
 #include "server/com/error.h"
 #include "server/com/system.h"
 
 namespace vantro::com {
 
 // Hears from the system that the thread's apartment is about to end.
-class ThreadSlotBase::Spy final : public IInitializeSpy {
+class ThreadSlotBase::Spy final : public Counted<IInitializeSpy> {
 public:
     explicit Spy(ThreadSlotBase& slot) : slot_(slot) {}
-    Spy(const Spy&) = delete;
-    Spy& operator=(const Spy&) = delete;
-
-    HRESULT STDMETHODCALLTYPE QueryInterface(REFIID iid, void** object) override {
-        if (object == nullptr) return E_POINTER;
-        const bool known = iid == IID_IUnknown || iid == IID_IInitializeSpy;
-        *object = known ? static_cast<IInitializeSpy*>(this) : nullptr;
-        if (known) AddRef();
-        return known ? S_OK : E_NOINTERFACE;
-    }
-    ULONG STDMETHODCALLTYPE AddRef() override { return ++references_; }
-    ULONG STDMETHODCALLTYPE Release() override {
-        const ULONG left = --references_;
-        if (left == 0) delete this;
-        return left;
-    }
 
     HRESULT STDMETHODCALLTYPE PreInitialize(DWORD, DWORD) override { return S_OK; }
     HRESULT STDMETHODCALLTYPE PostInitialize(HRESULT result, DWORD, DWORD) override { return result; }
@@ -36,10 +21,9 @@ public:
     HRESULT STDMETHODCALLTYPE PostUninitialize(DWORD) override { return S_OK; }
 
 private:
-    ~Spy() = default;
+    bool isOwn(REFIID iid) const override { return iid == IID_IInitializeSpy; }
 
     ThreadSlotBase& slot_;
-    std::atomic<ULONG> references_{0};
 };
 
 struct ThreadSlotBase::Entry {

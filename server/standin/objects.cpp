@@ -1,5 +1,6 @@
 #include "server/standin/objects.h"
 
+#include "server/com/counted.h"
 #include "server/com/error.h"
 #include "server/com/variant.h"
 #include "server/standin/state.h"
@@ -23,49 +24,16 @@ public:
 
 // An object with one dual interface.
 template <class Interface>
-class Single : public Interface {
-public:
-    explicit Single(const IID& iid) : iid_(iid) {}
-    Single(const Single&) = delete;
-    Single& operator=(const Single&) = delete;
-
-    HRESULT STDMETHODCALLTYPE QueryInterface(REFIID iid, void** object) final {
-        if (object == nullptr) return E_POINTER;
-        const bool known = iid == IID_IUnknown || iid == IID_IDispatch || iid == iid_;
-        *object = known ? static_cast<Interface*>(this) : nullptr;
-        if (known) AddRef();
-        return known ? S_OK : E_NOINTERFACE;
-    }
-    ULONG STDMETHODCALLTYPE AddRef() final { return ++references_; }
-    ULONG STDMETHODCALLTYPE Release() final {
-        const ULONG left = --references_;
-        if (left == 0) delete this;
-        return left;
-    }
-
-    HRESULT STDMETHODCALLTYPE GetTypeInfoCount(UINT* count) final {
-        *count = 1;
-        return S_OK;
-    }
-    HRESULT STDMETHODCALLTYPE GetTypeInfo(UINT index, LCID, ITypeInfo** info) final {
-        return describeHalf(iid_, index, info);
-    }
-    HRESULT STDMETHODCALLTYPE GetIDsOfNames(REFIID, OLECHAR** names, UINT count, LCID, DISPID* ids) final {
-        return namesToIds(iid_, names, count, ids);
-    }
-    HRESULT STDMETHODCALLTYPE Invoke(DISPID member, REFIID, LCID, WORD flags, DISPPARAMS* parameters, VARIANT* result,
-                                     EXCEPINFO* exception, UINT* wrongArgument) final {
-        return invokeHalf(iid_, static_cast<Interface*>(this), member, flags, parameters, result, exception,
-                          wrongArgument);
-    }
-
+class Single : public Counted<Dispatching<Interface>> {
 protected:
-    virtual ~Single() = default;
+    explicit Single(const IID& iid) : Counted<Dispatching<Interface>>(iid) {}
+
+    bool isOwn(REFIID iid) const final { return iid == IID_IDispatch || iid == this->dispatchedIid(); }
 
     // An operation of the terminal: counted, and failing when it was asked to.
     template <class Body>
     HRESULT operation(Body&& body) noexcept {
-        return atBorder(iid_, [&] {
+        return atBorder(this->dispatchedIid(), [&] {
             State::only().enterCall();
             body();
         });
@@ -73,13 +41,11 @@ protected:
 
     template <class Body>
     HRESULT uncounted(Body&& body) noexcept {
-        return atBorder(iid_, std::forward<Body>(body));
+        return atBorder(this->dispatchedIid(), std::forward<Body>(body));
     }
 
 private:
     ModuleLock lock_;
-    const IID& iid_;
-    std::atomic<ULONG> references_{0};
 };
 
 VARIANT_BOOL truth(bool value) { return value ? VARIANT_TRUE : VARIANT_FALSE; }
