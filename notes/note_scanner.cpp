@@ -20,8 +20,11 @@ bool isKept(const NoteFilter& filter, TextView line) {
 /// The counters of one scan. Notes are numbered on through a second section.
 class NoteScan {
 public:
-    NoteScan(Display& display, const NoteFilter& filter, NoteSink& sink)
-        : display_(display), filter_(filter), sink_(sink) {}
+    NoteScan(Display& display, const NoteFilter& filter, EndlessNotes endless, NoteSink& sink)
+        : display_(display),
+          filter_(filter),
+          storesEmptyLines_(endless == EndlessNotes::Kept && filter.keepsEveryNote()),
+          sink_(sink) {}
 
     std::int16_t run() {
         for (;;) {
@@ -45,7 +48,7 @@ private:
         for (;;) {
             ++line_;
             ++note_;
-            const DisplayLine& line = display_.line(line_);
+            const DisplayLine& line = storesEmptyLines_ ? display_.line(line_) : display_.expectedLine(line_);
             if (line.marks().holdsEndText()) return true;
             if (line.marks().holdsPrompt()) return false;
             if (isKept(filter_, line.text())) store(line);
@@ -60,6 +63,7 @@ private:
 
     Display& display_;
     const NoteFilter& filter_;
+    const bool storesEmptyLines_;
     NoteSink& sink_;
     Counter line_;
     Counter note_;
@@ -68,8 +72,8 @@ private:
 
 }  // namespace
 
-std::int16_t scanNotes(Display& display, const NoteFilter& filter, NoteSink& sink) {
-    return NoteScan(display, filter, sink).run();
+std::int16_t scanNotes(Display& display, const NoteFilter& filter, EndlessNotes endless, NoteSink& sink) {
+    return NoteScan(display, filter, endless, sink).run();
 }
 
 }  // namespace vantro

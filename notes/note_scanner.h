@@ -15,6 +15,8 @@ inline constexpr int notesQueryError = 5500;
 struct NoteFilter {
     TextView searchString;  ///< the note holds this text
     TextView qualifier;     ///< the note's first character is this text, so that a longer one keeps nothing
+
+    bool keepsEveryNote() const { return searchString.empty() && qualifier.empty(); }
 };
 
 /// A kept note. `number` is its place in the section, from 1, notes that were not kept counted too.
@@ -36,7 +38,13 @@ protected:
     ~NoteSink() = default;
 };
 
-/// Gives the number of notes kept. Raises 6 when the notes section has no end: the 16-bit counters overflow.
-std::int16_t scanNotes(Display& display, const NoteFilter& filter, NoteSink& sink);
+/// In a section without an end each empty line behind the display is a note too, until the 16-bit counters overflow.
+enum class EndlessNotes : std::uint8_t {
+    Kept,  ///< they are stored before the scan fails
+    Void,  ///< the caller forgets the notes of a failing scan, which fails without them
+};
+
+/// Gives the number of notes kept. Raises 6 when the notes section has no end.
+std::int16_t scanNotes(Display& display, const NoteFilter& filter, EndlessNotes endless, NoteSink& sink);
 
 }  // namespace vantro

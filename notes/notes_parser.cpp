@@ -51,7 +51,7 @@ std::int16_t CProfileNotes::ProfileNotesElementsCount(TextView display, TextView
         if (display.empty()) return 0;
         Display lines(terminal(), display);
         ListsSink sink(lists_);
-        return scanNotes(lines, {searchString, searchQualifier}, sink);
+        return scanNotes(lines, {searchString, searchQualifier}, EndlessNotes::Kept, sink);
     });
 }
 

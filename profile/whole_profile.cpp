@@ -190,7 +190,7 @@ private:
     void readNotes() {
         if (display_.text().empty()) return;
         try {
-            scanNotes(display_, {}, collector_);
+            scanNotes(display_, {}, EndlessNotes::Void, collector_);
         } catch (const Error&) {
             storage_.notes.clear();
             profile_.problems.push_back({u"ProfileNotes", notesQueryError, Text(description::readingNotes)});
