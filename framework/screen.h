@@ -100,7 +100,8 @@ inline bool stands(TextView line, TextView mark, Place place) {
 template <class Shown, std::size_t N>
 ShownLine<Shown> findShown(Screen& screen, LineRange range, const ScreenTest<Shown> (&tests)[N], Shown nothing) {
     ShownLine<Shown> seen{nothing, range.first, {}};
-    for (std::int16_t number = range.first; number <= range.last; ++number) {
+    for (int line = range.first; line <= range.last; ++line) {
+        const auto number = static_cast<std::int16_t>(line);
         seen.number = number;
         seen.line = range.source == LineSource::Terminal ? screen.line(number) : lineByPosition(screen.text(), number);
         for (const ScreenTest<Shown>& test : tests) {

@@ -166,6 +166,12 @@ TEST(FindShown, WithoutAMatchTheLastLineLookedAtIsGiven) {
     EXPECT_EQ(trimmed(seen.line), u"C");
 }
 
+TEST(FindShown, EndsAtTheLastLineNumber) {
+    BuiltInTerminal terminal;
+    Screen screen(terminal, u"*T*");
+    EXPECT_EQ(findShown(screen, {32'760, 32'767}, kinds, Shown::Nothing).number, 32'767);
+}
+
 TEST(FindShown, FetchesLinesUpToTheMatchThroughTheTerminal) {
     WatchingTerminal terminal;
     const Text text = screenOf({u"A", u"*T* B", u"C"});
