@@ -82,16 +82,20 @@ private:
     std::array<CharacterGroup, Count> groups_;
 };
 
-/// Gives a line of at most `LineBits::capacity` characters to a function in groups: one of 80 characters as it is, any
-/// other with blanks behind.
+/// A line of at most `LineBits::capacity` characters with blanks behind.
+inline std::array<char16_t, LineBits::capacity> padded(TextView line) {
+    std::array<char16_t, LineBits::capacity> characters;
+    characters.fill(u' ');
+    std::ranges::copy(line, characters.begin());
+    return characters;
+}
+
+/// Gives a line to a function in groups: one of 80 characters as it is, a shorter or longer one with blanks behind.
 template <class Look>
 auto lookAtGroups(TextView line, Look look) {
     constexpr std::size_t usualCount = 5;
     if (line.size() == usualCount * groupSize) return look(LineGroups<usualCount>(line.data()));
-    std::array<char16_t, LineBits::capacity> padded;
-    padded.fill(u' ');
-    std::ranges::copy(line, padded.begin());
-    return look(LineGroups<LineBits::capacity / groupSize>(padded.data()));
+    return look(LineGroups<LineBits::capacity / groupSize>(padded(line).data()));
 }
 
 }  // namespace vantro

@@ -1,7 +1,7 @@
 // Eight characters at a time where the processor can, one at a time elsewhere. Both give the same answers.
 #pragma once
 
-#if defined(__SSE2__) || defined(_M_X64) || (defined(_M_IX86_FP) && _M_IX86_FP >= 2)
+#if !defined(VANTRO_NO_SIMD) && (defined(__SSE2__) || defined(_M_X64) || (defined(_M_IX86_FP) && _M_IX86_FP >= 2))
 #define VANTRO_SSE2 1
 #include <emmintrin.h>
 #else

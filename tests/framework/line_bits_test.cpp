@@ -1,0 +1,105 @@
+#include "framework/line_bits.h"
+#include "framework/line_groups.h"
+
+#include <gtest/gtest.h>
+
+#include <random>
+#include <string>
+
+namespace vantro {
+namespace {
+
+/// A set of places written out, "1" for a place that is in it.
+using Written = std::string;
+
+Written written(LineBits bits) {
+    Written text(LineBits::capacity, '0');
+    for (; bits.any(); bits.removeLowest()) text.at(bits.lowest()) = '1';
+    return text;
+}
+
+LineBits bitsOf(const Written& text) {
+    LineBits bits;
+    for (std::size_t place = 0; place < text.size(); ++place) {
+        if (text[place] == '1') bits = bits | LineBits::range(place, 1);
+    }
+    return bits;
+}
+
+/// True when the text, and nothing but zeros behind it, has these characters from a place on.
+bool stands(const Written& text, std::size_t place, const Written& wanted) {
+    const Written padded = text + Written(LineBits::capacity, '0');
+    return padded.compare(place, wanted.size(), wanted) == 0;
+}
+
+/// Every place at which one of the wanted pieces stands.
+Written placesOf(const Written& text, const Written& wanted) {
+    Written places(LineBits::capacity, '0');
+    for (std::size_t place = 0; place < places.size(); ++place) {
+        if (stands(text, place, wanted)) places[place] = '1';
+    }
+    return places;
+}
+
+/// Sets of any density.
+Written randomSet(std::mt19937& engine) {
+    Written text(LineBits::capacity, '0');
+    const auto share = engine() % 10 + 1;
+    for (char& place : text) place = engine() % 10 < share ? '1' : '0';
+    return text;
+}
+
+TEST(LineBits, ARangeIsThePlacesFromItsBeginOn) {
+    for (std::size_t begin = 0; begin < 140; ++begin) {
+        for (const std::size_t count : {std::size_t{0}, std::size_t{1}, std::size_t{6}, std::size_t{63}}) {
+            Written expected(LineBits::capacity, '0');
+            for (std::size_t place = begin; place < begin + count && place < expected.size(); ++place) {
+                expected[place] = '1';
+            }
+            EXPECT_EQ(written(LineBits::range(begin, count)), expected) << begin << ", " << count;
+        }
+    }
+}
+
+TEST(LineBits, BlanksBeforeWordsOfALengthAreFound) {
+    std::mt19937 engine(1);
+    for (int round = 0; round < 500; ++round) {
+        const Written text = randomSet(engine);
+        for (const unsigned length : {1U, 2U, 3U, 4U}) {
+            const Written word = "1" + Written(length, '0') + "1";
+            EXPECT_EQ(written(bitsOf(text).beforeWords(length)), placesOf(text, word)) << text;
+        }
+    }
+}
+
+TEST(LineBits, RunsOfALengthAreFound) {
+    std::mt19937 engine(2);
+    for (int round = 0; round < 500; ++round) {
+        const Written text = randomSet(engine);
+        for (const unsigned length : {2U, 5U, 7U}) {
+            EXPECT_EQ(written(bitsOf(text).runs(length)), placesOf(text, Written(length, '1'))) << text;
+        }
+    }
+}
+
+TEST(LineGroups, ALineOfAnyLengthIsLookedAtCharacterByCharacter) {
+    std::mt19937 engine(3);
+    const Text characters = u" /->F\u00AF\u012F\u202F\uFF2F";  // some share their low byte with the slash
+    for (std::size_t length = 0; length <= LineBits::capacity; ++length) {
+        Text line(length, u' ');
+        for (char16_t& character : line) character = characters[engine() % characters.size()];
+        Written blanks(LineBits::capacity, '1');
+        Written slashes(LineBits::capacity, '0');
+        for (std::size_t place = 0; place < length; ++place) {
+            blanks[place] = line[place] == u' ' ? '1' : '0';
+            slashes[place] = line[place] == u'/' ? '1' : '0';
+        }
+        lookAtGroups(line, [&](const auto& groups) {
+            EXPECT_EQ(written(groups.blanks()), blanks) << length;
+            EXPECT_EQ(written(groups.where(u'/')), slashes) << length;
+        });
+    }
+}
+
+}  // namespace
+}  // namespace vantro
