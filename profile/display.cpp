@@ -74,6 +74,8 @@ JoinedLine Display::joinedWithBelow(const DisplayLine& first, Counter number, Jo
 
     const JoinedLine joined = join(number, rule);
     if (DisplayLine* const noted = lines_.find(static_cast<std::size_t>(number.value()))) {
+        constexpr std::size_t usualJoins = 32;
+        if (knownJoins_.empty()) knownJoins_.reserve(usualJoins);
         knownJoins_.push_back(joined);
         noted->knownJoins_[slot] = static_cast<std::uint32_t>(knownJoins_.size());
     }

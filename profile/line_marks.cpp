@@ -59,6 +59,7 @@ LineMarks marksOf(TextView line) {
     for (; letters.any(); letters.removeLowest()) {
         if (isEndTextAroundF(line, letters.lowest())) marks.addEndText();
     }
+    if (!hyphens.any()) return marks;
     for (LineBits rules = hyphens.runs(sectionRule.size()); rules.any(); rules.removeLowest()) {
         addHeaders(marks, line.substr(rules.lowest()));
     }

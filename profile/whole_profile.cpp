@@ -45,6 +45,8 @@ public:
     }
 
     void store(std::int16_t /*count*/, const FoundNote& note) override {
+        constexpr std::size_t usualNotes = 32;
+        if (storage_.notes.empty()) storage_.notes.reserve(usualNotes);
         storage_.notes.push_back({note.number, note.qualifier, note.text});
     }
 
