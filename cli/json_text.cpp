@@ -33,23 +33,32 @@ std::optional<unsigned> escapedUnit(std::span<const char> text) {
     return unit;
 }
 
+bool isControl(char character) { return static_cast<unsigned char>(character) < 0x20; }
+
+bool isStrayControl(char character) {
+    return isControl(character) && character != '\t' && character != '\n' && character != '\r';
+}
+
+// Without a way out of the loop, so that the compiler can look at many bytes at once.
+bool holdsControl(std::span<const char> text) {
+    unsigned char found = 0;
+    for (const char character : text) {
+        found = static_cast<unsigned char>(found | static_cast<unsigned char>(isControl(character)));
+    }
+    return found != 0;
+}
+
 bool isHigh(std::optional<unsigned> unit) { return unit && *unit >= 0xD800 && *unit <= 0xDBFF; }
 bool isLow(std::optional<unsigned> unit) { return unit && *unit >= 0xDC00 && *unit <= 0xDFFF; }
 
 }  // namespace
 
 bool holdsStrayControl(std::span<const char> text) {
-    // A block at a time without a way out of it, so that the compiler can look at many bytes at once.
-    constexpr std::size_t blockSize = 64;
+    // Few blocks hold a control character at all.
+    constexpr std::size_t blockSize = 256;
     while (!text.empty()) {
         const auto block = text.first(std::min(blockSize, text.size()));
-        unsigned char found = 0;
-        for (const char character : block) {
-            const auto byte = static_cast<unsigned char>(character);
-            const bool stray = (byte < 0x20) & (byte != '\t') & (byte != '\n') & (byte != '\r');
-            found = static_cast<unsigned char>(found | static_cast<unsigned char>(stray));
-        }
-        if (found != 0) return true;
+        if (holdsControl(block) && std::ranges::any_of(block, isStrayControl)) return true;
         text = text.subspan(block.size());
     }
     return false;

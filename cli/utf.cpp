@@ -1,5 +1,6 @@
 #include "cli/utf.h"
 
+#include <algorithm>
 #include <cstdint>
 #include <cstring>
 
@@ -134,10 +135,19 @@ void appendUtf8(char32_t codePoint, std::string& utf8) {
 }
 
 void appendUtf8(TextView text, std::string& utf8) {
-    for (std::size_t i = 0; i < text.size();) {
-        const CodePoint character = codePointAt(text, i);
+    while (!text.empty()) {
+        const auto isAsciiUnit = [](char16_t unit) { return unit < 0x80; };
+        const auto beyond = std::ranges::find_if_not(text, isAsciiUnit);
+        const auto ascii = static_cast<std::size_t>(beyond - text.begin());
+        const std::size_t before = utf8.size();
+        utf8.resize(before + ascii);
+        std::ranges::transform(text.substr(0, ascii), utf8.data() + before,
+                               [](char16_t unit) { return static_cast<char>(unit); });
+        text.remove_prefix(ascii);
+        if (text.empty()) return;
+        const CodePoint character = codePointAt(text, 0);
         appendUtf8(character.value, utf8);
-        i += character.units;
+        text.remove_prefix(character.units);
     }
 }
 

@@ -115,7 +115,7 @@ const TextList* CProfile::list(TextView name) const {
     name.remove_prefix(3);
     for (const ListName& row : listNames) {
         if (name.starts_with(row.stem) && name.substr(row.stem.size()) == row.content) {
-            return &(lists_[indexOf(row.family)].*row.list);
+            return &(listsOf(row.family).*row.list);
         }
     }
     return nullptr;

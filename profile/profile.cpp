@@ -20,10 +20,15 @@ void cutToEntry0(ElementLists& lists) {
 
 }  // namespace
 
-CProfile::CProfile(Terminal& terminal, const TransErrors& /*errors*/) : terminal_(terminal) {
-    for (std::size_t index = 0; index < familyCount; ++index) {
-        if (!isTransferable(static_cast<Family>(index))) cutToEntry0(lists_[index]);
+CProfile::CProfile(Terminal& terminal, const TransErrors& /*errors*/) : terminal_(terminal) {}
+
+ElementLists& CProfile::listsOf(Family family) const {
+    std::unique_ptr<ElementLists>& lists = lists_[indexOf(family)];
+    if (!lists) {
+        lists = std::make_unique<ElementLists>();
+        if (!isTransferable(family)) cutToEntry0(*lists);
     }
+    return *lists;
 }
 
 std::int16_t CProfile::count(Family family, TextView display) {
@@ -31,7 +36,7 @@ std::int16_t CProfile::count(Family family, TextView display) {
 }
 
 std::int16_t CProfile::refill(Family family, TextView display) {
-    ElementLists& lists = lists_[indexOf(family)];
+    ElementLists& lists = listsOf(family);
     if (isTransferable(family)) {
         if (display.empty()) return 0;
         Display lines(terminal_, display);

@@ -9,6 +9,7 @@
 
 #include <array>
 #include <cstdint>
+#include <memory>
 
 namespace vantro {
 
@@ -23,7 +24,7 @@ public:
     /// stored up to the failure.
     std::int16_t count(Family family, TextView display);
 
-    const ElementLists& lists(Family family) const { return lists_[indexOf(family)]; }
+    const ElementLists& lists(Family family) const { return listsOf(family); }
 
     /// The lists by the names that the terminal knows: "strPPRText", "strServiceRequestCode", ...
     const TextList* list(TextView name) const override;
@@ -33,9 +34,11 @@ private:
                                               TextView qualifier) override;
 
     std::int16_t refill(Family family, TextView display);
+    ElementLists& listsOf(Family family) const;
 
     Terminal& terminal_;
-    std::array<ElementLists, familyCount> lists_;
+    // Most objects are asked for few families: lists are made when they are first asked for.
+    mutable std::array<std::unique_ptr<ElementLists>, familyCount> lists_;
 };
 
 /// The count properties of `CProfile`, for the class table.
