@@ -5,6 +5,8 @@
 //   >                                              prompt: the search for another header goes on under it
 #include "notes/note_scanner.h"
 
+#include <limits>
+
 namespace vantro {
 
 namespace {
@@ -20,11 +22,8 @@ bool isKept(const NoteFilter& filter, TextView line) {
 /// The counters of one scan. Notes are numbered on through a second section.
 class NoteScan {
 public:
-    NoteScan(Display& display, const NoteFilter& filter, EndlessNotes endless, NoteSink& sink)
-        : display_(display),
-          filter_(filter),
-          storesEmptyLines_(endless == EndlessNotes::Kept && filter.keepsEveryNote()),
-          sink_(sink) {}
+    NoteScan(Display& display, const NoteFilter& filter, NoteSink& sink)
+        : display_(display), filter_(filter), sink_(sink) {}
 
     std::int16_t run() {
         for (;;) {
@@ -48,11 +47,19 @@ private:
         for (;;) {
             ++line_;
             ++note_;
-            const DisplayLine& line = storesEmptyLines_ ? display_.line(line_) : display_.expectedLine(line_);
+            if (display_.isPastEnd(line_)) runOut();
+            const DisplayLine& line = display_.line(line_);
             if (line.marks().holdsEndText()) return true;
             if (line.marks().holdsPrompt()) return false;
             if (isKept(filter_, line.text())) store(line);
         }
+    }
+
+    /// Nothing but empty notes from here to the line counter's end.
+    [[noreturn]] void runOut() {
+        const int left = std::numeric_limits<std::int16_t>::max() - line_.value() + 1;
+        if (filter_.keepsEveryNote()) sink_.storeEmpty(note_.value(), static_cast<std::int16_t>(left));
+        fail(Failure::Overflow);
     }
 
     void store(const DisplayLine& line) {
@@ -63,7 +70,6 @@ private:
 
     Display& display_;
     const NoteFilter& filter_;
-    const bool storesEmptyLines_;
     NoteSink& sink_;
     Counter line_;
     Counter note_;
@@ -72,8 +78,8 @@ private:
 
 }  // namespace
 
-std::int16_t scanNotes(Display& display, const NoteFilter& filter, EndlessNotes endless, NoteSink& sink) {
-    return NoteScan(display, filter, endless, sink).run();
+std::int16_t scanNotes(Display& display, const NoteFilter& filter, NoteSink& sink) {
+    return NoteScan(display, filter, sink).run();
 }
 
 }  // namespace vantro

@@ -31,6 +31,10 @@ class NoteSink {
 public:
     virtual void store(std::int16_t count, const FoundNote& note) = 0;
 
+    /// Takes the last notes of a section without an end, just before the scan fails: the empty lines behind the display
+    /// up to the line counter's end, `amount` of them, numbered from `number` on.
+    virtual void storeEmpty(std::int16_t number, std::int16_t amount) = 0;
+
 protected:
     NoteSink() = default;
     NoteSink(const NoteSink&) = default;
@@ -38,13 +42,7 @@ protected:
     ~NoteSink() = default;
 };
 
-/// In a section without an end each empty line behind the display is a note too, until the 16-bit counters overflow.
-enum class EndlessNotes : std::uint8_t {
-    Kept,  ///< they are stored before the scan fails
-    Void,  ///< the caller forgets the notes of a failing scan, which fails without them
-};
-
-/// Gives the number of notes kept. Raises 6 when the notes section has no end.
-std::int16_t scanNotes(Display& display, const NoteFilter& filter, EndlessNotes endless, NoteSink& sink);
+/// Gives the number of notes kept. Raises 6 when the notes section has no end: the 16-bit counters overflow.
+std::int16_t scanNotes(Display& display, const NoteFilter& filter, NoteSink& sink);
 
 }  // namespace vantro

@@ -9,8 +9,6 @@ namespace {
 
 constexpr TextView notesPrefix = u"ProfileNotes";
 
-void cutToEntry0(TextList& list) { list.resize(1); }
-
 void storeLast(TextList& list, std::size_t length, Text text) {
     list.resize(length);
     list.back() = std::move(text);
@@ -29,6 +27,8 @@ class CProfileNotes::ListsSink final : public NoteSink {
 public:
     explicit ListsSink(NoteLists& lists) : lists_(lists) {}
 
+    void storeEmpty(std::int16_t number, std::int16_t amount) override { lists_.emptyNotes = {number, amount}; }
+
     void store(std::int16_t count, const FoundNote& note) override {
         const auto length = static_cast<std::size_t>(count) + 1;
         storeLast(lists_.text, length, Text(note.text));
@@ -41,21 +41,34 @@ private:
 };
 
 CProfileNotes::CProfileNotes(Terminal& terminal, const TransErrors& errors) : Transaction(terminal, errors) {
-    for (TextList* const list : {&lists_.text, &lists_.number, &lists_.qualifier}) cutToEntry0(*list);
+    lists_.cutToEntry0();
 }
 
 std::int16_t CProfileNotes::ProfileNotesElementsCount(TextView display, TextView searchString,
                                                       TextView searchQualifier) {
     return raiseAs(notesCountError, description::readingNotes, [&]() -> std::int16_t {
-        for (TextList* const list : {&lists_.text, &lists_.number, &lists_.qualifier}) cutToEntry0(*list);
+        lists_.cutToEntry0();
         if (display.empty()) return 0;
         Display lines(terminal(), display);
         ListsSink sink(lists_);
-        return scanNotes(lines, {searchString, searchQualifier}, EndlessNotes::Kept, sink);
+        return scanNotes(lines, {searchString, searchQualifier}, sink);
     });
 }
 
+void CProfileNotes::NoteLists::cutToEntry0() {
+    for (TextList* const list : {&text, &number, &qualifier}) list->resize(1);
+    emptyNotes = {};
+}
+
+void CProfileNotes::NoteLists::writeOut() {
+    text.resize(text.size() + static_cast<std::size_t>(emptyNotes.amount));
+    qualifier.resize(text.size());
+    number.reserve(text.size());
+    for (; emptyNotes.amount > 0; --emptyNotes.amount) number.push_back(decimal(emptyNotes.firstNumber++));
+}
+
 const TextList* CProfileNotes::list(TextView name) const {
+    lists_.writeOut();
     if (name == u"strNoteText") return &lists_.text;
     if (name == u"strNoteNumber") return &lists_.number;
     if (name == u"strNoteQualifier") return &lists_.qualifier;

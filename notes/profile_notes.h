@@ -20,14 +20,25 @@ public:
     /// count. Raises 5505 with "An error has occurred while reading Profile Notes".
     std::int16_t ProfileNotesElementsCount(TextView display, TextView searchString, TextView searchQualifier);
 
-    /// "strNoteText", "strNoteNumber" and "strNoteQualifier": note k at index k, entry 0 empty.
+    /// "strNoteText", "strNoteNumber" and "strNoteQualifier": note k at index k, entry 0 empty. To be asked for anew
+    /// after a call that failed.
     const TextList* list(TextView name) const override;
 
 private:
+    /// Empty notes in a row.
+    struct EmptyNotes {
+        std::int16_t firstNumber = 0;
+        std::int16_t amount = 0;
+    };
+
     struct NoteLists {
         TextList text;
         TextList number;
         TextList qualifier;
+        EmptyNotes emptyNotes;  // stand behind the others and are many: they are written out when one asks for a list
+
+        void cutToEntry0();
+        void writeOut();
     };
     class ListsSink;
 
@@ -38,7 +49,7 @@ private:
 
     void addNotes(TextView display, const CollectionPtr& collection, const NoteFilter& filter);
 
-    NoteLists lists_;
+    mutable NoteLists lists_;
 };
 
 /// The count property of `CProfileNotes`, for the class table.

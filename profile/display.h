@@ -31,6 +31,9 @@ public:
         return known != nullptr ? *known : lookAt(index);
     }
 
+    /// True for a line that is known to be empty, as all after it: it has no place in the store.
+    bool isPastEnd(Counter number) const { return static_cast<std::size_t>(number.value()) >= lines_.size(); }
+
     /// A line for a search that only a mark or a text ends: raises 6 at once for a line past the end, where the
     /// 16-bit line counter would run on over nothing but empty lines until it overflows.
     const DisplayLine& expectedLine(Counter number) {
@@ -70,8 +73,6 @@ private:
     static constexpr Width elementIndent{9};
     static constexpr Width transferableIndent{17};
 
-    /// Lines past the store are known to be empty.
-    bool isPastEnd(Counter number) const { return static_cast<std::size_t>(number.value()) >= lines_.size(); }
     const DisplayLine& lookAt(std::size_t index);
     void sweepNext();
     std::size_t placeOfNextMarked(Counter from);

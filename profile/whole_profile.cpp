@@ -50,6 +50,8 @@ public:
         storage_.notes.push_back({note.number, note.qualifier, note.text});
     }
 
+    void storeEmpty(std::int16_t /*number*/, std::int16_t /*amount*/) override {}  // the failing scan's notes go
+
     std::size_t size() const { return families_.size(); }
 
     /// Forgets the elements from a place on.
@@ -192,7 +194,7 @@ private:
     void readNotes() {
         if (display_.text().empty()) return;
         try {
-            scanNotes(display_, {}, EndlessNotes::Void, collector_);
+            scanNotes(display_, {}, collector_);
         } catch (const Error&) {
             storage_.notes.clear();
             profile_.problems.push_back({u"ProfileNotes", notesQueryError, Text(description::readingNotes)});

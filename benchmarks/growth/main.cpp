@@ -42,24 +42,33 @@ const Text& brokenOffDisplay() {
     return text;
 }
 
-struct Profiles {
-    Profiles() : object(createObject(*findClass(u"CProfile"), terminal)) {}
+/// An object of a class that counts.
+class Counting {
+public:
+    explicit Counting(TextView className) : row_(*findClass(className)), object_(createObject(row_, terminal_)) {}
 
     /// -1 for a failed count.
     int count(TextView property, TextView display) {
         try {
-            return findCount(*findClass(u"CProfile"), property)->call(*object, {display});
+            return findCount(row_, property)->call(*object_, {display, {}, {}});
         } catch (const Error&) {
             return -1;
         }
     }
 
-    BuiltInTerminal terminal;
-    std::unique_ptr<ProfileObject> object;
+private:
+    BuiltInTerminal terminal_;
+    const ClassRow& row_;
+    std::unique_ptr<ProfileObject> object_;
 };
 
-Profiles& profiles() {
-    static Profiles the;
+Counting& profiles() {
+    static Counting the(u"CProfile");
+    return the;
+}
+
+Counting& profileNotes() {
+    static Counting the(u"CProfileNotes");
     return the;
 }
 
@@ -86,6 +95,7 @@ void checkAll() {
     }
     // Past the end every line is blank, so that only the overflowing line number ends a search.
     const bool fails = profiles().count(u"PPRElementsCount", brokenOffDisplay()) == -1 &&
+                       profileNotes().count(u"ProfileNotesElementsCount", endlessDisplay()) == -1 &&
                        !parseProfile(endlessDisplay()).problems.empty() &&
                        parseProfile(brokenOffDisplay()).problems.size() >= familyCount;
     requireEqual("a display without an end", 0, fails ? "" : "the search did not run to the last line number");
@@ -119,6 +129,8 @@ void registerAll() {
     add("no end, 4 lines: PPRElementsCount",
         [] { benchmark::DoNotOptimize(profiles().count(u"PPRElementsCount", brokenOffDisplay())); });
     add("no end, 4 lines: parseProfile", [] { benchmark::DoNotOptimize(parseProfile(brokenOffDisplay())); });
+    add("no end, 199 lines: ProfileNotesElementsCount",
+        [] { benchmark::DoNotOptimize(profileNotes().count(u"ProfileNotesElementsCount", endlessDisplay())); });
     add("no end, 199 lines: parseProfile", [] { benchmark::DoNotOptimize(parseProfile(endlessDisplay())); });
 }
 
@@ -132,6 +144,7 @@ constexpr Ratio ratios[] = {
     {"parseProfile, 30000 lines", "by hand, 30000 lines", 1.0},
     {"no end, 4 lines: PPRElementsCount", "16-bit sweep of empty lines", 1.0},
     {"no end, 4 lines: parseProfile", "16-bit sweep of empty lines", 1.0},
+    {"no end, 199 lines: ProfileNotesElementsCount", "16-bit sweep of empty lines", 1.0},
     {"no end, 199 lines: parseProfile", "16-bit sweep of empty lines", 1.0},
 };
 
