@@ -28,8 +28,11 @@ public:
         return simd::bits(simd::eachByteEqual(bytes_, static_cast<char>(wanted)));
     }
 
+    /// The characters as bytes; every one that is not a byte has become one that is no ASCII.
+    __m128i bytes() const { return bytes_; }
+
 private:
-    __m128i bytes_;  // every character that is not a byte has become one that is no ASCII
+    __m128i bytes_;
 };
 
 #else
@@ -57,6 +60,8 @@ template <std::size_t Count>
 class LineGroups {
 public:
     explicit LineGroups(const char16_t* characters) : LineGroups(characters, std::make_index_sequence<Count>()) {}
+
+    const std::array<CharacterGroup, Count>& groups() const { return groups_; }
 
     /// Where an ASCII character stands.
     LineBits where(char16_t wanted) const { return where(wanted, std::make_index_sequence<Count>()); }

@@ -1,6 +1,7 @@
 #include "profile/display.h"
 
 #include "framework/constants.h"
+#include "profile/mark_signs.h"
 
 #include <algorithm>
 #include <limits>
@@ -31,9 +32,21 @@ void Display::sweepNext() {
         swept_.resize(std::min(next, lines_.size()));
         if (swept_.size() == lines_.size()) return;
     }
-    const auto number = static_cast<std::int16_t>(swept_.size());
-    swept_.push_back(marksOf(screen_.line(number)));
-    if (swept_.back().any()) marked_.push_back({Counter(number), swept_.back()});
+    addSwept(marksOf(screen_.line(static_cast<std::int16_t>(swept_.size()))));
+}
+
+void Display::lookAhead() {
+    if (!screen_.linesAreSlices()) return;
+    const std::size_t wholeLines = std::min(screen_.text().size() / screenWidth, lines_.size());
+    while (swept_.size() < wholeLines) {
+        const std::size_t index = swept_.size();
+        const TextView line = screen_.text().substr(index * screenWidth, screenWidth);
+        const DisplayLineGroups groups(line.data());
+        const LineMarks marks = mayBeMarked(groups) ? marksOf(line) : LineMarks();
+        lines_.make(index, line, groups, marks);
+        addSwept(marks);
+        if (marks.isEndOfDisplay()) return;
+    }
 }
 
 const DisplayLine& Display::lookAt(std::size_t index) {

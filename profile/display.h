@@ -31,6 +31,9 @@ public:
         return known != nullptr ? *known : lookAt(index);
     }
 
+    /// Looks at all lines up to the display's end in one go, for who is going to ask for most of them.
+    void lookAhead();
+
     /// True for a line that is known to be empty, as all after it: it has no place in the store.
     bool isPastEnd(Counter number) const { return static_cast<std::size_t>(number.value()) >= lines_.size(); }
 
@@ -75,6 +78,10 @@ private:
 
     const DisplayLine& lookAt(std::size_t index);
     void sweepNext();
+    void addSwept(LineMarks marks) {
+        if (marks.any()) marked_.push_back({Counter(static_cast<std::int16_t>(swept_.size())), marks});
+        swept_.push_back(marks);
+    }
     std::size_t placeOfNextMarked(Counter from);
     const MarkedLine& markedAt(std::size_t place);
     JoinedLine joinedWithBelow(const DisplayLine& first, Counter number, JoinRule rule);

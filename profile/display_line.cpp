@@ -1,9 +1,5 @@
 #include "profile/display_line.h"
 
-#include "framework/line_groups.h"
-
-#include <algorithm>
-
 namespace vantro {
 
 DisplayLine::DisplayLine(TextView text, LineMarks marks) : text_(text), marks_(marks) {
@@ -13,15 +9,7 @@ DisplayLine::DisplayLine(TextView text, LineMarks marks) : text_(text), marks_(m
         prefixes_ = prefixesIn(text);
         return;
     }
-    LineBits slashes;
-    lookAtGroups(text, [&](const auto& groups) {
-        blanks_ = groups.blanks();
-        slashes = groups.where(u'/');
-    });
-    const LineBits content = ~blanks_;
-    contentEnd_ = static_cast<std::uint32_t>(content.end());
-    contentBegin_ = std::min(static_cast<std::uint32_t>(content.lowest()), contentEnd_);
-    if (slashes.any()) prefixes_ = prefixesIn(text, slashes, contentBegin_);
+    lookAtGroups(text, [this](const auto& groups) { lookAt(groups); });
 }
 
 Column DisplayLine::findWord(TextView word) const {

@@ -1,11 +1,12 @@
 // One line of a profile display and what stands in it.
 #pragma once
 
-#include "framework/line_bits.h"
+#include "framework/line_groups.h"
 #include "framework/text_ops.h"
 #include "profile/line_marks.h"
 #include "profile/prefixes.h"
 
+#include <algorithm>
 #include <array>
 #include <cstdint>
 
@@ -15,6 +16,12 @@ class DisplayLine {
 public:
     constexpr DisplayLine() = default;
     DisplayLine(TextView text, LineMarks marks);
+
+    /// A line whose characters stand ready in groups.
+    template <std::size_t Count>
+    DisplayLine(TextView text, const LineGroups<Count>& groups, LineMarks marks) : text_(text), marks_(marks) {
+        lookAt(groups);
+    }
 
     /// The line as read.
     TextView text() const { return text_; }
@@ -58,6 +65,16 @@ public:
     LineBits blanks() const { return blanks_; }
 
 private:
+    template <std::size_t Count>
+    void lookAt(const LineGroups<Count>& groups) {
+        blanks_ = groups.blanks();
+        const LineBits content = ~blanks_;
+        contentEnd_ = static_cast<std::uint32_t>(content.end());
+        contentBegin_ = std::min(static_cast<std::uint32_t>(content.lowest()), contentEnd_);
+        const LineBits slashes = groups.where(u'/');
+        if (slashes.any()) prefixes_ = prefixesIn(text_, slashes, contentBegin_);
+    }
+
     TextView text_;
     LineBits blanks_;
     std::uint32_t contentBegin_ = 0;

@@ -2,9 +2,8 @@
 
 #include "framework/constants.h"
 #include "framework/line_groups.h"
-#include "framework/screen.h"
-#include "framework/simd.h"
 #include "framework/text_ops.h"
+#include "profile/mark_signs.h"
 
 namespace vantro {
 
@@ -66,44 +65,11 @@ LineMarks marksOf(TextView line) {
     return marks;
 }
 
-#if VANTRO_SSE2
-
-namespace {
-
-constexpr std::size_t groupSize = 16;
-static_assert(screenWidth % groupSize == 0);
-
-/// What no mark is without, in sixteen characters at a time: two hyphens, the "P" of the end text with its left or its
-/// right neighbour, or the prompt. Pairs are looked for at even places alone: seven hyphens fill three such pairs, and
-/// of the two around the "P", which are rare in words, one is such a pair.
-__m128i markSigns(const char16_t* characters) {
-    const __m128i group = simd::asBytes(simd::load(characters), simd::load(characters + simd::charactersPerVector));
-    const __m128i endText = _mm_or_si128(simd::eachPairEqual(group, 'S', 'P'), simd::eachPairEqual(group, 'P', 'L'));
-    const __m128i others = _mm_or_si128(simd::eachPairEqual(group, '-', '-'), simd::eachByteEqual(group, '>'));
-    return _mm_or_si128(endText, others);
-}
-
-bool mayBeMarked(const char16_t* line) {
-    __m128i found = markSigns(line);
-    for (std::size_t place = groupSize; place < screenWidth; place += groupSize) {
-        found = _mm_or_si128(found, markSigns(line + place));
-    }
-    return simd::bits(found) != 0;
-}
-
-}  // namespace
-
 std::size_t nextLineThatMayBeMarked(TextView display, std::size_t from) {
     const std::size_t wholeLines = display.size() / screenWidth;
     std::size_t line = from;
-    while (line < wholeLines && !mayBeMarked(display.data() + line * screenWidth)) ++line;
+    while (line < wholeLines && !mayBeMarked(DisplayLineGroups(display.data() + line * screenWidth))) ++line;
     return line;
 }
-
-#else
-
-std::size_t nextLineThatMayBeMarked(TextView /*display*/, std::size_t from) { return from; }
-
-#endif
 
 }  // namespace vantro

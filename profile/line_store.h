@@ -26,10 +26,11 @@ public:
         return index < isMade_.size() && isMade_[index] != 0 ? lines_ + index : nullptr;
     }
 
-    /// Makes a line that has room here and was not made yet.
-    DisplayLine& make(std::size_t index, TextView text, LineMarks marks) {
+    /// Makes a line that has room here and was not made yet, with a constructor of its own.
+    template <class... Arguments>
+    DisplayLine& make(std::size_t index, const Arguments&... arguments) {
         isMade_[index] = 1;
-        return *std::construct_at(lines_ + index, text, marks);
+        return *std::construct_at(lines_ + index, arguments...);
     }
 
 private:

@@ -110,6 +110,7 @@ public:
           collector_(storage, storage.display.size() / screenWidth) {}  // few displays hold an element a line
 
     void run() {
+        display_.lookAhead();
         readHeader();
         readFamilies();
         readNotes();
