@@ -66,6 +66,13 @@ public:
     /// Where an ASCII character stands.
     LineBits where(char16_t wanted) const { return where(wanted, std::make_index_sequence<Count>()); }
 
+    /// True when an ASCII character stands in the line.
+    bool holds(char16_t wanted) const {
+        std::uint64_t found = 0;
+        for (const CharacterGroup& group : groups_) found |= group.where(wanted);
+        return found != 0;
+    }
+
     /// Where the blanks stand; the places past the groups count as blanks.
     LineBits blanks() const {
         constexpr LineBits pastTheEnd = LineBits::from(Count * groupSize);

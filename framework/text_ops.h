@@ -6,6 +6,7 @@
 #include "vantro/text.h"
 
 #include <cstddef>
+#include <cstring>
 #include <initializer_list>
 
 namespace vantro {
@@ -44,6 +45,11 @@ constexpr TextView mid(TextView text, Column column, Width width) {
 constexpr TextView right(TextView text, Width width) {
     const auto wanted = static_cast<std::size_t>(width.value);
     return text.size() <= wanted ? text : text.substr(text.size() - wanted);
+}
+
+/// `text.starts_with(start)`, with all characters compared at once.
+inline bool beginsWith(TextView text, TextView start) {
+    return text.size() >= start.size() && std::memcmp(text.data(), start.data(), start.size() * sizeof(char16_t)) == 0;
 }
 
 constexpr TextView rightTrimmed(TextView text) {

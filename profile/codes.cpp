@@ -51,7 +51,7 @@ void addFamilyOf(TextView text, std::size_t place, FamilySet& set) {
     if (place + keyLength > text.size()) return;
     const Key key = keyAt(text.data() + place);
     for (std::size_t row = 0; row < keys.size(); ++row) {
-        if (key == keys[row] && text.substr(place).starts_with(transferableFamilies[row].code)) {
+        if (key == keys[row] && beginsWith(text.substr(place), transferableFamilies[row].code)) {
             set.add(transferableFamilies[row].family);
         }
     }
@@ -64,7 +64,7 @@ static_assert(std::ranges::all_of(transferableFamilies, [](const TransferableFam
 }));
 
 void addContact(TextView text, FamilySet& set) {
-    if (mid(text, contactCodeColumn).starts_with(contact.code)) set.add(contact.family);
+    if (beginsWith(mid(text, contactCodeColumn), contact.code)) set.add(contact.family);
 }
 
 }  // namespace

@@ -21,25 +21,23 @@ std::size_t lengthOf(const Screen& screen) {
 
 Display::Display(Terminal& terminal, TextView text) : screen_(terminal, text), lines_(lengthOf(screen_)) {
     constexpr std::size_t usualMarks = 32;  // ten sections, a prompt and the end text, with room
-    swept_.reserve(lines_.size());
     marked_.reserve(usualMarks);
 }
 
 void Display::sweepNext() {
     // Lines without any of the marks' letters are passed at once.
     if (screen_.linesAreSlices()) {
-        const std::size_t next = nextLineThatMayBeMarked(screen_.text(), swept_.size());
-        swept_.resize(std::min(next, lines_.size()));
-        if (swept_.size() == lines_.size()) return;
+        swept_ = std::min(nextLineThatMayBeMarked(screen_.text(), swept_), lines_.size());
+        if (swept_ == lines_.size()) return;
     }
-    addSwept(marksOf(screen_.line(static_cast<std::int16_t>(swept_.size()))));
+    addSwept(marksOf(screen_.line(static_cast<std::int16_t>(swept_))));
 }
 
 void Display::lookAhead() {
     if (!screen_.linesAreSlices()) return;
     const std::size_t wholeLines = std::min(screen_.text().size() / screenWidth, lines_.size());
-    while (swept_.size() < wholeLines) {
-        const std::size_t index = swept_.size();
+    while (swept_ < wholeLines) {
+        const std::size_t index = swept_;
         const TextView line = screen_.text().substr(index * screenWidth, screenWidth);
         const DisplayLineGroups groups(line.data());
         const LineMarks marks = mayBeMarked(groups) ? marksOf(line) : LineMarks();
@@ -52,20 +50,23 @@ void Display::lookAhead() {
 const DisplayLine& Display::lookAt(std::size_t index) {
     static const DisplayLine emptyLine;
     if (index >= lines_.size()) return emptyLine;
-    while (swept_.size() <= index) sweepNext();
-    return lines_.make(index, screen_.line(static_cast<std::int16_t>(index)), swept_[index]);
+    while (swept_ <= index) sweepNext();
+    const Counter number(static_cast<std::int16_t>(index));
+    const auto marked = std::ranges::lower_bound(marked_, number, {}, &MarkedLine::number);
+    const bool isMarked = marked != marked_.end() && marked->number == number;
+    return lines_.make(index, screen_.line(number), isMarked ? marked->marks : LineMarks());
 }
 
 /// The place among all marked lines, swept or not, of the first one at or after a line.
 std::size_t Display::placeOfNextMarked(Counter from) {
-    while (swept_.size() < static_cast<std::size_t>(from.value()) && swept_.size() < lines_.size()) sweepNext();
+    while (swept_ < static_cast<std::size_t>(from.value()) && swept_ < lines_.size()) sweepNext();
     const auto place = std::ranges::lower_bound(marked_, from, {}, &MarkedLine::number);
     return static_cast<std::size_t>(place - marked_.begin());
 }
 
 const Display::MarkedLine& Display::markedAt(std::size_t place) {
     while (place >= marked_.size()) {
-        if (swept_.size() >= lines_.size()) fail(Failure::Overflow);  // nothing but empty lines up to the counter's end
+        if (swept_ >= lines_.size()) fail(Failure::Overflow);  // nothing but empty lines up to the counter's end
         sweepNext();
     }
     return marked_[place];

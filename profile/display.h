@@ -79,8 +79,8 @@ private:
     const DisplayLine& lookAt(std::size_t index);
     void sweepNext();
     void addSwept(LineMarks marks) {
-        if (marks.any()) marked_.push_back({Counter(static_cast<std::int16_t>(swept_.size())), marks});
-        swept_.push_back(marks);
+        if (marks.any()) marked_.push_back({Counter(static_cast<std::int16_t>(swept_)), marks});
+        ++swept_;
     }
     std::size_t placeOfNextMarked(Counter from);
     const MarkedLine& markedAt(std::size_t place);
@@ -92,8 +92,8 @@ private:
 
     Screen screen_;
     LineStore lines_;
-    std::vector<LineMarks> swept_;    // the marks of the lines from 0 on, as far as they were swept
-    std::vector<MarkedLine> marked_;  // the swept lines that have any
+    std::size_t swept_ = 0;           // so many lines, from 0 on, were swept for marks
+    std::vector<MarkedLine> marked_;  // those of them that have any
     std::vector<JoinedLine> knownJoins_;
     TextArena joinedTexts_;
     Text joining_;  // the text of the join that is being made

@@ -18,7 +18,7 @@ Column DisplayLine::findWord(TextView word) const {
          places.removeLowest()) {
         const std::size_t place = places.lowest();
         if (place >= text_.size()) break;
-        if (text_.substr(place).starts_with(word)) return Column{static_cast<int>(place) + 1};
+        if (beginsWith(text_.substr(place), word)) return Column{static_cast<int>(place) + 1};
     }
     return Column{0};
 }

@@ -16,18 +16,24 @@ static_assert(mark::endOfDisplay.substr(placeOfF - 1, 3) == u"OF ");
 bool isEndTextAroundF(TextView line, std::size_t place) {
     // Its neighbour is looked at first: few that stand behind an "O" belong to anything else.
     return place >= placeOfF && line[place - 1] == u'O' &&
-           line.substr(place - placeOfF).starts_with(mark::endOfDisplay);
+           beginsWith(line.substr(place - placeOfF), mark::endOfDisplay);
 }
 
 /// The headers begin alike: their last letters tell them apart sooner.
 bool beginsWithHeader(TextView text, TextView header) {
-    return text.size() >= header.size() && text[header.size() - 1] == header.back() && text.starts_with(header);
+    return text.size() >= header.size() && text[header.size() - 1] == header.back() && beginsWith(text, header);
 }
 
 void addHeaders(LineMarks& marks, TextView fromRule) {
-    marks.addRule();
     for (std::size_t section = 0; section < sectionHeaders.size(); ++section) {
         if (beginsWithHeader(fromRule, sectionHeaders[section])) marks.addHeader(static_cast<Section>(section));
+    }
+}
+
+void addRules(LineMarks& marks, TextView line, LineBits hyphens) {
+    for (LineBits rules = hyphens.runs(sectionRule.size()); rules.any(); rules.removeLowest()) {
+        marks.addRule();
+        addHeaders(marks, line.substr(rules.lowest()));
     }
 }
 
@@ -48,20 +54,13 @@ LineMarks searchMarks(TextView line) {
 LineMarks marksOf(TextView line) {
     if (line.size() > LineBits::capacity) return searchMarks(line);
     LineMarks marks;
-    LineBits hyphens;
-    LineBits letters;
     lookAtGroups(line, [&](const auto& groups) {
-        if (groups.where(u'>').any()) marks.addPrompt();
-        letters = groups.where(u'F');
-        hyphens = groups.where(u'-');
+        if (groups.holds(u'>')) marks.addPrompt();
+        if (groups.holds(u'-')) addRules(marks, line, groups.where(u'-'));
+        for (LineBits letters = groups.where(u'F'); letters.any(); letters.removeLowest()) {
+            if (isEndTextAroundF(line, letters.lowest())) marks.addEndText();
+        }
     });
-    for (; letters.any(); letters.removeLowest()) {
-        if (isEndTextAroundF(line, letters.lowest())) marks.addEndText();
-    }
-    if (!hyphens.any()) return marks;
-    for (LineBits rules = hyphens.runs(sectionRule.size()); rules.any(); rules.removeLowest()) {
-        addHeaders(marks, line.substr(rules.lowest()));
-    }
     return marks;
 }
 
