@@ -25,7 +25,7 @@ Display::Display(Terminal& terminal, TextView text) : screen_(terminal, text), l
 }
 
 void Display::sweepNext() {
-    // Lines without any of the marks' letters are passed at once.
+    // Lines without any sign of a mark are passed at once.
     if (screen_.linesAreSlices()) {
         swept_ = std::min(nextLineThatMayBeMarked(screen_.text(), swept_), lines_.size());
         if (swept_ == lines_.size()) return;

@@ -19,12 +19,12 @@ public:
     friend constexpr FamilySet operator&(FamilySet a, FamilySet b) { return FamilySet(a.bits_ & b.bits_); }
 
 private:
-    constexpr explicit FamilySet(std::uint32_t bits) : bits_(bits) {}
+    constexpr explicit FamilySet(std::uint64_t bits) : bits_(bits) {}
 
-    static constexpr std::uint32_t bit(Family family) { return std::uint32_t{1} << indexOf(family); }
-    static_assert(familyCount <= 32);
+    static constexpr std::uint64_t bit(Family family) { return std::uint64_t{1} << indexOf(family); }
+    static_assert(familyCount <= 64);
 
-    std::uint32_t bits_ = 0;
+    std::uint64_t bits_ = 0;
 };
 
 }  // namespace vantro

@@ -40,10 +40,10 @@ public:
     constexpr bool holds(Prefix prefix) const { return (bits_ & bit(prefix)) != 0; }
 
 private:
-    static constexpr std::uint32_t bit(Prefix prefix) { return std::uint32_t{1} << prefix.index_; }
-    static_assert(familyCount + 3 <= 32);
+    static constexpr std::uint64_t bit(Prefix prefix) { return std::uint64_t{1} << prefix.index_; }
+    static_assert(familyCount + 3 <= 64);
 
-    std::uint32_t bits_ = 0;
+    std::uint64_t bits_ = 0;
 };
 
 /// Where in a trimmed line the search for a prefix starts.
