@@ -31,7 +31,7 @@ TASKS = {
     "batch": (
         "Batch",
         "Whole programs over the same file of requests, each with a display and one family (processor time a "
-        "request), and `parse` over 1,000 displays with one core and with two (wall time).",
+        "request), and `parse` over 4,000 displays with one core and with two (wall time).",
     ),
     "growth": (
         "Growth",

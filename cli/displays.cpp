@@ -11,19 +11,17 @@ namespace {
 
 constexpr std::string_view byteOrderMark = "\xEF\xBB\xBF";
 constexpr std::string_view endText = "END OF DISPLAY";
-constexpr std::string_view prompt = ">";
+constexpr char prompt = '>';
 
 std::string_view withoutCarriageReturn(std::string_view line) {
     return line.ends_with('\r') ? line.substr(0, line.size() - 1) : line;
 }
 
-std::string_view trimmed(std::string_view line) {
-    const std::size_t first = line.find_first_not_of(' ');
-    return first == std::string_view::npos ? "" : line.substr(first, line.find_last_not_of(' ') - first + 1);
-}
-
 bool isBlank(std::string_view line) { return line.find_first_not_of(' ') == std::string_view::npos; }
-bool isPrompt(std::string_view line) { return trimmed(line) == prompt; }
+bool isPrompt(std::string_view line) {
+    const std::size_t first = line.find_first_not_of(' ');
+    return first != std::string_view::npos && line[first] == prompt && isBlank(line.substr(first + 1));
+}
 
 /// True for a line that can begin a display behind another one.
 bool isContent(std::string_view line) { return !isBlank(line) && !isPrompt(line); }
@@ -58,32 +56,34 @@ std::size_t lastDisplayStart(std::string_view text) {
 
 }  // namespace
 
-std::string LineBreaker::readBlock() {
-    std::string block(block_, '\0');
-    std::size_t length = 0;
-    while (length < block.size()) {
-        const std::size_t count = source_(std::span(block).subspan(length));
-        if (count == 0) break;
-        length += count;
-    }
-    block.resize(length);
-    return block;
-}
-
 bool LineBreaker::readInto(std::string& text) {
-    const std::string block = readBlock();
-    std::string_view bytes = block;
+    const std::size_t before = text.size();
+    readBlock(text);
     if (std::exchange(atStart_, false)) {
-        if (bytes.starts_with(byteOrderMark)) bytes.remove_prefix(byteOrderMark.size());
-        const std::size_t lineEnd = bytes.find('\n');
-        unbroken_ = lineEnd == std::string_view::npos || lineEnd + 1 == bytes.size();
+        if (std::string_view(text).substr(before).starts_with(byteOrderMark)) text.erase(before, byteOrderMark.size());
+        const std::size_t lineEnd = text.find('\n', before);
+        unbroken_ = lineEnd == std::string::npos || lineEnd + 1 == text.size();
     }
     if (unbroken_) {
-        appendBroken(bytes, text);
-    } else {
-        text += bytes;
+        const std::string block = text.substr(before);
+        text.resize(before);
+        appendBroken(block, text);
     }
-    return !block.empty();
+    return hasMore_;
+}
+
+/// Appends what the source gives, a block at the most.
+void LineBreaker::readBlock(std::string& text) {
+    const std::size_t before = text.size();
+    text.resize(before + block_);
+    const std::span<char> block = std::span(text).subspan(before);
+    std::size_t length = 0;
+    while (hasMore_ && length < block.size()) {
+        const std::size_t count = source_(block.subspan(length));
+        length += count;
+        hasMore_ = count > 0;
+    }
+    text.resize(before + length);
 }
 
 void LineBreaker::appendBroken(std::string_view bytes, std::string& text) {

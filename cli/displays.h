@@ -29,11 +29,12 @@ public:
     bool readInto(std::string& text);
 
 private:
-    std::string readBlock();
+    void readBlock(std::string& text);
     void appendBroken(std::string_view bytes, std::string& text);
 
     ByteSource source_;
     std::size_t block_;
+    bool hasMore_ = true;
     std::size_t column_ = 0;  // characters in the line that is being made
     bool atStart_ = true;
     bool unbroken_ = false;

@@ -21,6 +21,28 @@ int wmain(int argc, wchar_t** argv) {
 
 #else
 
-int main(int argc, char** argv) { return vantro::runTool(argc, argv); }
+#include <cstdlib>  // tells whose C library this is
+
+#if defined(__GLIBC__)
+#include <malloc.h>
+#endif
+
+namespace {
+
+// Texts of some hundred kilobytes come and go: the system need not hear of each.
+void keepFreedMemory() {
+#if defined(__GLIBC__)
+    constexpr int mebibyte = 1024 * 1024;
+    mallopt(M_MMAP_THRESHOLD, 32 * mebibyte);
+    mallopt(M_TRIM_THRESHOLD, 128 * mebibyte);
+#endif
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    keepFreedMemory();
+    return vantro::runTool(argc, argv);
+}
 
 #endif

@@ -33,6 +33,7 @@ std::string unansweredIn(const Profile& profile) {
 
 ParsedChunk parseChunk(std::string_view chunk, ProfileForm form) {
     ParsedChunk parsed;
+    parsed.out.reserve(chunk.size());  // few displays' answers are longer than they are
     ChunkDisplays displays(chunk);
     while (std::optional<FoundDisplay> found = displays.next()) {
         ParsedDisplay& display = parsed.displays.emplace_back();

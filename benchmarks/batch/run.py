@@ -9,6 +9,7 @@ import resource
 import statistics
 import subprocess
 import sys
+import tempfile
 import time
 
 HERE = pathlib.Path(__file__).parent
@@ -28,15 +29,19 @@ class Program:
         before = resource.getrusage(resource.RUSAGE_CHILDREN)
         start = time.perf_counter()
         given = open(self.source, "rb") if self.source else None
-        done = subprocess.run(self.command, stdin=given or subprocess.DEVNULL, stdout=subprocess.PIPE, check=False)
-        self.wall.append(time.perf_counter() - start)
+        # Into a file: who reads a pipe would share the processor with the program.
+        with tempfile.TemporaryFile() as output:
+            done = subprocess.run(self.command, stdin=given or subprocess.DEVNULL, stdout=output, check=False)
+            self.wall.append(time.perf_counter() - start)
+            output.seek(0)
+            printed = output.read()
         if given:
             given.close()
         after = resource.getrusage(resource.RUSAGE_CHILDREN)
         if done.returncode != 0:
             sys.exit(f"{' '.join(self.command)} ended with {done.returncode}")
         self.processor.append(after.ru_utime + after.ru_stime - before.ru_utime - before.ru_stime)
-        return done.stdout
+        return printed
 
 
 def measure(programs):
@@ -89,13 +94,14 @@ def batch(binaries, inputs, record):
 
 
 def parse(binaries, inputs, record):
-    command = [binaries / "vantro-profile", "parse", inputs / "screens.txt"]
+    files = [inputs / "screens.txt"] * 4  # long enough for the start of a program not to count
+    command = [binaries / "vantro-profile", "parse", *files]
     one = Program("vantro-profile parse -j1", [*command, "-j1"])
     two = Program("vantro-profile parse -j2", [*command, "-j2"])
     measure([one, two])
     for program in (one, two):
-        record.time(f"{program.name}, 1000 displays", statistics.median(program.wall))
-    record.ratio(f"{two.name}, 1000 displays", f"{one.name}, 1000 displays", round(1 / 1.8, 3))
+        record.time(f"{program.name}, 4000 displays", statistics.median(program.wall))
+    record.ratio(f"{two.name}, 4000 displays", f"{one.name}, 4000 displays", round(1 / 1.8, 3))
 
 
 def main():
