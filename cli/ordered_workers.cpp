@@ -3,8 +3,7 @@
 namespace vantro {
 
 Workers::Workers(std::size_t threads) {
-    if (threads < 2) return;
-    for (std::size_t i = 0; i < threads; ++i) threads_.emplace_back([this] { work(); });
+    for (std::size_t i = 1; i < threads; ++i) threads_.emplace_back([this] { work(); });
 }
 
 Workers::~Workers() {
@@ -25,15 +24,24 @@ void Workers::run(std::function<void()> task) {
     changed_.notify_one();
 }
 
+bool Workers::runOne() {
+    std::unique_lock lock(mutex_);
+    if (tasks_.empty()) return false;
+    const std::function<void()> task = std::move(tasks_.front());
+    tasks_.pop_front();
+    lock.unlock();
+    task();
+    return true;
+}
+
 void Workers::work() {
     for (;;) {
-        std::unique_lock lock(mutex_);
-        changed_.wait(lock, [this] { return closing_ || !tasks_.empty(); });
-        if (closing_) return;  // what nobody waits for any more is left undone
-        const std::function<void()> task = std::move(tasks_.front());
-        tasks_.pop_front();
-        lock.unlock();
-        task();
+        {
+            std::unique_lock lock(mutex_);
+            changed_.wait(lock, [this] { return closing_ || !tasks_.empty(); });
+            if (closing_) return;  // what nobody waits for any more is left undone
+        }
+        runOne();
     }
 }
 

@@ -15,7 +15,8 @@
 
 namespace vantro {
 
-/// The threads. One thread is the caller's own: its tasks run while they are handed in.
+/// The threads, the caller's own among them: it works along while it waits. A single one runs its tasks while they are
+/// handed in.
 class Workers {
 public:
     explicit Workers(std::size_t threads);
@@ -23,8 +24,11 @@ public:
     Workers(const Workers&) = delete;
     Workers& operator=(const Workers&) = delete;
 
-    std::size_t threads() const { return threads_.empty() ? 1 : threads_.size(); }
+    std::size_t threads() const { return threads_.size() + 1; }
     void run(std::function<void()> task);
+
+    /// Runs the task that waits longest here and now; false when none waits.
+    bool runOne();
 
 private:
     void work();
@@ -68,6 +72,7 @@ private:
     }
 
     void takeFirst() {
+        while (!isFirstDone() && workers_.runOne()) {}
         std::future<Result> first = std::move(underWay_.front());
         underWay_.pop_front();
         take_(first.get());

@@ -13,7 +13,7 @@ import tempfile
 import time
 
 HERE = pathlib.Path(__file__).parent
-REPETITIONS = 7
+REPETITIONS = 15
 
 
 class Program:

@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <atomic>
 #include <chrono>
+#include <set>
 #include <stdexcept>
 #include <thread>
 #include <vector>
@@ -57,16 +58,20 @@ TEST_P(OrderedWorkOn, BoundsWhatIsUnderWay) {
     EXPECT_LE(most, 4 * static_cast<int>(GetParam()) + 1);
 }
 
-TEST(Workers, RunTasksOnOtherThreadsFromTwoOn) {
-    const auto threadOf = [](std::size_t threads) {
-        std::thread::id id;
-        OrderedWork<std::thread::id> work(threads, [&](std::thread::id result) { id = result; });
-        work.add([] { return std::this_thread::get_id(); });
+TEST(Workers, AreAsManyThreadsAsAskedForTheCallersAmongThem) {
+    for (const std::size_t threads : {1U, 2U, 3U}) {
+        std::set<std::thread::id> seen;
+        OrderedWork<std::thread::id> work(threads, [&](std::thread::id result) { seen.insert(result); });
+        for (int i = 0; i < 40; ++i) {
+            work.add([] {
+                std::this_thread::sleep_for(std::chrono::milliseconds(3));  // long enough for all to take part
+                return std::this_thread::get_id();
+            });
+        }
         work.finish();
-        return id;
-    };
-    EXPECT_EQ(threadOf(1), std::this_thread::get_id());
-    EXPECT_NE(threadOf(2), std::this_thread::get_id());
+        EXPECT_EQ(seen.size(), threads);
+        EXPECT_TRUE(seen.contains(std::this_thread::get_id())) << threads;
+    }
 }
 
 }  // namespace
