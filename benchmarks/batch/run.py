@@ -4,6 +4,8 @@ Usage: run.py BIN INPUTS RECORD. BIN holds the built programs, INPUTS what bench
 output is compared with that of the tool before its time counts.
 """
 
+import contextlib
+import os
 import pathlib
 import resource
 import statistics
@@ -17,9 +19,11 @@ REPETITIONS = 15
 
 
 class Program:
-    def __init__(self, name, command, source=None):
+    """A command line, or several that run side by side."""
+
+    def __init__(self, name, *commands, source=None):
         self.name = name
-        self.command = [str(part) for part in command]
+        self.commands = [[str(part) for part in command] for command in commands]
         self.source = source
         self.processor = []
         self.wall = []
@@ -27,19 +31,21 @@ class Program:
     def run(self):
         """The output; processor and wall time are kept."""
         before = resource.getrusage(resource.RUSAGE_CHILDREN)
-        start = time.perf_counter()
-        given = open(self.source, "rb") if self.source else None
-        # Into a file: who reads a pipe would share the processor with the program.
-        with tempfile.TemporaryFile() as output:
-            done = subprocess.run(self.command, stdin=given or subprocess.DEVNULL, stdout=output, check=False)
+        with contextlib.ExitStack() as files:
+            # Into files: who reads a pipe would share the processor with the program.
+            outputs = [files.enter_context(tempfile.TemporaryFile()) for _ in self.commands]
+            given = files.enter_context(open(self.source or os.devnull, "rb"))
+            start = time.perf_counter()
+            running = [subprocess.Popen(command, stdin=given, stdout=output)
+                       for command, output in zip(self.commands, outputs)]
+            statuses = [program.wait() for program in running]
             self.wall.append(time.perf_counter() - start)
-            output.seek(0)
-            printed = output.read()
-        if given:
-            given.close()
-        after = resource.getrusage(resource.RUSAGE_CHILDREN)
-        if done.returncode != 0:
-            sys.exit(f"{' '.join(self.command)} ended with {done.returncode}")
+            after = resource.getrusage(resource.RUSAGE_CHILDREN)
+            for output in outputs:
+                output.seek(0)
+            printed = b"".join(output.read() for output in outputs)
+        if any(statuses):
+            sys.exit(f"{self.name} ended with {statuses}")
         self.processor.append(after.ru_utime + after.ru_stime - before.ru_utime - before.ru_stime)
         return printed
 
@@ -82,7 +88,7 @@ class Record:
 def batch(binaries, inputs, record):
     requests = inputs / "requests.jsonl"
     count = sum(1 for _ in open(requests, "rb"))
-    ours = Program("vantro-profile batch", [binaries / "vantro-profile", "batch"], requests)
+    ours = Program("vantro-profile batch", [binaries / "vantro-profile", "batch"], source=requests)
     simdjson = Program("simdjson and scanner", [binaries / "bench_simdjson_scanner", requests])
     python = Program("Python json and re", [sys.executable, HERE / "python_json_re.py", requests])
     programs = [ours, simdjson, python]
@@ -94,14 +100,19 @@ def batch(binaries, inputs, record):
 
 
 def parse(binaries, inputs, record):
-    files = [inputs / "screens.txt"] * 4  # long enough for the start of a program not to count
-    command = [binaries / "vantro-profile", "parse", *files]
-    one = Program("vantro-profile parse -j1", [*command, "-j1"])
-    two = Program("vantro-profile parse -j2", [*command, "-j2"])
-    measure([one, two])
-    for program in (one, two):
+    def command(files, threads):  # so many files that the start of a program does not count
+        return [binaries / "vantro-profile", "parse", *[inputs / "screens.txt"] * files, f"-j{threads}"]
+
+    one = Program("vantro-profile parse -j1", command(4, 1))
+    two = Program("vantro-profile parse -j2", command(4, 2))
+    # What two cores of the machine give at most, in the same minutes.
+    halves = Program("two parse -j1, half each", command(2, 1), command(2, 1))
+    programs = [one, two, halves]
+    measure(programs)
+    for program in programs:
         record.time(f"{program.name}, 4000 displays", statistics.median(program.wall))
     record.ratio(f"{two.name}, 4000 displays", f"{one.name}, 4000 displays", round(1 / 1.8, 3))
+    record.ratio(f"{two.name}, 4000 displays", f"{halves.name}, 4000 displays", 0)
 
 
 def main():
