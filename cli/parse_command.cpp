@@ -2,7 +2,7 @@
 #include "cli/displays.h"
 #include "cli/failure.h"
 #include "cli/input_files.h"
-#include "cli/ordered_workers.h"
+#include "cli/ordered_work.h"
 #include "cli/parsed_chunk.h"
 #include "cli/progress.h"
 #include "cli/results_view.h"
@@ -131,25 +131,46 @@ private:
     int status_ = success;
 };
 
-void readFile(const std::string& file, ProfileForm form, OrderedWork<Step>& work) {
-    std::string failure;
-    std::optional<ChunkReader> reader;
-    // A file that breaks is no reason to leave the others out.
-    const auto next = [&]() -> std::optional<std::string> {
+/// A chunk of one of the files as it was read, or the end of the file.
+struct Piece {
+    std::string text;
+    bool endsFile = false;
+    std::string failure;  // why the file ends early
+};
+
+/// Reads the files one after the other, piece by piece.
+class PieceReader {
+public:
+    explicit PieceReader(const std::vector<std::string>& files) : files_(files) {}
+
+    std::optional<Piece> next() {
+        if (file_ == files_.size()) return std::nullopt;
+        Piece piece;
+        // A file that breaks is no reason to leave the others out.
         try {
-            if (!reader) reader.emplace(openInput(file));
-            return reader->next();
+            if (!chunks_) chunks_.emplace(openInput(files_[file_]));
+            if (std::optional<std::string> chunk = chunks_->next()) {
+                piece.text = std::move(*chunk);
+                return piece;
+            }
         } catch (const std::runtime_error& problem) {
-            failure = problem.what();
-            return std::nullopt;
+            piece.failure = problem.what();
         }
-    };
-    while (std::optional<std::string> chunk = next()) {
-        work.add([text = std::move(*chunk), form] {
-            return Step{.parsed = parseChunk(text, form), .bytes = text.size(), .failure = {}};
-        });
+        piece.endsFile = true;
+        chunks_.reset();
+        ++file_;
+        return piece;
     }
-    work.add([failure] { return Step{.parsed = {}, .endsFile = true, .failure = failure}; });
+
+private:
+    const std::vector<std::string>& files_;
+    std::size_t file_ = 0;
+    std::optional<ChunkReader> chunks_;
+};
+
+Step stepOf(const Piece& piece, ProfileForm form) {
+    if (piece.endsFile) return {.parsed = {}, .endsFile = true, .failure = piece.failure};
+    return {.parsed = parseChunk(piece.text, form), .bytes = piece.text.size(), .failure = {}};
 }
 
 int parseFiles(ParseOptions options) {
@@ -161,9 +182,11 @@ int parseFiles(ParseOptions options) {
     }
     const ProfileForm form = formFor(options);
     Printer printer(options, form);
-    OrderedWork<Step> work(options.threads, [&printer](const Step& step) { printer.take(step); });
-    for (const std::string& file : options.files) readFile(file, form, work);
-    work.finish();
+    PieceReader pieces(options.files);
+    workInOrder(
+        options.threads, [&pieces] { return pieces.next(); },
+        [form](const Piece& piece) { return stepOf(piece, form); },
+        [&printer](const Step& step) { printer.take(step); });
     return printer.status();
 }
 
