@@ -7,6 +7,7 @@
 #include <map>
 #include <mutex>
 #include <optional>
+#include <system_error>
 #include <thread>
 #include <type_traits>
 #include <utility>
@@ -104,7 +105,11 @@ template <class Next, class Work, class Take>
 void workInOrder(std::size_t threads, Next next, Work work, Take take) {
     OrderedWork<Next, Work, Take> ordered(threads, std::move(next), std::move(work), std::move(take));
     std::vector<std::thread> others;
-    for (std::size_t thread = 1; thread < threads; ++thread) others.emplace_back([&ordered] { ordered.run(); });
+    try {
+        for (std::size_t thread = 1; thread < threads; ++thread) others.emplace_back([&ordered] { ordered.run(); });
+    } catch (const std::system_error&) {
+        // The system gives no more threads: those that are there do the work.
+    }
     ordered.run();
     for (std::thread& other : others) other.join();
     ordered.rethrow();

@@ -14,6 +14,8 @@ namespace vantro {
 namespace {
 
 constexpr TextView nameTag = u" NM ";
+constexpr TextView companyNameTag = u"PCN/ ";
+static_assert(companyNameTag.starts_with(companyNamePrefix));
 constexpr Width companyNameWidth{35};
 constexpr Column companyNameColumn{4};
 constexpr Width recordLocatorWidth{6};
@@ -35,7 +37,7 @@ TextView companyMarkName(Display& display) {
 TextView lastSix(TextView line) { return trimmed(right(line, recordLocatorWidth)); }
 
 /// Where the first line from `from` on stands that holds the tag, its first two columns aside; nothing at the
-/// end of the display.
+/// end of the display. The tag begins with the prefix, so that lines without the one are passed.
 std::optional<Counter> seekTag(Display& display, Counter from, Prefix prefix, TextView tag) {
     for (Counter number = from;; ++number) {
         const DisplayLine& line = display.expectedLine(number);
@@ -94,7 +96,7 @@ namespace {
 /// when there is no such line.
 Text companyNameText(Display& display) {
     // Meant: this reader begins at line 1, the PIN and PSL readers at line 0.
-    const std::optional<Counter> place = seekTag(display, Counter(1), Prefix::companyName, u"PCN/ ");
+    const std::optional<Counter> place = seekTag(display, Counter(1), Prefix::companyName, companyNameTag);
     if (!place) return {};
     const TextView raw = display.line(*place).text();
     const TaggedLine line = tagged(trimmed(mid(raw, tagAreaColumn)));
@@ -124,7 +126,7 @@ CompanyNameLine readCompanyName(Display& display) {
 }
 
 NumberedText readPin(Display& display) {
-    const std::optional<Counter> place = seekTag(display, Counter(0), Prefix::pin, u"PIN/");
+    const std::optional<Counter> place = seekTag(display, Counter(0), Prefix::pin, pinPrefix);
     if (!place) return {};
     const TaggedLine line = tagged(trimmed(mid(display.line(*place).text(), tagAreaColumn)));
     return {onlyIf(line.slash >= Column{5}, line.number(lineNumberWidth)), line.element()};

@@ -16,9 +16,9 @@ struct NamedPrefix {
 };
 
 constexpr NamedPrefix headerPrefixes[] = {
-    {u"PCN/", Prefix::companyName},
-    {u"PIN/", Prefix::pin},
-    {u"PSL/", Prefix::psl},
+    {companyNamePrefix, Prefix::companyName},
+    {pinPrefix, Prefix::pin},
+    {pslPrefix, Prefix::psl},
 };
 
 template <class Take>

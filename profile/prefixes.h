@@ -34,6 +34,11 @@ inline constexpr Prefix Prefix::companyName{familyCount};
 inline constexpr Prefix Prefix::pin{familyCount + 1};
 inline constexpr Prefix Prefix::psl{familyCount + 2};
 
+/// The header lines' prefixes as the host prints them.
+inline constexpr TextView companyNamePrefix = u"PCN/";
+inline constexpr TextView pinPrefix = u"PIN/";
+inline constexpr TextView pslPrefix = u"PSL/";
+
 class PrefixSet {
 public:
     constexpr void add(Prefix prefix) { bits_ |= bit(prefix); }
