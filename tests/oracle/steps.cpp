@@ -2,16 +2,26 @@
 
 namespace oracle {
 
-Text screenLine(const Text& text, int n) {
+thread_local int lineWidth = 80;
+
+namespace {
+
+Text cut(const Text& text, int n, std::size_t width) {
     if (n < 0) {
         throw Failure{invalidCall};
     }
-    const std::size_t before = static_cast<std::size_t>(n) * 80;
+    const std::size_t before = static_cast<std::size_t>(n) * width;
     if (before >= text.size()) {
         return Text();
     }
-    return text.substr(before, 80);
+    return text.substr(before, width);
 }
+
+}  // namespace
+
+Text screenLine(const Text& text, int n) { return cut(text, n, static_cast<std::size_t>(lineWidth)); }
+
+Text lineByPosition(const Text& text, int n) { return cut(text, n, 80); }
 
 Text rightTrimmed(const Text& text) {
     Text result = text;

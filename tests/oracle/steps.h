@@ -21,8 +21,14 @@ constexpr int outOfRange = 9;
 constexpr int typeMismatch = 13;
 constexpr int objectNotSet = 91;
 
-// Line n, from 0, of 80 characters; fewer on the last line, empty past the end.
+// The characters of a line, for tests whose terminal prints wider lines than the host.
+extern thread_local int lineWidth;
+
+// Line n, from 0, of `lineWidth` characters; fewer on the last line, empty past the end.
 Text screenLine(const Text& text, int n);
+
+// Line n cut at 80 characters whatever the terminal's lines are.
+Text lineByPosition(const Text& text, int n);
 
 Text trimmed(const Text& text);
 Text rightTrimmed(const Text& text);

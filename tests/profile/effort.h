@@ -6,6 +6,17 @@
 
 namespace vantro {
 
+/// One of so many cases is looked at, where looking at all of them is for an optimised build.
+inline std::size_t share() {
+#ifdef NDEBUG
+    constexpr std::size_t oneOf = 1;
+#else
+    constexpr std::size_t oneOf = 5;
+#endif
+    const char* const percent = std::getenv("VANTRO_TEST_EFFORT");
+    return percent != nullptr && std::atol(percent) > 100 ? 1 : oneOf;
+}
+
 /// The number for an optimised build, a fraction of it for others, which also run under sanitizers. The environment
 /// variable VANTRO_TEST_EFFORT multiplies it, in percent: 1000 looks ten times as far.
 inline std::size_t effort(std::size_t optimised) {

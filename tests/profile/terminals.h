@@ -36,4 +36,33 @@ private:
     std::size_t blanks_;
 };
 
+/// Cuts a screen into lines of another width than the host's, each a text of its own.
+class WideTerminal final : public Terminal, private TerminalFunctions {
+public:
+    explicit WideTerminal(std::size_t width) : width_(width) {}
+
+    TerminalFunctions& functions() override { return *this; }
+    ErrorReporter& errorReporter() override { return inner_.errorReporter(); }
+    CollectionPtr createCollection() override { return inner_.createCollection(); }
+
+private:
+    TextView ItemText(const ItemPtr& item, TextStore& store) override {
+        return inner_.functions().ItemText(item, store);
+    }
+    bool ItemBoolean(const ItemPtr& item) override { return inner_.functions().ItemBoolean(item); }
+    TextView ScreenLine(TextView response, std::int16_t line, TextStore& store) override {
+        const std::size_t start = static_cast<std::size_t>(line) * width_;
+        return start < response.size() ? store.keep(Text(response.substr(start, width_))) : TextView{};
+    }
+    bool FindMarker(TextView response, TextView marker, std::int16_t line) override {
+        return inner_.functions().FindMarker(response, marker, line);
+    }
+    TextView TextField(TextView text, std::int16_t number, TextView separator, TextStore& store) override {
+        return inner_.functions().TextField(text, number, separator, store);
+    }
+
+    BuiltInTerminal inner_;
+    std::size_t width_;
+};
+
 }  // namespace vantro

@@ -2,9 +2,8 @@
 // the library and by the slow second opinion, with every state that can come in.
 #include "tests/oracle/screens_oracle.h"
 #include "tests/profile/effort.h"
-#include "tests/support/driven_class.h"
 #include "tests/support/screens.h"
-#include "tests/support/text.h"
+#include "tests/transactions/oracle_answers.h"
 
 #include <gtest/gtest.h>
 
@@ -16,8 +15,6 @@
 namespace vantro::test {
 namespace {
 
-using Verify = std::optional<oracle::Collection> (*)(const Text& response, const oracle::Collection* state);
-
 struct World {
     const char* name;
     const char16_t* className;
@@ -28,57 +25,6 @@ struct World {
 };
 
 void PrintTo(const World& world, std::ostream* out) { *out << world.name; }
-
-oracle::Value oracleValue(const ItemValue& value) {
-    if (const auto* truth = std::get_if<bool>(&value)) return *truth;
-    if (const auto* number = std::get_if<std::int16_t>(&value)) return int{*number};
-    if (const auto* text = std::get_if<Text>(&value)) return *text;
-    return std::get<TextList>(value);
-}
-
-oracle::Collection oracleCollection(const Entries& entries) {
-    oracle::Collection collection;
-    for (const Entry& entry : entries) collection.add(utf8(entry.key), oracleValue(entry.value));
-    return collection;
-}
-
-std::vector<std::pair<std::string, oracle::Value>> plain(const Entries& entries) {
-    return oracleCollection(entries).entries;
-}
-
-/// The library's answer and the oracle's: equal entries, or the same error.
-struct Answer {
-    std::vector<std::pair<std::string, oracle::Value>> entries;
-    int error = 0;
-
-    friend bool operator==(const Answer&, const Answer&) = default;
-};
-
-Answer libraryAnswer(DrivenClass& driven, const Text& response, const std::optional<Entries>& state) {
-    try {
-        return {plain(entriesOf(driven.read(response, state ? collection(*state) : nullptr))), 0};
-    } catch (const Error& error) {
-        return {{}, error.number()};
-    }
-}
-
-Answer oracleAnswer(Verify verify, const Text& response, const std::optional<Entries>& state) {
-    std::optional<oracle::Collection> given;
-    if (state) given = oracleCollection(*state);
-    try {
-        return {verify(response, given ? &*given : nullptr)->entries, 0};
-    } catch (const oracle::Failure& failure) {
-        return {{}, failure.number};
-    }
-}
-
-std::string drawn(const Text& response) {
-    std::string lines;
-    for (std::size_t start = 0; start < response.size(); start += 80) {
-        lines += "\n|" + utf8(TextView(response).substr(start, 80)) + "|";
-    }
-    return lines;
-}
 
 // Two lines, three in an optimised build, more with more effort.
 std::size_t longest() {
@@ -116,7 +62,7 @@ TEST_P(ListWorld, IsReadAsTheSecondOpinionReadsIt) {
     while (advance(sequence, world.kinds.size(), length)) {
         for (const Text& response : screens(sequence)) {
             for (const auto& state : world.states) {
-                const Answer expected = oracleAnswer(world.verify, response, state);
+                const OracleAnswer expected = oracleAnswer(world.verify, response, state);
                 ASSERT_TRUE(libraryAnswer(driven, response, state) == expected)
                     << "the state's number among the world's: " << &state - world.states.data() << drawn(response);
             }
