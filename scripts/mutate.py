@@ -162,7 +162,7 @@ def main() -> int:
             sys.exit(f"{file}: not a source file of the library")
     explained = read_explained(EXPLAINED, texts)
     places = places_in(texts, build.with_simd)
-    mutants = chosen([p for p in places if not given.file or p.file in given.file], given.count, given.seed)
+    mutants = chosen([p for p in places if not given.file or p.file in given.file], max(given.count, given.one or 0), given.seed)
     if given.list:
         for mutant in mutants:
             print(f"#{mutant.number} {mutant.shown()}")
@@ -170,6 +170,8 @@ def main() -> int:
         return 0
     if given.one:
         mutants = [mutant for mutant in mutants if mutant.number == given.one]
+        if not mutants:
+            sys.exit(f"there is no mutant {given.one}")
     return run(build, texts, explained, mutants, given)
 
 
