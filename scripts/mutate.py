@@ -98,8 +98,11 @@ class Session:
         return near or objects[:1]
 
     def judge_all(self, mutants, jobs: int) -> None:
-        with ThreadPoolExecutor(jobs) as pool:
+        record = self.build.folder / "mutants.tsv"
+        with record.open("w") as out, ThreadPoolExecutor(jobs) as pool:
             for done, mutant in enumerate(pool.map(self._judge_or_stop, mutants), 1):
+                m = mutant
+                print(m.number, m.outcome, f"{m.seconds:.1f}", m.detail, m.shown(), sep="\t", file=out, flush=True)
                 if mutant.outcome == "survived" or sys.stdout.isatty():
                     why = f" (explained: {mutant.why})" if mutant.why else ""
                     print(f"{done}/{len(mutants)} {mutant.outcome}{why}: #{mutant.number} {mutant.shown()}", flush=True)
@@ -121,8 +124,6 @@ def histogram(mutants) -> None:
 
 
 def report(mutants, at_least: float, seconds: float, folder: Path) -> int:
-    rows = [f"{m.number}\t{m.outcome}\t{m.seconds:.1f}\t{m.detail}\t{m.shown()}" for m in mutants]
-    (folder / "mutants.tsv").write_text("\n".join(rows) + "\n")
     histogram(mutants)
     killed = [m for m in mutants if m.outcome == "killed"]
     survived = [m for m in mutants if m.outcome == "survived"]
@@ -198,8 +199,12 @@ def run(build: Build, texts, explained, mutants, given) -> int:
                 session.judge(mutant, verbose=True)
                 print(f"{mutant.outcome}: {mutant.detail or mutant.why}")
             return 0
-        session.judge_all(mutants, given.jobs)
-        return report(mutants, given.at_least, cpu_seconds() - begin, build.folder)
+        try:
+            session.judge_all(mutants, given.jobs)
+        except KeyboardInterrupt:
+            print("\nstopped early")
+        judged = [mutant for mutant in mutants if mutant.outcome not in ("", "stopped")]
+        return report(judged, given.at_least, cpu_seconds() - begin, build.folder)
     except CannotBuild as error:
         sys.exit(str(error))
     except KeyboardInterrupt:

@@ -6,12 +6,12 @@ import signal
 import subprocess
 import tempfile
 import threading
-import time
 from collections import Counter
 from pathlib import Path
 
 SLOW = 0.04  # seconds of a test
 MEMORY = 4 << 30
+OUTPUT = 1 << 17  # bytes of a program's output that are looked at, at its start and at its end
 
 
 class Runner:
@@ -23,7 +23,7 @@ class Runner:
         self.stopping = False
 
     def execute(self, command, cpu_seconds: float, cwd=None, env=None) -> tuple[int, str]:
-        """The exit status (-1 for the time limit) and the end of the output."""
+        """The exit status (-1 for the time limit) and the output."""
         limits = ["prlimit", f"--cpu={int(cpu_seconds) + 1}", f"--as={MEMORY}", "--core=0", f"--fsize={1 << 28}"]
         with tempfile.TemporaryFile() as out:
             with self.lock:
@@ -50,8 +50,11 @@ class Runner:
             if self.stopping:
                 raise KeyboardInterrupt
             size = out.seek(0, os.SEEK_END)
-            out.seek(max(0, size - 30000))
-            return status, out.read().decode("utf-8", "replace")
+            out.seek(0)
+            shown = out.read(OUTPUT)  # the failure comes first, then every test that is left out after it
+            if size > 2 * OUTPUT:
+                out.seek(size - OUTPUT)
+            return status, (shown + out.read()).decode("utf-8", "replace")
 
     def _end_group(self, group: int) -> None:
         try:
