@@ -31,8 +31,8 @@ public:
     const FlagList* flagList(TextView name) const override;
 
 private:
-    CollectionPtr IProfileGet_ProfileElements(TextView display, const CollectionPtr& collection, TextList* selection,
-                                              TextView qualifier) override;
+    CollectionPtr IProfileGet_ProfileElements(TextView display, const CollectionPtr& collection,
+                                              SelectionSource& selection) override;
 
     std::int16_t refill(Family family, TextView display);
     ElementLists& listsOf(Family family) const;
