@@ -2,16 +2,33 @@
 
 namespace oracle {
 
-Text screenLine(const Text& text, int n) {
+namespace {
+
+constexpr int hostWidth = 80;
+
+int lineWidth = hostWidth;
+
+Text lineOf(const Text& text, int n, int width) {
     if (n < 0) {
         throw Failure{invalidCall};
     }
-    const std::size_t before = static_cast<std::size_t>(n) * 80;
+    const std::size_t characters = static_cast<std::size_t>(width);
+    const std::size_t before = static_cast<std::size_t>(n) * characters;
     if (before >= text.size()) {
         return Text();
     }
-    return text.substr(before, 80);
+    return text.substr(before, characters);
 }
+
+}  // namespace
+
+LineWidth::LineWidth(int width) : before_(lineWidth) { lineWidth = width; }
+
+LineWidth::~LineWidth() { lineWidth = before_; }
+
+Text screenLine(const Text& text, int n) { return lineOf(text, n, lineWidth); }
+
+Text lineByPosition(const Text& text, int n) { return lineOf(text, n, hostWidth); }
 
 Text rightTrimmed(const Text& text) {
     Text result = text;

@@ -24,6 +24,21 @@ constexpr int objectNotSet = 91;
 // Line n, from 0, of 80 characters; fewer on the last line, empty past the end.
 Text screenLine(const Text& text, int n);
 
+// The same of 80 characters whatever the terminal.
+Text lineByPosition(const Text& text, int n);
+
+// While it lives, lines are of this many characters: those of a terminal that makes lines of its own.
+class LineWidth {
+public:
+    explicit LineWidth(int width);
+    ~LineWidth();
+    LineWidth(const LineWidth&) = delete;
+    LineWidth& operator=(const LineWidth&) = delete;
+
+private:
+    int before_;
+};
+
 Text trimmed(const Text& text);
 Text rightTrimmed(const Text& text);
 
