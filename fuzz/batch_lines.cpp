@@ -44,6 +44,20 @@ const rapidjson::Value* lastMember(const Document& object, std::string_view name
     return found;
 }
 
+/// Same values in the same order; numbers by their spelling, which is parsed as text.
+bool sameJson(const rapidjson::Value& value, const rapidjson::Value& other) {
+    if (value.IsArray() && other.IsArray()) {
+        return std::equal(value.Begin(), value.End(), other.Begin(), other.End(), sameJson);
+    }
+    if (value.IsObject() && other.IsObject()) {
+        return std::equal(value.MemberBegin(), value.MemberEnd(), other.MemberBegin(), other.MemberEnd(),
+                          [](const auto& member, const auto& wanted) {
+                              return member.name == wanted.name && sameJson(member.value, wanted.value);
+                          });
+    }
+    return value == other;
+}
+
 /// A response line's form: JSON in sound text, an object, a result or an error, an id first if there is one.
 std::string formOf(const std::string& line, Document& response) {
     if (line.find('\0') != std::string::npos) return "a zero byte";
@@ -74,7 +88,7 @@ std::string apart(const std::string& line, const Document& response) {
     if (checked.Parse<strict>(line.data(), line.size()).HasParseError()) return {};  // a number beyond a double
     const rapidjson::Value* const id = lastMember(request, "id");
     if ((id != nullptr) != response.HasMember("id")) return "the id is missing, or comes from nowhere";
-    if (id != nullptr && *id != response["id"]) return "the id is another one";
+    if (id != nullptr && !sameJson(*id, response["id"])) return "the id is another one";
     return {};
 }
 
