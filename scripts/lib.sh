@@ -99,7 +99,7 @@ install_missing() {
 # our_sources: every C++ file of the project, each ended by a zero byte.
 our_sources() {
     local folder folders=()
-    for folder in include framework terminal transactions profile notes cli server tests benchmarks examples; do
+    for folder in include framework terminal transactions profile notes cli server tests fuzz benchmarks examples; do
         if [[ -d $folder ]]; then folders+=("$folder"); fi
     done
     find "${folders[@]}" \( -name '*.h' -o -name '*.cpp' \) -print0

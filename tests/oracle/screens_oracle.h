@@ -7,6 +7,7 @@
 #include "steps.h"
 
 #include <optional>
+#include <string>
 #include <vector>
 
 namespace oracle {
@@ -33,5 +34,29 @@ int recLocCount(const Text& response, LinkedProfiles& linked);
 
 // One linked profile; 5130.
 std::optional<Collection> verifyCRLPTrans(const Text& response, const Collection* state);
+
+// Screens of which little more than flags is read; the state is not.
+std::optional<Collection> verifyCPDTrans(const Text& response, const Collection* state);
+std::optional<Collection> verifyCPDITrans(const Text& response, const Collection* state);
+std::optional<Collection> verifyCPDTTrans(const Text& response, const Collection* state);
+std::optional<Collection> verifyCPDRTrans(const Text& response, const Collection* state);
+std::optional<Collection> verifyCPCNTrans(const Text& response, const Collection* state);
+std::optional<Collection> verifyCPLCTrans(const Text& response, const Collection* state);
+std::optional<Collection> verifyCPHTrans(const Text& response, const Collection* state);
+std::optional<Collection> verifyCPTTrans(const Text& response, const Collection* state);
+std::optional<Collection> verifyCPBNTrans(const Text& response, const Collection* state);
+std::optional<Collection> verifyCPBITrans(const Text& response, const Collection* state);
+std::optional<Collection> verifyCPXTrans(const Text& response, const Collection* state);
+
+// Reads no screen at all: there is never a collection.
+std::optional<Collection> verifyCPDMDTrans(const Text& response, const Collection* state);
+
+// These two add their results to the state and give that back; 5045.
+std::optional<Collection> verifyCProfileMode(const Text& response, const Collection* state);
+std::optional<Collection> verifyCProfileNotes(const Text& response, const Collection* state);
+
+// The reader of the class of that name, null when there is none.
+using Verify = std::optional<Collection> (*)(const Text& response, const Collection* state);
+Verify verifyOf(const std::string& className);
 
 }  // namespace oracle

@@ -2,26 +2,33 @@
 
 namespace oracle {
 
-thread_local int lineWidth = 80;
-
 namespace {
 
-Text cut(const Text& text, int n, std::size_t width) {
+constexpr int hostWidth = 80;
+
+int lineWidth = hostWidth;
+
+Text lineOf(const Text& text, int n, int width) {
     if (n < 0) {
         throw Failure{invalidCall};
     }
-    const std::size_t before = static_cast<std::size_t>(n) * width;
+    const std::size_t characters = static_cast<std::size_t>(width);
+    const std::size_t before = static_cast<std::size_t>(n) * characters;
     if (before >= text.size()) {
         return Text();
     }
-    return text.substr(before, width);
+    return text.substr(before, characters);
 }
 
 }  // namespace
 
-Text screenLine(const Text& text, int n) { return cut(text, n, static_cast<std::size_t>(lineWidth)); }
+LineWidth::LineWidth(int width) : before_(lineWidth) { lineWidth = width; }
 
-Text lineByPosition(const Text& text, int n) { return cut(text, n, 80); }
+LineWidth::~LineWidth() { lineWidth = before_; }
+
+Text screenLine(const Text& text, int n) { return lineOf(text, n, lineWidth); }
+
+Text lineByPosition(const Text& text, int n) { return lineOf(text, n, hostWidth); }
 
 Text rightTrimmed(const Text& text) {
     Text result = text;

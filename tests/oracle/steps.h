@@ -21,14 +21,23 @@ constexpr int outOfRange = 9;
 constexpr int typeMismatch = 13;
 constexpr int objectNotSet = 91;
 
-// The characters of a line, for tests whose terminal prints wider lines than the host.
-extern thread_local int lineWidth;
-
-// Line n, from 0, of `lineWidth` characters; fewer on the last line, empty past the end.
+// Line n, from 0, of 80 characters; fewer on the last line, empty past the end.
 Text screenLine(const Text& text, int n);
 
-// Line n cut at 80 characters whatever the terminal's lines are.
+// The same of 80 characters whatever the terminal.
 Text lineByPosition(const Text& text, int n);
+
+// While it lives, lines are of this many characters: those of a terminal that makes lines of its own.
+class LineWidth {
+public:
+    explicit LineWidth(int width);
+    ~LineWidth();
+    LineWidth(const LineWidth&) = delete;
+    LineWidth& operator=(const LineWidth&) = delete;
+
+private:
+    int before_;
+};
 
 Text trimmed(const Text& text);
 Text rightTrimmed(const Text& text);

@@ -188,16 +188,6 @@ Text joinedLines(const Lines& lines, std::size_t width) {
     return text;
 }
 
-/// Sets the width at which the second opinion cuts its lines.
-class OracleWidth {
-public:
-    explicit OracleWidth(std::size_t width) { oracle::lineWidth = static_cast<int>(width); }
-    ~OracleWidth() { oracle::lineWidth = 80; }
-
-    OracleWidth(const OracleWidth&) = delete;
-    OracleWidth& operator=(const OracleWidth&) = delete;
-};
-
 Variation variationOf(const Shown& shown, const Terminals& kind) {
     Variation variation{.width = kind.width, .wholeLines = end.size()};
     for (const std::string& mark : shown.planted) variation.planted.push_back(wide(mark));
@@ -222,7 +212,7 @@ TEST_P(NearMiss, IsReadAsTheOracleReadsIt) {
     const Request request = requestFor(shown);
     for (const Terminals& kind : terminals) {
         SCOPED_TRACE(kind.name);
-        const OracleWidth width(kind.width);
+        const oracle::LineWidth width(static_cast<int>(kind.width));
         OracleMatch match(terminalOf(kind));
         const MatchedProperty* const property = shown.property.empty() ? nullptr : &match.propertyOf(shown.property);
         std::string message;
@@ -265,7 +255,7 @@ TEST_P(NearMissOfScanner, IsReadAsTheOracleReadsIt) {
                       {">", "END OF DISPLAY", "------", "-----", "S", "A"}};
     for (const Terminals& kind : terminals) {
         SCOPED_TRACE(kind.name);
-        const OracleWidth width(kind.width);
+        const oracle::LineWidth width(static_cast<int>(kind.width));
         OracleMatch match(terminalOf(kind));
         TextList selection = GetParam().selection;
         Request request = wanting("ALL");
@@ -341,7 +331,7 @@ TEST_P(NearMissOfNotes, IsReadAsTheOracleReadsIt) {
                       {">", "END OF DISPLAY", "------- PROFILE NOTES", "------- PROFILE NOTE", "AISLE"}};
     for (const Terminals& kind : terminals) {
         SCOPED_TRACE(kind.name);
-        const OracleWidth width(kind.width);
+        const oracle::LineWidth width(static_cast<int>(kind.width));
         Parser parser(u"CProfileNotes", terminalOf(kind));
         oracle::NotesOracle known;
         std::string message;
