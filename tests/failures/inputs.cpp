@@ -17,8 +17,27 @@ std::string nameOf(const std::filesystem::path& file, const ExchangeStep& step, 
     return file.stem().string() + ", line " + std::to_string(step.line) + ", " + what;
 }
 
-/// The lines of a sample as the host shows them.
-Text display(const std::string& sample) {
+bool isIndexed(std::string_view prefix) {
+    return prefix.size() == 2 || prefix == "FFN" || prefix == "PPR" || prefix == "PPS" || prefix == "PGL";
+}
+
+Input query(const std::string& sample, Text className, std::string_view prefix, Entries further) {
+    Entries request{{u"strKeyPrefix", wide(prefix)}};
+    request.insert(request.end(), further.begin(), further.end());
+    return {sample + " asked for \"" + std::string(prefix) + '"',
+            std::move(className),
+            Operation::ProfileElements,
+            wide(prefix),
+            request,
+            sampleDisplay(sample),
+            {u"S  RM", u"a  SR", u""},
+            u"RM"};
+}
+
+}  // namespace
+
+Text sampleDisplay(const std::string& sample) {
+    if (sample == emptyDisplay) return {};
     std::ifstream file(samples / "profiles" / (sample + ".txt"));
     if (!file) throw std::runtime_error("no sample " + sample);
     constexpr std::size_t width = 80;
@@ -30,25 +49,6 @@ Text display(const std::string& sample) {
     }
     return text;
 }
-
-bool isIndexed(std::string_view prefix) {
-    return prefix.size() == 2 || prefix == "FFN" || prefix == "PPR" || prefix == "PPS" || prefix == "PGL";
-}
-
-Input query(const std::string& sample, Text className, std::string_view prefix, Entries further) {
-    Entries request{{u"strKeyPrefix", wide(prefix)}};
-    request.insert(request.end(), further.begin(), further.end());
-    return {sample + " asked for \"" + std::string(prefix) + '"',
-            std::move(className),
-            Operation::ProfileElements,
-            std::string(prefix),
-            request,
-            display(sample),
-            {u"S  RM", u"a  SR", u""},
-            u"RM"};
-}
-
-}  // namespace
 
 std::vector<Input> exchangeInputs() {
     std::vector<Input> inputs;
@@ -68,7 +68,7 @@ std::vector<Input> exchangeInputs() {
                               *step.screen});
             if (step.count) {
                 inputs.push_back(
-                    {nameOf(file, step, "count"), step.className, Operation::Count, "RecLocCount", {}, *step.screen});
+                    {nameOf(file, step, "count"), step.className, Operation::Count, u"RecLocCount", {}, *step.screen});
             }
             if (step.results->kind == ExpectedResults::Kind::Collection) previous = step.results->entries;
         }
@@ -98,15 +98,16 @@ std::vector<Input> countInputs(const std::string& sample) {
     std::vector<Input> inputs;
     for (const FamilyRule& rule : familyRules) {
         const std::string property(rule.property);
-        inputs.push_back({sample + ", " + property, u"CProfile", Operation::Count, property, {}, display(sample)});
+        inputs.push_back(
+            {sample + ", " + property, u"CProfile", Operation::Count, wide(property), {}, sampleDisplay(sample)});
     }
     for (const char16_t* const searchString : {u"", u"E"}) {
         inputs.push_back({sample + ", notes",
                           u"CProfileNotes",
                           Operation::Count,
-                          "ProfileNotesElementsCount",
+                          u"ProfileNotesElementsCount",
                           {},
-                          display(sample),
+                          sampleDisplay(sample),
                           {},
                           {},
                           searchString});
@@ -114,9 +115,7 @@ std::vector<Input> countInputs(const std::string& sample) {
     return inputs;
 }
 
-Answer call(ProfileObject& object, const Input& input, const CollectionPtr& collection) {
-    Answer answer;
-    answer.selection = input.selection;
+void call(ProfileObject& object, const Input& input, const CollectionPtr& collection, Answer& answer) {
     switch (input.operation) {
         case Operation::CreateCommand: answer.command = object.profileTrans()->CreateCommand(collection); break;
         case Operation::VerifyResponse:
@@ -127,11 +126,10 @@ Answer call(ProfileObject& object, const Input& input, const CollectionPtr& coll
                 object.profileGet()->ProfileElements(input.screen, collection, &answer.selection, input.qualifier);
             break;
         case Operation::Count:
-            answer.count = findCount(*findClass(input.className), wide(input.of))
-                               ->call(object, {input.screen, input.searchString, {}});
+            answer.count =
+                findCount(*findClass(input.className), input.of)->call(object, {input.screen, input.searchString, {}});
             break;
     }
-    return answer;
 }
 
 }  // namespace vantro::test

@@ -78,7 +78,9 @@ Outcome Calling::call() {
     const CollectionPtr watched = terminal_.watched(given);
     Outcome outcome;
     outcome.thrown = thrownBy([&] {
-        const Answer answer = test::call(*object_, input_, watched);
+        Answer answer;
+        answer.selection = input_.selection;
+        test::call(*object_, input_, watched, answer);
         outcome.command = answer.command;
         outcome.count = answer.count;
         outcome.selection = answer.selection;
@@ -107,9 +109,9 @@ Consequence consequence(const Input& input, const Calls& calls, std::size_t fail
         case Operation::VerifyResponse:
             return answerConsequence(transRule(className), calls, failing, linesOf(input.screen), indexIn(input));
         case Operation::ProfileElements:
-            return className == "CProfile" ? queryConsequence(input.of, calls, failing)
+            return className == "CProfile" ? queryConsequence(utf8(input.of), calls, failing)
                                            : notesConsequence(calls, failing);
-        case Operation::Count: return countConsequence(input.of);
+        case Operation::Count: return countConsequence(utf8(input.of));
     }
     throw std::logic_error("no such operation");
 }

@@ -171,9 +171,7 @@ void failEveryCallOf(const std::vector<Input>& inputs) {
         ASSERT_NO_FATAL_FAILURE(one.failEveryCall()) << input.name;
         tried += one.tried();
     }
-    testing::Test::RecordProperty("failures", tried);
     std::cout << inputs.size() << " inputs, " << tried << " failures\n";
-    EXPECT_GT(tried, 0);
 }
 
 TEST(FailingTerminal, EveryCallOfEveryTransactionHasItsConsequence) {
