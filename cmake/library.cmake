@@ -7,6 +7,7 @@ set(public_headers
     vantro/collection.h
     vantro/error.h
     vantro/interfaces.h
+    vantro/lists.h
     vantro/profile.h
     vantro/registry.h
     vantro/terminal.h

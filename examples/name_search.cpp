@@ -7,7 +7,7 @@
 
 int main() {
     vantro::BuiltInTerminal terminal;
-    const auto search = vantro::createObject(*vantro::findClass(u"CPDNTrans"), terminal);
+    const auto search = vantro::createObject(u"CPDNTrans", terminal);
 
     const vantro::CollectionPtr params = terminal.createCollection();
     params->Add(u"strKeyName", u"SMITH/ANNA");

@@ -4,16 +4,20 @@
 
 #include <fstream>
 #include <iostream>
+#include <stdexcept>
 #include <string>
 
 namespace {
+
+constexpr std::size_t lineWidth = 80;
 
 // The display as the terminal hands it over: every line filled up to 80 characters, no line ends.
 vantro::Text readDisplay(std::istream& file) {
     vantro::Text display;
     for (std::string line; std::getline(file, line);) {
+        if (line.size() > lineWidth) throw std::runtime_error("a line has more than 80 characters: " + line);
         display.append(line.begin(), line.end());  // the samples are plain ASCII
-        display.append(80 - line.size(), u' ');
+        display.append(lineWidth - line.size(), u' ');
     }
     return display;
 }
@@ -28,15 +32,13 @@ int main(int argc, char** argv) {
         std::cerr << "read_profile: cannot open the display; name a text file\n";
         return 1;
     }
-    const vantro::Text display = readDisplay(file);
-
     vantro::BuiltInTerminal terminal;
-    const auto profile = vantro::createObject(*vantro::findClass(u"CProfile"), terminal);
+    const auto profile = vantro::createObject(u"CProfile", terminal);
     const vantro::CollectionPtr request = terminal.createCollection();
     request->Add(u"strKeyPrefix", u"PPR");
     try {
-        profile->profileGet()->ProfileElements(display, request);
-    } catch (const vantro::Error& error) {
+        profile->profileGet()->ProfileElements(readDisplay(file), request);
+    } catch (const std::exception& error) {  // a line too long, or the library's own vantro::Error
         std::cerr << "read_profile: " << error.what() << '\n';
         return 1;
     }

@@ -1,5 +1,6 @@
 // The error convention: a public operation turns any failure inside it into its own number and fixed
-// description; a private reader reports a failure and goes on with what it has.
+// description; a private reader reports a failure and goes on with what it has. A terminal may throw what it likes:
+// every exception is a failure.
 #pragma once
 
 #include "framework/constants.h"
@@ -15,7 +16,7 @@ auto raiseAs(int number, TextView description, Body&& body) -> decltype(body()) 
     if (number == 0) return std::forward<Body>(body)();
     try {
         return std::forward<Body>(body)();
-    } catch (const Error&) {
+    } catch (...) {
         throw Error(number, applicationTitle, description);
     }
 }
@@ -26,8 +27,8 @@ bool reportErrors(Terminal& terminal, Body&& body) {
     try {
         std::forward<Body>(body)();
         return true;
-    } catch (const Error& current) {
-        terminal.errorReporter().ReportError(current, nullptr);
+    } catch (...) {
+        terminal.errorReporter().ReportError(currentError(), nullptr);
         return false;
     }
 }

@@ -15,7 +15,8 @@ CollectionPtr IProfileTrans::VerifyResponse(TextView response, const CollectionP
                    [&] { return IProfileTrans_VerifyResponse(response, collection); });
 }
 
-// The interfaces can be created as classes of their own; their operations then do nothing.
+// An interface's own operations do nothing. `CPDMDTrans` leaves the reading at that: the screen after a move down is
+// read by the transaction that started the list.
 Text IProfileTrans::IProfileTrans_CreateCommand(const CollectionPtr& /*params*/) { return {}; }
 
 CollectionPtr IProfileTrans::IProfileTrans_VerifyResponse(TextView /*response*/, const CollectionPtr& /*collection*/) {

@@ -3,6 +3,7 @@
 
 #include "framework/constants.h"
 #include "framework/profile_mode.h"
+#include "framework/text_ops.h"
 #include "notes/profile_notes.h"
 #include "profile/profile.h"
 #include "transactions/maintenance/pb.h"
@@ -102,6 +103,8 @@ static_assert(namesAreUnique());
 
 const TextList* ProfileObject::list(TextView /*name*/) const { return nullptr; }
 
+const FlagList* ProfileObject::flagList(TextView /*name*/) const { return nullptr; }
+
 std::span<const ClassRow> classTable() { return table; }
 
 const ClassRow* findClass(TextView name) {
@@ -117,6 +120,15 @@ const CountProperty* findCount(const ClassRow& row, TextView name) {
 std::unique_ptr<ProfileObject> createObject(const ClassRow& row, Terminal& terminal) {
     if (row.creator == nullptr) fail(Failure::CannotCreateObject);
     return row.creator(terminal, row.errors);
+}
+
+std::unique_ptr<ProfileObject> createObject(TextView name, Terminal& terminal) {
+    const ClassRow* const row = findClass(name);
+    if (row == nullptr) {
+        throw Error(static_cast<int>(Failure::CannotCreateObject), applicationTitle,
+                    joined({u"There is no class named \"", name, u"\""}));
+    }
+    return createObject(*row, terminal);
 }
 
 }  // namespace vantro

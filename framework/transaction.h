@@ -25,23 +25,15 @@ protected:
     Parameters parameters(const CollectionPtr& collection) { return Parameters(terminal_, collection); }
 
     /// The usual shape of `VerifyResponse`: nothing for an empty response, otherwise a new collection that the
-    /// reader fills. A failure of the reader passes to the operation's own error number.
+    /// reader fills. The reader's failure is reported and leaves the results as far as they were added.
     template <class Reader>
-    CollectionPtr newResults(TextView response, Reader&& reader) {
+    CollectionPtr reportedResults(TextView response, Reader&& reader) {
         if (response.empty()) return {};
         CollectionPtr collection = terminal_.createCollection();
         Screen screen(terminal_, response);
         Results results(*collection);
-        std::forward<Reader>(reader)(screen, results);
+        reportErrors(terminal_, [&] { reader(screen, results); });
         return collection;
-    }
-
-    /// The same with a reader that reports its failures and leaves the results as far as it has added them.
-    template <class Reader>
-    CollectionPtr reportedResults(TextView response, Reader&& reader) {
-        return newResults(response, [&](Screen& screen, Results& results) {
-            reportErrors(terminal_, [&] { reader(screen, results); });
-        });
     }
 
 private:

@@ -2,6 +2,7 @@
 #include "framework/int16.h"
 #include "notes/profile_notes.h"
 #include "profile/host_line.h"
+#include "vantro/lists.h"
 
 namespace vantro {
 
@@ -69,9 +70,9 @@ void CProfileNotes::NoteLists::writeOut() {
 
 const TextList* CProfileNotes::list(TextView name) const {
     lists_.writeOut();
-    if (name == u"strNoteText") return &lists_.text;
-    if (name == u"strNoteNumber") return &lists_.number;
-    if (name == u"strNoteQualifier") return &lists_.qualifier;
+    if (name == noteTextList) return &lists_.text;
+    if (name == noteNumberList) return &lists_.number;
+    if (name == noteQualifierList) return &lists_.qualifier;
     return nullptr;
 }
 

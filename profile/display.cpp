@@ -24,12 +24,10 @@ Display::Display(Terminal& terminal, TextView text) : screen_(terminal, text), l
     marked_.reserve(usualMarks);
 }
 
+// Lines without any sign of a mark are passed at once.
 void Display::sweepNext() {
-    // Lines without any sign of a mark are passed at once.
-    if (screen_.linesAreSlices()) {
-        swept_ = std::min(nextLineThatMayBeMarked(screen_.text(), swept_), lines_.size());
-        if (swept_ == lines_.size()) return;
-    }
+    swept_ = std::min(nextLineThatMayBeMarked(screen_.text(), swept_), lines_.size());
+    if (swept_ == lines_.size()) return;
     addSwept(marksOf(screen_.line(static_cast<std::int16_t>(swept_))));
 }
 
@@ -50,8 +48,12 @@ void Display::lookAhead() {
 const DisplayLine& Display::lookAt(std::size_t index) {
     static const DisplayLine emptyLine;
     if (index >= lines_.size()) return emptyLine;
-    while (swept_ <= index) sweepNext();
     const Counter number(static_cast<std::int16_t>(index));
+    if (!screen_.linesAreSlices()) {
+        const TextView text = screen_.line(number);
+        return lines_.make(index, text, marksOf(text));
+    }
+    while (swept_ <= index) sweepNext();
     const auto marked = std::ranges::lower_bound(marked_, number, {}, &MarkedLine::number);
     const bool isMarked = marked != marked_.end() && marked->number == number;
     return lines_.make(index, screen_.line(number), isMarked ? marked->marks : LineMarks());
@@ -72,12 +74,26 @@ const Display::MarkedLine& Display::markedAt(std::size_t place) {
     return marked_[place];
 }
 
-Display::MarkedLine Display::nextMarked(Counter from) { return markedAt(placeOfNextMarked(from)); }
+// A terminal that makes its lines itself is asked for one line after the other, and for none that is not needed.
+template <class Wanted>
+Display::MarkedLine Display::nextFetched(Counter from, Wanted wanted) {
+    for (Counter number = from;; ++number) {
+        const LineMarks marks = line(number).marks();
+        if (wanted(marks)) return {number, marks};
+    }
+}
+
+Display::MarkedLine Display::nextMarked(Counter from) {
+    if (!screen_.linesAreSlices()) return nextFetched(from, [](LineMarks marks) { return marks.any(); });
+    return markedAt(placeOfNextMarked(from));
+}
 
 Display::MarkedLine Display::nextHeaderOrEnd(Section section, Counter from) {
+    const auto isWanted = [section](LineMarks marks) { return marks.holdsHeader(section) || marks.isEndOfDisplay(); };
+    if (!screen_.linesAreSlices()) return nextFetched(from, isWanted);
     for (std::size_t place = placeOfNextMarked(from);; ++place) {
         const MarkedLine& marked = markedAt(place);
-        if (marked.marks.holdsHeader(section) || marked.marks.isEndOfDisplay()) return marked;
+        if (isWanted(marked.marks)) return marked;
     }
 }
 

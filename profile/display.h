@@ -1,5 +1,7 @@
-// A profile display whose lines are each looked at once. A sweep finds the few lines that hold a mark; what else a
-// line holds is found out when it is first asked for; and every reader of the display shares both.
+// A profile display whose lines are each looked at once. Where lines are slices of the text, a sweep finds the few
+// lines that hold a mark; what else a line holds is found out when it is first asked for; and every reader of the
+// display shares both. A terminal that makes its lines itself is asked for the lines that a reader needs, in the
+// reader's order.
 #pragma once
 
 #include "framework/screen.h"
@@ -82,6 +84,8 @@ private:
         if (marks.any()) marked_.push_back({Counter(static_cast<std::int16_t>(swept_)), marks});
         ++swept_;
     }
+    template <class Wanted>
+    MarkedLine nextFetched(Counter from, Wanted wanted);
     std::size_t placeOfNextMarked(Counter from);
     const MarkedLine& markedAt(std::size_t place);
     JoinedLine joinedWithBelow(const DisplayLine& first, Counter number, JoinRule rule);

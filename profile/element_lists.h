@@ -4,8 +4,6 @@
 #include "profile/extractors.h"
 #include "vantro/text.h"
 
-#include <vector>
-
 namespace vantro {
 
 /// The lists of one family, all of the same length. Prefixed, document and follow-up families keep element k at
@@ -17,7 +15,7 @@ struct ElementLists {
     TextList carrier;
     TextList account;
     TextList freeText;
-    std::vector<bool> flag;  // service requests only; nothing ever sets an entry
+    FlagList flag;  // service requests only; nothing ever sets an entry
 };
 
 /// Fills lists that keep an empty entry 0.

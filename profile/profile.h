@@ -28,6 +28,7 @@ public:
 
     /// The lists by the names that the terminal knows: "strPPRText", "strServiceRequestCode", ...
     const TextList* list(TextView name) const override;
+    const FlagList* flagList(TextView name) const override;
 
 private:
     CollectionPtr IProfileGet_ProfileElements(TextView display, const CollectionPtr& collection, TextList* selection,

@@ -12,8 +12,10 @@ namespace vantro {
 enum class Failure : int {
     InvalidProcedureCall = 5,  ///< a position below 1, a negative length
     Overflow = 6,              ///< a 16-bit integer would leave -32768 to 32767
+    OutOfMemory = 7,           ///< no memory for a step
     SubscriptOutOfRange = 9,   ///< an index outside a list
     TypeMismatch = 13,         ///< a value that cannot be read as the wanted kind
+    InternalError = 51,        ///< a step of the terminal's failed in a way that has no number
     ObjectNotSet = 91,         ///< no collection or item where one is needed
     CannotCreateObject = 429,  ///< the class is known but this build cannot create it
 };
@@ -38,7 +40,14 @@ private:
     std::string what_;
 };
 
-/// Raises the error of a failing step; its source is "VantroProfileUtils".
+/// The error of a failing step; its source is "VantroProfileUtils".
+Error errorOf(Failure failure);
+
+/// Raises the error of a failing step.
 [[noreturn]] void fail(Failure failure);
+
+/// The exception that is being handled, as an error: an `Error` as it is, memory that ran out as 7, anything else
+/// as 51. To be called inside a catch block.
+Error currentError();
 
 }  // namespace vantro

@@ -19,8 +19,12 @@ public:
     virtual IProfileTrans* profileTrans() { return nullptr; }
     virtual IProfileGet* profileGet() { return nullptr; }
 
-    /// The list of this name that the last count filled ("strPPRText"); null when the class has no such list.
+    /// The list of texts of this name that the last count filled ("strPPRText"); null when the class has no such
+    /// list. vantro/lists.h names all lists.
     virtual const TextList* list(TextView name) const;
+
+    /// The same for a list of booleans: "blnServiceRequestFlag" alone.
+    virtual const FlagList* flagList(TextView name) const;
 
 protected:
     ProfileObject() = default;
@@ -53,7 +57,7 @@ struct ClassRow {
     std::unique_ptr<ProfileObject> (*creator)(Terminal& terminal, const TransErrors& errors);
 };
 
-/// All public classes, in the order of their names; the two parsers stand last.
+/// All public classes: the transactions, then the two parsers.
 std::span<const ClassRow> classTable();
 
 /// The row of a class by its exact name, or null.
@@ -64,5 +68,8 @@ const CountProperty* findCount(const ClassRow& row, TextView name);
 
 /// A new instance that works with this terminal library. Raises 429 when the class cannot be created.
 std::unique_ptr<ProfileObject> createObject(const ClassRow& row, Terminal& terminal);
+
+/// The same by the class's exact name. Raises 429, with the name in the description, when there is no such class.
+std::unique_ptr<ProfileObject> createObject(TextView name, Terminal& terminal);
 
 }  // namespace vantro

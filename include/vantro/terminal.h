@@ -33,8 +33,8 @@ public:
     /// absent item as empty text. Raises 13 for a list.
     virtual TextView ItemText(const ItemPtr& item, TextStore& store) = 0;
 
-    /// The item's value as boolean; an absent item is False. Raises 13 for a list and for a text that is
-    /// neither a truth word nor a whole number.
+    /// The item's value as boolean; an absent item and the empty text are False. Raises 13 for a list and for any
+    /// other text that is neither a truth word nor a whole number.
     virtual bool ItemBoolean(const ItemPtr& item) = 0;
 
     /// Line n of a screen (from 0), untrimmed; empty past the end. Raises 5 for n below 0.

@@ -144,5 +144,15 @@ TEST(CreateObject, AClassThatThisBuildCannotCreateRaises429) {
     EXPECT_EQ(error->source(), u"VantroProfileUtils");
 }
 
+TEST(CreateObject, TakesAClasssExactName) {
+    BuiltInTerminal terminal;
+    EXPECT_NE(createObject(u"CPDNTrans", terminal)->profileTrans(), nullptr);
+    const auto error = raised([&] { createObject(u"CPDNTran", terminal); });
+    ASSERT_TRUE(error);
+    EXPECT_EQ(error->number(), 429);
+    EXPECT_EQ(error->source(), u"VantroProfileUtils");
+    EXPECT_EQ(error->description(), u"There is no class named \"CPDNTran\"");
+}
+
 }  // namespace
 }  // namespace vantro

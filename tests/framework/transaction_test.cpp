@@ -6,6 +6,8 @@
 
 #include <gtest/gtest.h>
 
+#include <new>
+#include <stdexcept>
 #include <vector>
 
 namespace vantro {
@@ -15,12 +17,15 @@ constexpr TransErrors numbered{7001, 7002};
 constexpr Key<bool> firstKey{u"blnFirst"};
 constexpr Key<bool> secondKey{u"blnSecond"};
 
+using Step = void (*)();
+
 /// A transaction that does what the test tells it.
 class Probe final : public Transaction {
 public:
-    Probe(Terminal& terminal, const TransErrors& errors) : Transaction(terminal, errors) {}
+    Probe(Terminal& terminal, const TransErrors& errors) : Transaction(terminal, errors), terminal_(terminal) {}
 
     bool failing = false;      ///< every operation fails
+    Step step = {};            ///< what the reader does between its two results
     bool reporting = false;    ///< the reader reports its failure instead of raising it
     bool failingHalf = false;  ///< the reader fails between its two results
 
@@ -35,10 +40,19 @@ private:
         const auto read = [this](Screen& screen, Results& results) {
             results.add(firstKey, screen.line(std::int16_t{0}) == u"YES");
             if (failingHalf) fail(Failure::TypeMismatch);
+            if (step) step();
             results.add(secondKey, true);
         };
-        return reporting ? reportedResults(response, read) : newResults(response, read);
+        if (reporting) return reportedResults(response, read);
+        if (response.empty()) return {};
+        const CollectionPtr added = terminal_.createCollection();
+        Screen screen(terminal_, response);
+        Results results(*added);
+        read(screen, results);
+        return added;
     }
+
+    Terminal& terminal_;
 };
 
 class TransactionTest : public testing::Test {
@@ -116,10 +130,59 @@ TEST_F(TransactionTest, AReportingReaderKeepsWhatItHadAdded) {
     EXPECT_EQ(reported, std::vector<int>{13});
 }
 
+// A terminal that is no C++ of ours may throw what it likes.
+struct Thrown {
+    Step step;
+    int number;
+    TextView description;
+};
+
+class ForeignException : public TransactionTest, public testing::WithParamInterface<Thrown> {};
+
+INSTANTIATE_TEST_SUITE_P(All, ForeignException,
+                         testing::Values(Thrown{[] { throw std::bad_alloc(); }, 7, u"Out of memory"},
+                                         Thrown{[] { throw std::runtime_error("line lost"); }, 51, u"Internal error"},
+                                         Thrown{[] { throw 42; }, 51, u"Internal error"}));
+
+TEST_P(ForeignException, BecomesTheOperationsNumber) {
+    probe.step = GetParam().step;
+    EXPECT_EQ(raisedNumber([&] { probe.VerifyResponse(u"YES", nullptr); }), 7002);
+}
+
+TEST_P(ForeignException, IsReportedLikeAnyOtherFailure) {
+    std::vector<Error> errors;
+    BuiltInTerminal listening{[&](const Error& error) { errors.push_back(error); }};
+    Probe reader(listening, numbered);
+    reader.reporting = true;
+    reader.step = GetParam().step;
+    EXPECT_EQ(keysOf(reader.VerifyResponse(u"YES", nullptr)), 1U);
+    ASSERT_EQ(errors.size(), 1U);
+    EXPECT_EQ(errors[0].number(), GetParam().number);
+    EXPECT_EQ(errors[0].description(), GetParam().description);
+    EXPECT_EQ(errors[0].source(), u"VantroProfileUtils");
+}
+
+TEST_P(ForeignException, PassesUnchangedWhereTheOperationHasNoNumber) {
+    Probe plain(terminal, TransErrors{});
+    plain.step = GetParam().step;
+    bool isError = false;
+    bool isOther = false;
+    try {
+        plain.VerifyResponse(u"YES", nullptr);
+    } catch (const Error&) {
+        isError = true;
+    } catch (...) {
+        isOther = true;
+    }
+    EXPECT_FALSE(isError);
+    EXPECT_TRUE(isOther);
+}
+
 TEST_F(TransactionTest, HasTheTransactionInterfaceAndNoOther) {
     EXPECT_EQ(probe.profileTrans(), static_cast<IProfileTrans*>(&probe));
     EXPECT_EQ(probe.profileGet(), nullptr);
     EXPECT_EQ(probe.list(u"strPPRText"), nullptr);
+    EXPECT_EQ(probe.flagList(u"blnServiceRequestFlag"), nullptr);
 }
 
 struct BareParser final : IProfileGet {};

@@ -1,310 +1,239 @@
-// The calls that each operation makes of the terminal, in their order, and the values that stay when a reader stops
-// half-way. What each call's failure leads to is asked in tests/failures.
+// Which calls of the terminal each transaction makes, and in which order: no more than the reading needs.
+#include "tests/support/call_summary.h"
 #include "tests/support/collections.h"
 #include "tests/support/failing_terminal.h"
-#include "tests/support/failure_rules.h"
 #include "tests/support/screens.h"
-#include "tests/support/text.h"
 #include "vantro/registry.h"
 
 #include <gtest/gtest.h>
 
-#include <memory>
 #include <optional>
-#include <ostream>
 #include <string>
-#include <vector>
 
 namespace vantro::test {
 namespace {
 
-enum class Operation { Create, Verify };
+struct CommandCalls {
+    std::string name;
+    TextView className;
+    Entries params;
+    std::string calls;
+};
 
-struct Scenario {
-    const char* name;
-    const char16_t* className;
-    Operation operation;
-    std::optional<Entries> collection;
+std::string commandName(const testing::TestParamInfo<CommandCalls>& row) { return row.param.name; }
+
+class CommandCallsOf : public testing::TestWithParam<CommandCalls> {};
+
+const TextList oneGroup{u"3"};
+const TextList twoGroups{u"3", u"7"};
+
+INSTANTIATE_TEST_SUITE_P(
+    Each, CommandCallsOf,
+    testing::Values(
+        CommandCalls{"PBI", u"CPBITrans", {{u"strKeyIndex", u"2"}}, "text strKeyIndex; flag blnKeyAllPNR"},
+        CommandCalls{"PBIWithoutIndex", u"CPBITrans", {}, "text strKeyIndex"},
+        CommandCalls{"PBN",
+                     u"CPBNTrans",
+                     {},
+                     "text strKeyIndicator strKeyCompany strKeyName; flag blnKeyAllPNR blnKeyExactMatch"},
+        CommandCalls{"PCN", u"CPCNTrans", {}, "text strKeyCompany"},
+        CommandCalls{"PDA", u"CPDATrans", {}, "text strKeyName strKeyCompany"},
+        CommandCalls{"PDI", u"CPDITrans", {}, "text strKeyIndex"}, CommandCalls{"PDMD", u"CPDMDTrans", {}, ""},
+        CommandCalls{
+            "PDN", u"CPDNTrans", {}, "text strKeyName strKeyCompany; flag blnKeyExactMatch; text strKeyOfficeID"},
+        CommandCalls{"PDR", u"CPDRTrans", {}, "text strKeyRecLoc strKeyIndicator"},
+        CommandCalls{"PD", u"CPDTrans", {}, "text strKeyItemNr; flag blnKeyFromPNR"},
+        CommandCalls{"PDT", u"CPDTTrans", {}, ""}, CommandCalls{"PH", u"CPHTrans", {}, "text strKeyElementNr"},
+        CommandCalls{"PLC", u"CPLCTrans", {}, "text strKeyOfficeID"},
+        CommandCalls{"PLT", u"CPLTTrans", {}, "text strKeyOfficeID strKeyCompany; flag blnKeyExactMatch"},
+        CommandCalls{"Mode", u"CProfileMode", {}, "flag blnKeyUpdate blnKeyExit blnKeyEnter blnKeyIgnore"},
+        CommandCalls{"PX", u"CPXTrans", {}, "text strKeyItemNr"}, CommandCalls{"RLP", u"CRLPTrans", {}, ""},
+        CommandCalls{"PT",
+                     u"CPTTrans",
+                     {},
+                     "flag blnKeyAllPNR blnKeyOverride; "
+                     "text strKeyElements strKeySegAsso strKeyPasAsso intKeyArraySize"},
+        CommandCalls{"PTBothForms",
+                     u"CPTTrans",
+                     {{u"strKeyElements", u"3"}, {u"intKeyArraySize", u"0"}, {u"strKeyElArray()", oneGroup}},
+                     "flag blnKeyAllPNR blnKeyOverride; "
+                     "text strKeyElements strKeySegAsso strKeyPasAsso intKeyArraySize"},
+        CommandCalls{"PTList",
+                     u"CPTTrans",
+                     {{u"intKeyArraySize", u"1"},
+                      {u"strKeyElArray()", twoGroups},
+                      {u"strKeySegArray()", twoGroups},
+                      {u"strKeyPasArray()", twoGroups}},
+                     "flag blnKeyAllPNR blnKeyOverride; "
+                     "text strKeyElements strKeySegAsso strKeyPasAsso intKeyArraySize; "
+                     "value strKeyElArray() strKeySegArray() strKeyPasArray() "
+                     "strKeyElArray() strKeySegArray() strKeyPasArray()"},
+        CommandCalls{"PN", u"CProfileNotes", {}, "text strCommand"}),
+    commandName);
+
+TEST_P(CommandCallsOf, AreTheReadsOfItsParametersInTheirOrder) {
+    FailingTerminal terminal;
+    const auto object = createObject(GetParam().className, terminal);
+    object->profileTrans()->CreateCommand(terminal.watched(collection(GetParam().params)));
+    EXPECT_EQ(summaryOf(terminal.calls()), GetParam().calls);
+}
+
+struct ReadingCalls {
+    std::string name;
+    TextView className;
     Text screen;
-    Calls calls;
+    std::optional<Entries> state;  ///< no collection is passed without one
+    std::string calls;
 };
 
-void PrintTo(const Scenario& scenario, std::ostream* out) { *out << scenario.name; }
+std::string readingName(const testing::TestParamInfo<ReadingCalls>& row) { return row.param.name; }
 
-std::string scenarioName(const testing::TestParamInfo<Scenario>& row) { return row.param.name; }
+class ReadingCallsOf : public testing::TestWithParam<ReadingCalls> {};
 
-/// What one call of the operation led to.
-struct Outcome {
-    CollectionPtr results;
-    std::optional<Error> raised;
-    std::vector<Report> reports;
-    Calls calls;
-};
+const Text other = screen({u"ECHO", u"SOMETHING ELSE"});
+const Text traveller = screen({u"ECHO", u"*T*  SMITH/ANNA MS", u"MORE"});
+const Text companyList =
+    screen({u"PDN/KES", u"SIMILAR COMPANY NAME LIST", u"     COMPANY                    RECLOC     OFFICE",
+            u"   1 KESTRELLO TOOLS          Q2W3E4     NCEVN3101", u"END OF BLOCK - USE PDMD", u"   2 LOST", u"LOST"});
+// Eleven lines, so that the block goes on below the lines in which a title may stand.
+const Text longContinuation = screen({u"PDMD", u"   8 COMPANY H               Q2W3E4",
+                                      u"   9 COMPANY I               Q2W3E4", u"  10 COMPANY J               Q2W3E4",
+                                      u"  11 COMPANY K               Q2W3E4", u"  12 COMPANY L               Q2W3E4",
+                                      u"  13 COMPANY M               Q2W3E4", u"  14 COMPANY N               Q2W3E4",
+                                      u"  15 COMPANY O               Q2W3E4", u"  16 COMPANY P               Q2W3E4",
+                                      u"  17 COMPANY Q               Q2W3E4", u"END OF BLOCK - USE PDMD", u"LOST"});
+const Text officeTravellers =
+    screen({u"PLT/NCEVN3101", u"TRAVELLER LIST FOR NCEVN3101", u"NEVER LOOKED AT",
+            u"     NAME                   RECLOC  COMPANY", u"   1 ABELMANN/IDA MS        H1J2K3",
+            u"END OF BLOCK - USE PDMD", u">", u"LOST"});
+const Text officeCompanies =
+    screen({u"PLT//KES", u"SIMILAR COMPANY NAME LIST", u"NEVER LOOKED AT", u"     COMPANY             OFFICE",
+            u"   1 KESTRELLO TOOLS", u"NO NUMBER", u">", u"LOST"});
+const Text history =
+    screen({u"PH", u"PROFILE HISTORY              KQ4R7T", u"TRAVELLER PROFILE   : SMITH/ANNA MS",
+            u"LAST PNR TRANSFER  : 04MAR24", u"PROFILE CREATION   : 19AUG21", u"COMPANY PROFILE      LOST"});
+const Text linked = screen({u"RLP", u"--- RLR ---", u"RP/NCEVN3101/", u"T/KQ4R7T /P1", u">", u"LOST"});
 
-Outcome run(const Scenario& scenario, int failAt) {
-    FailingTerminal terminal(Failing{failAt});
-    const auto object = createObject(*findClass(scenario.className), terminal);
-    const CollectionPtr given = terminal.watched(scenario.collection ? collection(*scenario.collection) : nullptr);
-    Outcome outcome;
-    try {
-        if (scenario.operation == Operation::Create) {
-            object->profileTrans()->CreateCommand(given);
-        } else {
-            outcome.results = object->profileTrans()->VerifyResponse(scenario.screen, given);
-        }
-    } catch (const Error& error) {
-        outcome.raised = error;
-    }
-    outcome.reports = terminal.reports();
-    outcome.calls = terminal.calls();
-    return outcome;
+const std::string titleResults =
+    "add blnKeyTrList blnKeyTrProfile blnKeyCompanyList blnKeyCoProfile blnKeyMerge strKeyCoNames blnKeyEndOfBlock "
+    "strKeyRecLocPos";
+const std::string similarResults =
+    "add blnKeyCoProfile blnKeyTrProfile blnKeyCoList strKeyCoNames blnKeyTrList blnKeyEndOfBlock";
+const std::string officeResults =
+    "add blnKeyTravellerList blnKeyCompanyList blnKeyProfile blnKeyMerge strKeyCoNames blnKeyNoCoFoundString "
+    "blnKeyNoTrPrFoundString strKeyNoCoAssoArray()";
+const std::string itemResults = "add blnKeyList blnKeyProfile blnKeyMerge blnKeyEndOfList blnKeyError blnKeyCoProfile";
+const std::string locatorResults =
+    "add blnKeyCoProfile blnKeyTrProfile blnKeyErrNoRecLoc blnKeyErrCheckInput blnKeyMerged blnKeyDeactivatedTProfile";
+const std::string historyResults =
+    "add blnKeyProfile blnKeyEndOfList strKeyLastPNRTransDate strKeyName strKeyProfileCreationDate";
+const std::string messageResults = "add blnKeyResponseOK strKeyErrorString";
+const Entries continued{{u"blnKeyEndOfBlock", true}, {u"strKeyRecLocPos", u"30"}};
+
+INSTANTIATE_TEST_SUITE_P(
+    Each, ReadingCallsOf,
+    testing::Values(
+        ReadingCalls{"PDN", u"CPDNTrans", other, {}, "line 1-9; new; " + titleResults},
+        ReadingCalls{"PDNProfile", u"CPDNTrans", traveller, {}, "line 1; new; " + titleResults},
+        ReadingCalls{"PDNList", u"CPDNTrans", companyList, {}, "line 1-4; new; " + titleResults},
+        ReadingCalls{"PDNContinuation", u"CPDNTrans", longContinuation, continued,
+                     "flag blnKeyEndOfBlock; text strKeyRecLocPos; line 1-11; new; " + titleResults},
+        ReadingCalls{"PDNEmpty", u"CPDNTrans", {}, continued, ""},
+
+        // The collection comes first, and the state is read even for an empty response.
+        ReadingCalls{"PDA", u"CPDATrans", other, {}, "new; line 0-5; " + similarResults},
+        ReadingCalls{"PDAProfile", u"CPDATrans", traveller, {}, "new; line 0-1; " + similarResults},
+        ReadingCalls{"PDAList", u"CPDATrans", companyList, {}, "new; line 0-4; " + similarResults},
+        ReadingCalls{"PDAContinuation", u"CPDATrans", longContinuation, continued,
+                     "new; flag blnKeyEndOfBlock; line 0-11; " + similarResults},
+        ReadingCalls{"PDAEmpty", u"CPDATrans", {}, {}, "new"},
+        ReadingCalls{"PDAEmptyContinuation", u"CPDATrans", {}, continued, "new; flag blnKeyEndOfBlock"},
+
+        ReadingCalls{"PDMD", u"CPDMDTrans", companyList, continued, ""},
+
+        // "PD" and "PDT" cut their lines from the response by themselves.
+        ReadingCalls{"PD", u"CPDTrans", traveller, {}, "new; " + itemResults},
+        ReadingCalls{"PDT", u"CPDTTrans", traveller, {}, "new; add blnKeyProfile"},
+        ReadingCalls{"PDTEmpty", u"CPDTTrans", {}, {}, ""},
+        ReadingCalls{"PDI", u"CPDITrans", other, {}, "new; line 0-5; add blnKeyCoProfile blnKeyTrProfile"},
+        ReadingCalls{"PDIProfile", u"CPDITrans", traveller, {}, "new; line 0-1; add blnKeyCoProfile blnKeyTrProfile"},
+
+        ReadingCalls{"PDR", u"CPDRTrans", other, {}, "new; line 0-3; " + locatorResults},
+        ReadingCalls{"PDRProfile", u"CPDRTrans", traveller, {}, "new; line 0-1; " + locatorResults},
+        ReadingCalls{
+            "PCN", u"CPCNTrans", other, {}, "find *T* at 4 *C* at 4; new; add blnKeyTrProfile blnKeyCoProfile"},
+        ReadingCalls{
+            "PCNTraveller", u"CPCNTrans", traveller, {}, "find *T* at 4; new; add blnKeyTrProfile blnKeyCoProfile"},
+        ReadingCalls{"PCNEmpty", u"CPCNTrans", {}, {}, ""},
+
+        ReadingCalls{"PLC", u"CPLCTrans", other, {}, "new; line 1-9; add blnKeyCompanyList blnKeyProfile"},
+        ReadingCalls{"PLCList",
+                     u"CPLCTrans",
+                     screen({u"", u"COMPANY NAME LIST", u""}),
+                     {},
+                     "new; line 1; add blnKeyCompanyList blnKeyProfile"},
+        ReadingCalls{"PLT", u"CPLTTrans", other, {}, "new; line 1-9; " + officeResults},
+        ReadingCalls{"PLTTravellers", u"CPLTTrans", officeTravellers, {}, "new; line 1 3-6; " + officeResults},
+        ReadingCalls{"PLTCompanies", u"CPLTTrans", officeCompanies, {}, "new; line 1 3-6; " + officeResults},
+
+        ReadingCalls{"PH", u"CPHTrans", other, {}, "new; line 0-5; " + historyResults},
+        ReadingCalls{"PHHistory", u"CPHTrans", history, {}, "new; line 0-4; " + historyResults},
+        ReadingCalls{"PHWithoutDates",
+                     u"CPHTrans",
+                     screen({u"", u"PROFILE HISTORY", u"NOTHING ELSE"}),
+                     {},
+                     "new; line 0-12; " + historyResults},
+
+        ReadingCalls{"PT",
+                     u"CPTTrans",
+                     other,
+                     {},
+                     "new; find RP/ at 10 - PNR CREATED at 10 - PNR UPDATED at 10; "
+                     "add blnKeyPNR blnKeyPNRCreated blnKeyPNRUpdated"},
+        ReadingCalls{
+            "PBN", u"CPBNTrans", other, {}, "new; find RP/ at 6 - PNR UPDATED at 6; add blnKeyPNR blnKeyPNRUpdated"},
+        ReadingCalls{
+            "PBI", u"CPBITrans", other, {}, "new; find RP/ at 6 - PNR UPDATED at 6; add blnKeyPNR blnKeyPNRUpdated"},
+
+        ReadingCalls{"PX", u"CPXTrans", other, {}, "new; line 0-4; add blnKeyResponseOK"},
+        ReadingCalls{"PXAccepted",
+                     u"CPXTrans",
+                     screen({u"PX3", u"PROFILE WILL BE DEACTIVATED", u"LOST"}),
+                     {},
+                     "new; line 0-1; add blnKeyResponseOK"},
+
+        ReadingCalls{"RLP", u"CRLPTrans", linked, Entries{{u"strKeyIndex", u"0"}},
+                     "text strKeyIndex; new; line 1-2 1-4; "
+                     "add strKeyPasAsso strKeyRecLoc blnKeyTraveller blnKeyCompany"},
+        ReadingCalls{"RLPNone", u"CRLPTrans", screen({u"RLP", u"NO ELEMENT FOUND", u"LOST"}),
+                     Entries{{u"strKeyIndex", u"0"}}, "text strKeyIndex; new; line 1; add blnKeyNoElementsFound"},
+        ReadingCalls{"RLPOther", u"CRLPTrans", other, Entries{{u"strKeyIndex", u"0"}},
+                     "text strKeyIndex; new; line 1-4"},
+
+        ReadingCalls{"Mode", u"CProfileMode", other, Entries{},
+                     "flag blnKeyUpdate blnKeyExit blnKeyEnter blnKeyIgnore; line 1; " + messageResults},
+        ReadingCalls{"PN", u"CProfileNotes", other, Entries{}, "text strCommand; line 1; " + messageResults}),
+    readingName);
+
+TEST_P(ReadingCallsOf, AreThoseOfTheLinesThatItLooksAtAndOfItsResults) {
+    FailingTerminal terminal;
+    const auto object = createObject(GetParam().className, terminal);
+    const auto& state = GetParam().state;
+    object->profileTrans()->VerifyResponse(GetParam().screen, terminal.watched(state ? collection(*state) : nullptr));
+    EXPECT_EQ(summaryOf(terminal.calls()), GetParam().calls);
+    EXPECT_TRUE(terminal.reports().empty());
 }
 
-class TheCallsOf : public testing::TestWithParam<Scenario> {};
+TEST(RecLocCountCalls, EndAtThePromptOrAtLine24) {
+    FailingTerminal terminal;
+    const auto object = createObject(u"CRLPTrans", terminal);
+    const CountProperty& count = *findCount(*findClass(u"CRLPTrans"), u"RecLocCount");
+    count.call(*object, CountRequest{linked});
+    EXPECT_EQ(summaryOf(terminal.calls()), "line 1-4");
 
-TEST_P(TheCallsOf, AnOperationComeInOrder) {
-    const Outcome outcome = run(GetParam(), 0);
-    EXPECT_FALSE(outcome.raised);
-    EXPECT_TRUE(outcome.reports.empty());
-    EXPECT_EQ(outcome.calls, GetParam().calls);
-}
-
-constexpr TextView companies = u"SIMILAR COMPANY NAME LIST";
-constexpr TextView header = u"     COMPANY         RECLOC     ";
-constexpr TextView entry = u"   1 KESTRELLO       Q2W3E4";
-constexpr TextView endOfBlock = u"END OF BLOCK - USE PDMD";
-
-// clang-format off
-const std::vector<Scenario> searches{
-    {"PDN_Command", u"CPDNTrans", Operation::Create, Entries{{u"strKeyName", u"SMITH"}, {u"strKeyCompany", u"K"},
-        {u"blnKeyExactMatch", true}, {u"strKeyOfficeID", u"N"}}, {},
-        {"Item strKeyName", "ItemText", "Item strKeyCompany", "ItemText", "Item blnKeyExactMatch",
-         "ItemBoolean", "Item strKeyOfficeID", "ItemText"}},
-    {"PDN_CompanyList", u"CPDNTrans", Operation::Verify,
-        Entries{{u"blnKeyEndOfBlock", false}, {u"strKeyRecLocPos", u""}},
-        screen({u"PDN/KES", companies, header, entry, endOfBlock}),
-        {"Item blnKeyEndOfBlock", "ItemBoolean", "Item strKeyRecLocPos", "ItemText",
-         "ScreenLine 1", "ScreenLine 2", "ScreenLine 3", "ScreenLine 4", "createCollection",
-         "Add blnKeyTrList", "Add blnKeyTrProfile", "Add blnKeyCompanyList", "Add blnKeyCoProfile",
-         "Add blnKeyMerge", "Add strKeyCoNames", "Add blnKeyEndOfBlock", "Add strKeyRecLocPos"}},
-    {"PDN_WithoutState", u"CPDNTrans", Operation::Verify, {}, screen({u"PDN/-SMITH", u"", u"*T* SMITH"}),
-        {"ScreenLine 1", "ScreenLine 2", "createCollection",
-         "Add blnKeyTrList", "Add blnKeyTrProfile", "Add blnKeyCompanyList", "Add blnKeyCoProfile",
-         "Add blnKeyMerge", "Add strKeyCoNames", "Add blnKeyEndOfBlock", "Add strKeyRecLocPos"}},
-    {"PDA_Command", u"CPDATrans", Operation::Create, Entries{{u"strKeyName", u"SMITH"}}, {},
-        {"Item strKeyName", "ItemText", "Item strKeyCompany", "ItemText"}},
-    {"PDA_CompanyList", u"CPDATrans", Operation::Verify, Entries{{u"blnKeyEndOfBlock", false}},
-        screen({u"PDA/KES", companies, u"     COMPANY     ", entry, endOfBlock}),
-        {"createCollection", "Item blnKeyEndOfBlock", "ItemBoolean",
-         "ScreenLine 0", "ScreenLine 1", "ScreenLine 2", "ScreenLine 3", "ScreenLine 4",
-         "Add blnKeyCoProfile", "Add blnKeyTrProfile", "Add blnKeyCoList", "Add strKeyCoNames",
-         "Add blnKeyTrList", "Add blnKeyEndOfBlock"}},
-    {"PD_Command", u"CPDTrans", Operation::Create, Entries{{u"strKeyItemNr", u"3"}}, {},
-        {"Item strKeyItemNr", "ItemText", "Item blnKeyFromPNR", "ItemBoolean"}},
-    {"PD_Profile", u"CPDTrans", Operation::Verify, Entries{}, screen({u"PD3", u"*T*"}),
-        {"createCollection", "Add blnKeyList", "Add blnKeyProfile", "Add blnKeyMerge", "Add blnKeyEndOfList",
-         "Add blnKeyError", "Add blnKeyCoProfile"}},
-    {"PDI_Command", u"CPDITrans", Operation::Create, Entries{{u"strKeyIndex", u"3"}}, {},
-        {"Item strKeyIndex", "ItemText"}},
-    {"PDI_Profile", u"CPDITrans", Operation::Verify, {}, screen({u"PDI/3", u"*T*"}),
-        {"createCollection", "ScreenLine 0", "ScreenLine 1", "Add blnKeyCoProfile", "Add blnKeyTrProfile"}},
-    {"PDT_Command", u"CPDTTrans", Operation::Create, Entries{}, {}, {}},
-    {"PDT_Profile", u"CPDTTrans", Operation::Verify, {}, screen({u"PDT", u"*T*"}),
-        {"createCollection", "Add blnKeyProfile"}},
-    {"PDR_Command", u"CPDRTrans", Operation::Create, Entries{{u"strKeyRecLoc", u"KQ4R7T"}}, {},
-        {"Item strKeyRecLoc", "ItemText", "Item strKeyIndicator", "ItemText"}},
-    {"PDR_Refusal", u"CPDRTrans", Operation::Verify, {}, screen({u"PDR/KQ4R7T", u"CHECK INPUT"}),
-        {"createCollection", "ScreenLine 0", "ScreenLine 1", "ScreenLine 2", "ScreenLine 3",
-         "Add blnKeyCoProfile", "Add blnKeyTrProfile", "Add blnKeyErrNoRecLoc", "Add blnKeyErrCheckInput",
-         "Add blnKeyMerged", "Add blnKeyDeactivatedTProfile"}},
-    {"PCN_Command", u"CPCNTrans", Operation::Create, Entries{{u"strKeyCompany", u"K"}}, {},
-        {"Item strKeyCompany", "ItemText"}},
-    {"PCN_Company", u"CPCNTrans", Operation::Verify, {}, screen({u"PCN/K", u"*C*"}),
-        {"createCollection", "FindMarker *T* at 4", "FindMarker *C* at 4", "Add blnKeyTrProfile",
-         "Add blnKeyCoProfile"}},
-    {"PCN_TravellerAsksNoFurther", u"CPCNTrans", Operation::Verify, {}, screen({u"PCN/K", u"*T*"}),
-        {"createCollection", "FindMarker *T* at 4", "Add blnKeyTrProfile", "Add blnKeyCoProfile"}},
-    {"PLT_Command", u"CPLTTrans", Operation::Create, Entries{{u"strKeyOfficeID", u"N"}}, {},
-        {"Item strKeyOfficeID", "ItemText", "Item strKeyCompany", "ItemText", "Item blnKeyExactMatch",
-         "ItemBoolean"}},
-    {"PLT_CompanyList", u"CPLTTrans", Operation::Verify, {},
-        screen({u"PLT//K", companies, u"", u"     COMPANY     ", entry, u">"}),
-        {"createCollection", "ScreenLine 1", "ScreenLine 3", "ScreenLine 4", "ScreenLine 5",
-         "Add blnKeyTravellerList", "Add blnKeyCompanyList", "Add blnKeyProfile", "Add blnKeyMerge",
-         "Add strKeyCoNames", "Add blnKeyNoCoFoundString", "Add blnKeyNoTrPrFoundString",
-         "Add strKeyNoCoAssoArray()"}},
-    {"PLT_TravellerListLocatorsHaveAReaderOfTheirOwn", u"CPLTTrans", Operation::Verify, {},
-        screen({u"PLT", u"TRAVELLER LIST FOR N", u"", u"     NAME                   RECLOC  ", entry, u">"}),
-        {"createCollection", "ScreenLine 1", "ScreenLine 3", "ScreenLine 4", "ScreenLine 5",
-         "Add blnKeyTravellerList", "Add blnKeyCompanyList", "Add blnKeyProfile", "Add blnKeyMerge",
-         "Add strKeyCoNames", "Add blnKeyNoCoFoundString", "Add blnKeyNoTrPrFoundString",
-         "Add strKeyNoCoAssoArray()"}},
-    {"PLC_Command", u"CPLCTrans", Operation::Create, Entries{}, {}, {"Item strKeyOfficeID", "ItemText"}},
-    {"PLC_List", u"CPLCTrans", Operation::Verify, {}, screen({u"PLC", u"COMPANY NAME LIST"}),
-        {"createCollection", "ScreenLine 1", "Add blnKeyCompanyList", "Add blnKeyProfile"}},
-    {"PH_Command", u"CPHTrans", Operation::Create, Entries{}, {}, {"Item strKeyElementNr", "ItemText"}},
-    {"PH_History", u"CPHTrans", Operation::Verify, {},
-        screen({u"PH", u"PROFILE HISTORY", u"LAST PNR TRANSFER  :", u"PROFILE CREATION   :"}),
-        {"createCollection", "ScreenLine 0", "ScreenLine 1", "ScreenLine 2", "ScreenLine 3",
-         "Add blnKeyProfile", "Add blnKeyEndOfList", "Add strKeyLastPNRTransDate", "Add strKeyName",
-         "Add strKeyProfileCreationDate"}},
-};
-
-const std::vector<Scenario> maintenance{
-    {"Mode_Command", u"CProfileMode", Operation::Create, Entries{{u"blnKeyEnter", true}}, {},
-        {"Item blnKeyUpdate", "ItemBoolean", "Item blnKeyExit", "ItemBoolean", "Item blnKeyEnter",
-         "ItemBoolean", "Item blnKeyIgnore", "ItemBoolean"}},
-    {"Mode_Answer", u"CProfileMode", Operation::Verify, Entries{{u"blnKeyEnter", true}},
-        screen({u"PM", u"*PROFILE MODE*"}),
-        {"Item blnKeyUpdate", "ItemBoolean", "Item blnKeyExit", "ItemBoolean", "Item blnKeyEnter",
-         "ItemBoolean", "Item blnKeyIgnore", "ItemBoolean", "ScreenLine 1", "Add blnKeyResponseOK",
-         "Add strKeyErrorString"}},
-    {"PT_Single", u"CPTTrans", Operation::Create, Entries{{u"strKeyElements", u"3"}}, {},
-        {"Item blnKeyAllPNR", "ItemBoolean", "Item blnKeyOverride", "ItemBoolean", "Item strKeyElements",
-         "ItemText", "Item strKeySegAsso", "ItemText", "Item strKeyPasAsso", "ItemText",
-         "Item intKeyArraySize", "ItemText"}},
-    {"PT_ListsAreFetchedAnewForEveryEntry", u"CPTTrans", Operation::Create,
-        Entries{{u"intKeyArraySize", u"1"}, {u"strKeyElArray()", TextList{u"a long list of elements", u"4"}},
-                {u"strKeySegArray()", TextList{u"a long list of segments", u""}},
-                {u"strKeyPasArray()", TextList{u"a long list of passengers", u""}}}, {},
-        {"Item blnKeyAllPNR", "ItemBoolean", "Item blnKeyOverride", "ItemBoolean", "Item strKeyElements",
-         "ItemText", "Item strKeySegAsso", "ItemText", "Item strKeyPasAsso", "ItemText",
-         "Item intKeyArraySize", "ItemText",
-         "Item strKeyElArray()", "Value", "Item strKeySegArray()", "Value", "Item strKeyPasArray()", "Value",
-         "Item strKeyElArray()", "Value", "Item strKeySegArray()", "Value", "Item strKeyPasArray()", "Value"}},
-    {"PT_Answer", u"CPTTrans", Operation::Verify, {}, screen({u"PT3", u"RP/"}),
-        {"createCollection", "FindMarker RP/ at 10", "FindMarker - PNR CREATED at 10",
-         "FindMarker - PNR UPDATED at 10", "Add blnKeyPNR", "Add blnKeyPNRCreated", "Add blnKeyPNRUpdated"}},
-    {"PBN_Command", u"CPBNTrans", Operation::Create, Entries{{u"strKeyIndicator", u"Company"}}, {},
-        {"Item strKeyIndicator", "ItemText", "Item strKeyCompany", "ItemText", "Item strKeyName", "ItemText",
-         "Item blnKeyAllPNR", "ItemBoolean", "Item blnKeyExactMatch", "ItemBoolean"}},
-    {"PBN_Answer", u"CPBNTrans", Operation::Verify, {}, screen({u"PBN/K", u"RP/"}),
-        {"createCollection", "FindMarker RP/ at 6", "FindMarker - PNR UPDATED at 6", "Add blnKeyPNR",
-         "Add blnKeyPNRUpdated"}},
-    {"PBI_Command", u"CPBITrans", Operation::Create, Entries{{u"strKeyIndex", u"2"}}, {},
-        {"Item strKeyIndex", "ItemText", "Item blnKeyAllPNR", "ItemBoolean"}},
-    {"PBI_WithoutIndex", u"CPBITrans", Operation::Create, Entries{}, {}, {"Item strKeyIndex", "ItemText"}},
-    {"PBI_Answer", u"CPBITrans", Operation::Verify, {}, screen({u"PBI/2", u"RP/"}),
-        {"createCollection", "FindMarker RP/ at 6", "FindMarker - PNR UPDATED at 6", "Add blnKeyPNR",
-         "Add blnKeyPNRUpdated"}},
-    {"RLP_Command", u"CRLPTrans", Operation::Create, Entries{}, {}, {}},
-    {"RLP_Entry", u"CRLPTrans", Operation::Verify, Entries{{u"strKeyIndex", u"0"}},
-        screen({u"RLP", u"", u"RP/", u"T/ABC123 /P1", u">"}),
-        {"Item strKeyIndex", "ItemText", "createCollection", "ScreenLine 1", "ScreenLine 2",
-         // the count has a reader of its own; entry 0 is there from its beginning
-         "ScreenLine 1", "ScreenLine 2", "ScreenLine 3", "ScreenLine 4",
-         "Add strKeyPasAsso", "Add strKeyRecLoc", "Add blnKeyTraveller", "Add blnKeyCompany"}},
-    {"RLP_NoElement", u"CRLPTrans", Operation::Verify, Entries{{u"strKeyIndex", u"0"}},
-        screen({u"RLP", u"NO ELEMENT FOUND"}),
-        {"Item strKeyIndex", "ItemText", "createCollection", "ScreenLine 1", "Add blnKeyNoElementsFound"}},
-    {"PX_Command", u"CPXTrans", Operation::Create, Entries{{u"strKeyItemNr", u"3"}}, {},
-        {"Item strKeyItemNr", "ItemText"}},
-    {"PX_Answer", u"CPXTrans", Operation::Verify, {}, screen({u"PX3", u"WILL BE DEACTIVATED"}),
-        {"createCollection", "ScreenLine 0", "ScreenLine 1", "Add blnKeyResponseOK"}},
-    {"PDMD_Command", u"CPDMDTrans", Operation::Create, Entries{}, {}, {}},
-    {"Notes_Command", u"CProfileNotes", Operation::Create, Entries{{u"strCommand", u"PN"}}, {},
-        {"Item strCommand", "ItemText"}},
-    {"Notes_Answer", u"CProfileNotes", Operation::Verify, Entries{{u"strCommand", u"PN"}},
-        screen({u"PN", u"PNL"}),
-        {"Item strCommand", "ItemText", "ScreenLine 1", "Add blnKeyResponseOK", "Add strKeyErrorString"}},
-};
-// clang-format on
-
-INSTANTIATE_TEST_SUITE_P(Search, TheCallsOf, testing::ValuesIn(searches), scenarioName);
-INSTANTIATE_TEST_SUITE_P(Maintenance, TheCallsOf, testing::ValuesIn(maintenance), scenarioName);
-
-// The values that stay when a reader stops half-way.
-
-CollectionPtr resultsFailingAt(const Scenario& scenario, const std::string& call) {
-    for (std::size_t step = 0; step < scenario.calls.size(); ++step) {
-        if (scenario.calls[step] == call) return run(scenario, static_cast<int>(step) + 1).results;
-    }
-    return nullptr;
-}
-
-const Scenario& find(const std::vector<Scenario>& scenarios, std::string_view name) {
-    for (const Scenario& scenario : scenarios) {
-        if (scenario.name == name) return scenario;
-    }
-    throw std::out_of_range("no such scenario");
-}
-
-TEST(StoppedReader, NameSearchKeepsWhatItHadSet) {
-    const Scenario& list = find(searches, "PDN_CompanyList");
-    const CollectionPtr atTitle = resultsFailingAt(list, "ScreenLine 1");
-    EXPECT_TRUE(flagsOf(atTitle).empty());
-    EXPECT_EQ(valueOf(atTitle, u"strKeyRecLocPos"), ItemValue(Text()));
-
-    const CollectionPtr atHeader = resultsFailingAt(list, "ScreenLine 2");
-    EXPECT_EQ(flagsOf(atHeader), std::vector<std::string>{"blnKeyCompanyList"});
-    EXPECT_EQ(valueOf(atHeader, u"strKeyRecLocPos"), ItemValue(Text()));
-
-    const CollectionPtr atEntry = resultsFailingAt(list, "ScreenLine 3");
-    EXPECT_EQ(valueOf(atEntry, u"strKeyRecLocPos"), ItemValue(std::int16_t{22}));
-    EXPECT_EQ(valueOf(atEntry, u"strKeyCoNames"), ItemValue(Text()));
-
-    // The name is kept as it was cut, fifteen characters and not yet trimmed.
-    const CollectionPtr atEnd = resultsFailingAt(list, "ScreenLine 4");
-    EXPECT_EQ(valueOf(atEnd, u"strKeyCoNames"), ItemValue(Text(u"KESTRELLO      ")));
-    EXPECT_EQ(valueOf(atEnd, u"blnKeyEndOfBlock"), ItemValue(false));
-}
-
-TEST(StoppedReader, NameSearchHasTakenBackTheFlagOfAContinuation) {
-    const Scenario continuation{"",
-                                u"CPDNTrans",
-                                Operation::Verify,
-                                Entries{{u"blnKeyEndOfBlock", true}, {u"strKeyRecLocPos", u"22"}},
-                                screen({u"PDMD", companies, entry, entry, endOfBlock}),
-                                {}};
-    // Calls: four for the state, line 1, line 2 (its first entry), line 3.
-    const CollectionPtr atLine2 = run(continuation, 6).results;
-    EXPECT_EQ(valueOf(atLine2, u"blnKeyEndOfBlock"), ItemValue(true));
-    const CollectionPtr atLine3 = run(continuation, 7).results;
-    EXPECT_EQ(valueOf(atLine3, u"blnKeyEndOfBlock"), ItemValue(false));
-    EXPECT_EQ(valueOf(atLine3, u"strKeyRecLocPos"), ItemValue(Text(u"22")));
-}
-
-TEST(StoppedReader, OfficeListKeepsTheLocatorsCollected) {
-    const Scenario& list = find(searches, "PLT_TravellerListLocatorsHaveAReaderOfTheirOwn");
-    const CollectionPtr atEntry = resultsFailingAt(list, "ScreenLine 4");
-    EXPECT_EQ(valueOf(atEntry, u"strKeyNoCoAssoArray()"), ItemValue(TextList{u""}));
-    EXPECT_EQ(flagsOf(atEntry), std::vector<std::string>{"blnKeyTravellerList"});
-    // The entry's line is blank from column 29 on.
-    const CollectionPtr atPrompt = resultsFailingAt(list, "ScreenLine 5");
-    EXPECT_EQ(valueOf(atPrompt, u"strKeyNoCoAssoArray()"), (ItemValue(TextList{u"", u"      "})));
-}
-
-TEST(StoppedReader, LinkedProfilesGoOnWithTheEntriesRead) {
-    const Scenario& linked = find(maintenance, "RLP_Entry");
-    const auto locator = [&](int failAt) { return valueOf(run(linked, failAt).results, u"strKeyRecLoc"); };
-    EXPECT_EQ(locator(8), ItemValue(Text()));           // the count stops at line 3, the entry's own
-    EXPECT_EQ(locator(9), ItemValue(Text(u"ABC123")));  // at the prompt
-}
-
-TEST(StoppedReader, ACountOfLinkedProfilesIs0) {
-    for (int failAt = 1; failAt <= 4; ++failAt) {
-        FailingTerminal terminal(Failing{failAt});
-        const ClassRow& row = *findClass(u"CRLPTrans");
-        const auto object = createObject(row, terminal);
-        const Text response = screen({u"RLP", u"T/ABC123", u"T/XYZ789", u"T/QQQQQQ", u">"});
-        EXPECT_EQ(findCount(row, u"RecLocCount")->call(*object, CountRequest{response}), 0);
-        ASSERT_EQ(terminal.reports().size(), 1U);
-        ASSERT_NE(terminal.reports()[0].given, nullptr);
-        EXPECT_EQ(terminal.reports()[0].given->number(), 5130);
-    }
-}
-
-TEST(StoppedReader, AnIndexThatTheStoppedCountDidNotReachIsReportedToo) {
-    const Scenario second{"",
-                          u"CRLPTrans",
-                          Operation::Verify,
-                          Entries{{u"strKeyIndex", u"1"}},
-                          screen({u"RLP", u"RP/", u"T/ABC123", u"C/XYZ789", u">"}),
-                          {}};
-    // Calls: two for the index, the collection, line 1; then the count's lines 1, 2, 3.
-    const Outcome outcome = run(second, 6);
-    EXPECT_EQ(outcome.reports.size(), 2U);
-    EXPECT_TRUE(keysOf(outcome.results).empty());
+    FailingTerminal endless;
+    count.call(*createObject(u"CRLPTrans", endless), CountRequest{other});
+    EXPECT_EQ(summaryOf(endless.calls()), "line 1-24");
 }
 
 }  // namespace

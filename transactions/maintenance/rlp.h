@@ -40,8 +40,8 @@ private:
     void reportOwnError(Body&& body) {
         try {
             std::forward<Body>(body)();
-        } catch (const Error& current) {
-            terminal().errorReporter().ReportError(current, &reported_);
+        } catch (...) {
+            terminal().errorReporter().ReportError(currentError(), &reported_);
         }
     }
 

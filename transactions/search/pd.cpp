@@ -76,9 +76,13 @@ Text CPDTTrans::IProfileTrans_CreateCommand(const CollectionPtr& /*params*/) { r
 
 // Meant: nothing is reported here; a failure is the operation's own.
 CollectionPtr CPDTTrans::IProfileTrans_VerifyResponse(TextView response, const CollectionPtr& /*collection*/) {
-    return newResults(response, [](Screen& screen, Results& results) {
-        results.add(key::blnKeyProfile, findShown(screen, answerLines, travellerMark, false).shown);
-    });
+    if (response.empty()) return {};
+    Screen screen(terminal(), response);
+    const bool shown = findShown(screen, answerLines, travellerMark, false).shown;
+
+    CollectionPtr added = terminal().createCollection();
+    Results(*added).add(key::blnKeyProfile, bool{shown});
+    return added;
 }
 
 }  // namespace vantro

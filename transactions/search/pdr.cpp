@@ -72,12 +72,16 @@ Text CPCNTrans::IProfileTrans_CreateCommand(const CollectionPtr& params) {
 }
 
 CollectionPtr CPCNTrans::IProfileTrans_VerifyResponse(TextView response, const CollectionPtr& /*collection*/) {
-    return newResults(response, [](Screen& screen, Results& results) {
-        const bool traveller = screen.findMarker(mark::travellerProfile, profileTypeLine);
-        const bool company = !traveller && screen.findMarker(mark::companyProfile, profileTypeLine);
-        results.add(key::blnKeyTrProfile, traveller);
-        results.add(key::blnKeyCoProfile, company);
-    });
+    if (response.empty()) return {};
+    Screen screen(terminal(), response);
+    const bool traveller = screen.findMarker(mark::travellerProfile, profileTypeLine);
+    const bool company = !traveller && screen.findMarker(mark::companyProfile, profileTypeLine);
+
+    CollectionPtr added = terminal().createCollection();
+    Results results(*added);
+    results.add(key::blnKeyTrProfile, traveller);
+    results.add(key::blnKeyCoProfile, company);
+    return added;
 }
 
 }  // namespace vantro

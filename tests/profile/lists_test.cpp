@@ -1,0 +1,87 @@
+// Every list that a parser keeps is readable under its name, whatever it holds.
+#include "vantro/lists.h"
+
+#include "tests/support/text.h"
+#include "vantro/built_in_terminal.h"
+#include "vantro/registry.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <string>
+
+namespace vantro {
+namespace {
+
+std::string nameOfList(const testing::TestParamInfo<ElementListName>& row) { return test::utf8(row.param.name); }
+
+class ElementListOf : public testing::TestWithParam<ElementListName> {
+protected:
+    bool keepsEntry0() const {
+        constexpr Family transferable[] = {Family::Remark,        Family::Contact,        Family::OtherService,
+                                           Family::FrequentFlyer, Family::ServiceRequest, Family::Seat,
+                                           Family::RemarkConf};
+        return std::ranges::find(transferable, GetParam().family) == std::end(transferable);
+    }
+
+    BuiltInTerminal terminal;
+    std::unique_ptr<ProfileObject> object = createObject(u"CProfile", terminal);
+};
+
+INSTANTIATE_TEST_SUITE_P(Each, ElementListOf, testing::ValuesIn(elementListNames), nameOfList);
+
+TEST_P(ElementListOf, HoldsTheEmptyEntryOrNothingInANewObject) {
+    if (GetParam().content == ListContent::Flags) {
+        EXPECT_EQ(object->list(GetParam().name), nullptr);
+        ASSERT_NE(object->flagList(GetParam().name), nullptr);
+        EXPECT_TRUE(object->flagList(GetParam().name)->empty());
+        return;
+    }
+    EXPECT_EQ(object->flagList(GetParam().name), nullptr);
+    const TextList* const list = object->list(GetParam().name);
+    ASSERT_NE(list, nullptr);
+    EXPECT_EQ(*list, keepsEntry0() ? TextList(1) : TextList());
+}
+
+TEST(ElementLists, HaveAName) {
+    // 22 families with two lists, 7 with two and between them eight further ones.
+    EXPECT_EQ(elementListNames.size(), 22U * 2 + 7 * 2 + 2 + 5 + 1);
+    for (const ElementListName& row : elementListNames) {
+        EXPECT_EQ(std::ranges::count(elementListNames, row.name, &ElementListName::name), 1) << test::utf8(row.name);
+    }
+}
+
+TEST(ElementLists, OtherNamesAreNoLists) {
+    BuiltInTerminal terminal;
+    const auto object = createObject(u"CProfile", terminal);
+    for (const TextView name : {u"", u"str", u"PPRText", u"strPPR", u"strpprtext", u"strPPRTexts", u"strNoteText"}) {
+        EXPECT_EQ(object->list(name), nullptr) << test::utf8(name);
+        EXPECT_EQ(object->flagList(name), nullptr) << test::utf8(name);
+    }
+}
+
+TEST(FlagList, HasAFalseEntryPerServiceRequest) {
+    Text display(80, u' ');
+    for (const TextView line : {u"------- PNR TRANSFERABLE DATA", u"S    1       SR FQTVXQ 123456",
+                                u"S    2       SR VGML", u"END OF DISPLAY"}) {
+        display.append(line).append(80 - line.size(), u' ');
+    }
+    BuiltInTerminal terminal;
+    const auto object = createObject(u"CProfile", terminal);
+    const CountProperty& count = *findCount(*findClass(u"CProfile"), u"ServiceRequestElementsCount");
+    ASSERT_EQ(count.call(*object, CountRequest{display}), 2);
+    EXPECT_EQ(*object->flagList(u"blnServiceRequestFlag"), FlagList({false, false}));
+}
+
+TEST(NoteLists, AreNamedInTheHeader) {
+    BuiltInTerminal terminal;
+    const auto object = createObject(u"CProfileNotes", terminal);
+    for (const TextView name : {noteTextList, noteNumberList, noteQualifierList}) {
+        ASSERT_NE(object->list(name), nullptr) << test::utf8(name);
+        EXPECT_EQ(*object->list(name), TextList(1)) << test::utf8(name);
+    }
+    EXPECT_EQ(object->list(u"strPPRText"), nullptr);
+}
+
+}  // namespace
+}  // namespace vantro
