@@ -2,6 +2,9 @@
 
 #include "tests/support/text.h"
 
+#include <new>
+#include <stdexcept>
+
 namespace vantro::test {
 
 namespace {
@@ -24,6 +27,18 @@ private:
     std::shared_ptr<BuiltInCollection::Entry> entry_;
 };
 
+/// A value that no reader of the key can use: a text in place of a list, a list in place of anything else.
+class WrongItem final : public KeyedItem {
+public:
+    explicit WrongItem(bool inPlaceOfList)
+        : value_(inPlaceOfList ? ItemValue(Text(u"no list")) : ItemValue(TextList{u"a list"})) {}
+
+    const ItemValue& Value() const override { return value_; }
+
+private:
+    ItemValue value_;
+};
+
 ItemPtr unwatched(const ItemPtr& item) {
     const auto* watched = dynamic_cast<const WatchedItem*>(item.get());
     return watched != nullptr ? watched->entry() : item;
@@ -31,9 +46,30 @@ ItemPtr unwatched(const ItemPtr& item) {
 
 }  // namespace
 
-void CallLog::note(std::string call) {
+void raise(FailureKind kind) {
+    switch (kind) {
+        case FailureKind::TerminalsError: throw CallLog::failure();
+        case FailureKind::StandardException: throw std::runtime_error(exceptionsText);
+        case FailureKind::NoException: throw thrownNumber;
+        case FailureKind::OutOfMemory: throw std::bad_alloc();
+        case FailureKind::WrongKind:
+        case FailureKind::AbsentItem: break;
+    }
+    throw std::logic_error("this kind of failure is an answer");
+}
+
+bool CallLog::note(std::string call) {
+    const bool isItem = call.starts_with("Item ");
     calls_.push_back(std::move(call));
-    if (static_cast<int>(calls_.size()) == failAt_) throw failure();
+    if (static_cast<int>(calls_.size()) != failing_.call) return false;
+    if (isItem && (failing_.kind == FailureKind::WrongKind || failing_.kind == FailureKind::AbsentItem)) return true;
+    raise(failing_.kind);
+}
+
+void CallLog::noteReport() {
+    if (failing_.reports <= 0) return;
+    --failing_.reports;
+    raise(failing_.kind);
 }
 
 void WatchedCollection::Add(TextView key, ItemValue value) {
@@ -42,7 +78,10 @@ void WatchedCollection::Add(TextView key, ItemValue value) {
 }
 
 ItemPtr WatchedCollection::Item(TextView key) const {
-    log_->note("Item " + utf8(key));
+    if (log_->note("Item " + utf8(key))) {
+        if (log_->kind() == FailureKind::AbsentItem) return nullptr;
+        return std::make_shared<WatchedItem>(log_, WrongItem(key.ends_with(u"()")));
+    }
     const ItemPtr item = inner_->Item(key);
     return item ? std::make_shared<WatchedItem>(log_, *item) : nullptr;
 }
@@ -82,6 +121,7 @@ TextView FailingTerminal::TextField(TextView text, std::int16_t number, TextView
 }
 
 void FailingTerminal::ReportError(const Error& current, const Error* given) {
+    log_->noteReport();
     reports_.push_back({current, given != nullptr ? std::make_shared<const Error>(*given) : nullptr});
 }
 

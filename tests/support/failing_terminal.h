@@ -10,6 +10,30 @@
 
 namespace vantro::test {
 
+/// How a call fails.
+enum class FailureKind {
+    TerminalsError,     ///< an `Error` of the terminal's own
+    StandardException,  ///< std::runtime_error
+    NoException,        ///< an object of a type that is no exception
+    OutOfMemory,        ///< std::bad_alloc
+    WrongKind,          ///< `Item` alone: it gives a value that cannot be read as the wanted kind
+    AbsentItem,         ///< `Item` alone: it finds nothing
+};
+
+/// What is to fail.
+struct Failing {
+    int call = 0;  ///< the call with this number, from 1; 0 for none
+    FailureKind kind = FailureKind::TerminalsError;
+    int reports = 0;  ///< so many calls of `ReportError`, which are not counted among the calls, fail in the same way
+};
+
+/// Fails in this way; the last two kinds have nothing to raise.
+[[noreturn]] void raise(FailureKind kind);
+
+/// What is thrown for `StandardException` and `NoException`.
+inline constexpr const char* exceptionsText = "the terminal's exception";
+inline constexpr int thrownNumber = 42;
+
 /// What `ReportError` was called with.
 struct Report {
     Error current;
@@ -19,18 +43,23 @@ struct Report {
 /// The calls made so far ("Item strKeyName", "ScreenLine 3", ...) and the one that is to fail.
 class CallLog {
 public:
-    explicit CallLog(int failAt) : failAt_(failAt) {}
+    explicit CallLog(const Failing& failing) : failing_(failing) {}
 
-    /// Notes a call; the call with the chosen number (from 1) fails instead of doing its work.
-    void note(std::string call);
+    /// Notes a call; the chosen one fails instead of doing its work. True for the chosen one when it is an `Item`
+    /// that has to answer wrongly.
+    bool note(std::string call);
 
+    /// Fails as long as reports have to.
+    void noteReport();
+
+    FailureKind kind() const { return failing_.kind; }
     const std::vector<std::string>& calls() const { return calls_; }
 
     /// The error of the failing call: like nothing that the library raises itself.
     static Error failure() { return Error(1004, u"TerminalLibrary", u"The terminal's own failure"); }
 
 private:
-    int failAt_;
+    Failing failing_;
     std::vector<std::string> calls_;
 };
 
@@ -52,8 +81,7 @@ private:
 
 class FailingTerminal final : public Terminal, private TerminalFunctions, private ErrorReporter {
 public:
-    /// Fails at the call with this number; 0 never fails. `ReportError` is not counted and never fails.
-    explicit FailingTerminal(int failAt = 0) : log_(std::make_shared<CallLog>(failAt)) {}
+    explicit FailingTerminal(const Failing& failing = {}) : log_(std::make_shared<CallLog>(failing)) {}
 
     TerminalFunctions& functions() override { return *this; }
     ErrorReporter& errorReporter() override { return *this; }
