@@ -4,6 +4,8 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <cstddef>
+#include <fstream>
 #include <string>
 #include <vector>
 
@@ -127,14 +129,32 @@ TEST(MaxLine, ALongerLineIsNoDisplayOfAnyReader) {
 }
 
 TEST(MaxLine, AHugeLineIsReadInBoundedMemory) {
-    const std::string huge(60'000'000, 'x');
-    const TemporaryFile texts(huge + "\n>\n" + display);
-    const Finished parsed = runTool({"elements", "RECLOC", "--max-line", "1M", texts.path()});
-    EXPECT_EQ(parsed.out, recloc);
-    expectComplaint(parsed, 1, "line 1 has more than 1048576 bytes");
-    const Finished batch = runTool({"batch", "--max-line", "1M"}, request + huge + "\n" + request);
-    EXPECT_EQ(linesOf(batch.out).size(), 3U);
-    EXPECT_NE(batch.out.find("line 2 has more than 1048576 bytes"), std::string::npos);
+    const TemporaryFile file("");
+    std::ofstream stream(file.path(), std::ios::binary);
+    const std::string million(1'000'000, 'x');
+    for (int i = 0; i < 60; ++i) stream << million;
+    stream << "\n>\n" << display;
+    stream.close();
+    for (const Arguments& arguments : {Arguments{"elements", "RECLOC"}, {"verify", "CPXTrans", "--screen"}}) {
+        Arguments all = arguments;
+        all.insert(all.end(), {file.path(), "--max-line", "1M"});
+        const Finished run = runTool(all);
+        EXPECT_EQ(run.out, arguments.front() == "verify" ? "" : recloc);
+        expectComplaint(run, arguments.front() == "verify" ? 2 : 1, "line 1 has more than 1048576 bytes");
+#ifndef __SANITIZE_ADDRESS__
+        EXPECT_LT(run.peakKilobytes, 40'000);  // the line is 60 MB
+#endif
+    }
+}
+
+TEST(MaxLine, IsSixteenMegabytesUnlessToldOtherwise) {
+    std::string longest = "{}";
+    longest.resize(std::size_t{16} * 1024 * 1024, ' ');
+    const auto answers = linesOf(runBatch(longest + "\n" + longest + " \n" + request).out);
+    ASSERT_EQ(answers.size(), 3U);
+    EXPECT_NE(answers[0].find("class: the member is missing"), std::string::npos) << answers[0];
+    EXPECT_NE(answers[1].find("line 2 has more than 16777216 bytes"), std::string::npos) << answers[1];
+    EXPECT_EQ(answers[2] + "\n", response);
 }
 
 TEST(MaxLine, IsANumberOfBytes) {
