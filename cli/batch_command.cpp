@@ -5,6 +5,7 @@
 #include "cli/batch/session.h"
 #include "cli/commands.h"
 #include "cli/failure.h"
+#include "cli/max_line.h"
 #include "cli/standard_io.h"
 #ifdef VANTRO_WITH_COM
 #include "cli/batch/com_backend.h"
@@ -12,7 +13,9 @@
 
 #include <CLI/CLI.hpp>
 #include <cstddef>
+#include <memory>
 #include <string>
+#include <vector>
 
 namespace vantro {
 
@@ -39,41 +42,74 @@ struct BadLines {
     }
 };
 
-int runBatch(Backend& backend) {
-    LineReader lines(readInput);
-    RequestReader reader;
-    Session session(backend);
-    BadLines badLines;
-    std::string out;
-    while (const auto line = lines.next()) {
-        reader.read(*line);
-        const bool isBad = !reader.problem().empty();
-        badLines.count(isBad);
-        if (isBad) {
-            appendBadRequest(reader.problem(), reader.id(), out);
-        } else {
-            appendResponse(reader.request(), session.call(reader.request()), reader.id(), out);
-        }
-        // Someone who waits for the answer before the next request must get it.
-        if (out.size() >= fullOutput || !lines.isNextHere()) {
-            writeOutput(out);
-            out.clear();
-        }
-    }
-    if (badLines.bad == 0) return success;
-    complain(badLines.text());
-    return callFailed;
-}
+/// Responses that are still to be written, each a record.
+class Responses {
+public:
+    std::string& text() { return text_; }
+    void endOne() { ends_.push_back(text_.size()); }
+    bool areMany() const { return text_.size() >= fullOutput; }
 
-int runLinked() {
+    void write() {
+        writeRecords(text_, ends_);
+        text_.clear();
+        ends_.clear();
+    }
+
+private:
+    std::string text_;
+    std::vector<std::size_t> ends_;
+};
+
+class Batch {
+public:
+    Batch(Backend& backend, std::size_t maxLine) : maxLine_(maxLine), lines_(readInput, maxLine), session_(backend) {}
+
+    int run() {
+        while (const auto line = lines_.next()) {
+            badLines_.count(!answer(*line));
+            responses_.endOne();
+            // Someone who waits for the answer before the next request must get it.
+            if (responses_.areMany() || !lines_.isNextHere()) responses_.write();
+        }
+        if (badLines_.bad == 0) return success;
+        complain(badLines_.text());
+        return callFailed;
+    }
+
+private:
+    /// False when the line is no request.
+    bool answer(std::span<char> line) {
+        std::string& out = responses_.text();
+        if (lines_.wasTooLong()) {
+            appendBadRequest(overLongLine(badLines_.lines + 1, maxLine_), nullptr, out);
+            return false;
+        }
+        reader_.read(line);
+        if (reader_.problem().empty()) {
+            appendResponse(reader_.request(), session_.call(reader_.request()), reader_.id(), out);
+            return true;
+        }
+        appendBadRequest(reader_.problem(), reader_.id(), out);
+        return false;
+    }
+
+    std::size_t maxLine_;
+    LineReader lines_;
+    RequestReader reader_;
+    Session session_;
+    BadLines badLines_;
+    Responses responses_;
+};
+
+int runLinked(std::size_t maxLine) {
     LinkedBackend backend;
-    return runBatch(backend);
+    return Batch(backend, maxLine).run();
 }
 
 #ifdef VANTRO_WITH_COM
-int runRegistered() {
+int runRegistered(std::size_t maxLine) {
     ComBackend backend;
-    return runBatch(backend);
+    return Batch(backend, maxLine).run();
 }
 #endif
 
@@ -81,8 +117,11 @@ int runRegistered() {
 
 void addBatchCommand(CLI::App& tool, int& status) {
     CLI::App& command = *tool.add_subcommand("batch", "Answer requests, one JSON object a line, from standard input");
+    const auto maxLine = std::make_shared<std::size_t>(defaultMaxLine);
+    addMaxLine(command, *maxLine);
     command.footer(
-        "Every line gets one response line; a line that is no request gets an error, and the next one is read.\n"
+        "Every line gets one response line; a line that is no request, or is longer than --max-line, gets an error,\n"
+        "and the next one is read. An interrupt lets the response that is being written go out whole.\n"
         "Exit status: 0 when every line was a request, whatever it came to, 1 when one was not, 2 for bad usage.\n"
         "\n"
         "Example:\n"
@@ -91,9 +130,11 @@ void addBatchCommand(CLI::App& tool, int& status) {
 #ifdef VANTRO_WITH_COM
     const CLI::Option& registered =
         *command.add_flag("--com")->description("Call the registered COM server instead of the linked library");
-    command.callback([&status, &registered] { status = registered.empty() ? runLinked() : runRegistered(); });
+    command.callback([&status, &registered, maxLine] {
+        status = registered.empty() ? runLinked(*maxLine) : runRegistered(*maxLine);
+    });
 #else
-    command.callback([&status] { status = runLinked(); });
+    command.callback([&status, maxLine] { status = runLinked(*maxLine); });
 #endif
 }
 

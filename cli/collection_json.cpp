@@ -44,7 +44,7 @@ std::shared_ptr<BuiltInCollection> collectionFromJson(std::string json, const st
     const JsonOutcome outcome = readJson(std::span(json).first(length), reader);
     const std::string& problem = outcome.problem.empty() ? reader.fault() : outcome.problem;
     if (!problem.empty()) {
-        throw UsageError(name + ": " + problem + "; give the JSON object that verify --json printed");
+        throw UsageError(name + ": " + asClause(problem) + "; give the JSON object that verify --json printed");
     }
     return reader.collection();
 }

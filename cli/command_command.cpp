@@ -17,12 +17,14 @@ namespace {
 struct CommandOptions {
     std::string className;
     std::vector<std::string> parameters;
+    bool raw = false;
 };
 
 int buildCommand(const CommandOptions& options) {
     const ClassRow& row = transactionClass(options.className);
     const auto params = std::make_shared<BuiltInCollection>();
     addParameters(options.parameters, *params);
+    if (!options.raw) refuseControlCharacters(*params);
 
     BuiltInTerminal terminal;
     const Text command = createObject(row, terminal)->profileTrans()->CreateCommand(params);
@@ -40,7 +42,10 @@ void addCommandCommand(CLI::App& tool, int& status) {
         ->required()
         ->type_name("");
     command.add_option("KEY=VALUE", options->parameters, parameterHelp)->type_name("");
+    command.add_flag("--raw", options->raw, "Let control characters in parameters through into the command line");
     command.footer(
+        "A line break or another control character in a parameter is refused, because what follows it could reach\n"
+        "the host as a command of its own. What is passed on with --raw must come from a source that is trusted.\n"
         "An empty command is printed as an empty line: the parameters are not sufficient, and nothing is to be sent.\n"
         "\n"
         "Examples:\n"

@@ -1,10 +1,19 @@
-// Single queries of a profile display, as a terminal makes them.
+// Single queries of profile displays, as a terminal makes them.
 #pragma once
 
+#include "cli/max_line.h"
+#include "cli/results_view.h"
 #include "vantro/built_in_terminal.h"
+#include "vantro/error.h"
 
+#include <cstddef>
+#include <functional>
 #include <memory>
 #include <string>
+
+namespace CLI {
+class App;
+}
 
 namespace vantro {
 
@@ -16,8 +25,29 @@ struct DisplayQuery {
     Text qualifier = {};
 };
 
-/// Puts the query to the display in the file (standard input for "" and "-"). Gives what the query added to the
-/// request, or null when the class does not know the prefix. Raises what the query raises.
-CollectionPtr askDisplay(const std::string& file, DisplayQuery query);
+/// Where the displays are, and how the answers are printed.
+struct QueryOptions {
+    std::string file;
+    bool table = false;
+    bool json = false;
+    std::size_t maxLine = defaultMaxLine;
+};
+
+/// What is asked of every display.
+struct Question {
+    std::function<DisplayQuery()> query;                   ///< a new one for each display
+    std::function<std::string(const Error&)> advice = {};  ///< a sentence to add to an error, or ""
+    std::string unknown = {};                              ///< what to say when the class does not know the prefix
+};
+
+/// Adds the options, without FILE.
+void addQueryOptions(CLI::App& command, QueryOptions& options);
+
+/// What `--help` says about files of several displays.
+extern const char* const manyDisplaysHelp;
+
+/// Asks each display of the file (standard input for "" and "-"), prints what the query added to its request and gives
+/// the exit status. A display that cannot be read and one without an answer are said on standard error.
+int answerDisplays(const QueryOptions& options, const Question& question);
 
 }  // namespace vantro

@@ -3,6 +3,7 @@
 #include "cli/screen_input.h"
 #include "cli/utf.h"
 
+#include <charconv>
 #include <utility>
 
 namespace vantro {
@@ -13,9 +14,15 @@ constexpr std::string_view byteOrderMark = "\xEF\xBB\xBF";
 constexpr std::string_view endText = "END OF DISPLAY";
 constexpr char prompt = '>';
 
+// In the place of a line that was left out; in an unbroken text the line's number follows. A line of other bytes that
+// are no UTF-8 and begin the same is unreadable, too.
+constexpr std::string_view leftOutMark = "\xFF(left out)";
+
 std::string_view withoutCarriageReturn(std::string_view line) {
     return line.ends_with('\r') ? line.substr(0, line.size() - 1) : line;
 }
+
+bool holdsStray(std::string_view text) { return findStrayCarriageReturn(text) != std::string_view::npos; }
 
 bool isBlank(std::string_view line) { return line.find_first_not_of(' ') == std::string_view::npos; }
 bool isPrompt(std::string_view line) {
@@ -61,15 +68,35 @@ bool LineBreaker::readInto(std::string& text) {
     readBlock(text);
     if (std::exchange(atStart_, false)) {
         if (std::string_view(text).substr(before).starts_with(byteOrderMark)) text.erase(before, byteOrderMark.size());
-        const std::size_t lineEnd = text.find('\n', before);
-        unbroken_ = lineEnd == std::string::npos || lineEnd + 1 == text.size();
+        const std::string_view block = std::string_view(text).substr(before);
+        const std::size_t lineEnd = block.find('\n');
+        unbroken_ = (lineEnd == std::string::npos || lineEnd + 1 == block.size()) && !holdsStray(block);
     }
     if (unbroken_) {
         const std::string block = text.substr(before);
         text.resize(before);
         appendBroken(block, text);
+    } else {
+        leaveOutLongLine(text, before);
     }
     return hasMore_;
+}
+
+/// Looks at the first line of the block that begins at `before`, which may have begun in blocks above it.
+void LineBreaker::leaveOutLongLine(std::string& text, std::size_t before) {
+    const std::size_t lineEnd = text.find('\n', before);
+    const std::size_t partEnd = std::min(lineEnd, text.size());
+    lineLength_ += partEnd - before;
+    if (leavesOut_) {
+        text.erase(before, partEnd - before);
+    } else if (lineLength_ > maxLine_) {
+        const std::size_t start = before == 0 ? 0 : text.rfind('\n', before - 1) + 1;
+        text.replace(start, partEnd - start, leftOutMark);
+        leavesOut_ = true;
+    }
+    if (lineEnd == std::string::npos) return;
+    leavesOut_ = false;
+    lineLength_ = text.size() - (text.rfind('\n') + 1);
 }
 
 /// Appends what the source gives, a block at the most.
@@ -92,6 +119,11 @@ void LineBreaker::appendBroken(std::string_view bytes, std::string& text) {
         const bool beginsCharacter = (value & 0xC0U) != 0x80U;
         if (byte == '\n') {
             column_ = 0;
+            lineLength_ = 0;
+            leavesOut_ = false;
+            ++line_;
+        } else if (!fits(text)) {
+            continue;
         } else if (beginsCharacter && byte != '\r') {
             if (column_ >= screenWidth) {
                 text += '\n';
@@ -101,6 +133,17 @@ void LineBreaker::appendBroken(std::string_view bytes, std::string& text) {
         }
         text += byte;
     }
+}
+
+/// Counts one more byte of an unbroken line. The mark for a line that is too long stands below what was read of it.
+bool LineBreaker::fits(std::string& text) {
+    if (++lineLength_ <= maxLine_) return true;
+    if (!std::exchange(leavesOut_, true)) {
+        text += '\n';
+        text += leftOutMark;
+        text += std::to_string(line_);
+    }
+    return false;
 }
 
 std::optional<std::string> ChunkReader::next() {
@@ -122,7 +165,20 @@ std::optional<std::string> ChunkReader::next() {
     return chunk;
 }
 
-ChunkDisplays::ChunkDisplays(std::string_view chunk) : rest_(chunk), isUtf8_(isUtf8(chunk)) {}
+std::string describe(const FaultyLine& faulty, std::size_t linesAbove, std::size_t maxLine) {
+    const std::size_t line = linesAbove + faulty.line;
+    switch (faulty.fault) {
+        case LineFault::None: break;
+        case LineFault::TooLong: return tooLongLine(line, faulty.length);
+        case LineFault::NotUtf8: return "line " + std::to_string(line) + " is not UTF-8";
+        case LineFault::StrayCarriageReturn: return strayCarriageReturn("line " + std::to_string(line));
+        case LineFault::OverLong: return overLongLine(faulty.unbrokenLine > 0 ? faulty.unbrokenLine : line, maxLine);
+    }
+    return {};
+}
+
+ChunkDisplays::ChunkDisplays(std::string_view chunk)
+    : rest_(chunk), isUtf8_(isUtf8(chunk)), holdsStrayCarriageReturn_(holdsStray(chunk)) {}
 
 std::string_view ChunkDisplays::lineHere() const { return withoutCarriageReturn(rest_.substr(0, rest_.find('\n'))); }
 
@@ -152,19 +208,28 @@ std::optional<FoundDisplay> ChunkDisplays::next() {
 
 // Blank lines come to stand in the text with the line below them, so that a last line stays as it is.
 void ChunkDisplays::add(std::string_view line, std::size_t place, FoundDisplay& display) const {
-    if (display.fault != LineFault::None) return;
-    const std::size_t start = place * screenWidth;
-    display.text.resize(start, u' ');
+    if (display.faulty.fault != LineFault::None) return;
+    display.faulty = look(line);
+    if (display.faulty.fault != LineFault::None) return;
+    display.text.resize(place * screenWidth, u' ');
     appendUtf16(line, display.text);
-    const std::size_t length = display.text.size() - start;
-    if (!isUtf8_ && !isUtf8(line)) {
-        display.fault = LineFault::NotUtf8;
-    } else if (length > screenWidth) {
-        display.fault = LineFault::TooLong;
+}
+
+FaultyLine ChunkDisplays::look(std::string_view line) const {
+    FaultyLine faulty{.line = line_};
+    if (line.starts_with(leftOutMark)) {
+        faulty.fault = LineFault::OverLong;
+        line.remove_prefix(leftOutMark.size());
+        std::from_chars(line.data(), line.data() + line.size(), faulty.unbrokenLine);
+    } else if (!isUtf8_ && !isUtf8(line)) {
+        faulty.fault = LineFault::NotUtf8;
+    } else if (holdsStrayCarriageReturn_ && line.find('\r') != std::string_view::npos) {
+        faulty.fault = LineFault::StrayCarriageReturn;
+    } else if (line.size() > screenWidth && utf16Length(line) > screenWidth) {
+        faulty.fault = LineFault::TooLong;
+        faulty.length = utf16Length(line);
     }
-    if (display.fault == LineFault::None) return;
-    display.faultyLine = line_;
-    display.faultyLength = length;
+    return faulty;
 }
 
 }  // namespace vantro

@@ -5,8 +5,10 @@
 // behind the last end is a display too, one without an end.
 #pragma once
 
+#include "cli/max_line.h"
 #include "vantro/text.h"
 
+#include <algorithm>
 #include <cstddef>
 #include <functional>
 #include <optional>
@@ -20,24 +22,33 @@ namespace vantro {
 using ByteSource = std::function<std::size_t(std::span<char>)>;
 
 /// Breaks a text of lines without line ends (UTF-8, 80 characters a line) into lines. A text whose first block
-/// holds a line end before its very end goes through unchanged. A byte order mark is left out.
+/// holds a line end before its very end goes through unchanged. A byte order mark is left out. In the place of a line
+/// of more than `maxLine` bytes, as it was read, stands a mark that is no UTF-8.
 class LineBreaker {
 public:
-    LineBreaker(ByteSource source, std::size_t block) : source_(std::move(source)), block_(block) {}
+    // In blocks no longer than the longest line, a line that is too long is never inside one block.
+    LineBreaker(ByteSource source, std::size_t block, std::size_t maxLine)
+        : source_(std::move(source)), block_(std::min(block, maxLine)), maxLine_(maxLine) {}
 
     /// Appends a block of text; false at the end of the source.
     bool readInto(std::string& text);
 
 private:
     void readBlock(std::string& text);
+    void leaveOutLongLine(std::string& text, std::size_t before);
     void appendBroken(std::string_view bytes, std::string& text);
+    bool fits(std::string& text);
 
     ByteSource source_;
     std::size_t block_;
+    std::size_t maxLine_;
     bool hasMore_ = true;
-    std::size_t column_ = 0;  // characters in the line that is being made
+    std::size_t lineLength_ = 0;  // bytes read of the last line
+    bool leavesOut_ = false;      // what is left of that line
     bool atStart_ = true;
     bool unbroken_ = false;
+    std::size_t column_ = 0;  // in an unbroken text: characters in the line that is being made
+    std::size_t line_ = 1;    // the same: the number of the line that is being broken
 };
 
 /// Reads a text in chunks of whole displays, each about a block long unless one display is longer. This is
@@ -46,7 +57,8 @@ class ChunkReader {
 public:
     static constexpr std::size_t defaultBlock = std::size_t{256} * 1024;
 
-    explicit ChunkReader(ByteSource source, std::size_t block = defaultBlock) : lines_(std::move(source), block) {}
+    explicit ChunkReader(ByteSource source, std::size_t block = defaultBlock, std::size_t maxLine = defaultMaxLine)
+        : lines_(std::move(source), block, maxLine) {}
 
     /// The next chunk, or nothing at the end of the source.
     std::optional<std::string> next();
@@ -57,14 +69,23 @@ private:
 };
 
 /// What can be wrong with a line.
-enum class LineFault { None, TooLong, NotUtf8 };
+enum class LineFault { None, TooLong, NotUtf8, StrayCarriageReturn, OverLong };
+
+/// The first line of a display with which something is wrong.
+struct FaultyLine {
+    LineFault fault = LineFault::None;
+    std::size_t line = 0;          ///< counted from 1 in the chunk
+    std::size_t unbrokenLine = 0;  ///< counted from 1 in an unbroken text, for a line that was left out of it
+    std::size_t length = 0;        ///< in characters
+};
+
+/// What is wrong with the line, in words, when so many lines stand above the chunk.
+std::string describe(const FaultyLine& faulty, std::size_t linesAbove, std::size_t maxLine);
 
 /// One display of a chunk. It has no text to go by when one of its lines is faulty.
 struct FoundDisplay {
     Text text;  ///< every line but the last padded with blanks to 80 characters
-    LineFault fault = LineFault::None;
-    std::size_t faultyLine = 0;    ///< counted from 1 in the chunk
-    std::size_t faultyLength = 0;  ///< in characters
+    FaultyLine faulty;
 };
 
 /// Takes a chunk apart.
@@ -82,10 +103,12 @@ private:
     std::string_view lineHere() const;
     std::string_view takeLine();
     void add(std::string_view line, std::size_t place, FoundDisplay& display) const;
+    FaultyLine look(std::string_view line) const;
 
     std::string_view rest_;
     std::size_t line_ = 0;
     bool isUtf8_;
+    bool holdsStrayCarriageReturn_;
 };
 
 }  // namespace vantro

@@ -1,13 +1,12 @@
 #include "cli/commands.h"
 #include "cli/display_query.h"
-#include "cli/failure.h"
-#include "cli/results_view.h"
-#include "cli/standard_io.h"
+#include "cli/number_option.h"
 #include "cli/utf.h"
 #include "vantro/profile.h"
 
 #include <CLI/CLI.hpp>
 #include <cstdint>
+#include <limits>
 #include <memory>
 #include <optional>
 #include <string>
@@ -22,9 +21,7 @@ struct ElementsOptions {
     std::optional<std::int16_t> index;
     std::vector<std::string> selection;
     std::string qualifier;
-    std::string file;
-    bool table = false;
-    bool json = false;
+    QueryOptions common;
 };
 
 std::string knownPrefixes() {
@@ -48,30 +45,28 @@ DisplayQuery queryFor(const ElementsOptions& options) {
     return query;
 }
 
+std::string adviceOn(const Error& raised, const ElementsOptions& options) {
+    const bool lacksIndex = raised.number() == static_cast<int>(Failure::ObjectNotSet) && !options.index;
+    return lacksIndex ? "Give the place with --index." : "";
+}
+
 int printElements(const ElementsOptions& options) {
-    CollectionPtr answer;
-    try {
-        answer = askDisplay(options.file, queryFor(options));
-    } catch (const Error& raised) {
-        const bool lacksIndex = raised.number() == static_cast<int>(Failure::ObjectNotSet) && !options.index;
-        complain("the query failed with " + describe(raised) + (lacksIndex ? " Give the place with --index." : ""));
-        return callFailed;
-    }
-    if (!answer) {
-        complain("no query has the prefix '" + options.prefix + "'; there are " + knownPrefixes());
-        return callFailed;
-    }
-    writeOutput(resultsText(answer, chosenView(options.table, options.json)));
-    return success;
+    const Question question{
+        .query = [&options] { return queryFor(options); },
+        .advice = [&options](const Error& raised) { return adviceOn(raised, options); },
+        .unknown = "no query has the prefix '" + options.prefix + "'; there are " + knownPrefixes(),
+    };
+    return answerDisplays(options.common, question);
 }
 
 void describeOptions(CLI::App& command, ElementsOptions& options) {
     command.add_option("PREFIX", options.prefix, "What is asked for, such as PHI or RM")->required()->type_name("");
-    command.add_option("FILE", options.file, "File with one display (default: standard input)")->type_name("");
+    command.add_option("FILE", options.common.file, "File with displays (default: standard input)")->type_name("");
     command
         .add_option("--index", options.index,
                     "Place of one element, from 1; SR, RM, AP, OS, FFN, ST and RC give one element only, the\n"
                     "others give lists whose entry 0 is empty")
+        ->check(wholeNumber(std::numeric_limits<std::int16_t>::min(), std::numeric_limits<std::int16_t>::max()))
         ->type_name("N");
     command
         .add_option("--selection", options.selection,
@@ -81,19 +76,16 @@ void describeOptions(CLI::App& command, ElementsOptions& options) {
         ->allow_extra_args(false);
     command.add_option("--qualifier", options.qualifier, "With ALL: the first word of the elements' text")
         ->type_name("TEXT");
-    auto* const table = command.add_flag("--table", options.table, "Print a table, also into a file or pipe");
-    command.add_flag("--json", options.json, "Print one JSON object, also on a terminal")->excludes(table);
+    addQueryOptions(command, options.common);
 }
 
 }  // namespace
 
 void addElementsCommand(CLI::App& tool, int& status) {
-    CLI::App& command = *tool.add_subcommand("elements", "Ask a profile display for one kind of element");
+    CLI::App& command = *tool.add_subcommand("elements", "Ask profile displays for one kind of element");
     const auto options = std::make_shared<ElementsOptions>();
     describeOptions(command, *options);
-    command.footer("Prefixes:\n" + knownPrefixesForHelp() +
-                   "\n"
-                   "A query that fails, and an unknown prefix, is exit status 1.\n"
+    command.footer("Prefixes:\n" + knownPrefixesForHelp() + "\n" + manyDisplaysHelp +
                    "\n"
                    "Examples:\n"
                    "  vantro-profile elements PHI display.txt\n"

@@ -9,4 +9,11 @@ std::string describe(const Error& error) {
            toUtf8(error.description());
 }
 
+std::string asSentence(std::string_view message) { return asClause(message) + "."; }
+
+std::string asClause(std::string_view message) {
+    const std::size_t last = message.find_last_not_of(". ");
+    return std::string(message.substr(0, last + 1));
+}
+
 }  // namespace vantro

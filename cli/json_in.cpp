@@ -1,5 +1,6 @@
 #include "cli/json_in.h"
 
+#include "cli/failure.h"
 #include "cli/json_text.h"
 
 #if defined(__SSE2__)
@@ -52,7 +53,7 @@ constexpr unsigned readerFlags =
     rapidjson::kParseInsituFlag | rapidjson::kParseIterativeFlag | rapidjson::kParseNumbersAsStringsFlag;
 
 std::string notJson(std::size_t offset, const char* why) {
-    return "not JSON at byte " + std::to_string(offset + 1) + ": " + why;
+    return "not JSON at byte " + std::to_string(offset + 1) + ": " + asClause(why);
 }
 
 }  // namespace

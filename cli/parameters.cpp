@@ -5,8 +5,10 @@
 
 #include <algorithm>
 #include <charconv>
+#include <cstdio>
 #include <optional>
 #include <string_view>
+#include <variant>
 
 namespace vantro {
 
@@ -72,7 +74,47 @@ TextList entriesOf(const std::string& key, const std::vector<Pair>& pairs) {
     return entries;
 }
 
+bool isControl(char32_t character) { return character < 0x20 || (character >= 0x7F && character < 0xA0); }
+
+std::string codePointName(char32_t character) {
+    char name[16];
+    std::snprintf(name, sizeof name, "U+%04X", static_cast<unsigned>(character));
+    return name;
+}
+
+// `where` says which text it is.
+void refuseControlsIn(TextView text, const std::string& where) {
+    std::size_t position = 1;
+    for (std::size_t at = 0; at < text.size(); ++position) {
+        const CodePoint character = codePointAt(text, at);
+        if (isControl(character.value)) {
+            throw UsageError(where + " holds the control character " + codePointName(character.value) +
+                             " at position " + std::to_string(position) +
+                             ", with which the command line could carry another command; take it out, or pass it on "
+                             "with --raw");
+        }
+        at += character.units;
+    }
+}
+
+struct ControlRefuser {
+    std::string key;
+
+    void operator()(bool /*truth*/) const {}
+    void operator()(std::int16_t /*number*/) const {}
+    void operator()(const Text& text) const { refuseControlsIn(text, key); }
+    void operator()(const TextList& list) const {
+        for (std::size_t i = 0; i < list.size(); ++i) {
+            refuseControlsIn(list[i], "entry " + std::to_string(i) + " of " + key);
+        }
+    }
+};
+
 }  // namespace
+
+void refuseControlCharacters(const BuiltInCollection& collection) {
+    for (const auto& entry : collection.entries()) std::visit(ControlRefuser{toUtf8(entry.key())}, entry.Value());
+}
 
 void addParameters(const std::vector<std::string>& texts, BuiltInCollection& collection) {
     std::vector<Pair> pairs;

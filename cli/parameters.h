@@ -16,4 +16,7 @@ extern const char* const parameterHelp;
 /// that cannot be read, and for any other key given twice.
 void addParameters(const std::vector<std::string>& pairs, BuiltInCollection& collection);
 
+/// Raises UsageError for a text in the collection with a control character (U+0000 to U+001F, U+007F to U+009F).
+void refuseControlCharacters(const BuiltInCollection& collection);
+
 }  // namespace vantro

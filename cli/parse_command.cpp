@@ -2,11 +2,12 @@
 #include "cli/displays.h"
 #include "cli/failure.h"
 #include "cli/input_files.h"
+#include "cli/max_line.h"
+#include "cli/number_option.h"
 #include "cli/ordered_work.h"
 #include "cli/parsed_chunk.h"
 #include "cli/progress.h"
 #include "cli/results_view.h"
-#include "cli/screen_input.h"
 #include "cli/standard_io.h"
 
 #include <CLI/CLI.hpp>
@@ -27,6 +28,7 @@ struct ParseOptions {
     bool json = false;
     bool pretty = false;
     std::size_t threads = 1;
+    std::size_t maxLine = defaultMaxLine;
 };
 
 ProfileForm formFor(const ParseOptions& options) {
@@ -61,45 +63,34 @@ public:
     int status() const { return status_; }
 
 private:
-    std::string name() const {
-        const std::string& file = options_.files[file_];
-        return isStandardInput(file) ? "standard input" : file;
-    }
+    std::string name() const { return inputName(options_.files[file_]); }
 
     void print(const ParsedChunk& parsed) {
         if (parsed.out.empty()) return;
         if (outputIsTerminal()) progress_.hide();
-        writeOutput(form_ == ProfileForm::Table ? withHeadings(parsed) : parsed.out);
-    }
-
-    std::string withHeadings(const ParsedChunk& parsed) const {
-        std::string all;
+        std::string headed;
+        std::vector<std::size_t> ends;
         std::size_t start = 0;
         std::size_t number = displays_;
         for (const ParsedDisplay& display : parsed.displays) {
             ++number;
-            if (display.fault == LineFault::None) {
-                all += name() + ", display " + std::to_string(number) + "\n\n";
-                all += parsed.out.substr(start, display.outEnd - start) + "\n";
+            if (form_ == ProfileForm::Table && display.outEnd > start) {
+                headed += name() + ", display " + std::to_string(number) + "\n\n";
+                headed += parsed.out.substr(start, display.outEnd - start) + "\n";
             }
             start = display.outEnd;
+            ends.push_back(form_ == ProfileForm::Table ? headed.size() : start);
         }
-        return all;
+        writeRecords(form_ == ProfileForm::Table ? headed : parsed.out, ends);
     }
 
     void complainOf(const ParsedDisplay& display) {
         const std::string where = ", display " + std::to_string(++displays_) + ": ";
-        const std::size_t line = lines_ + display.faultyLine;
-        switch (display.fault) {
-            case LineFault::None:
-                if (!display.unanswered.empty()) fail(where + "no answer to " + display.unanswered);
-                break;
-            case LineFault::TooLong:
-                fail(where + tooLongLine(line, display.faultyLength) + "; the display is left out");
-                break;
-            case LineFault::NotUtf8:
-                fail(where + "line " + std::to_string(line) + " is not UTF-8; the display is left out");
-                break;
+        if (display.faulty.fault != LineFault::None) {
+            const std::string what = describe(display.faulty, lines_, options_.maxLine);
+            fail(where + asSentence(what) + " The display is left out, the others are not.");
+        } else if (!display.unanswered.empty()) {
+            fail(where + "no answer to " + display.unanswered);
         }
     }
 
@@ -141,14 +132,14 @@ struct Piece {
 /// Reads the files one after the other, piece by piece.
 class PieceReader {
 public:
-    explicit PieceReader(const std::vector<std::string>& files) : files_(files) {}
+    PieceReader(const std::vector<std::string>& files, std::size_t maxLine) : files_(files), maxLine_(maxLine) {}
 
     std::optional<Piece> next() {
         if (file_ == files_.size()) return std::nullopt;
         Piece piece;
         // A file that breaks is no reason to leave the others out.
         try {
-            if (!chunks_) chunks_.emplace(openInput(files_[file_]));
+            if (!chunks_) chunks_.emplace(openInput(files_[file_]), ChunkReader::defaultBlock, maxLine_);
             if (std::optional<std::string> chunk = chunks_->next()) {
                 piece.text = std::move(*chunk);
                 return piece;
@@ -164,6 +155,7 @@ public:
 
 private:
     const std::vector<std::string>& files_;
+    std::size_t maxLine_;
     std::size_t file_ = 0;
     std::optional<ChunkReader> chunks_;
 };
@@ -182,7 +174,7 @@ int parseFiles(ParseOptions options) {
     }
     const ProfileForm form = formFor(options);
     Printer printer(options, form);
-    PieceReader pieces(options.files);
+    PieceReader pieces(options.files, options.maxLine);
     workInOrder(
         options.threads, [&pieces] { return pieces.next(); },
         [form](const Piece& piece) { return stepOf(piece, form); },
@@ -196,8 +188,10 @@ constexpr auto footer =
     "the next other line begins another display. What stands behind the last end is a display without an end.\n"
     "Every line but a display's last is padded with blanks to 80 characters.\n"
     "\n"
-    "JSON is one line a display, in the order of the displays. A display with a line that is too long is left\n"
-    "out; queries that a display cannot answer are listed under \"problems\". Both are said on standard error.\n"
+    "JSON is one line a display, in the order of the displays. A display with a line that cannot be read is left\n"
+    "out; queries that a display cannot answer are listed under \"problems\". Both are said on standard error. A line\n"
+    "of more bytes than --max-line is such a line, and a text without line ends is one line. An interrupt lets the\n"
+    "display that is being written go out whole.\n"
     "Exit status: 0 all read and answered, 1 a display was left out, not answered in full or not there at all,\n"
     "2 bad usage or a file that cannot be read.\n"
     "\n"
@@ -209,7 +203,7 @@ constexpr auto footer =
 }  // namespace
 
 void addParseCommand(CLI::App& tool, int& status) {
-    constexpr std::size_t mostThreads = 256;
+    constexpr int mostThreads = 256;
     CLI::App& command = *tool.add_subcommand("parse", "Print everything that profile displays hold");
     const auto options = std::make_shared<ParseOptions>();
     command.add_option("FILE", options->files, "Files with displays (default, and for -: standard input)")
@@ -218,9 +212,10 @@ void addParseCommand(CLI::App& tool, int& status) {
     command.add_flag("--json", options->json, "Print JSON, also on a terminal")->excludes(table);
     command.add_flag("--pretty", options->pretty, "Print JSON with an indent of 2 blanks a level")->excludes(table);
     command.add_option("-j,--jobs", options->threads, "Parse on N threads; the order stays")
-        ->check(CLI::Range(std::size_t{1}, mostThreads))
+        ->check(wholeNumber(1, mostThreads))
         ->type_name("N")
         ->capture_default_str();
+    addMaxLine(command, options->maxLine);
     command.footer(footer);
     command.callback([options, &status] { status = parseFiles(*options); });
 }

@@ -37,10 +37,8 @@ ParsedChunk parseChunk(std::string_view chunk, ProfileForm form) {
     ChunkDisplays displays(chunk);
     while (std::optional<FoundDisplay> found = displays.next()) {
         ParsedDisplay& display = parsed.displays.emplace_back();
-        display.fault = found->fault;
-        display.faultyLine = found->faultyLine;
-        display.faultyLength = found->faultyLength;
-        if (found->fault == LineFault::None) {
+        display.faulty = found->faulty;
+        if (found->faulty.fault == LineFault::None) {
             const Profile profile = parseProfile(std::move(found->text));
             display.unanswered = unansweredIn(profile);
             appendProfile(profile, form, parsed.out);

@@ -16,9 +16,7 @@ enum class ProfileForm { JsonLine, IndentedJson, Table };
 /// One display of a chunk, done. Its output ends at `outEnd` in the chunk's and begins where the one before ends.
 struct ParsedDisplay {
     std::size_t outEnd = 0;
-    LineFault fault = LineFault::None;
-    std::size_t faultyLine = 0;  ///< counted from 1 in the chunk
-    std::size_t faultyLength = 0;
+    FaultyLine faulty;
     std::string unanswered;  ///< the queries without an answer: "NM (error 6), SR (error 5245)"
 };
 

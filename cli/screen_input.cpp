@@ -3,6 +3,8 @@
 #include "cli/failure.h"
 #include "cli/utf.h"
 
+#include <algorithm>
+
 namespace vantro {
 
 namespace {
@@ -13,6 +15,13 @@ std::string_view withoutCarriageReturn(std::string_view line) {
     return line.ends_with('\r') ? line.substr(0, line.size() - 1) : line;
 }
 
+void refuseStrayCarriageReturn(std::string_view utf8) {
+    const std::size_t stray = findStrayCarriageReturn(utf8);
+    if (stray == std::string_view::npos) return;
+    const auto linesAbove = static_cast<std::size_t>(std::ranges::count(utf8.substr(0, stray), '\n'));
+    throw UsageError(strayCarriageReturn("the screen's line " + std::to_string(linesAbove + 1)));
+}
+
 }  // namespace
 
 std::string tooLongLine(std::size_t line, std::size_t length) {
@@ -20,10 +29,25 @@ std::string tooLongLine(std::size_t line, std::size_t length) {
            std::to_string(screenWidth) + " at most";
 }
 
+std::string strayCarriageReturn(const std::string& line) {
+    return line +
+           " holds a carriage return (CR) that no line feed (LF) follows; lines end in LF or CR LF, so convert the "
+           "line ends, for example with: tr '\\r' '\\n'";
+}
+
+std::size_t findStrayCarriageReturn(std::string_view text) {
+    for (std::size_t at = text.find('\r'); at != std::string_view::npos; at = text.find('\r', at + 1)) {
+        if (at + 1 < text.size() && text[at + 1] != '\n') return at;
+    }
+    return std::string_view::npos;
+}
+
 Text screenFromText(std::string_view utf8) {
     if (!isUtf8(utf8)) throw UsageError("the screen is not UTF-8; convert it first");
+    refuseStrayCarriageReturn(utf8);
     if (utf8.starts_with(byteOrderMark)) utf8.remove_prefix(byteOrderMark.size());
-    if (utf8.ends_with('\n')) utf8 = withoutCarriageReturn(utf8.substr(0, utf8.size() - 1));
+    if (utf8.ends_with('\n')) utf8.remove_suffix(1);
+    utf8 = withoutCarriageReturn(utf8);
     if (utf8.find('\n') == std::string_view::npos) return toUtf16(utf8);
 
     Text screen;

@@ -1,16 +1,13 @@
 #include "cli/standard_io.h"
 
 #include "cli/failure.h"
+#include "cli/interrupt.h"
 
 #include <algorithm>
-#include <array>
 #include <cerrno>
 #include <cstdio>
 #include <cstring>
-#include <filesystem>
-#include <fstream>
 #include <limits>
-#include <sstream>
 
 #ifdef _WIN32
 #include <fcntl.h>
@@ -38,17 +35,17 @@ auto writeSome(const char* bytes, std::size_t count) { return ::write(output, by
 #endif
 
 // One system call takes no more than this anywhere.
-constexpr std::size_t largestTransfer = std::numeric_limits<int>::max() / 2;
+constexpr std::size_t largestRead = std::numeric_limits<int>::max() / 2;
 
-[[noreturn]] void failOn(const char* stream) {
-    throw StreamError(std::string("cannot go on with ") + stream + ": " + std::strerror(errno));
-}
+// What a pipe takes at once: an interrupt is noticed after so many bytes at the latest.
+constexpr std::size_t largestWrite = std::size_t{64} * 1024;
 
-std::string readWholeInput() {
-    std::string all;
-    std::array<char, 65536> block{};
-    while (const std::size_t count = readInput(block)) all.append(block.data(), count);
-    return all;
+[[noreturn]] void fail(const char* what) { throw StreamError(std::string(what) + ": " + std::strerror(errno)); }
+
+// The end of the record that has been begun, for so many bytes written.
+std::size_t recordEnd(std::size_t written, std::span<const std::size_t> ends) {
+    if (written == 0) return 0;
+    return *std::ranges::lower_bound(ends, written);
 }
 
 }  // namespace
@@ -66,38 +63,40 @@ bool errorIsTerminal() { return isTerminal(error); }
 
 std::size_t readInput(std::span<char> bytes) {
     while (true) {
-        const auto count = readSome(bytes.data(), std::min(bytes.size(), largestTransfer));
+        const auto count = readSome(bytes.data(), std::min(bytes.size(), largestRead));
         if (count >= 0) return static_cast<std::size_t>(count);
-        if (errno != EINTR) failOn("standard input");
+        if (errno == EISDIR) throw StreamError("standard input is a folder, not a file; redirect a file that is in it");
+        if (errno != EINTR) fail("cannot read standard input");
     }
 }
 
 void writeOutput(std::string_view bytes) {
-    while (!bytes.empty()) {
-        const auto count = writeSome(bytes.data(), std::min(bytes.size(), largestTransfer));
+    const std::size_t end = bytes.size();
+    writeRecords(bytes, {&end, 1});
+}
+
+void writeRecords(std::string_view bytes, std::span<const std::size_t> ends) {
+    const WritingRecords writing;
+    std::size_t written = 0;
+    while (true) {
+        const std::size_t end = WritingRecords::interruptWaits() ? recordEnd(written, ends) : bytes.size();
+        if (written >= end) return;
+        const auto count = writeSome(bytes.data() + written, std::min(end - written, largestWrite));
         if (count >= 0) {
-            bytes.remove_prefix(static_cast<std::size_t>(count));
+            written += static_cast<std::size_t>(count);
         } else if (errno != EINTR) {
-            failOn("standard output");
+            fail("cannot write to standard output");
         }
     }
 }
 
 void writeError(std::string_view bytes) { std::fwrite(bytes.data(), 1, bytes.size(), stderr); }
 
-void complain(std::string_view message) { writeError("vantro-profile: " + std::string(message) + "\n"); }
-
-std::string readAll(const std::string& file) {
-    if (file.empty() || file == "-") return readWholeInput();
-    const std::filesystem::path path(std::u8string(file.begin(), file.end()));
-    std::ifstream stream(path, std::ios::binary);
-    std::ostringstream text;
-    // A folder opens and fails only when it is read; an empty file sets the target's fail bit and is fine.
-    if (std::filesystem::is_directory(path) || !stream) {
-        throw UsageError("cannot read the file '" + file + "'; check its name and permissions");
-    }
-    text << stream.rdbuf();
-    return std::move(text).str();
+void complain(std::string_view message) {
+    std::string line = "vantro-profile: " + asSentence(message);
+    std::ranges::replace_if(
+        line, [](char byte) { return (byte >= 0 && byte < ' ') || byte == '\x7F'; }, '?');
+    writeError(line + "\n");
 }
 
 }  // namespace vantro

@@ -1,4 +1,4 @@
-// Standard streams and files, the same bytes on every system.
+// Standard streams, the same bytes on every system.
 #pragma once
 
 #include <cstddef>
@@ -18,17 +18,18 @@ bool errorIsTerminal();
 /// Reads what standard input has, at least one byte; 0 at its end. Raises StreamError.
 std::size_t readInput(std::span<char> bytes);
 
-/// Writes all bytes to standard output at once. Raises StreamError.
+/// Writes all bytes, one record, to standard output. Raises StreamError.
 void writeOutput(std::string_view bytes);
+
+/// The same for several records, which end where `ends` says, the last one at the end of the bytes. An interrupt
+/// lets the record that is being written go out whole and ends the process.
+void writeRecords(std::string_view bytes, std::span<const std::size_t> ends);
 
 /// Writes to standard error as it is.
 void writeError(std::string_view bytes);
 
-/// One line on standard error, after the tool's name.
+/// One sentence (see `asSentence`) on standard error, in one line after the tool's name. Control characters are
+/// shown as "?".
 void complain(std::string_view message);
-
-/// All of a file (its name in UTF-8), or of standard input for "" and "-". Raises UsageError for a file that
-/// cannot be read.
-std::string readAll(const std::string& file);
 
 }  // namespace vantro

@@ -2,11 +2,13 @@
 
 #include "cli/commands.h"
 #include "cli/failure.h"
+#include "cli/interrupt.h"
 #include "cli/standard_io.h"
 
 #include <CLI/CLI.hpp>
 #include <algorithm>
 #include <exception>
+#include <sstream>
 #include <string>
 #include <vector>
 
@@ -37,19 +39,42 @@ std::string helpHint(const CLI::App& tool) {
     return std::string("see ") + toolName + (chosen.empty() ? "" : " " + chosen.front()->get_name()) + " --help";
 }
 
+// An option without its value would otherwise be said to miss "1 required FILE".
+std::string missingValue(const CLI::ArgumentMismatch& problem) {
+    const std::string words = problem.what();
+    const std::string option = words.substr(0, words.find(':'));
+    return option.starts_with("-") ? "the option " + option + " needs a value" : words;
+}
+
 // A word that is no subcommand would otherwise only be called a missing one.
 std::string describeProblem(const CLI::App& tool, const CLI::ParseError& problem) {
     const std::vector<std::string> unknown = tool.remaining();
     if (tool.get_subcommands().empty() && !unknown.empty())
         return "there is no subcommand or option '" + unknown.front() + "'";
-    return problem.what();
+    const auto* const mismatch = dynamic_cast<const CLI::ArgumentMismatch*>(&problem);
+    return mismatch != nullptr ? missingValue(*mismatch) : problem.what();
+}
+
+// The library's own words, as one clause of a sentence.
+std::string asOneClause(std::string message) {
+    std::ranges::replace(message, '\n', ' ');
+    const char second = message.size() > 1 ? message[1] : '\0';
+    const bool isWord = second == ' ' || (second >= 'a' && second <= 'z');
+    if (isWord && message[0] >= 'A' && message[0] <= 'Z') message[0] = static_cast<char>(message[0] - 'A' + 'a');
+    return asClause(message);
+}
+
+// What --help and --version print is output like any other, and may fail like it.
+int answer(const CLI::App& tool, const CLI::ParseError& question) {
+    std::ostringstream out;
+    const int status = tool.exit(question, out, out);
+    writeOutput(out.str());
+    return status;
 }
 
 int parseFailure(const CLI::App& tool, const CLI::ParseError& problem) {
-    if (problem.get_exit_code() == 0) return tool.exit(problem);  // help and version
-    std::string message = describeProblem(tool, problem);
-    std::ranges::replace(message, '\n', ' ');
-    complain(message + "; " + helpHint(tool));
+    if (problem.get_exit_code() == 0) return answer(tool, problem);
+    complain(asOneClause(describeProblem(tool, problem)) + "; " + helpHint(tool));
     return badUsage;
 }
 
@@ -76,6 +101,7 @@ int runCommands(int argc, const char* const* argv) {
 
 int runTool(int argc, const char* const* argv) {
     useBinaryStreams();
+    tameInterrupts();
     try {
         return runCommands(argc, argv);
     } catch (const UsageError& problem) {

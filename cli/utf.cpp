@@ -106,6 +106,15 @@ Text toUtf16(std::string_view utf8) {
     return text;
 }
 
+std::size_t utf16Length(std::string_view utf8) {
+    std::size_t units = 0;
+    for (const char byte : utf8) {
+        const auto value = static_cast<unsigned char>(byte);
+        units += static_cast<std::size_t>((value & 0xC0U) != 0x80U) + static_cast<std::size_t>(value >= 0xF0);
+    }
+    return units;
+}
+
 CodePoint codePointAt(TextView text, std::size_t index) {
     const char32_t unit = text[index];
     if (!isHighSurrogate(unit) && !isLowSurrogate(unit)) return {unit, 1};

@@ -22,6 +22,9 @@ bool isUtf8(std::string_view bytes);
 void appendUtf16(std::string_view utf8, Text& text);
 Text toUtf16(std::string_view utf8);
 
+/// The number of code units that well-formed UTF-8 comes to.
+std::size_t utf16Length(std::string_view utf8);
+
 /// Appends a text as UTF-8. An unpaired surrogate becomes U+FFFD.
 void appendUtf8(TextView text, std::string& utf8);
 std::string toUtf8(TextView text);

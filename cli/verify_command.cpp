@@ -1,6 +1,8 @@
 #include "cli/collection_json.h"
 #include "cli/commands.h"
 #include "cli/failure.h"
+#include "cli/input_files.h"
+#include "cli/max_line.h"
 #include "cli/parameters.h"
 #include "cli/results_view.h"
 #include "cli/screen_input.h"
@@ -25,13 +27,15 @@ struct VerifyOptions {
     bool table = false;
     bool json = false;
     bool count = false;
+    std::size_t maxLine = defaultMaxLine;
 };
 
 // What the transaction's collection holds: the state, and the parameters over it. With neither, no collection.
 CollectionPtr collectionFor(const VerifyOptions& options) {
     std::shared_ptr<BuiltInCollection> collection;
     if (!options.stateFile.empty()) {
-        collection = collectionFromJson(readAll(options.stateFile), "the state in '" + options.stateFile + "'");
+        collection =
+            collectionFromJson(readAll(options.stateFile, options.maxLine), "the state in '" + options.stateFile + "'");
     }
     if (!options.parameters.empty()) {
         if (!collection) collection = std::make_shared<BuiltInCollection>();
@@ -41,14 +45,14 @@ CollectionPtr collectionFor(const VerifyOptions& options) {
 }
 
 Text screenFor(const VerifyOptions& options) {
-    const bool fromInput = options.screenFile.empty() || options.screenFile == "-";
+    const bool fromInput = isStandardInput(options.screenFile);
     if (fromInput && options.stateFile == "-") {
         throw UsageError("standard input cannot be both screen and state; name a file with --screen or --state");
     }
     if (fromInput && inputIsTerminal()) {
         complain("reading the screen from standard input; end it with the end-of-file key");
     }
-    return screenFromText(readAll(options.screenFile));
+    return screenFromText(readAll(options.screenFile, options.maxLine));
 }
 
 // The count of a class as a collection of one, so that it is shown like results.
@@ -67,7 +71,7 @@ int readScreen(const VerifyOptions& options) {
     const Text screen = screenFor(options);
 
     BuiltInTerminal terminal([](const Error& reported) {
-        complain("a reader met " + describe(reported) + " The results hold what was read before it.");
+        complain("a reader met " + asSentence(describe(reported)) + " The results hold what was read before it.");
     });
     const std::unique_ptr<ProfileObject> object = createObject(row, terminal);
     const CollectionPtr results =
@@ -98,6 +102,7 @@ void addVerifyCommand(CLI::App& tool, int& status) {
     auto* const table = command.add_flag("--table", options->table, "Print a table, also into a file or pipe");
     command.add_flag("--json", options->json, "Print one JSON object, also on a terminal")->excludes(table);
     command.add_flag("--count", options->count, "Print what the class counts on the screen, not its results");
+    addMaxLine(command, options->maxLine);
     command.footer(
         "Without results, as for an empty screen, JSON is null.\n"
         "\n"

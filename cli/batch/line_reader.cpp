@@ -14,8 +14,8 @@ constexpr std::string_view byteOrderMark = "\xEF\xBB\xBF";
 
 }  // namespace
 
-LineReader::LineReader(Source source, std::size_t block)
-    : source_(std::move(source)), block_(block), buffer_(block + jsonPadding) {}
+LineReader::LineReader(Source source, std::size_t maxLine, std::size_t block)
+    : source_(std::move(source)), maxLine_(maxLine), block_(block), buffer_(block + jsonPadding) {}
 
 bool LineReader::isNextHere() {
     const void* const lineEnd = std::memchr(buffer_.data() + scanned_, '\n', end_ - scanned_);
@@ -24,13 +24,26 @@ bool LineReader::isNextHere() {
 }
 
 std::optional<std::span<char>> LineReader::next() {
-    while (!isNextHere() && !sourceEnded_) readMore();
+    tooLong_ = false;
+    while (!isNextHere() && !sourceEnded_) {
+        leaveOutTooLong();
+        readMore();
+    }
     const bool isLast = scanned_ == end_;
-    if (isLast && begin_ == end_) return std::nullopt;
+    if (isLast && begin_ == end_ && !tooLong_) return std::nullopt;
     const std::span<char> line = takeUpTo(scanned_);
+    tooLong_ = tooLong_ || line.size() > maxLine_;
+    if (tooLong_) return line.first(0);
     // A stream of nothing but a byte order mark holds no line.
     if (isLast && line.empty()) return std::nullopt;
     return line;
+}
+
+// What has been read of a line that is too long is not kept.
+void LineReader::leaveOutTooLong() {
+    if (end_ - begin_ <= maxLine_) return;
+    tooLong_ = true;
+    begin_ = scanned_ = end_;
 }
 
 std::span<char> LineReader::takeUpTo(std::size_t lineEnd) {
@@ -43,14 +56,15 @@ std::span<char> LineReader::takeUpTo(std::size_t lineEnd) {
     return line;
 }
 
-// What is left of the last block moves to the front; the buffer grows when one line fills it.
+// What is left of the last block moves to the front; the buffer grows when one line fills it, up to the longest line
+// and a block.
 void LineReader::readMore() {
     std::memmove(buffer_.data(), buffer_.data() + begin_, end_ - begin_);
     scanned_ -= begin_;
     end_ -= begin_;
     begin_ = 0;
     const auto room = [this] { return buffer_.size() - jsonPadding - end_; };
-    if (room() < (block_ + 1) / 2) buffer_.resize(buffer_.size() * 2);
+    if (room() < (block_ + 1) / 2) buffer_.resize(std::min(buffer_.size() * 2, maxLine_ + block_ + jsonPadding));
     const std::size_t count = source_({buffer_.data() + end_, room()});
     sourceEnded_ = count == 0;
     end_ += count;

@@ -1,5 +1,7 @@
-// Lines of a stream, one at a time, in memory bounded by the longest of them.
+// Lines of a stream, one at a time, in memory bounded by the longest of them that is let in.
 #pragma once
+
+#include "cli/max_line.h"
 
 #include <cstddef>
 #include <functional>
@@ -16,27 +18,34 @@ public:
 
     static constexpr std::size_t defaultBlock = std::size_t{256} * 1024;
 
-    explicit LineReader(Source source, std::size_t block = defaultBlock);
+    explicit LineReader(Source source, std::size_t maxLine = defaultMaxLine, std::size_t block = defaultBlock);
 
     /// The next line without its line end, or nothing at the end of the stream. It may be altered until the next
     /// call, with the one byte behind it, and `jsonPadding` bytes behind it may be looked at. A last line may lack
-    /// its line end; a byte order mark at the start of the stream is not part of a line.
+    /// its line end; a byte order mark at the start of the stream is not part of a line. A line of more than `maxLine`
+    /// bytes comes empty.
     std::optional<std::span<char>> next();
+
+    /// True when the line that came last had more than `maxLine` bytes.
+    bool wasTooLong() const { return tooLong_; }
 
     /// True when the next line is already here, whole, so that `next` would not wait for more.
     bool isNextHere();
 
 private:
     void readMore();
+    void leaveOutTooLong();
     std::span<char> takeUpTo(std::size_t lineEnd);
 
     Source source_;
+    std::size_t maxLine_;
     std::size_t block_;
     std::vector<char> buffer_;
     std::size_t begin_ = 0;    // first byte not handed out
     std::size_t scanned_ = 0;  // no line end stands between begin_ and here
     std::size_t end_ = 0;      // one past the last byte read
     bool atStart_ = true;
+    bool tooLong_ = false;
     bool sourceEnded_ = false;
 };
 

@@ -1,5 +1,6 @@
 #include "cli/batch/request.h"
 
+#include "cli/screen_input.h"
 #include "cli/utf.h"
 
 #include <algorithm>
@@ -30,6 +31,8 @@ void RequestReader::read(std::span<char> line) {
     const JsonOutcome outcome = readJson(line, *this);
     isObject_ = isObject_ && outcome.isJson;
     problem_ = outcome.problem;
+    const bool holdsStray = !outcome.isJson && findStrayCarriageReturn({line.data(), line.size()}) != TextView::npos;
+    if (holdsStray) problem_ = strayCarriageReturn("the line");
     if (!problem_.empty()) return;
     if (isObject_) {
         assemble();

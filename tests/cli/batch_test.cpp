@@ -108,7 +108,8 @@ TEST(Batch, TheExitStatusTellsWhetherEveryLineWasARequest) {
     EXPECT_EQ(runBatch(px3 + "\n").status, 0);
     const Finished run = runBatch(px3 + "\nx\n" + px3 + "\n\n");
     EXPECT_EQ(run.status, 1);
-    EXPECT_EQ(run.err, "vantro-profile: 2 of 4 lines are not requests, the first is line 2; their responses say why\n");
+    EXPECT_EQ(run.err,
+              "vantro-profile: 2 of 4 lines are not requests, the first is line 2; their responses say why.\n");
     EXPECT_EQ(runTool({"batch", "--frobnicate"}).status, 2);
     EXPECT_EQ(runTool({"batch", "file"}).status, 2);
 }

@@ -33,7 +33,7 @@ std::vector<std::string> displaysOf(const std::string& text, std::size_t block =
     for (const std::string& chunk : chunksOf(text, block)) {
         ChunkDisplays displays(chunk);
         while (auto display = displays.next()) {
-            EXPECT_EQ(display->fault, LineFault::None);
+            EXPECT_EQ(display->faulty.fault, LineFault::None);
             found.push_back(toUtf8(display->text));
         }
     }
@@ -98,15 +98,15 @@ TEST(SplitDisplays, AnUnbrokenTextIsReadBy80Characters) {
 TEST(SplitDisplays, ALineOfMoreThan80CharactersSpoilsItsDisplayOnly) {
     const std::string chunk = "A\n>\nB\n" + std::string(81, 'X') + "\n" + std::string(90, 'X') + "\n>\nC\n";
     ChunkDisplays displays(chunk);
-    EXPECT_EQ(displays.next()->fault, LineFault::None);
+    EXPECT_EQ(displays.next()->faulty.fault, LineFault::None);
     const auto spoiled = displays.next();
     ASSERT_TRUE(spoiled);
-    EXPECT_EQ(spoiled->fault, LineFault::TooLong);
-    EXPECT_EQ(spoiled->faultyLine, 4U);
-    EXPECT_EQ(spoiled->faultyLength, 81U);
+    EXPECT_EQ(spoiled->faulty.fault, LineFault::TooLong);
+    EXPECT_EQ(spoiled->faulty.line, 4U);
+    EXPECT_EQ(spoiled->faulty.length, 81U);
     const auto next = displays.next();
     ASSERT_TRUE(next);
-    EXPECT_EQ(next->fault, LineFault::None);
+    EXPECT_EQ(next->faulty.fault, LineFault::None);
     EXPECT_EQ(next->text, u"C");
     EXPECT_FALSE(displays.next());
     EXPECT_EQ(displays.lines(), 7U);
@@ -120,8 +120,8 @@ TEST(SplitDisplays, ALineHasRoomFor80CharactersHoweverManyBytes) {
 
 TEST(SplitDisplays, BytesThatAreNotUtf8SpoilTheirDisplayOnly) {
     ChunkDisplays displays("A\n>\n\xFF\n>\n\xC3\x85\n");
-    EXPECT_EQ(displays.next()->fault, LineFault::None);
-    EXPECT_EQ(displays.next()->fault, LineFault::NotUtf8);
+    EXPECT_EQ(displays.next()->faulty.fault, LineFault::None);
+    EXPECT_EQ(displays.next()->faulty.fault, LineFault::NotUtf8);
     EXPECT_EQ(displays.next()->text, u"\u00C5");
 }
 
@@ -148,6 +148,67 @@ TEST(Chunks, OfAnUnbrokenTextAreTheSameInAnyBlocks) {
     ASSERT_EQ(whole.size(), 40U);
     EXPECT_EQ(displaysOf(text, 100), whole);
     EXPECT_EQ(displaysOf(text, 333), whole);
+}
+
+// What is wrong with each display of a text that is read in blocks of so many bytes; "" for one that can be read.
+std::vector<std::string> problemsOf(const std::string& text, std::size_t maxLine, std::size_t block) {
+    ChunkReader reader(bytesOf(text), block, maxLine);
+    std::vector<std::string> problems;
+    std::size_t linesAbove = 0;
+    while (const auto chunk = reader.next()) {
+        EXPECT_LE(chunk->size(), maxLine + maxLine / 2 + 2 * block);
+        ChunkDisplays displays(*chunk);
+        while (const auto display = displays.next()) problems.push_back(describe(display->faulty, linesAbove, maxLine));
+        linesAbove += displays.lines();
+    }
+    return problems;
+}
+
+std::string overLong(std::size_t line, std::size_t maxLine) {
+    return "line " + std::to_string(line) + " has more than " + std::to_string(maxLine) +
+           " bytes; --max-line lets longer lines in";
+}
+
+TEST(LongLines, SpoilTheirDisplayOnlyInAnyBlocks) {
+    const std::string longLine(5000, 'X');
+    const std::string text = "A\n>\nB\n" + longLine + "\nC\n>\nD\n>\n" + longLine + "\n>\nE\n>\n";
+    for (std::size_t block = 81; block < 7000; block = block * 3 / 2) {
+        EXPECT_EQ(problemsOf(text, 1024, block), (Displays{"", overLong(4, 1024), "", overLong(9, 1024), ""})) << block;
+    }
+}
+
+TEST(LongLines, BeginAboveTheLimitInBytes) {
+    // 80 characters of three bytes fit a screen line.
+    std::string wide;
+    for (int i = 0; i < 80; ++i) wide += "\xE2\x82\xAC";
+    EXPECT_EQ(problemsOf("A\n" + wide + "\n>\nB\n", 240, 1000), (Displays{"", ""}));
+    EXPECT_EQ(problemsOf("A\n" + wide + "\n>\nB\n", 239, 1000), (Displays{overLong(2, 239), ""}));
+    EXPECT_EQ(problemsOf("A\n" + wide, 239, 1000), Displays{overLong(2, 239)});
+}
+
+TEST(LongLines, AnUnbrokenTextIsOneLine) {
+    const std::string longLine(5000, 'X');
+    const std::string first = padded("A") + padded("END OF DISPLAY");
+    for (std::size_t block = 81; block < 7000; block = block * 3 / 2) {
+        EXPECT_EQ(problemsOf(longLine, 1024, block), Displays{overLong(1, 1024)}) << block;
+        EXPECT_EQ(problemsOf(first + longLine, 1024, block), (Displays{"", overLong(1, 1024)})) << block;
+    }
+}
+
+TEST(LongLines, WhatFollowsAnUnbrokenOneIsRead) {
+    const std::string text = std::string(5000, 'X') + "\n>\nB\n>\n";
+    for (std::size_t block = 81; block < 5000; block = block * 3 / 2) {
+        EXPECT_EQ(problemsOf(text, 1024, block), (Displays{overLong(1, 1024), ""})) << block;
+    }
+}
+
+TEST(CarriageReturns, AloneAsLineEndsAreToldAtTheirFirstLine) {
+    const std::string problem =
+        " holds a carriage return (CR) that no line feed (LF) follows; lines end in LF or CR LF, so convert the line "
+        "ends, for example with: tr '\\r' '\\n'";
+    EXPECT_EQ(problemsOf("A\rEND OF DISPLAY\rB\rEND OF DISPLAY\r", 1024, 1000), Displays{"line 1" + problem});
+    EXPECT_EQ(problemsOf("A\n>\nB\nC\rD\n>\nE\n", 1024, 1000), (Displays{"", "line 4" + problem, ""}));
+    EXPECT_EQ(problemsOf("A\r\n>\r\nB\r", 1024, 1000), (Displays{"", ""}));
 }
 
 }  // namespace

@@ -35,7 +35,7 @@ Lines linesIn(const std::string& text) {
     std::vector<Lines> all;
     for (const std::size_t piece : {1U, 2U, 3U, 7U, 1000U}) {
         for (const std::size_t block : {1U, 16U, 4096U}) {
-            LineReader reader(Pieces(text, piece), block);
+            LineReader reader(Pieces(text, piece), defaultMaxLine, block);
             Lines lines;
             while (const auto line = reader.next()) lines.emplace_back(line->begin(), line->end());
             all.push_back(lines);
@@ -78,7 +78,7 @@ TEST(LineReader, ALineOfManyBlocksComesWhole) {
 }
 
 TEST(LineReader, TheNextLineIsHereOnceItsLineEndIs) {
-    LineReader reader(Pieces("ab\ncd\nef", 7), 4096);
+    LineReader reader(Pieces("ab\ncd\nef", 7), defaultMaxLine, 4096);
     EXPECT_FALSE(reader.isNextHere());
     ASSERT_TRUE(reader.next());
     EXPECT_TRUE(reader.isNextHere());
@@ -89,12 +89,40 @@ TEST(LineReader, TheNextLineIsHereOnceItsLineEndIs) {
 }
 
 TEST(LineReader, TheByteBehindALineMayBeWritten) {
-    LineReader reader(Pieces("ab\ncd", 100), 4096);
+    LineReader reader(Pieces("ab\ncd", 100), defaultMaxLine, 4096);
     for (const std::string wanted : {"ab", "cd"}) {
         const auto line = reader.next();
         ASSERT_TRUE(line);
         line->data()[line->size()] = '\0';
         EXPECT_EQ(line->data(), wanted);
+    }
+}
+
+// A line that is too long is shown as "too long".
+Lines linesUpTo(std::size_t maxLine, const std::string& text, std::size_t piece, std::size_t block) {
+    LineReader reader(Pieces(text, piece), maxLine, block);
+    Lines lines;
+    while (const auto line = reader.next()) {
+        lines.emplace_back(line->begin(), line->end());
+        if (!reader.wasTooLong()) continue;
+        EXPECT_EQ(lines.back(), "");
+        lines.back() = "too long";
+    }
+    return lines;
+}
+
+TEST(LineReader, ALineThatIsTooLongComesEmptyAndCostsNoOther) {
+    const std::string five = "abcde";
+    const std::string six = "abcdef";
+    const std::string many(1000, 'x');
+    for (const std::size_t piece : {1U, 2U, 3U, 7U, 2000U}) {
+        for (const std::size_t block : {1U, 5U, 6U, 16U, 4096U}) {
+            const auto lines = [&](const std::string& text) { return linesUpTo(5, text, piece, block); };
+            EXPECT_EQ(lines(five + "\n" + six + "\n" + five), (Lines{five, "too long", five}));
+            EXPECT_EQ(lines(many + "\n\n" + many + "\na\n"), (Lines{"too long", "", "too long", "a"}));
+            EXPECT_EQ(lines("a\n" + many), (Lines{"a", "too long"}));
+            EXPECT_EQ(lines(many + "\n"), (Lines{"too long"}));
+        }
     }
 }
 

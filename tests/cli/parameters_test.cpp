@@ -77,6 +77,37 @@ TEST(Parameters, AKeyOfOneValueGivenTwiceIsRefused) { EXPECT_THROW(collected({"s
 
 TEST(Parameters, BytesThatAreNotUtf8AreRefused) { EXPECT_EQ(refused("strA=\xFF"), "a parameter is not UTF-8"); }
 
+std::string controlIn(ItemValue value) {
+    BuiltInCollection collection;
+    collection.Add(u"strBefore", Text(u"plain"));
+    collection.Add(u"strKey", std::move(value));
+    try {
+        refuseControlCharacters(collection);
+    } catch (const UsageError& problem) {
+        const std::string words = problem.what();
+        return words.substr(0, words.find(','));
+    }
+    return "";
+}
+
+TEST(ControlCharacters, AreFoundFromBothBlocks) {
+    for (const char16_t control : {u'\x00', u'\t', u'\n', u'\r', u'\x1F', u'\x7F', u'\x80', u'\x85', u'\x9F'}) {
+        EXPECT_NE(controlIn(Text(1, control)), "") << static_cast<int>(control);
+    }
+    for (const char16_t plain : {u' ', u'~', u'\u00A0', u'\u0100', u'\u2028', u'\uFFFD'}) {
+        EXPECT_EQ(controlIn(Text(1, plain)), "") << static_cast<int>(plain);
+    }
+}
+
+TEST(ControlCharacters, AreToldWithKeyAndPosition) {
+    EXPECT_EQ(controlIn(Text(u"SMITH\nPX3")), "strKey holds the control character U+000A at position 6");
+    EXPECT_EQ(controlIn(Text(u"\u0085")), "strKey holds the control character U+0085 at position 1");
+    EXPECT_EQ(controlIn(TextList{u"", u"\U0001F600\r"}),
+              "entry 1 of strKey holds the control character U+000D at position 2");
+    EXPECT_EQ(controlIn(true), "");
+    EXPECT_EQ(controlIn(std::int16_t{10}), "");
+}
+
 }  // namespace
 
 }  // namespace vantro

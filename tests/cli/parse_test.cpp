@@ -1,4 +1,4 @@
-// The commands that parse displays: parse, elements and notes.
+// The command parse.
 #include "tests/cli/process.h"
 
 #include <gtest/gtest.h>
@@ -208,97 +208,6 @@ TEST(Parse, ATableNamesTheFileAndShowsWhatThereIs) {
     EXPECT_TRUE(holds("SR      19 ", "code FQTV, airline XQ, number 88301442")) << run.out;
     EXPECT_TRUE(holds("note    3 ", "qualifier B")) << run.out;
     EXPECT_FALSE(holds("PCI", "")) << run.out;
-}
-
-// elements
-
-TEST(Elements, AFamilyIsItsTwoLists) {
-    const Finished run = runTool({"elements", "PHI", sample("traveller")});
-    EXPECT_EQ(run.out, R"json({"strKeyElement()":["","BREAKFAST MUST BE INCLUDED","FREE CANCELLATION ONLY"],)json"
-                       R"json("strKeyElementNr()":["","25","26"]})json"
-                       "\n");
-    EXPECT_EQ(run.status, 0);
-}
-
-TEST(Elements, AnIndexAsksForOne) {
-    EXPECT_EQ(runTool({"elements", "RM", "--index", "1"}, contentOf(sample("traveller"))).out,
-              R"json({"strKeyElement":"RM  PREFERS RAIL WHEN UNDER THREE HOURS","strKeyElementNr":"13"})json"
-              "\n");
-    EXPECT_EQ(runTool({"elements", "SR", "--index", "2", sample("traveller")}).out,
-              R"json({"strKeyElement":"SR  FQTVXQ 88301442","strKeyElementNr":"19","strKeyCode":"FQTV",)json"
-              R"json("strKeyAirline":"XQ","strKeyFFNbr":"88301442","strKeyFreeText":"","blnKeyAsterix":false})json"
-              "\n");
-}
-
-TEST(Elements, HeaderValuesHaveAPrefixToo) {
-    EXPECT_EQ(runTool({"elements", "RECLOC", sample("traveller")}).out, "{\"strKeyElement\":\"H4T9QZ\"}\n");
-    EXPECT_EQ(runTool({"elements", "PSL", "--table", sample("traveller")}).out,
-              "KEY              VALUE\n"
-              "---------------  -----\n"
-              "strKeyElement    2\n"
-              "strKeyElementNr  4\n");
-}
-
-TEST(Elements, AllTakesASelectionAndAQualifier) {
-    const auto numbers = [](std::vector<std::string> options) {
-        options.insert(options.begin(), {"elements", "ALL"});
-        options.push_back(sample("traveller"));
-        return runTool(options).out;
-    };
-    EXPECT_EQ(numbers({}), "{\"strKeyElNbrsArray\":[\"\"]}\n");
-    EXPECT_EQ(numbers({"--selection", "RM"}), "{\"strKeyElNbrsArray\":[\"\",\"13\",\"14\"]}\n");
-    EXPECT_EQ(numbers({"--selection", "A  FFN", "--selection", "SR"}),
-              "{\"strKeyElNbrsArray\":[\"\",\"17\",\"20\"]}\n");
-    EXPECT_EQ(numbers({"--selection", "", "--qualifier", "AP"}), "{\"strKeyElNbrsArray\":[\"\",\"11\",\"12\"]}\n");
-}
-
-TEST(Elements, AFailedQueryIsOneLineAndStatus1) {
-    // The traveller has two remarks.
-    expectRefused(runTool({"elements", "RM", "--index", "3", sample("traveller")}), 1,
-                  "error 5260 from VantroProfileUtils: An error has occurred while verifying the profile.");
-    expectRefused(runTool({"elements", "RM", sample("traveller")}), 1, "error 91 ");
-    expectRefused(runTool({"elements", "RM", sample("traveller")}), 1, "Give the place with --index.");
-    expectRefused(runTool({"elements", "", sample("traveller")}), 1, "error 5065 ");
-}
-
-TEST(Elements, AnUnknownPrefixIsAnsweredWithTheKnownOnes) {
-    const Finished run = runTool({"elements", "XX", sample("traveller")});
-    expectRefused(run, 1, "no query has the prefix 'XX'; there are NM RECLOC OFFID PCN PIN PSL ALL SR RM ");
-    EXPECT_NE(run.err.find(" PFO"), std::string::npos);
-    EXPECT_EQ(run.out, "");
-}
-
-TEST(Elements, BadUsageIsStatus2) {
-    expectRefused(runTool({"elements"}), 2, "PREFIX");
-    expectRefused(runTool({"elements", "RM", "--index", "99999", sample("traveller")}), 2, "--index");
-    expectRefused(runTool({"elements", "RM", "/no/such/file"}), 2, "'/no/such/file'");
-}
-
-// notes
-
-TEST(Notes, AreThreeLists) {
-    EXPECT_EQ(runTool({"notes", sample("company")}).out,
-              R"json({"strKeyElement()":["","MEETING WITH THE PURCHASER EVERY MARCH","ASK FOR INGRID"],)json"
-              R"json("strKeyElementNr()":["","1","2"],"strKeyQualifier()":["","M ","M "]})json"
-              "\n");
-}
-
-TEST(Notes, AreFilteredByTextAndQualifierAndKeepTheirNumbers) {
-    EXPECT_EQ(runTool({"notes", "--qualifier", "B", sample("traveller")}).out,
-              R"json({"strKeyElement()":["","INVOICES ARE PAID BY THE 25TH"],"strKeyElementNr()":["","3"],)json"
-              R"json("strKeyQualifier()":["","B "]})json"
-              "\n");
-    EXPECT_EQ(runTool({"notes", "--search", "SPEAKS", "--qualifier", "A", sample("traveller")}).out,
-              R"json({"strKeyElement()":["","SPEAKS SWEDISH, FINNISH AND ENGLISH"],"strKeyElementNr()":["","2"],)json"
-              R"json("strKeyQualifier()":["","A "]})json"
-              "\n");
-    EXPECT_EQ(runTool({"notes", "--search", "SPEAKS", "--qualifier", "B", sample("traveller")}).out,
-              R"json({"strKeyElement()":[""],"strKeyElementNr()":[""],"strKeyQualifier()":[""]})json"
-              "\n");
-}
-
-TEST(Notes, WithoutAnEndFail) {
-    expectRefused(runTool({"notes"}, "PDR\n------- PROFILE NOTES\nA ONE\n"), 1, "error 5500 ");
 }
 
 }  // namespace

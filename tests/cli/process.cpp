@@ -60,21 +60,37 @@ void connect(int from, int to) {
 
 }  // namespace
 
-Finished runTool(const std::vector<std::string>& arguments, const std::string& input) {
+namespace {
+
+Finished runToolWith(std::FILE* output, const std::vector<std::string>& arguments, const std::string& input) {
     const File in = temporary(input);
-    const File out = temporary();
     const File err = temporary();
     const pid_t process = ::fork();
     if (process == 0) {
         connect(::fileno(in.get()), 0);
-        connect(::fileno(out.get()), 1);
+        connect(::fileno(output), 1);
         connect(::fileno(err.get()), 2);
         becomeTool(arguments);
     }
     int status = 0;
     rusage usage{};
     ::wait4(process, &status, 0, &usage);
-    return {WIFEXITED(status) ? WEXITSTATUS(status) : -1, contentOf(out.get()), contentOf(err.get()), usage.ru_maxrss};
+    return {WIFEXITED(status) ? WEXITSTATUS(status) : -1, "", contentOf(err.get()), usage.ru_maxrss};
+}
+
+}  // namespace
+
+Finished runTool(const std::vector<std::string>& arguments, const std::string& input) {
+    const File out = temporary();
+    Finished finished = runToolWith(out.get(), arguments, input);
+    finished.out = contentOf(out.get());
+    return finished;
+}
+
+Finished runToolInto(const std::string& outputFile, const std::vector<std::string>& arguments,
+                     const std::string& input) {
+    const File out(std::fopen(outputFile.c_str(), "wb"));
+    return runToolWith(out.get(), arguments, input);
 }
 
 Finished runBatch(const std::string& input) { return runTool({"batch"}, input); }
@@ -127,6 +143,60 @@ std::string Dialogue::receiveLine() {
     char byte = '\0';
     while (::poll(&ready, 1, patience) == 1 && ::read(fromTool_, &byte, 1) == 1 && byte != '\n') line += byte;
     return byte == '\n' ? line : "";
+}
+
+Running::Running(const std::vector<std::string>& arguments, const std::string& inputFile) {
+    std::array<int, 2> input{};
+    std::array<int, 2> output{};
+    if (::pipe(input.data()) != 0 || ::pipe(output.data()) != 0) return;
+    process_ = ::fork();
+    if (process_ == 0) {
+        ::close(input[1]);
+        ::close(output[0]);
+        connect(inputFile.empty() ? input[0] : ::open(inputFile.c_str(), O_RDONLY), 0);
+        connect(output[1], 1);
+        connect(::open("/dev/null", O_WRONLY), 2);
+        becomeTool(arguments);
+    }
+    ::close(input[0]);
+    ::close(output[1]);
+    toTool_ = input[1];
+    fromTool_ = output[0];
+}
+
+Running::~Running() {
+    ::close(toTool_);
+    closeOutput();
+    endingSignal();
+}
+
+std::string Running::read(std::size_t most) {
+    std::string text(most, '\0');
+    const ssize_t count = ::read(fromTool_, text.data(), text.size());
+    text.resize(count > 0 ? static_cast<std::size_t>(count) : 0);
+    return text;
+}
+
+std::string Running::readRest() {
+    constexpr std::size_t block = 65536;
+    std::string rest;
+    for (std::string part = read(block); !part.empty(); part = read(block)) rest += part;
+    return rest;
+}
+
+void Running::closeOutput() {
+    if (fromTool_ >= 0) ::close(fromTool_);
+    fromTool_ = -1;
+}
+
+void Running::signal(int number) const { ::kill(process_, number); }
+
+int Running::endingSignal() {
+    if (process_ < 0) return 0;
+    int status = 0;
+    ::waitpid(process_, &status, 0);
+    process_ = -1;
+    return WIFSIGNALED(status) ? WTERMSIG(status) : 0;
 }
 
 TemporaryFile::TemporaryFile(const std::string& content) {

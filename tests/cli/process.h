@@ -1,6 +1,7 @@
 // Runs the built tool as its users do.
 #pragma once
 
+#include <cstddef>
 #include <string>
 #include <vector>
 
@@ -15,6 +16,10 @@ struct Finished {
 
 /// Runs the tool with these arguments and this standard input.
 Finished runTool(const std::vector<std::string>& arguments, const std::string& input = {});
+
+/// The same with standard output going into this file, whose content is not looked at.
+Finished runToolInto(const std::string& outputFile, const std::vector<std::string>& arguments,
+                     const std::string& input = {});
 
 /// Runs `batch`; the input is taken as it is.
 Finished runBatch(const std::string& input);
@@ -37,6 +42,30 @@ public:
     void send(const std::string& text);
     /// The next response line; "" when none comes within some seconds.
     std::string receiveLine();
+
+private:
+    int toTool_ = -1;
+    int fromTool_ = -1;
+    int process_ = -1;
+};
+
+/// The tool at work, its output read by hand from a pipe.
+class Running {
+public:
+    /// Without a file for standard input, the tool waits there for what never comes.
+    explicit Running(const std::vector<std::string>& arguments, const std::string& inputFile = {});
+    ~Running();
+    Running(const Running&) = delete;
+    Running& operator=(const Running&) = delete;
+
+    /// What one read gives, of so many bytes at most; "" at the end.
+    std::string read(std::size_t most);
+    std::string readRest();
+    void closeOutput();
+    void signal(int number) const;
+
+    /// Waits for the end and gives the signal that the tool ended by; 0 when it exited by itself.
+    int endingSignal();
 
 private:
     int toTool_ = -1;

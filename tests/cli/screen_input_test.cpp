@@ -35,6 +35,21 @@ TEST(ScreenInput, CarriageReturnsBelongToTheLineEnds) {
     EXPECT_EQ(screenFromText("A\r\n"), u"A");
 }
 
+TEST(ScreenInput, ACarriageReturnAloneIsNoLineEnd) {
+    EXPECT_EQ(screenFromText("A\r"), u"A");
+    for (const std::string text : {"A\n>\nB\rC\n", "A\nB\n\r\r\n"}) {
+        try {
+            screenFromText(text);
+            ADD_FAILURE();
+        } catch (const UsageError& problem) {
+            EXPECT_STREQ(
+                problem.what(),
+                "the screen's line 3 holds a carriage return (CR) that no line feed (LF) follows; lines end in "
+                "LF or CR LF, so convert the line ends, for example with: tr '\\r' '\\n'");
+        }
+    }
+}
+
 TEST(ScreenInput, AByteOrderMarkIsNoPartOfTheScreen) {
     EXPECT_EQ(screenFromText("\xEF\xBB\xBF"
                              "A\nB"),

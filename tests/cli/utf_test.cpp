@@ -65,6 +65,13 @@ TEST(Utf, AQuotedTextIsCutWhenItIsLong) {
     EXPECT_EQ(inQuotes(Text(61, u'x')), "\"" + std::string(60, 'x') + "...\"");
 }
 
+TEST(Utf, TheLengthInUtf16IsThatOfTheText) {
+    for (const std::string text :
+         {"", "A", "\xC3\xA9", "\xE2\x82\xAC", "\xF0\x9F\x98\x80", "a\xC3\xA9\xF0\x9F\x98\x80z"}) {
+        EXPECT_EQ(utf16Length(text), toUtf16(text).size()) << text;
+    }
+}
+
 }  // namespace
 
 }  // namespace vantro

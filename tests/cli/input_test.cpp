@@ -1,0 +1,187 @@
+// What the tool takes in and what it refuses, in the same words from every command.
+#include "tests/cli/process.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cstddef>
+#include <fstream>
+#include <string>
+#include <vector>
+
+namespace vantro::test {
+
+namespace {
+
+using Arguments = std::vector<std::string>;
+
+const std::string display = "PDR/AA11BB\n*T*                    AA11BB\nEND OF DISPLAY\n>\n";
+const std::string recloc = "{\"strKeyElement\":\"AA11BB\"}\n";
+const std::string request = R"({"class":"CPXTrans","call":"CreateCommand","params":{"strKeyItemNr":"3"}})"
+                            "\n";
+const std::string response = "{\"result\":\"PX3\"}\n";
+
+// One sentence or several in one line, after the tool's name.
+void expectComplaint(const Finished& run, int status, const std::string& words) {
+    EXPECT_EQ(run.status, status) << run.err;
+    EXPECT_EQ(std::ranges::count(run.err, '\n'), 1) << run.err;
+    EXPECT_TRUE(run.err.starts_with("vantro-profile: ")) << run.err;
+    EXPECT_TRUE(run.err.ends_with(".\n")) << run.err;
+    for (const char* flaw : {"..", ".;", ". ;", " ."}) EXPECT_EQ(run.err.find(flaw), std::string::npos) << run.err;
+    EXPECT_NE(run.err.find(words), std::string::npos) << run.err;
+}
+
+// Every command that reads a text, with the options that make it read standard input.
+const std::vector<Arguments> readers = {{"parse"}, {"elements", "RECLOC"}, {"notes"}, {"verify", "CPXTrans"}};
+
+TEST(Output, ThatCannotBeWrittenIsAFailureOfEveryCommand) {
+    std::vector<Arguments> all = {{"--help"}, {"--version"}, {"classes", "--json"}, {"command", "CPXTrans"}};
+    for (const char* command : {"classes", "command", "verify", "batch", "parse", "elements", "notes"}) {
+        all.push_back({command, "--help"});
+    }
+    all.push_back({"classes"});
+    all.push_back({"batch"});
+    all.insert(all.end(), readers.begin(), readers.end());
+    for (const Arguments& arguments : all) {
+        const std::string& input = arguments.front() == "batch" ? request : display;
+        expectComplaint(runToolInto("/dev/full", arguments, input), 1, "cannot write to standard output: ");
+    }
+}
+
+TEST(Input, AFolderIsCalledOne) {
+    for (Arguments arguments : {Arguments{"parse"},
+                                {"elements", "NM"},
+                                {"notes"},
+                                {"verify", "CPXTrans", "--screen"},
+                                {"verify", "CPXTrans", "--state"}}) {
+        arguments.emplace_back("/");
+        expectComplaint(runTool(arguments, "x"), 2, "'/' is a folder, not a file; ");
+    }
+}
+
+TEST(Input, AnEmptyOneHoldsNoDisplay) {
+    for (const Arguments& arguments : {Arguments{"parse"}, {"elements", "NM"}, {"notes"}}) {
+        for (const char* nothing : {"", "\n", "  \r\n\n", "\xEF\xBB\xBF"}) {
+            const Finished run = runTool(arguments, nothing);
+            EXPECT_EQ(run.out, "");
+            expectComplaint(run, 1, "standard input holds no display.");
+        }
+    }
+}
+
+TEST(Input, CarriageReturnsAloneAreRefusedInTheSameWords) {
+    std::string text = display + display;
+    std::ranges::replace(text, '\n', '\r');
+    const std::string words =
+        "line 1 holds a carriage return (CR) that no line feed (LF) follows; lines end in LF or CR LF, so convert the "
+        "line ends, for example with: tr '\\r' '\\n'.";
+    for (const Arguments& arguments : readers) {
+        const Finished run = runTool(arguments, text);
+        EXPECT_EQ(run.out, "");
+        expectComplaint(run, arguments.front() == "verify" ? 2 : 1, words);
+    }
+    std::string requests = request + request;
+    std::ranges::replace(requests, '\n', '\r');
+    const Finished run = runBatch(requests);
+    EXPECT_NE(run.out.find("the line holds a carriage return (CR) that no line feed (LF) follows"), std::string::npos);
+    EXPECT_EQ(run.status, 1);
+}
+
+TEST(Input, ACarriageReturnInsideARequestIsABlank) { EXPECT_EQ(runBatch("{\r" + request.substr(1)).out, response); }
+
+TEST(Parameters, WithAControlCharacterMakeNoCommand) {
+    const Finished run = runTool({"command", "CPXTrans", "strKeyItemNr=3\nPX4"});
+    EXPECT_EQ(run.out, "");
+    expectComplaint(run, 2, "strKeyItemNr holds the control character U+000A at position 2");
+    expectComplaint(runTool({"command", "CPTTrans", "strKeyElArray()=1", "strKeyElArray()=\xC2\x85"}), 2,
+                    "entry 1 of strKeyElArray() holds the control character U+0085 at position 1");
+    EXPECT_EQ(runTool({"command", "--raw", "CPXTrans", "strKeyItemNr=3\nPX4"}).out, "PX3\nPX4\n");
+    // A batch passes on what it is given.
+    EXPECT_EQ(runBatch(R"({"class":"CPXTrans","call":"CreateCommand","params":{"strKeyItemNr":"3\nPX4"}})").out,
+              "{\"result\":\"PX3\\nPX4\"}\n");
+}
+
+TEST(MaxLine, ABatchAnswersALongerLineWithAnErrorAndGoesOn) {
+    const std::string atLimit = "{\"id\":\"" + std::string(2048 - 9, 'x') + "\"}";
+    ASSERT_EQ(atLimit.size(), 2048U);
+    const Finished run = runTool({"batch", "--max-line", "2K"}, request + atLimit + "\n" + atLimit + " \n" + request);
+    const auto answers = linesOf(run.out);
+    ASSERT_EQ(answers.size(), 4U);
+    EXPECT_EQ(answers[0] + "\n", response);
+    EXPECT_TRUE(answers[1].starts_with(R"({"id":"xxx)")) << answers[1];
+    EXPECT_EQ(answers[2], R"({"error":{"number":0,"source":"request","description":)"
+                          R"("line 3 has more than 2048 bytes; --max-line lets longer lines in"}})");
+    EXPECT_EQ(answers[3] + "\n", response);
+    EXPECT_EQ(run.status, 1);
+}
+
+TEST(MaxLine, ALongerLineIsNoDisplayOfAnyReader) {
+    const std::string words = "line 5 has more than 1024 bytes; --max-line lets longer lines in.";
+    const std::string text = display + std::string(5000, 'x') + "\n>\n" + display;
+    for (Arguments arguments : readers) {
+        arguments.insert(arguments.end(), {"--max-line", "1024"});
+        const Finished run = runTool(arguments, text);
+        const bool isVerify = arguments.front() == "verify";
+        expectComplaint(run, isVerify ? 2 : 1, words);
+        EXPECT_EQ(linesOf(run.out).size(), isVerify ? 0U : 2U);
+    }
+    EXPECT_EQ(runTool({"elements", "RECLOC", "--max-line", "1024"}, text).out, recloc + recloc);
+}
+
+TEST(MaxLine, AHugeLineIsReadInBoundedMemory) {
+    const TemporaryFile file("");
+    std::ofstream stream(file.path(), std::ios::binary);
+    const std::string million(1'000'000, 'x');
+    for (int i = 0; i < 60; ++i) stream << million;
+    stream << "\n>\n" << display;
+    stream.close();
+    for (const Arguments& arguments : {Arguments{"elements", "RECLOC"}, {"verify", "CPXTrans", "--screen"}}) {
+        Arguments all = arguments;
+        all.insert(all.end(), {file.path(), "--max-line", "1M"});
+        const Finished run = runTool(all);
+        EXPECT_EQ(run.out, arguments.front() == "verify" ? "" : recloc);
+        expectComplaint(run, arguments.front() == "verify" ? 2 : 1, "line 1 has more than 1048576 bytes");
+#ifndef __SANITIZE_ADDRESS__
+        EXPECT_LT(run.peakKilobytes, 40'000);  // the line is 60 MB
+#endif
+    }
+}
+
+TEST(MaxLine, IsSixteenMegabytesUnlessToldOtherwise) {
+    std::string longest = "{}";
+    longest.resize(std::size_t{16} * 1024 * 1024, ' ');
+    const auto answers = linesOf(runBatch(longest + "\n" + longest + " \n" + request).out);
+    ASSERT_EQ(answers.size(), 3U);
+    EXPECT_NE(answers[0].find("class: the member is missing"), std::string::npos) << answers[0];
+    EXPECT_NE(answers[1].find("line 2 has more than 16777216 bytes"), std::string::npos) << answers[1];
+    EXPECT_EQ(answers[2] + "\n", response);
+}
+
+TEST(MaxLine, IsANumberOfBytes) {
+    for (const char* size : {"1023", "0", "-1", "x", "", "1G", "16 M", "2048M", "99999999999999", "1.5M"}) {
+        expectComplaint(runTool({"batch", "--max-line", size}), 2, "--max-line");
+    }
+    for (const char* size : {"1024", "1K", "1k", "16M", "2047m"}) {
+        EXPECT_EQ(runTool({"batch", "--max-line", size}, request).out, response) << size;
+    }
+}
+
+TEST(Messages, AreSentences) {
+    const TemporaryFile state("{");
+    expectComplaint(runTool({"verify", "CPXTrans", "--state", state.path()}, "x"), 2,
+                    "not JSON at byte 2: Missing a name for object member; give the JSON object");
+    expectComplaint(runTool({"elements", "RM"}, display), 1, "Object variable not set. Give the place with --index.");
+    expectComplaint(runTool({"verify", "CRLPTrans", "strKeyIndex=9"}, "RLP\nRP/NCEVN0900/\nT/ABC123 /P1\n>\n"), 0,
+                    ". The results hold what was read before it.");
+    expectComplaint(runTool({}), 2, ": a subcommand is required; see vantro-profile --help.");
+    expectComplaint(runTool({"command"}), 2, ": CLASS is required; ");
+    expectComplaint(runTool({"parse", "-j", "0"}), 2, "--jobs: give a whole number from 1 to 256, not '0'; ");
+    expectComplaint(runTool({"elements", "RM", "--index", "99999"}), 2,
+                    "--index: give a whole number from -32768 to 32767, not '99999'; ");
+    expectComplaint(runTool({"verify", "CPXTrans", "--screen"}), 2, "the option --screen needs a value; ");
+    expectComplaint(runTool({"parse", "a\nb"}), 2, "'a?b'");
+}
+
+}  // namespace
+
+}  // namespace vantro::test
