@@ -1,4 +1,4 @@
-# Warnings and instrumentation, applied to every target of this project through one function.
+# Warnings, hardening and instrumentation, applied to every target of this project through one function.
 function(vantro_compile_options target)
     if(MSVC)
         target_compile_options(${target} PRIVATE /W4 /utf-8 $<$<BOOL:${VANTRO_WARNINGS_AS_ERRORS}>:/WX>)
@@ -10,13 +10,16 @@ function(vantro_compile_options target)
             target_compile_options(${target} PRIVATE -Wno-restrict)
         endif()
     endif()
+    vantro_harden(${target})
 endfunction()
 
 if(PROJECT_IS_TOP_LEVEL AND NOT DEFINED CMAKE_CXX_COMPILER_LAUNCHER)
     find_program(VANTRO_CCACHE ccache)
     mark_as_advanced(VANTRO_CCACHE)
     if(VANTRO_CCACHE)
-        set(CMAKE_CXX_COMPILER_LAUNCHER ${VANTRO_CCACHE})
+        # Without this, ccache passes by every source that uses a precompiled header.
+        set(CMAKE_CXX_COMPILER_LAUNCHER ${CMAKE_COMMAND} -E env CCACHE_SLOPPINESS=pch_defines,time_macros
+            ${VANTRO_CCACHE})
     endif()
 endif()
 
@@ -38,6 +41,7 @@ if(VANTRO_NO_SIMD)
     add_compile_definitions(VANTRO_NO_SIMD)
 endif()
 if(VANTRO_COVERAGE)
-    add_compile_options(--coverage)
+    # Some tests run threads, which share the counters.
+    add_compile_options(--coverage -fprofile-update=atomic)
     add_link_options(--coverage)
 endif()

@@ -9,13 +9,36 @@ passed=0
 failed=0
 skipped=0
 
+# report_progress TITLE LOG: while a step runs, says what its last line of output is: in place on a terminal, else as a
+# line now and then. It waits by reading from a pipe that nobody writes to, because a killed "sleep" stays behind.
+report_progress() {
+    local start=$SECONDS pause=20 format='  ...     %s (%d s): %s\n' last silence
+    if [[ -t 1 ]]; then
+        pause=2
+        format='\r\e[K  ...     %s (%d s): %s'
+    fi
+    exec {silence}<> <(:)
+    while true; do
+        read -rt $pause -u "$silence" || true
+        last=$(tail -n 1 "$2" 2>/dev/null | tr -d '\r\e')
+        # shellcheck disable=SC2059 # one of the two above
+        printf "$format" "$1" $((SECONDS - start)) "${last:0:60}"
+    done
+}
+
 # run_logged TITLE COMMAND...: one line with the seconds it took; the end of its output when it fails. The whole
 # output is in the file that $log names.
 run_logged() {
-    local title=$1 start=$SECONDS status=0
+    local title=$1 start=$SECONDS status=0 reporter
     shift
     log=$logs/$(tr -cs 'A-Za-z0-9\n' '-' <<<"$title").log
+    : >"$log"
+    report_progress "$title" "$log" &
+    reporter=$!
     "$@" >"$log" 2>&1 </dev/null || status=$?
+    kill "$reporter" 2>/dev/null || true
+    wait "$reporter" 2>/dev/null || true
+    if [[ -t 1 ]]; then printf '\r\e[K'; fi
     if ((status == 0)); then
         printf '  ok      %s (%d s)\n' "$title" $((SECONDS - start))
     else
@@ -31,9 +54,24 @@ step() {
     run_logged "$@" || exit 1
 }
 
-# check TITLE COMMAND...: a step whose failure counts as a failed test; the script goes on.
+# check TITLE COMMAND...: a step that counts as one test; the script goes on when it fails.
 check() {
-    run_logged "$@" || failed=$((failed + 1))
+    if run_logged "$@"; then passed=$((passed + 1)); else failed=$((failed + 1)); fi
+}
+
+# build_and_test PRESET: configures, builds and tests. A build that fails counts as one failed test.
+build_and_test() {
+    if run_logged "$1: configure" cmake --preset "$1" && run_logged "$1: build" cmake --build --preset "$1"; then
+        count_ctest "$1: tests" "$1"
+    else
+        failed=$((failed + 1))
+    fi
+}
+
+# close_counts: the last line of a script that counts, and its status.
+close_counts() {
+    echo "$passed passed, $failed failed, $skipped skipped"
+    ((failed == 0))
 }
 
 # attribute NAME FILE: the number under this name in the head of a JUnit file.
@@ -58,23 +96,29 @@ count_ctest() {
     skipped=$((skipped + left))
 }
 
-# count_closing_line TITLE COMMAND...: runs a script that closes with "N passed, N failed, N skipped" and adds that.
-count_closing_line() {
-    local status=0 closing
-    run_logged "$@" || status=$?
-    closing=$(tail -n 1 "$log")
+# add_closing_line TITLE OUTPUT STATUS: adds the counts that a script's output closes with.
+add_closing_line() {
+    local closing
+    closing=$(tail -n 1 "$2")
     if [[ $closing =~ ^([0-9]+)\ passed,\ ([0-9]+)\ failed,\ ([0-9]+)\ skipped$ ]]; then
         passed=$((passed + BASH_REMATCH[1]))
         failed=$((failed + BASH_REMATCH[2]))
         skipped=$((skipped + BASH_REMATCH[3]))
-        if ((status != 0 && BASH_REMATCH[2] == 0)); then failed=$((failed + 1)); fi
+        if (($3 != 0 && BASH_REMATCH[2] == 0)); then failed=$((failed + 1)); fi
     else
         echo "  FAILED  $1: it closes without its counts" >&2
         failed=$((failed + 1))
     fi
 }
 
-# install_missing PACKAGE...: installs the Debian packages that are not there yet.
+# count_closing_line TITLE COMMAND...: runs a script that closes with "N passed, N failed, N skipped" and adds that.
+count_closing_line() {
+    local status=0
+    run_logged "$@" || status=$?
+    add_closing_line "$1" "$log" $status
+}
+
+# install_missing PACKAGE...: installs the Debian packages that are not there yet. Where all are, it needs no rights.
 install_missing() {
     local package missing=() as_root=()
     for package in "$@"; do
@@ -84,27 +128,36 @@ install_missing() {
     done
     if ((${#missing[@]} == 0)); then return; fi
     if ((EUID != 0)); then
-        if ! command -v sudo >/dev/null; then
-            echo "Missing packages: ${missing[*]}. Install them, or run this as root or with sudo there." >&2
+        # sudo asks here, where the question is seen.
+        if ! command -v sudo >/dev/null || ! sudo -v; then
+            printf 'Packages are missing, and installing them takes root or sudo. As root:\n\n' >&2
+            printf '    apt-get update && apt-get install -y --no-install-recommends %s\n\n' "${missing[*]}" >&2
             exit 1
         fi
-        sudo -v # asks here, where the question is seen
         as_root=(sudo)
     fi
+    echo "  missing ${missing[*]}"
     step "package lists" "${as_root[@]}" apt-get update
-    step "install ${missing[*]}" "${as_root[@]}" env DEBIAN_FRONTEND=noninteractive \
+    step "install the packages" "${as_root[@]}" env DEBIAN_FRONTEND=noninteractive \
         apt-get install -y --no-install-recommends "${missing[@]}"
 }
 
+# strictly FUNCTION: runs a function of this project's scripts so that its first failing command ends it.
+strictly() { bash -euo pipefail -c "$(declare -p root); $(declare -f our_sources "$1"); $1"; }
+
 # our_sources: every C++ file of the project, each ended by a zero byte.
 our_sources() {
-    local folder folders=()
-    for folder in include framework terminal transactions profile notes cli server tests fuzz benchmarks examples; do
-        if [[ -d $folder ]]; then folders+=("$folder"); fi
-    done
-    find "${folders[@]}" \( -name '*.h' -o -name '*.cpp' \) -print0
+    find . -name build -prune -o -name '.*' ! -name . -prune -o \( -name '*.h' -o -name '*.cpp' \) -print0
 }
 
-# What the tool needs to be built.
+# The packages of each task. A script asks for all of its own at its beginning.
 # shellcheck disable=SC2034
-tool_packages=(g++ cmake ninja-build libcli11-dev rapidjson-dev)
+{
+    tool_packages=(g++ cmake ninja-build libcli11-dev rapidjson-dev)
+    com_packages=("${tool_packages[@]}" googletest mingw-w64-tools libwine-dev)
+    com_x64_packages=("${com_packages[@]}" g++-mingw-w64-x86-64-posix wine wine64)
+    com_x86_packages=("${com_packages[@]}" g++-mingw-w64-i686-posix mmdebstrap)
+    test_packages=("${tool_packages[@]}" libgtest-dev libgmock-dev "${com_x64_packages[@]}")
+    check_packages=("${test_packages[@]}" "${com_x86_packages[@]}" clang clang-format clang-tidy libclang-rt-dev
+        binutils gcovr python3 shellcheck)
+}

@@ -6,8 +6,12 @@ cd "$(dirname "$0")/.."
 # shellcheck source=scripts/lib.sh
 source scripts/lib.sh
 
-install_missing "${tool_packages[@]}" googletest zip g++-mingw-w64-x86-64-posix g++-mingw-w64-i686-posix \
-    mingw-w64-tools wine wine64 libwine-dev
+install_missing "${com_x64_packages[@]}" "${com_x86_packages[@]}" git zip
+
+# The same sources give the same archive: whoever builds it, and when, leaves no trace.
+SOURCE_DATE_EPOCH=${SOURCE_DATE_EPOCH:-$(git log -1 --format=%ct)}
+export SOURCE_DATE_EPOCH TZ=UTC LC_ALL=C
+umask 022
 
 version=$(sed -nE 's/^project\(VantroProfileUtils VERSION ([0-9.]+).*/\1/p' CMakeLists.txt)
 name=VantroProfileUtils-$version
@@ -28,15 +32,12 @@ cp build/mingw-x64/server/idl/vantro_profile_utils.tlb "$out/$name/VantroProfile
 cp server/vantro_profile_utils.idl "$out/$name/VantroProfileUtils.idl"
 mkdir -p "$out/$name/docs"
 cp docs/com.md "$out/$name/docs"
-for document in README.md CHANGELOG.md LICENSE; do
-    if [[ -f $document ]]; then cp "$document" "$out/$name"; fi
-done
+cp README.md CHANGELOG.md LICENSE SECURITY.md "$out/$name"
 
-# The same sources give the same archive.
-find "$out/$name" -exec touch -d "@$(git log -1 --format=%ct)" {} +
-(cd "$out/$name" && find . -type f -print0 | LC_ALL=C sort -z | xargs -0 sha256sum) >"$out/SHA256SUMS"
+(cd "$out/$name" && find . -type f -print0 | sort -z | xargs -0 sha256sum) >"$out/SHA256SUMS"
 mv "$out/SHA256SUMS" "$out/$name/SHA256SUMS"
-touch -d "@$(git log -1 --format=%ct)" "$out/$name/SHA256SUMS" "$out/$name"
-(cd "$out" && find "$name" -type f | LC_ALL=C sort | zip -q -X -@ "$name.zip")
+find "$out/$name" -type f -exec chmod 644 {} +
+find "$out/$name" -exec touch -d "@$SOURCE_DATE_EPOCH" {} +
+(cd "$out" && find "$name" -type f | sort | zip -q -X -@ "$name.zip")
 (cd "$out" && sha256sum "$name.zip" >"$name.zip.sha256")
 echo "$out/$name.zip"

@@ -1,0 +1,39 @@
+#!/usr/bin/env bash
+# The long checks, beside scripts/test.sh: format, clang-tidy and the sanitizers, the scalar variant, threads, coverage,
+# hardening, the same bytes twice, the 32-bit COM clients, the fuzz targets and a sample of mutations. Takes about half
+# an hour on two cores, after the packages that it installs (Debian 12; root or sudo). The last line of a green run is
+# "N passed, 0 failed, M skipped".
+set -euo pipefail
+cd "$(dirname "$0")/.."
+# shellcheck source=scripts/lib.sh
+source scripts/lib.sh
+
+check_format() { our_sources | xargs -0 clang-format --dry-run -Werror; }
+check_scripts() { shellcheck -x -S warning scripts/*.sh .ci/run; }
+
+# Another sample for other sources, the same for the same ones.
+mutation_seed() { our_sources | sort -z | xargs -0 cat | cksum | cut -d ' ' -f 1; }
+
+main() {
+    install_missing "${check_packages[@]}"
+    check "format" strictly check_format
+    check "shellcheck" strictly check_scripts
+    build_and_test ci-clang # address and undefined-behaviour sanitizers, clang-tidy over every source
+    build_and_test scalar
+    build_and_test tsan
+    check "coverage" bash scripts/coverage.sh
+    { grep -E '^(lines|branches|not covered|  )' "$log" || true; } | sed 's/^/          /'
+    count_closing_line "the same bytes twice" bash scripts/check-reproducible.sh
+    count_closing_line "hardening" bash scripts/check-hardening.sh
+    count_closing_line "COM server, 32-bit" bash scripts/test-com.sh x86
+    tail -n 3 "$log" | sed 's/^/          /'
+    check "fuzz targets" bash scripts/fuzz.sh --seconds-each 10
+    check "sample of mutations" bash scripts/mutate.sh 60 "$(mutation_seed)"
+    close_counts
+}
+
+# In braces, so that a change of this file while it runs does no harm.
+{
+    main
+    exit
+}
