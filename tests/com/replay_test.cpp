@@ -1,8 +1,8 @@
 // The recorded exchanges and profiles of samples/, played once against the linked library and once against the
 // registered server: one player, two back ends.
 #include "server/client/remote_object.h"
-#include "tests/com/client.h"
 #include "tests/com/memory_spy.h"
+#include "tests/com/terminal_control.h"
 #include "tests/support/exchange_file.h"
 #include "tests/support/text.h"
 #include "vantro/built_in_terminal.h"
@@ -216,10 +216,11 @@ TEST(RecordedExchanges, LeaveNothingBehind) {
         }
     };
     playAll();
-    const long objects = liveObjects();
+    TerminalControl control;
+    const long objects = control.liveObjects();
     const std::size_t blocks = MemorySpy::outstanding();
     for (int round = 0; round < 3; ++round) playAll();
-    EXPECT_EQ(liveObjects(), objects);
+    EXPECT_EQ(control.liveObjects(), objects);
     EXPECT_EQ(MemorySpy::outstanding(), blocks);
 }
 
