@@ -8,10 +8,13 @@
 #include "tests/com/memory_spy.h"
 #include "tests/com/reference_terminal.h"
 #include "tests/com/terminal_control.h"
+#include "tests/support/screens.h"
 #include "tests/support/text.h"
 #include "vantro/registry.h"
 
 #include <gtest/gtest.h>
+
+#include <thread>
 
 namespace vantro::test {
 namespace {
@@ -35,7 +38,7 @@ void PrintTo(const Outcome& outcome, std::ostream* out) {
          << testing::PrintToString(outcome.request) << "; reported " << testing::PrintToString(outcome.reported);
 }
 
-Raised raisedBy(const Error& error) { return {error.number(), utf8(error.source()), utf8(error.description())}; }
+Raised raisedFrom(const Error& error) { return {error.number(), utf8(error.source()), utf8(error.description())}; }
 
 std::string given(bool collection) { return collection ? "a collection" : "none"; }
 
@@ -74,7 +77,7 @@ Outcome runLinked(const Operation& operation, ReferenceTerminal& terminal) {
     try {
         call(operation, *object, params, outcome);
     } catch (const Error& error) {
-        outcome.raised = raisedBy(error);
+        outcome.raised = raisedFrom(error);
     }
     if (params) outcome.request = entriesOf(ReferenceTerminal::inner(params));
     outcome.reported = terminal.reported();
@@ -121,6 +124,7 @@ public:
         Ptr<IDispatch> results;
         control_.failAt(failing, fault);
         control_.failReports(failingReports);
+        leaveAnEarlierError();
         call(object, params, outcome, results);
         outcome.reported = control_.reported();
         calls_ = failing == 0 ? control_.calls() : calls_;
@@ -141,14 +145,14 @@ private:
             case Call::Command: {
                 Bstr command;
                 const auto trans = object.as<::IProfileTrans>(IID_IProfileTrans);
-                outcome.raised = test::raisedBy(trans->CreateCommand(argument(params.get()), command.receive()));
+                outcome.raised = raisedBy(trans->CreateCommand(argument(params.get()), command.receive()));
                 outcome.given = utf8(command.view());
                 break;
             }
             case Call::Response: {
                 const auto trans = object.as<::IProfileTrans>(IID_IProfileTrans);
                 outcome.raised =
-                    test::raisedBy(trans->VerifyResponse(screen.get(), argument(params.get()), results.receive()));
+                    raisedBy(trans->VerifyResponse(screen.get(), argument(params.get()), results.receive()));
                 if (outcome.raised.number == 0) outcome.given = given(static_cast<bool>(results));
                 break;
             }
@@ -157,13 +161,23 @@ private:
         }
     }
 
+    // Whatever the thread did last may have left an error behind; it is none of this call's.
+    static void leaveAnEarlierError() {
+        Ptr<ICreateErrorInfo> earlier;
+        com::check(CreateErrorInfo(earlier.receive()));
+        const Bstr text(u"an earlier error");
+        earlier->SetSource(text.get());
+        earlier->SetDescription(text.get());
+        SetErrorInfo(0, earlier.as<IErrorInfo>(IID_IErrorInfo).get());
+    }
+
     void count(const Ptr<IUnknown>& object, const Bstr& screen, Outcome& outcome) {
         com::Member property(operation_.property);
         try {
             const auto dispatch = object.as<IDispatch>(IID_IDispatch);
             outcome.given = utf8(com::textIn(property.call(dispatch.get(), {com::borrowed(screen.get())}).get()));
         } catch (const Error& error) {
-            outcome.raised = raisedBy(error);
+            outcome.raised = raisedFrom(error);
         }
     }
 
@@ -171,8 +185,8 @@ private:
         Ptr<IDispatch> unknown;
         Variant selection = Variant::of(ItemValue(selected()));
         const auto parser = object.as<::IProfileGet>(IID_IProfileGet);
-        outcome.raised = test::raisedBy(parser->ProfileElements(screen.get(), argument(params.get()),
-                                                                selection.pointer(), noArgument(), unknown.receive()));
+        outcome.raised = raisedBy(parser->ProfileElements(screen.get(), argument(params.get()), selection.pointer(),
+                                                          noArgument(), unknown.receive()));
         if (outcome.raised.number == 0) outcome.given = given(static_cast<bool>(unknown));
     }
 
@@ -247,7 +261,7 @@ protected:
             return;
         }
         EXPECT_EQ(outcome.raised,
-                  own ? (Raised{operation.number, "VantroProfileUtils", operation.description()}) : raisedBy(step));
+                  own ? (Raised{operation.number, "VantroProfileUtils", operation.description()}) : raisedFrom(step));
         EXPECT_TRUE(outcome.results.empty());
         EXPECT_TRUE(outcome.reported.empty());
     }
@@ -315,6 +329,39 @@ TEST_P(ForeignTerminal, FailsWithItsReporter) {
         if (operation.consequence(before) == '=')
             expectConsequence(operation.number == 0 ? '^' : '!', outcome, unreported);
     }
+}
+
+// What one apartment makes of a terminal whose helper objects cannot be created, and can be later.
+void useWithoutHelpers() {
+    TerminalControl control;
+    const auto company = newTrans(u"CPCNTrans");
+    const auto item = newTrans(u"CPXTrans");
+    const auto locator = newTrans(u"CPDRTrans");
+    const Ptr<IDispatch> params = com::copiedOut(collection({{u"strKeyItemNr", u"3"}}));
+    const Bstr shown(screen({u"PCN/K", u"*C*"}));
+    Ptr<IDispatch> results;
+    Bstr command;
+    control.failHelpers(Fault::Fails);
+    EXPECT_EQ(raisedBy(company->VerifyResponse(shown.get(), noArgument(), results.receive())),
+              (Raised{E_FAIL, "VantroProfileUtils", "A call failed with code 0x80004005"}));
+    EXPECT_EQ(raisedBy(item->CreateCommand(argument(params.get()), command.receive())), creatingFailed(5010));
+    // The line that cannot be fetched cannot be reported either.
+    EXPECT_EQ(raisedBy(locator->VerifyResponse(shown.get(), noArgument(), results.receive())), verifyingFailed(5110));
+    control.failHelpers(Fault::None);
+    EXPECT_EQ(item->CreateCommand(argument(params.get()), command.receive()), S_OK);
+    EXPECT_EQ(utf8(command.view()), "PX3");
+    EXPECT_EQ(company->VerifyResponse(shown.get(), noArgument(), results.receive()), S_OK);
+    EXPECT_TRUE(results);
+}
+
+TEST(ForeignTerminalsObjects, AreAskedForAgainAfterAFailure) {
+    // Another thread has no helper objects yet.
+    std::thread apartment([] {
+        CoInitialize(nullptr);
+        useWithoutHelpers();
+        CoUninitialize();
+    });
+    apartment.join();
 }
 
 TEST(ForeignTerminalsObjects, OfferAutomationAlone) {

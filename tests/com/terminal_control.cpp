@@ -25,6 +25,10 @@ void TerminalControl::failReports(Fault fault) {
     failReports_.call(object_.get(), {com::borrowed(static_cast<std::int16_t>(fault))});
 }
 
+void TerminalControl::failHelpers(Fault fault) {
+    failHelpers_.call(object_.get(), {com::borrowed(static_cast<std::int16_t>(fault))});
+}
+
 std::vector<std::string> TerminalControl::calls() {
     std::vector<std::string> names;
     const int count = number(callCount_);

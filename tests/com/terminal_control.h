@@ -24,6 +24,9 @@ public:
     /// Every report fails, until the next `failAt`.
     void failReports(Fault fault);
 
+    /// The terminal's helper objects cannot be created, until the next `failAt`.
+    void failHelpers(Fault fault);
+
     /// The calls since then, as "Item strKeyName", "ScreenLine 3" and so on.
     std::vector<std::string> calls();
 
@@ -37,6 +40,7 @@ private:
     com::Member liveObjects_{u"LiveObjects"};
     com::Member failAs_{u"FailAs"};
     com::Member failReports_{u"FailReports"};
+    com::Member failHelpers_{u"FailHelpers"};
     com::Member callCount_{u"CallCount"};
     com::Member call_{u"Call"};
     com::Member reportedCount_{u"ReportedCount"};

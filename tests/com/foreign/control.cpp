@@ -8,6 +8,7 @@ namespace {
 constexpr DISPID failAtCallId = 3;
 constexpr DISPID failAsId = 5;
 constexpr DISPID failReportsId = 7;
+constexpr DISPID failHelpersId = 9;
 constexpr DISPID resetId = 11;
 constexpr DISPID callCountId = 13;
 constexpr DISPID callId = 17;
@@ -20,6 +21,7 @@ constexpr MemberRow members[] = {
     {L"FailAtCall", failAtCallId, DISPATCH_METHOD, 2, 2},
     {L"FailAs", failAsId, DISPATCH_METHOD, 2, 2},
     {L"FailReports", failReportsId, DISPATCH_METHOD, 1, 1},
+    {L"FailHelpers", failHelpersId, DISPATCH_METHOD, 1, 1},
     {L"Reset", resetId, DISPATCH_METHOD, 0, 0},
     {L"CallCount", callCountId, DISPATCH_PROPERTYGET, 0, 0},
     {L"Call", callId, DISPATCH_PROPERTYGET, 1, 1},
@@ -51,6 +53,7 @@ private:
                 watch.failAt(longIn(given[0]), static_cast<Fault>(longIn(given[1])), vantro::test::ownNumber);
                 break;
             case failReportsId: watch.failReports(static_cast<Fault>(longIn(given[0]))); break;
+            case failHelpersId: watch.failHelpers(static_cast<Fault>(longIn(given[0]))); break;
             case resetId: watch.failAt(0, Fault::None, vantro::test::ownNumber); break;
             default: return answer(member, given);
         }

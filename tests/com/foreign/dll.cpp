@@ -16,26 +16,30 @@ struct ClassRow {
     const wchar_t* name;
     CLSID clsid;
     IDispatch* (*create)();
-    const wchar_t* watched;  ///< the creation as the watch notes it; null for one that is not watched
+    Fault (*enter)();  ///< what becomes of a creation
 };
+
+Fault enterCollection() { return Watch::only().enter(L"createCollection"); }
+Fault enterHelper() { return Watch::only().helperFault(); }
+Fault enterControl() { return Fault::None; }
 
 const ClassRow classes[] = {
     {L"KeyedCollection",
      {0xFFF86A3D, 0xDB0B, 0x11D3, {0xA2, 0x3F, 0x00, 0x00, 0x0E, 0x9C, 0xF6, 0x91}},
      newCollection,
-     L"createCollection"},
+     enterCollection},
     {L"TerminalFunctions",
      {0xD75832A4, 0xDB0A, 0x11D3, {0xA2, 0x3F, 0x00, 0x00, 0x0E, 0x9C, 0xF6, 0x91}},
      newFunctions,
-     nullptr},
+     enterHelper},
     {L"ErrorReporter",
      {0xD75832A0, 0xDB0A, 0x11D3, {0xA2, 0x3F, 0x00, 0x00, 0x0E, 0x9C, 0xF6, 0x91}},
      newReporter,
-     nullptr},
+     enterHelper},
     {L"StandInControl",
      {0x2C7A9E51, 0x64B3, 0x4F0D, {0x8A, 0x17, 0x3B, 0x90, 0xD2, 0x5E, 0x71, 0xC4}},
      newControl,
-     nullptr},
+     enterControl},
 };
 
 // A failed creation has no exception to describe itself in, only the thread's error information.
@@ -71,7 +75,7 @@ public:
     HRESULT STDMETHODCALLTYPE CreateInstance(IUnknown* outer, REFIID iid, void** object) override {
         *object = nullptr;
         if (outer != nullptr) return CLASS_E_NOAGGREGATION;
-        const Fault fault = row_.watched == nullptr ? Fault::None : Watch::only().enter(row_.watched);
+        const Fault fault = row_.enter();
         if (fault == Fault::Nothing) return S_OK;
         if (fault != Fault::None && fault <= vantro::test::lastError) return failedCreation(fault);
         try {

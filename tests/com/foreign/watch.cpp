@@ -20,6 +20,7 @@ void Watch::failAt(LONG call, Fault fault, LONG number) {
     failingCall_ = call;
     fault_ = fault;
     reportFault_ = Fault::None;
+    helperFault_ = Fault::None;
     number_ = number;
     calls_.clear();
     reports_.clear();
@@ -28,6 +29,11 @@ void Watch::failAt(LONG call, Fault fault, LONG number) {
 void Watch::failReports(Fault fault) {
     const std::lock_guard lock(mutex_);
     reportFault_ = fault;
+}
+
+void Watch::failHelpers(Fault fault) {
+    const std::lock_guard lock(mutex_);
+    helperFault_ = fault;
 }
 
 void Watch::addReport(Report report) {
@@ -43,6 +49,11 @@ void Watch::addLive(LONG change) {
 Fault Watch::reportFault() const {
     const std::lock_guard lock(mutex_);
     return reportFault_;
+}
+
+Fault Watch::helperFault() const {
+    const std::lock_guard lock(mutex_);
+    return helperFault_;
 }
 
 LONG Watch::failingNumber() const {

@@ -31,10 +31,14 @@ public:
     /// Every report fails so.
     void failReports(Fault fault);
 
+    /// The functions and the reporter cannot be created so.
+    void failHelpers(Fault fault);
+
     void addReport(Report report);
     void addLive(LONG change);
 
     Fault reportFault() const;
+    Fault helperFault() const;
     LONG failingNumber() const;
     LONG live() const;
     std::vector<std::wstring> calls() const;
@@ -45,6 +49,7 @@ private:
     LONG failingCall_ = 0;
     Fault fault_ = Fault::None;
     Fault reportFault_ = Fault::None;
+    Fault helperFault_ = Fault::None;
     LONG number_ = vantro::test::ownNumber;
     LONG live_ = 0;
     std::vector<std::wstring> calls_;
