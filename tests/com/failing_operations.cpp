@@ -84,7 +84,7 @@ Text display(const char16_t* section, const char16_t* element) {
     return screen({u"PDR/E2F5KD", u"*T* TRAVELLER PROFILE                    E2F5KD",
                    u"----- ACTIVE   OFFICE                                  LISVN7734",
                    u"   1 NM  MONTEBELLO/RUI CARLOS MR", u"   2 PCN/ AZULEJO CERAMICS", u"   3 PIN/ 5150",
-                   u"   4     PSL/ 3", section, element, u"END OF DISPLAY"});
+                   u"   4     PSL/ 3", section, element, u"END OF DISPLAY", u">"});
 }
 
 Operation count(const char16_t* className, const char16_t* property, int number, Text shown) {
