@@ -15,7 +15,9 @@ IDispatch* objectOf(const ItemPtr& item) {
 
 Ptr<IDispatch> newTerminalObject(const CLSID& clsid) {
     Ptr<IDispatch> object;
+    SetErrorInfo(0, nullptr);  // what is current now is of an earlier call
     check(CoCreateInstance(clsid, nullptr, CLSCTX_INPROC_SERVER, IID_IDispatch, object.receiveAny()));
+    if (!object) fail(Failure::ObjectNotSet);
     return object;
 }
 

@@ -35,10 +35,18 @@ private:
     EXCEPINFO info_{};
 };
 
+// What was current for the length of a call is nothing that the call says of itself.
+void withdraw(IErrorInfo* current) {
+    Ptr<IErrorInfo> left;
+    if (current == nullptr || GetErrorInfo(0, left.receive()) != S_OK) return;
+    if (left.get() != current) SetErrorInfo(0, left.get());
+}
+
 }  // namespace
 
 DISPID Member::id(IDispatch* object) {
     if (id_ == DISPID_UNKNOWN) {
+        SetErrorInfo(0, nullptr);
         auto* name = const_cast<OLECHAR*>(characters(name_));
         check(object->GetIDsOfNames(IID_NULL, &name, 1, LOCALE_SYSTEM_DEFAULT, &id_));
     }
@@ -58,6 +66,7 @@ Variant Member::call(IDispatch* object, std::initializer_list<VARIANT> arguments
     const HRESULT status =
         object->Invoke(member, IID_NULL, LOCALE_SYSTEM_DEFAULT, DISPATCH_METHOD | DISPATCH_PROPERTYGET, &parameters,
                        result.pointer(), exception.receive(), &wrongArgument);
+    withdraw(current);
     if (status == DISP_E_EXCEPTION) throw exception.error();
     check(status);
     return result;

@@ -1,8 +1,9 @@
 // The recorded exchanges and profiles of samples/, played once against the linked library and once against the
 // registered server: one player, two back ends.
 #include "server/client/remote_object.h"
-#include "tests/com/client.h"
 #include "tests/com/memory_spy.h"
+#include "tests/com/samples.h"
+#include "tests/com/terminal_control.h"
 #include "tests/support/exchange_file.h"
 #include "tests/support/text.h"
 #include "vantro/built_in_terminal.h"
@@ -11,14 +12,10 @@
 #include <gtest/gtest.h>
 
 #include <filesystem>
-#include <fstream>
 #include <map>
-#include <sstream>
 
 namespace vantro::test {
 namespace {
-
-const std::filesystem::path samples = std::filesystem::path(VANTRO_SAMPLES_DIR);
 
 enum class BackEnd { Library, Server };
 
@@ -103,13 +100,7 @@ private:
     CollectionPtr previous_;
 };
 
-std::string fileTestName(const testing::TestParamInfo<std::filesystem::path>& file) {
-    std::string name = file.param.stem().string();
-    for (char& character : name) {
-        if (!isalnum(static_cast<unsigned char>(character))) character = '_';
-    }
-    return name;
-}
+std::string fileTestName(const testing::TestParamInfo<std::filesystem::path>& file) { return testName(file.param); }
 
 class RecordedExchange : public testing::TestWithParam<std::filesystem::path> {
 protected:
@@ -120,25 +111,11 @@ protected:
         for (const ExchangeStep& step : exchange) player.play(step);
     }
 };
-INSTANTIATE_TEST_SUITE_P(, RecordedExchange, testing::ValuesIn(filesIn(samples / "exchanges", ".exchange")),
+INSTANTIATE_TEST_SUITE_P(, RecordedExchange, testing::ValuesIn(filesIn(samples() / "exchanges", ".exchange")),
                          fileTestName);
 
 TEST_P(RecordedExchange, PlaysThroughTheServer) { play(BackEnd::Server); }
 TEST_P(RecordedExchange, PlaysThroughTheLinkedLibrary) { play(BackEnd::Library); }
-
-// A profile as a text file holds it, a screen line a line.
-Text displayIn(const std::filesystem::path& file) {
-    std::ifstream stream(file, std::ios::binary);
-    std::string line;
-    Text display;
-    while (std::getline(stream, line)) {
-        if (!line.empty() && line.back() == '\r') line.pop_back();
-        Text text = wide(line);
-        text.resize(80, u' ');
-        display += text;
-    }
-    return display;
-}
 
 const char16_t* const prefixes[] = {u"NM",  u"SR",  u"RM",  u"AP",  u"OS",  u"FFN", u"ST",  u"RECLOC", u"OFFID", u"PCN",
                                     u"PHI", u"PPH", u"PCI", u"PPC", u"PIN", u"PSL", u"ALL", u"RC",     u"PPR",   u"PPS",
@@ -171,7 +148,7 @@ Answer ask(Stage& stage, TextView className, TextView display, const Entries& re
 }
 
 class RecordedProfile : public testing::TestWithParam<std::filesystem::path> {};
-INSTANTIATE_TEST_SUITE_P(, RecordedProfile, testing::ValuesIn(filesIn(samples / "profiles", ".txt")), fileTestName);
+INSTANTIATE_TEST_SUITE_P(, RecordedProfile, testing::ValuesIn(filesIn(samples() / "profiles", ".txt")), fileTestName);
 
 TEST_P(RecordedProfile, GivesTheSameElementsThroughBothBackEnds) {
     Stage library(BackEnd::Library);
@@ -205,21 +182,22 @@ TEST_P(RecordedProfile, GivesTheSameCountsAndListsThroughBothBackEnds) {
 // Playing everything again and again leaves no text, array or task memory behind, and no object of the terminal.
 TEST(RecordedExchanges, LeaveNothingBehind) {
     const auto playAll = [] {
-        for (const auto& file : filesIn(samples / "exchanges", ".exchange")) {
+        for (const auto& file : filesIn(samples() / "exchanges", ".exchange")) {
             Player player(BackEnd::Server);
             for (const ExchangeStep& step : readExchange(file)) player.play(step);
         }
         Stage server(BackEnd::Server);
-        const Text display = displayIn(samples / "profiles" / "every_family.txt");
+        const Text display = displayIn(samples() / "profiles" / "every_family.txt");
         for (const char16_t* const prefix : prefixes) {
             ask(server, u"CProfile", display, {{u"strKeyPrefix", prefix}, {u"intKeyIndex", 1}});
         }
     };
     playAll();
-    const long objects = liveObjects();
+    TerminalControl control;
+    const long objects = control.liveObjects();
     const std::size_t blocks = MemorySpy::outstanding();
     for (int round = 0; round < 3; ++round) playAll();
-    EXPECT_EQ(liveObjects(), objects);
+    EXPECT_EQ(control.liveObjects(), objects);
     EXPECT_EQ(MemorySpy::outstanding(), blocks);
 }
 
