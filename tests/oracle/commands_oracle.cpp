@@ -1,4 +1,5 @@
 #include "commands_oracle.h"
+#include "parameters.h"
 
 #include <map>
 #include <stdexcept>
@@ -7,194 +8,173 @@ namespace oracle {
 
 namespace {
 
-class Params {
-public:
-    explicit Params(const Collection* collection) : collection_(collection) {}
-
-    const Value* item(const std::string& key) const {
-        if (collection_ == nullptr) {
-            throw Failure{objectNotSet};
-        }
-        return collection_->item(key);
-    }
-
-    Text text(const std::string& key) const { return itemText(item(key)); }
-    bool flag(const std::string& key) const { return itemBoolean(item(key)); }
-
-    Text entryOf(const std::string& key, int index) const {
-        const Value& value = itemValue(item(key));
-        const std::vector<Text>* list = std::get_if<std::vector<Text>>(&value);
-        if (list == nullptr) {
-            throw Failure{typeMismatch};
-        }
-        return entry(*list, index);
-    }
-
-private:
-    const Collection* collection_;
-};
-
-Text pbi(const Params& params) {
-    const Text index = params.text("strKeyIndex");
+Text bookingByIndex(const Collection* params) {
+    const Text index = text(params, "strKeyIndex");
     if (index.empty()) {
         return Text();
     }
-    Text command = u"PBI/" + index;
-    if (params.flag("blnKeyAllPNR")) {
-        command = command + u"*";
+    Text result = u"PBI/" + index;
+    // Not read without an index.
+    const bool all = flag(params, "blnKeyAllPNR");
+    if (all) {
+        result = result + u"*";
     }
-    return command;
+    return result;
 }
 
-Text pbn(const Params& params) {
-    const Text indicator = params.text("strKeyIndicator");
-    const Text company = params.text("strKeyCompany");
-    const Text name = params.text("strKeyName");
-    const bool all = params.flag("blnKeyAllPNR");
-    const bool exact = params.flag("blnKeyExactMatch");
+Text bookingByName(const Collection* params) {
+    const Text indicator = text(params, "strKeyIndicator");
+    const Text company = text(params, "strKeyCompany");
+    const Text name = text(params, "strKeyName");
+    const bool all = flag(params, "blnKeyAllPNR");
+    const bool exact = flag(params, "blnKeyExactMatch");
     if (indicator.empty()) {
         return Text();
     }
-    Text command = u"PBN/";
+    Text result = u"PBN/";
     if (indicator == u"Company") {
         if (company.empty()) {
             return Text();
         }
-        command = command + company;
+        result = result + company;
     }
     if (indicator == u"Traveller") {
-        command = command + u"-";
+        result = result + u"-";
         if (name.empty()) {
             return Text();
         }
-        command = command + name;
+        result = result + name;
     }
     if (exact) {
-        command = command + u"/";
+        result = result + u"/";
     }
     if (all) {
-        command = command + u"*";
+        result = result + u"*";
     }
-    return command;
+    return result;
 }
 
-Text pcn(const Params& params) { return u"PCN/" + params.text("strKeyCompany"); }
+Text companyNameCheck(const Collection* params) { return u"PCN/" + text(params, "strKeyCompany"); }
 
-Text pda(const Params& params) {
-    const Text name = params.text("strKeyName");
-    const Text company = params.text("strKeyCompany");
+Text similarNames(const Collection* params) {
+    const Text name = text(params, "strKeyName");
+    const Text company = text(params, "strKeyCompany");
     if (name.empty() && company.empty()) {
         return Text();
     }
-    Text command = u"PDA/";
+    Text result = u"PDA/";
     if (!company.empty() && name.empty()) {
-        command = command + company;
-    } else if (company.empty() && !name.empty()) {
-        command = command + u"-" + name;
+        result = result + company;
     }
-    return command;
+    if (company.empty() && !name.empty()) {
+        result = result + u"-" + name;
+    }
+    // With both given nothing follows the slash.
+    return result;
 }
 
-Text pdi(const Params& params) {
-    const Text index = params.text("strKeyIndex");
+Text displayByIndex(const Collection* params) {
+    const Text index = text(params, "strKeyIndex");
     if (index.empty()) {
         return Text();
     }
     return u"PDI/" + index;
 }
 
-Text pdmd(const Params& /*params*/) { return u"PDMD"; }
+Text moveDown(const Collection*) { return u"PDMD"; }
 
-Text pdn(const Params& params) {
-    const Text name = params.text("strKeyName");
-    const Text company = params.text("strKeyCompany");
-    const bool exact = params.flag("blnKeyExactMatch");
-    const Text office = params.text("strKeyOfficeID");
+Text nameSearch(const Collection* params) {
+    const Text name = text(params, "strKeyName");
+    const Text company = text(params, "strKeyCompany");
+    const bool exact = flag(params, "blnKeyExactMatch");
+    const Text office = text(params, "strKeyOfficeID");
     if (name.empty() && company.empty()) {
         return Text();
     }
-    Text command = u"PDN/";
+    Text result = u"PDN/";
     if (!office.empty()) {
-        command = command + office + u"/";
+        result = result + office + u"/";
     }
     if (!company.empty() && !name.empty()) {
-        command = command + company + u"-" + name;
+        result = result + company + u"-" + name;
     } else if (!company.empty()) {
-        command = command + company;
+        result = result + company;
     } else {
-        command = command + u"-" + name;
+        result = result + u"-" + name;
     }
     if (exact) {
-        command = command + u"/";
+        result = result + u"/";
     }
-    return command;
+    return result;
 }
 
-Text pdr(const Params& params) {
-    const Text locator = params.text("strKeyRecLoc");
-    const Text indicator = params.text("strKeyIndicator");
+Text displayByLocator(const Collection* params) {
+    const Text locator = text(params, "strKeyRecLoc");
+    const Text indicator = text(params, "strKeyIndicator");
     if (locator.empty()) {
         return Text();
     }
-    Text command = u"PDR";
+    Text result = u"PDR";
     if (indicator == u"T") {
-        command = command + u"T";
-    } else if (indicator == u"C") {
-        command = command + u"C";
+        result = result + u"T";
     }
-    return command + u"/" + locator;
+    if (indicator == u"C") {
+        result = result + u"C";
+    }
+    return result + u"/" + locator;
 }
 
-Text pd(const Params& params) {
-    const Text item = params.text("strKeyItemNr");
-    const bool fromPnr = params.flag("blnKeyFromPNR");
-    if (!fromPnr) {
-        return u"PD" + item;
+Text displayByItem(const Collection* params) {
+    const Text number = text(params, "strKeyItemNr");
+    const bool fromBooking = flag(params, "blnKeyFromPNR");
+    if (!fromBooking) {
+        return u"PD" + number;
     }
-    if (item.empty()) {
+    if (number.empty()) {
         return Text();
     }
-    return u"PD/" + item;
+    return u"PD/" + number;
 }
 
-Text pdt(const Params& /*params*/) { return u"PDT"; }
+Text travellerOfCompany(const Collection*) { return u"PDT"; }
 
-Text ph(const Params& params) { return u"PH" + params.text("strKeyElementNr"); }
+Text history(const Collection* params) { return u"PH" + text(params, "strKeyElementNr"); }
 
-Text plc(const Params& params) {
-    const Text office = params.text("strKeyOfficeID");
-    if (office.empty()) {
-        return u"PLC";
+Text companiesOfOffice(const Collection* params) {
+    const Text office = text(params, "strKeyOfficeID");
+    Text result = u"PLC";
+    if (!office.empty()) {
+        result = result + u"/" + office;
     }
-    return u"PLC/" + office;
+    return result;
 }
 
-Text plt(const Params& params) {
-    const Text office = params.text("strKeyOfficeID");
-    const Text company = params.text("strKeyCompany");
-    const bool exact = params.flag("blnKeyExactMatch");
-    Text command = u"PLT";
+Text travellersOfOffice(const Collection* params) {
+    const Text office = text(params, "strKeyOfficeID");
+    const Text company = text(params, "strKeyCompany");
+    const bool exact = flag(params, "blnKeyExactMatch");
+    Text result = u"PLT";
     if (office.empty()) {
         if (!company.empty()) {
-            command = command + u"//" + company;
+            result = result + u"/" + u"/" + company;
         }
     } else {
-        command = command + u"/" + office;
+        result = result + u"/" + office;
         if (!company.empty()) {
-            command = command + u"/" + company;
+            result = result + u"/" + company;
         }
     }
     if (!company.empty() && exact) {
-        command = command + u"/";
+        result = result + u"/";
     }
-    return command;
+    return result;
 }
 
-Text mode(const Params& params) {
-    const bool update = params.flag("blnKeyUpdate");
-    const bool exit = params.flag("blnKeyExit");
-    const bool enter = params.flag("blnKeyEnter");
-    const bool ignore = params.flag("blnKeyIgnore");
+Text profileMode(const Collection* params) {
+    const bool update = flag(params, "blnKeyUpdate");
+    const bool exit = flag(params, "blnKeyExit");
+    const bool enter = flag(params, "blnKeyEnter");
+    const bool ignore = flag(params, "blnKeyIgnore");
     if (!update && !exit && enter && !ignore) {
         return u"PM";
     }
@@ -216,98 +196,63 @@ Text mode(const Params& params) {
     return Text();
 }
 
-Text px(const Params& params) { return u"PX" + params.text("strKeyItemNr"); }
-
-Text rlp(const Params& /*params*/) { return u"RLP"; }
-
-void appendGroups(Text& command, const Params& params, int highest) {
-    if (highest < 0) {
-        throw Failure{outOfRange};
-    }
-    for (int i = 0; i <= highest; ++i) {
-        if (command.size() > 2) {
-            command = command + u"//";
-        }
-        command = command + params.entryOf("strKeyElArray()", i);
-        const Text segment = params.entryOf("strKeySegArray()", i);
-        if (!segment.empty()) {
-            command = command + u"/S" + segment;
-        }
-        const Text passenger = params.entryOf("strKeyPasArray()", i);
-        if (!passenger.empty()) {
-            command = command + u"/P" + passenger;
-        }
-    }
-}
-
-Text pt(const Params& params) {
-    const bool all = params.flag("blnKeyAllPNR");
-    const bool override = params.flag("blnKeyOverride");
-    const Text elements = params.text("strKeyElements");
-    const Text segments = params.text("strKeySegAsso");
-    const Text passengers = params.text("strKeyPasAsso");
-    const Text size = params.text("intKeyArraySize");
-    if (!size.empty() && (!elements.empty() || !segments.empty() || !passengers.empty())) {
-        return Text();
-    }
-    Text command = u"PT";
-    if (!size.empty()) {
-        appendGroups(command, params, toInteger16(Value(size)));
-    }
-    if (override) {
-        command = command + u"O";
-    }
-    if (all) {
-        command = command + u"*";
-    }
-    if (!elements.empty()) {
-        command = command + elements;
-    }
-    if (!segments.empty()) {
-        command = command + u"/S" + segments;
-    }
-    if (!passengers.empty()) {
-        command = command + u"/P" + passengers;
-    }
-    return command;
-}
-
-Text notes(const Params& params) {
-    const Text command = params.text("strCommand");
-    if (command == u"PN") {
+Text notes(const Collection* params) {
+    const Text wanted = text(params, "strCommand");
+    if (wanted == u"PN") {
         return u"PN";
     }
-    if (command == u"PNE") {
+    if (wanted == u"PNE") {
         return u"PNE";
     }
     return Text();
 }
 
+Text deactivation(const Collection* params) { return u"PX" + text(params, "strKeyItemNr"); }
+
+Text linkedProfiles(const Collection*) { return u"RLP"; }
+
 struct Builder {
-    Text (*build)(const Params& params);
-    int number;  // 0 where the failing step's own number passes
+    Text (*build)(const Collection* params);
+    // 0 for a class whose failures are the failing step's own.
+    int number;
 };
 
-const std::map<std::string, Builder> builders = {
-    {"CPBITrans", {pbi, 5385}}, {"CPBNTrans", {pbn, 0}},          {"CPCNTrans", {pcn, 0}},  {"CPDATrans", {pda, 0}},
-    {"CPDITrans", {pdi, 5090}}, {"CPDMDTrans", {pdmd, 0}},        {"CPDNTrans", {pdn, 0}},  {"CPDRTrans", {pdr, 0}},
-    {"CPDTrans", {pd, 5000}},   {"CPDTTrans", {pdt, 5020}},       {"CPHTrans", {ph, 5080}}, {"CPLCTrans", {plc, 5135}},
-    {"CPLTTrans", {plt, 5050}}, {"CProfileMode", {mode, 5040}},   {"CPXTrans", {px, 5010}}, {"CRLPTrans", {rlp, 0}},
-    {"CPTTrans", {pt, 0}},      {"CProfileNotes", {notes, 5040}},
-};
+const std::map<std::string, Builder>& builders() {
+    static const std::map<std::string, Builder> all = {
+        {"CPBITrans", {bookingByIndex, 5385}},
+        {"CPBNTrans", {bookingByName, 0}},
+        {"CPCNTrans", {companyNameCheck, 0}},
+        {"CPDATrans", {similarNames, 0}},
+        {"CPDITrans", {displayByIndex, 5090}},
+        {"CPDMDTrans", {moveDown, 0}},
+        {"CPDNTrans", {nameSearch, 0}},
+        {"CPDRTrans", {displayByLocator, 0}},
+        {"CPDTrans", {displayByItem, 5000}},
+        {"CPDTTrans", {travellerOfCompany, 5020}},
+        {"CPHTrans", {history, 5080}},
+        {"CPLCTrans", {companiesOfOffice, 5135}},
+        {"CPLTTrans", {travellersOfOffice, 5050}},
+        {"CProfileMode", {profileMode, 5040}},
+        {"CProfileNotes", {notes, 5040}},
+        {"CPTTrans", {transferCommand, 0}},
+        {"CPXTrans", {deactivation, 5010}},
+        {"CRLPTrans", {linkedProfiles, 0}},
+    };
+    return all;
+}
 
 }  // namespace
 
 Text command(const std::string& className, const Collection* params) {
-    const auto row = builders.find(className);
-    if (row == builders.end()) {
-        throw std::invalid_argument("no transaction: " + className);
+    const auto place = builders().find(className);
+    if (place == builders().end()) {
+        throw std::invalid_argument(className);
     }
-    const Params given(params);
-    if (row->second.number == 0) {
-        return row->second.build(given);
+    const Builder& builder = place->second;
+    if (builder.number == 0) {
+        return builder.build(params);
     }
-    return raising(row->second.number, [&] { return row->second.build(given); });
+    return raising(builder.number, [&] { return builder.build(params); });
 }
 
 }  // namespace oracle

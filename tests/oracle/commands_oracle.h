@@ -1,6 +1,6 @@
 #pragma once
 
-// The commands of every transaction, put together step by step.
+// The command lines of all transactions, put together step by step.
 
 #include "collection.h"
 #include "steps.h"
@@ -9,8 +9,8 @@
 
 namespace oracle {
 
-// The command of a class. Null parameters are an absent collection. Throws the number of the class's operation, or the
-// failing step's own where it has none.
+// The command of the class of that name; std::invalid_argument when there is no such transaction. A null
+// collection is an absent one. Throws the class's own number, or the failing step's where it has none.
 Text command(const std::string& className, const Collection* params);
 
 }  // namespace oracle

@@ -18,7 +18,7 @@ namespace {
 struct World {
     const char* name;
     const char16_t* className;
-    Verify verify;
+    oracle::Verify verify;
     std::vector<Text> above;  ///< what the lines stand under: nothing is said about which screen it is
     std::vector<Text> kinds;
     std::vector<std::optional<Entries>> states;

@@ -2,7 +2,6 @@
 // slow second opinion.
 #include "tests/support/near_misses.h"
 #include "tests/oracle/screens_oracle.h"
-#include "tests/oracle/single_screens_oracle.h"
 #include "tests/profile/effort.h"
 #include "tests/support/driven_class.h"
 #include "tests/support/exchange_file.h"
@@ -19,18 +18,6 @@
 
 namespace vantro::test {
 namespace {
-
-const std::map<Text, Verify> readers{
-    {u"CPBITrans", oracle::verifyCPBITrans}, {u"CPBNTrans", oracle::verifyCPBNTrans},
-    {u"CPCNTrans", oracle::verifyCPCNTrans}, {u"CPDATrans", oracle::verifyCPDATrans},
-    {u"CPDITrans", oracle::verifyCPDITrans}, {u"CPDMDTrans", oracle::verifyCPDMDTrans},
-    {u"CPDNTrans", oracle::verifyCPDNTrans}, {u"CPDRTrans", oracle::verifyCPDRTrans},
-    {u"CPDTrans", oracle::verifyCPDTrans},   {u"CPDTTrans", oracle::verifyCPDTTrans},
-    {u"CPHTrans", oracle::verifyCPHTrans},   {u"CPLCTrans", oracle::verifyCPLCTrans},
-    {u"CPLTTrans", oracle::verifyCPLTTrans}, {u"CProfileMode", oracle::verifyCProfileMode},
-    {u"CPXTrans", oracle::verifyCPXTrans},   {u"CRLPTrans", oracle::verifyCRLPTrans},
-    {u"CPTTrans", oracle::verifyCPTTrans},   {u"CProfileNotes", oracle::verifyCProfileNotes},
-};
 
 // The marks of a class's screens, each of which is written over every line at every column.
 const std::map<Text, std::vector<Text>> marks{
@@ -89,7 +76,8 @@ INSTANTIATE_TEST_SUITE_P(Sample, NearMissOf, testing::ValuesIn(samples()),
 
 TEST_P(NearMissOf, IsReadAsTheSecondOpinionReadsIt) {
     const Sample& sample = GetParam();
-    const Verify verify = readers.at(sample.className);
+    const oracle::Verify verify = oracle::verifyOf(utf8(sample.className));
+    ASSERT_NE(verify, nullptr);
     DrivenClass driven(sample.className);
     Variation variation{.every = share()};
     if (const auto planted = marks.find(sample.className); planted != marks.end()) variation.planted = planted->second;

@@ -48,7 +48,7 @@ OracleAnswer libraryAnswer(DrivenClass& driven, const Text& response, const std:
     }
 }
 
-OracleAnswer oracleAnswer(Verify verify, const Text& response, const std::optional<Entries>& state) {
+OracleAnswer oracleAnswer(oracle::Verify verify, const Text& response, const std::optional<Entries>& state) {
     std::optional<oracle::Collection> given;
     if (state) given = oracleCollection(*state);
     try {

@@ -1,7 +1,7 @@
 // A transaction's answer, and the slow second opinion's, in one form.
 #pragma once
 
-#include "tests/oracle/collection.h"
+#include "tests/oracle/screens_oracle.h"
 #include "tests/support/collections.h"
 #include "tests/support/driven_class.h"
 
@@ -11,9 +11,6 @@
 #include <vector>
 
 namespace vantro::test {
-
-/// A reader of the second opinion. A null state is an absent collection.
-using Verify = std::optional<oracle::Collection> (*)(const Text& response, const oracle::Collection* state);
 
 /// The entries of the returned collection, or the number of the error; neither for no collection.
 struct OracleAnswer {
@@ -29,7 +26,7 @@ std::string printed(const OracleAnswer& answer);
 oracle::Collection oracleCollection(const Entries& entries);
 
 OracleAnswer libraryAnswer(DrivenClass& driven, const Text& response, const std::optional<Entries>& state);
-OracleAnswer oracleAnswer(Verify verify, const Text& response, const std::optional<Entries>& state);
+OracleAnswer oracleAnswer(oracle::Verify verify, const Text& response, const std::optional<Entries>& state);
 
 /// A screen drawn with a bar at both ends of its lines.
 std::string drawn(const Text& response);

@@ -1,0 +1,25 @@
+#pragma once
+
+// The parameters of a command; a null collection is an absent one and fails at the first read.
+
+#include "collection.h"
+
+#include <string>
+
+namespace oracle {
+
+inline const Value* item(const Collection* params, const std::string& key) {
+    if (params == nullptr) {
+        throw Failure{objectNotSet};
+    }
+    return params->item(key);
+}
+
+inline Text text(const Collection* params, const std::string& key) { return itemText(item(params, key)); }
+
+inline bool flag(const Collection* params, const std::string& key) { return itemBoolean(item(params, key)); }
+
+// The transfer into a booking, the one command that reads lists.
+Text transferCommand(const Collection* params);
+
+}  // namespace oracle
