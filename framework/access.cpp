@@ -20,8 +20,10 @@ TextView Parameters::readEntry(const Key<TextList>& key, std::int16_t index) {
     if (!stored) fail(Failure::ObjectNotSet);
     const auto* list = std::get_if<TextList>(&stored->Value());
     if (list == nullptr) fail(Failure::TypeMismatch);
-    if (index < 0 || static_cast<std::size_t>(index) >= list->size()) fail(Failure::SubscriptOutOfRange);
-    const TextView entry = (*list)[static_cast<std::size_t>(index)];
+    if (index < 0) fail(Failure::SubscriptOutOfRange);
+    const auto place = static_cast<std::size_t>(index);
+    if (place < stored->firstIndex() || place >= list->size()) fail(Failure::SubscriptOutOfRange);
+    const TextView entry = (*list)[place];
     // An item that the terminal made for this call takes its list with it.
     return stored.use_count() > 0 ? texts_.keep(Text(entry)) : entry;
 }

@@ -5,6 +5,25 @@
 
 namespace vantro {
 
+namespace {
+
+/// A selection that is made already.
+class GivenSelection final : public SelectionSource {
+public:
+    GivenSelection(TextList* entries, TextView qualifier) : entries_(entries), qualifier_(qualifier) {}
+
+    std::size_t size() override { return entries_ == nullptr ? 0 : entries_->size(); }
+    Text entry(std::size_t index) override { return (*entries_)[index]; }
+    void store(std::size_t index, const Text& changed) override { (*entries_)[index] = changed; }
+    TextView qualifier() override { return qualifier_; }
+
+private:
+    TextList* entries_;
+    TextView qualifier_;
+};
+
+}  // namespace
+
 Text IProfileTrans::CreateCommand(const CollectionPtr& params) {
     return raiseAs(errors_.createCommand, description::creatingCommand,
                    [&] { return IProfileTrans_CreateCommand(params); });
@@ -24,11 +43,17 @@ CollectionPtr IProfileTrans::IProfileTrans_VerifyResponse(TextView /*response*/,
 
 CollectionPtr IProfileGet::ProfileElements(TextView display, const CollectionPtr& collection, TextList* selection,
                                            TextView qualifier) {
-    return IProfileGet_ProfileElements(display, collection, selection, qualifier);
+    GivenSelection given(selection, qualifier);
+    return IProfileGet_ProfileElements(display, collection, given);
+}
+
+CollectionPtr IProfileGet::ProfileElements(TextView display, const CollectionPtr& collection,
+                                           SelectionSource& selection) {
+    return IProfileGet_ProfileElements(display, collection, selection);
 }
 
 CollectionPtr IProfileGet::IProfileGet_ProfileElements(TextView /*display*/, const CollectionPtr& /*collection*/,
-                                                       TextList* /*selection*/, TextView /*qualifier*/) {
+                                                       SelectionSource& /*selection*/) {
     return {};
 }
 

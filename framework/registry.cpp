@@ -102,6 +102,8 @@ static_assert(namesAreUnique());
 
 const TextList* ProfileObject::list(TextView /*name*/) const { return nullptr; }
 
+const FlagList* ProfileObject::flagList(TextView /*name*/) const { return nullptr; }
+
 std::span<const ClassRow> classTable() { return table; }
 
 const ClassRow* findClass(TextView name) {

@@ -76,7 +76,7 @@ const TextList* CProfileNotes::list(TextView name) const {
 }
 
 CollectionPtr CProfileNotes::IProfileGet_ProfileElements(TextView display, const CollectionPtr& collection,
-                                                         TextList* /*selection*/, TextView /*qualifier*/) {
+                                                         SelectionSource& /*selection*/) {
     Parameters request = parameters(collection);
     const TextView prefix = request.read(key::strKeyPrefix);
     const NoteFilter filter{request.read(key::strSearchString), request.read(key::strSearchQualifier)};

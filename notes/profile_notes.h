@@ -44,8 +44,8 @@ private:
 
     Text IProfileTrans_CreateCommand(const CollectionPtr& params) override;
     CollectionPtr IProfileTrans_VerifyResponse(TextView response, const CollectionPtr& collection) override;
-    CollectionPtr IProfileGet_ProfileElements(TextView display, const CollectionPtr& collection, TextList* selection,
-                                              TextView qualifier) override;
+    CollectionPtr IProfileGet_ProfileElements(TextView display, const CollectionPtr& collection,
+                                              SelectionSource& selection) override;
 
     void addNotes(TextView display, const CollectionPtr& collection, const NoteFilter& filter);
 

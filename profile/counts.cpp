@@ -121,4 +121,8 @@ const TextList* CProfile::list(TextView name) const {
     return nullptr;
 }
 
+const FlagList* CProfile::flagList(TextView name) const {
+    return name == u"blnServiceRequestFlag" ? &listsOf(Family::ServiceRequest).flag : nullptr;
+}
+
 }  // namespace vantro

@@ -17,7 +17,7 @@ struct ElementLists {
     TextList carrier;
     TextList account;
     TextList freeText;
-    std::vector<bool> flag;  // service requests only; nothing ever sets an entry
+    FlagList flag;  // service requests only; nothing ever sets an entry
 };
 
 /// Fills lists that keep an empty entry 0.

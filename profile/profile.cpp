@@ -54,8 +54,8 @@ std::int16_t CProfile::refill(Family family, TextView display) {
 }
 
 CollectionPtr CProfile::IProfileGet_ProfileElements(TextView display, const CollectionPtr& collection,
-                                                    TextList* selection, TextView qualifier) {
-    return ProfileQuery(*this, terminal_, collection, selection, qualifier).answer(display);
+                                                    SelectionSource& selection) {
+    return ProfileQuery(*this, terminal_, collection, selection).answer(display);
 }
 
 }  // namespace vantro

@@ -28,10 +28,11 @@ public:
 
     /// The lists by the names that the terminal knows: "strPPRText", "strServiceRequestCode", ...
     const TextList* list(TextView name) const override;
+    const FlagList* flagList(TextView name) const override;
 
 private:
-    CollectionPtr IProfileGet_ProfileElements(TextView display, const CollectionPtr& collection, TextList* selection,
-                                              TextView qualifier) override;
+    CollectionPtr IProfileGet_ProfileElements(TextView display, const CollectionPtr& collection,
+                                              SelectionSource& selection) override;
 
     std::int16_t refill(Family family, TextView display);
     ElementLists& listsOf(Family family) const;

@@ -183,9 +183,7 @@ void ProfileQuery::addPsl(Family /*family*/) {
 
 void ProfileQuery::addTransferableNumbers(Family /*family*/) {
     Display display(terminal_, display_);
-    TextList nothingSelected;
-    TextList& selection = selection_ != nullptr ? *selection_ : nothingSelected;
-    Results(*collection_).add(key::strKeyElNbrsArray, scanTransferable(display, selection, qualifier_));
+    Results(*collection_).add(key::strKeyElNbrsArray, scanTransferable(display, selection_));
 }
 
 void ProfileQuery::addWholeLists(Family family) {

@@ -10,14 +10,12 @@ namespace vantro {
 /// One call of `ProfileElements`. A row of the dispatch table names the member that answers it.
 class ProfileQuery {
 public:
-    ProfileQuery(CProfile& profile, Terminal& terminal, const CollectionPtr& collection, TextList* selection,
-                 TextView qualifier)
+    ProfileQuery(CProfile& profile, Terminal& terminal, const CollectionPtr& collection, SelectionSource& selection)
         : profile_(profile),
           terminal_(terminal),
           collection_(collection),
           request_(terminal, collection),
-          selection_(selection),
-          qualifier_(qualifier) {}
+          selection_(selection) {}
 
     /// Null when a row answered the prefix, the request's collection when none did. Raises 5065 for an empty
     /// prefix; every other failure passes unchanged.
@@ -43,8 +41,7 @@ private:
     Terminal& terminal_;
     const CollectionPtr& collection_;
     Parameters request_;
-    TextList* selection_;
-    TextView qualifier_;
+    SelectionSource& selection_;
     TextView display_;
 };
 

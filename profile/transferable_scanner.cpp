@@ -30,15 +30,18 @@ Text upperCased(TextView text) {
 /// What the caller wants: the kinds of element and the beginnings of their texts.
 class Selection {
 public:
-    Selection(TextList& entries, TextView qualifier) : entries_(entries), qualifier_(qualifier) {
-        for (Text& entry : entries) {
-            entry = upperCased(entry);
+    explicit Selection(SelectionSource& source) : entries_(source.size()) {
+        for (std::size_t index = 0; index < entries_.size(); ++index) {
+            Text& entry = entries_[index];
+            entry = upperCased(source.entry(index));
             const bool namesShared = entry.starts_with(u"S  ");
             const bool namesOwn = entry.starts_with(u"A  ");
             if (namesShared || namesOwn) entry = Text(trimmed(mid(entry, Column{2})));
             wantsS_ = wantsS_ || namesShared;
             wantsA_ = wantsA_ || namesOwn;
+            source.store(index, entry);
         }
+        qualifier_ = source.qualifier();
     }
 
     bool takes(char16_t kind, TextView text, Display& display) const {
@@ -50,7 +53,7 @@ public:
     }
 
 private:
-    const TextList& entries_;
+    TextList entries_;
     TextView qualifier_;
     bool wantsS_ = false;
     bool wantsA_ = false;
@@ -87,8 +90,8 @@ TransferableElement readElement(Display& display, Counter& number) {
 
 }  // namespace
 
-TextList scanTransferable(Display& display, TextList& selection, TextView qualifier) {
-    const Selection selected(selection, qualifier);
+TextList scanTransferable(Display& display, SelectionSource& selection) {
+    const Selection selected(selection);
     TextList numbers(1);
     const std::optional<Counter> section = seekSection(display);
     if (!section) return numbers;

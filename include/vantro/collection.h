@@ -3,6 +3,7 @@
 
 #include "vantro/text.h"
 
+#include <cstddef>
 #include <cstdint>
 #include <memory>
 #include <variant>
@@ -20,6 +21,10 @@ public:
 
     /// The stored value; the reference lives as long as the item.
     virtual const ItemValue& Value() const = 0;
+
+    /// The lowest index of a stored list. Asking for an entry below it is an index outside the list, whatever
+    /// `Value` holds there.
+    virtual std::size_t firstIndex() const { return 0; }
 
 protected:
     KeyedItem() = default;

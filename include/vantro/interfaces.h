@@ -4,6 +4,8 @@
 #include "vantro/collection.h"
 #include "vantro/text.h"
 
+#include <cstddef>
+
 namespace vantro {
 
 /// The error numbers of a transaction class's two operations. `passesThrough` marks an operation without a
@@ -43,6 +45,29 @@ private:
     TransErrors errors_;
 };
 
+/// The selection and the qualifier of a query where the caller has to convert them first. Only the prefix "ALL"
+/// asks for anything here: what no other prefix uses is not converted, and cannot fail. A failure is the query's.
+class SelectionSource {
+public:
+    virtual ~SelectionSource() = default;
+
+    /// How many entries the selection has; 0 without one.
+    virtual std::size_t size() = 0;
+
+    virtual Text entry(std::size_t index) = 0;
+
+    /// Takes an entry as the scanner has changed it, before the next one is asked for.
+    virtual void store(std::size_t index, const Text& changed) = 0;
+
+    /// The qualifier, asked for after the last entry; the view lives as long as the source.
+    virtual TextView qualifier() = 0;
+
+protected:
+    SelectionSource() = default;
+    SelectionSource(const SelectionSource&) = default;
+    SelectionSource& operator=(const SelectionSource&) = default;
+};
+
 /// A parser of profile displays.
 class IProfileGet {
 public:
@@ -56,6 +81,9 @@ public:
     CollectionPtr ProfileElements(TextView display, const CollectionPtr& collection, TextList* selection = nullptr,
                                   TextView qualifier = {});
 
+    /// The same with a selection and a qualifier that are made when the prefix asks for them.
+    CollectionPtr ProfileElements(TextView display, const CollectionPtr& collection, SelectionSource& selection);
+
 protected:
     IProfileGet() = default;
     IProfileGet(const IProfileGet&) = default;
@@ -63,7 +91,7 @@ protected:
 
 private:
     virtual CollectionPtr IProfileGet_ProfileElements(TextView display, const CollectionPtr& collection,
-                                                      TextList* selection, TextView qualifier);
+                                                      SelectionSource& selection);
 };
 
 }  // namespace vantro

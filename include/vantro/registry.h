@@ -22,6 +22,9 @@ public:
     /// The list of this name that the last count filled ("strPPRText"); null when the class has no such list.
     virtual const TextList* list(TextView name) const;
 
+    /// The list of booleans of this name ("blnServiceRequestFlag"); null when the class has no such list.
+    virtual const FlagList* flagList(TextView name) const;
+
 protected:
     ProfileObject() = default;
     ProfileObject(const ProfileObject&) = default;

@@ -15,4 +15,7 @@ using TextView = std::u16string_view;
 /// at index k; the description of each list says so.
 using TextList = std::vector<Text>;
 
+/// A list of booleans, indexed like the list of texts that it belongs to.
+using FlagList = std::vector<bool>;
+
 }  // namespace vantro

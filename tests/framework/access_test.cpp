@@ -145,5 +145,24 @@ TEST(ResultsTest, TakesATextOver) {
     EXPECT_EQ(collection.entries()[0].Value(), ItemValue(Text(u"KESTREL")));
 }
 
+// A list whose lower bound is above 0, as a terminal can store one.
+class RaisedList final : public KeyedCollection, public KeyedItem {
+public:
+    void Add(TextView /*key*/, ItemValue /*value*/) override {}
+    ItemPtr Item(TextView /*key*/) const override { return ItemPtr(std::shared_ptr<void>(), this); }
+    const ItemValue& Value() const override { return value_; }
+    std::size_t firstIndex() const override { return 1; }
+
+private:
+    ItemValue value_ = TextList{u"", u"ONE"};
+};
+
+TEST_F(ParametersTest, AnEntryBelowTheListsLowerBoundRaises9) {
+    collection = std::make_shared<RaisedList>();
+    Parameters given = parameters();
+    EXPECT_EQ(given.readEntry(list, 1), u"ONE");
+    EXPECT_EQ(raisedNumber([&] { given.readEntry(list, 0); }), 9);
+}
+
 }  // namespace
 }  // namespace vantro
