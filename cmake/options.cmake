@@ -13,6 +13,11 @@ function(vantro_compile_options target)
     vantro_harden(${target})
 endfunction()
 
+# Where the sources and the build lie is nobody's business: the same sources give the same files in any folder.
+if(PROJECT_IS_TOP_LEVEL AND VANTRO_BUILD_COM AND NOT MSVC)
+    add_compile_options(-ffile-prefix-map=${PROJECT_SOURCE_DIR}=. -ffile-prefix-map=${PROJECT_BINARY_DIR}=build)
+endif()
+
 if(PROJECT_IS_TOP_LEVEL AND NOT DEFINED CMAKE_CXX_COMPILER_LAUNCHER)
     find_program(VANTRO_CCACHE ccache)
     mark_as_advanced(VANTRO_CCACHE)

@@ -19,20 +19,40 @@ done
 note=
 private_root=$root/build/com/root-x86
 
-# check_library ARCHITECTURE TRIPLET FORMAT FILE: the file's kind, its exports and what it needs.
+# check_library ARCHITECTURE TRIPLET FORMAT FLAGS FILE: the file's kind, how it may be loaded, its exports and what it
+# needs.
 check_library() {
-    local dump=$2-objdump file=$root/build/mingw-$1/bin/$4 foreign
+    local dump=$2-objdump file=$root/build/mingw-$1/bin/$5 foreign flags
     "$dump" -f "$file" | grep -q "file format $3"
+    flags=0x$("$dump" -p "$file" | sed -nE 's/^DllCharacteristics\s+([0-9a-f]+)$/\1/p')
+    if (((flags & $4) != $4)); then
+        printf '%s: DllCharacteristics %s, expected %s\n' "$5" "$flags" "$4"
+        return 1
+    fi
+    "$dump" -h "$file" | grep '\.reloc' # without it no other address is possible
     "$dump" -p "$file" | sed -n '/Ordinal\/Name Pointer/,/^$/p' | sed -nE 's/^\s*\[ *[0-9]+\] .*\<(\w+)$/\1/p' |
         diff <(printf '%s\n' DllCanUnloadNow DllGetClassObject DllRegisterServer DllUnregisterServer) -
     foreign=$("$dump" -p "$file" | sed -n 's/.*DLL Name: //p' |
         grep -viE '^(advapi32|kernel32|msvcrt|ole32|oleaut32|user32)\.dll$' || true)
     if [[ -n $foreign ]]; then
-        echo "$4 needs $foreign"
+        echo "$5 needs $foreign"
         return 1
     fi
 }
 export -f check_library
+
+# same_again ARCHITECTURE: the libraries of a second build, in another folder and without any cache, byte for byte.
+same_again() {
+    local again=$root/build/com/again-$1 file
+    rm -rf "$again"
+    cmake --preset "mingw-$1" -B "$again" -DVANTRO_BUILD_TESTS=OFF -DVANTRO_BUILD_EXAMPLES=OFF
+    CCACHE_DISABLE=1 cmake --build "$again" --target VantroProfileUtils VantroKestoFaces -j 2
+    for file in VantroProfileUtils.dll VantroKestoFaces.dll; do
+        cmp "$root/build/mingw-$1/bin/$file" "$again/bin/$file"
+    done
+    rm -rf "$again"
+}
+export -f same_again
 
 # checked TITLE COMMAND...: a check that also counts when it passes.
 checked() {
@@ -44,8 +64,9 @@ build() {
     step "mingw-$1: build" cmake --build --preset "mingw-$1" --target vantro_com_everything -j 2
     local file
     for file in VantroProfileUtils.dll VantroKestoFaces.dll; do
-        checked "mingw-$1: $file" bash -euo pipefail -c "root=$root; check_library $1 $2 $3 $file"
+        checked "mingw-$1: $file" bash -euo pipefail -c "root=$root; check_library $1 $2 $3 $4 $file"
     done
+    checked "mingw-$1: the same bytes again" bash -euo pipefail -c "root=$root; same_again $1"
 }
 
 # Why the 32-bit clients cannot run here; nothing when they can.
@@ -119,13 +140,14 @@ test_x86() {
     count_closing_line "x86 clients" run_privately bash "$root/scripts/com-clients.sh" x86
 }
 
+# No data as code (0x100), any address (0x40), in the whole address space (0x20).
 if [[ $architectures == *x64* ]]; then
-    build x64 x86_64-w64-mingw32 pei-x86-64
+    build x64 x86_64-w64-mingw32 pei-x86-64 0x160
     count_closing_line "x64 clients" bash scripts/com-clients.sh x64
     grep -h ' calls a second' "$log" || true
 fi
 if [[ $architectures == *x86* ]]; then
-    build x86 i686-w64-mingw32 pei-i386
+    build x86 i686-w64-mingw32 pei-i386 0x140
     test_x86
     grep -h ' calls a second' "$log" || true
 fi

@@ -23,22 +23,31 @@ public:
         : object_(std::move(object)), members_(std::move(members)) {}
 
     const ItemValue& Value() const override;
+    std::size_t firstIndex() const override;
 
     IDispatch* object() const { return object_.get(); }
 
 private:
+    void fetch() const;
+
     Ptr<IDispatch> object_;
     std::shared_ptr<CollectionMembers> members_;
     mutable std::optional<ItemValue> value_;
+    mutable std::size_t firstIndex_ = 0;
 };
 
-/// A collection that the terminal owns, or one of the terminal's that was created for results.
+/// A collection that the terminal owns, or one of the terminal's that was created for results. One that came in an
+/// argument looks at it when it is first used: an argument that an operation does not use is not judged. The first
+/// use raises 13 for anything but an object.
 class ComCollection final : public KeyedCollection {
 public:
     explicit ComCollection(Ptr<IDispatch> object);
 
-    /// The collection in an argument; null when the argument is absent. Raises 13 for anything but an object.
+    /// The collection in an argument that outlives it; null when the argument is absent.
     static CollectionPtr from(const VARIANT& argument);
+
+    /// True when a use found that the argument is no object.
+    static bool isRefused(const CollectionPtr& collection);
 
     /// The terminal's object behind a collection that the library gives back; null for none.
     static IDispatch* objectOf(const CollectionPtr& collection);
@@ -47,8 +56,15 @@ public:
     ItemPtr Item(TextView key) const override;
 
 private:
-    Ptr<IDispatch> object_;
-    std::shared_ptr<CollectionMembers> members_;
+    explicit ComCollection(const VARIANT& argument) : argument_(&argument) {}
+
+    IDispatch* object() const;
+    void take(Ptr<IDispatch> object) const;
+
+    const VARIANT* argument_ = nullptr;  // until its object is taken
+    mutable bool isRefused_ = false;
+    mutable Ptr<IDispatch> object_;
+    mutable std::shared_ptr<CollectionMembers> members_;
 };
 
 }  // namespace vantro::com

@@ -43,7 +43,7 @@ public:
     }
 
     bool ItemBoolean(const ItemPtr& item) override {
-        return truth(itemBoolean_.call(object_.get(), {borrowed(objectOf(item))}));
+        return answer(itemBoolean_.call(object_.get(), {borrowed(objectOf(item))}));
     }
 
     TextView ScreenLine(TextView response, std::int16_t line, TextStore& store) override {
@@ -54,7 +54,7 @@ public:
     bool FindMarker(TextView response, TextView marker, std::int16_t line) override {
         const Bstr text(response);
         const Bstr markerText(marker);
-        return truth(
+        return answer(
             findMarker_.call(object_.get(), {borrowed(text.get()), borrowed(markerText.get()), borrowed(line)}));
     }
 
@@ -69,11 +69,7 @@ public:
 private:
     static TextView kept(const Variant& result, TextStore& store) { return store.keep(textIn(result.get())); }
 
-    static bool truth(const Variant& result) {
-        Variant converted;
-        check(convert(result.get(), VT_BOOL, converted));
-        return converted.get().boolVal != VARIANT_FALSE;
-    }
+    static bool answer(const Variant& result) { return truthIn(result.get()); }
 
     HelperObject object_{kesto::TerminalFunctions};
     Member itemText_{u"ItemText"};
@@ -135,6 +131,6 @@ Terminal& comTerminal() {
 
 std::shared_ptr<CollectionMembers> terminalMembers() { return slot().get().members; }
 
-bool releaseHelpers() { return slot().release(); }
+bool releaseLastHelpers() { return slot().releaseLast(); }
 
 }  // namespace vantro::com

@@ -13,7 +13,7 @@ Terminal& comTerminal();
 /// The operations of the terminal's own collections, as this thread knows them.
 std::shared_ptr<CollectionMembers> terminalMembers();
 
-/// Releases this thread's helper objects; true when no other thread holds any.
-bool releaseHelpers();
+/// Releases this thread's helper objects when they are the last ones; true when none is left in any thread.
+bool releaseLastHelpers();
 
 }  // namespace vantro::com

@@ -1,7 +1,10 @@
 #include "server/operations.h"
 
+#include "server/com/array.h"
 #include "server/com/error.h"
 #include "server/com_collection.h"
+
+#include <optional>
 
 namespace vantro::com {
 
@@ -12,26 +15,51 @@ IDispatch* counted(IDispatch* object) {
     return object;
 }
 
-// The selection of a call, which the library changes and which goes back into the caller's array however the call
-// ends.
-class Selection {
+// The collection of a call. Where it turned out to be no object the caller hears of that and of nothing else: it is
+// the call that is wrong, not what the operation does with it.
+class CollectionArgument {
 public:
-    explicit Selection(const VARIANT* argument) {
-        if (argument == nullptr || isAbsent(*argument)) return;
-        array_ = arrayIn(*argument);
-        if (array_ == nullptr) fail(Failure::TypeMismatch);
-        texts_ = elementsIn(array_);
-    }
+    explicit CollectionArgument(const VARIANT& argument) : collection_(ComCollection::from(argument)) {}
 
-    TextList* texts() { return array_ == nullptr ? nullptr : &texts_; }
-
-    void storeBack() {
-        if (array_ != nullptr) storeElements(array_, texts_);
+    template <class Operation>
+    auto use(Operation&& operation) const {
+        try {
+            return operation(collection_);
+        } catch (const Error&) {
+            if (ComCollection::isRefused(collection_)) fail(Failure::TypeMismatch);
+            throw;
+        }
     }
 
 private:
-    SAFEARRAY* array_ = nullptr;
-    TextList texts_;
+    CollectionPtr collection_;
+};
+
+// The last two arguments of a query. Every entry goes back into the caller's array when it is changed, so that the
+// array holds the changes however the call ends.
+class SelectionArguments final : public SelectionSource {
+public:
+    SelectionArguments(const VARIANT* selection, const VARIANT& qualifier)
+        : selection_(selection), qualifier_(qualifier) {}
+
+    std::size_t size() override {
+        if (selection_ == nullptr || isAbsent(*selection_)) return 0;
+        if (!holdsArray(*selection_)) fail(Failure::TypeMismatch);
+        return entries_.emplace(arrayIn(*selection_)).size();
+    }
+    Text entry(std::size_t index) override { return entries_->text(index); }
+    void store(std::size_t index, const Text& changed) override { entries_->store(index, changed); }
+
+    TextView qualifier() override {
+        qualifierText_ = textIn(qualifier_);
+        return qualifierText_;
+    }
+
+private:
+    const VARIANT* selection_;
+    const VARIANT& qualifier_;
+    std::optional<ArrayEntries> entries_;
+    Text qualifierText_;
 };
 
 // The type library gives an object no interface that its class does not have.
@@ -47,16 +75,12 @@ std::int16_t countOf(Served& served, TextView name, const CountRequest& request)
     return property->call(*served.object, request);
 }
 
-CollectionPtr elements(IProfileGet& parser, TextView display, const CollectionPtr& collection, Selection& selection,
-                       TextView qualifier) {
-    try {
-        CollectionPtr unknown = parser.ProfileElements(display, collection, selection.texts(), qualifier);
-        selection.storeBack();
-        return unknown;
-    } catch (const Error&) {
-        selection.storeBack();
-        throw;
-    }
+// The filters are of no use where there is nothing to filter, and are not looked at.
+std::int16_t countOfNotes(Served& served, TextView text, const VARIANT& searchString, const VARIANT& searchQualifier) {
+    if (text.empty()) return countOf(served, u"ProfileNotesElementsCount", {text});
+    const Text search = textIn(searchString);
+    const Text qualifier = textIn(searchQualifier);
+    return countOf(served, u"ProfileNotesElementsCount", {text, search, qualifier});
 }
 
 }  // namespace
@@ -65,7 +89,8 @@ HRESULT createCommand(Served& served, const IID& about, const VARIANT& params, B
     if (command == nullptr) return E_POINTER;
     *command = nullptr;
     return atBorder(about, [&] {
-        const Text text = had(served.object->profileTrans()).CreateCommand(ComCollection::from(params));
+        IProfileTrans& trans = had(served.object->profileTrans());
+        const Text text = CollectionArgument(params).use([&](const auto& given) { return trans.CreateCommand(given); });
         *command = newBstr(text);
     });
 }
@@ -75,8 +100,10 @@ HRESULT verifyResponse(Served& served, const IID& about, BSTR response, const VA
     if (results == nullptr) return E_POINTER;
     *results = nullptr;
     return atBorder(about, [&] {
-        const CollectionPtr given = ComCollection::from(collection);
-        const CollectionPtr made = had(served.object->profileTrans()).VerifyResponse(viewOf(response), given);
+        IProfileTrans& trans = had(served.object->profileTrans());
+        const CollectionPtr made = CollectionArgument(collection).use([&](const auto& given) {
+            return trans.VerifyResponse(viewOf(response), given);
+        });
         *results = counted(ComCollection::objectOf(made));
     });
 }
@@ -86,11 +113,11 @@ HRESULT profileElements(Served& served, const IID& about, BSTR display, const VA
     if (unknownFamily == nullptr) return E_POINTER;
     *unknownFamily = nullptr;
     return atBorder(about, [&] {
-        const CollectionPtr given = ComCollection::from(collection);
-        Selection selected(selection);
-        const Text qualifierText = textIn(qualifier);
-        const CollectionPtr unknown =
-            elements(had(served.object->profileGet()), viewOf(display), given, selected, qualifierText);
+        IProfileGet& parser = had(served.object->profileGet());
+        SelectionArguments selected(selection, qualifier);
+        const CollectionPtr unknown = CollectionArgument(collection).use([&](const auto& given) {
+            return parser.ProfileElements(viewOf(display), given, selected);
+        });
         *unknownFamily = counted(ComCollection::objectOf(unknown));
     });
 }
@@ -111,20 +138,20 @@ HRESULT countNotes(Served& served, const IID& about, BSTR text, const VARIANT& s
                    const VARIANT& searchQualifier, SHORT* result) noexcept {
     if (result == nullptr) return E_POINTER;
     *result = 0;
-    return atBorder(about, [&] {
-        const Text search = textIn(searchString);
-        const Text qualifier = textIn(searchQualifier);
-        *result = countOf(served, u"ProfileNotesElementsCount", {viewOf(text), search, qualifier});
-    });
+    return atBorder(about, [&] { *result = countOfNotes(served, viewOf(text), searchString, searchQualifier); });
 }
 
 HRESULT elementList(Served& served, const IID& about, BSTR name, VARIANT* list) noexcept {
     if (list == nullptr) return E_POINTER;
     VariantInit(list);
     return atBorder(about, [&] {
-        const TextList* const texts = served.object->list(viewOf(name));
-        if (texts == nullptr) fail(Failure::InvalidProcedureCall);
-        *list = Variant::arrayOfVariants(*texts).detach();
+        if (const TextList* const texts = served.object->list(viewOf(name))) {
+            *list = Variant::arrayOfVariants(*texts).detach();
+        } else if (const FlagList* const flags = served.object->flagList(viewOf(name))) {
+            *list = Variant::arrayOfFlags(*flags).detach();
+        } else {
+            fail(Failure::InvalidProcedureCall);
+        }
     });
 }
 

@@ -30,7 +30,8 @@ HRESULT count(Served& served, const IID& about, TextView name, BSTR text, VARIAN
 HRESULT countNotes(Served& served, const IID& about, BSTR text, const VARIANT& searchString,
                    const VARIANT& searchQualifier, SHORT* result) noexcept;
 
-/// A list of the object by its name, as an array of variants. Raises 5 for a name that the class does not know.
+/// A list of the object by its name, as an array of variants: texts, or booleans for a list of flags. Raises 5 for a
+/// name that the class does not know.
 HRESULT elementList(Served& served, const IID& about, BSTR name, VARIANT* list) noexcept;
 
 /// The list under a key of a collection, as an array of variants. Raises 91 for an absent key or collection and

@@ -1,6 +1,7 @@
 #include "server/client/remote_object.h"
 
 #include "server/client/remote_collection.h"
+#include "server/com/array.h"
 #include "server/com/error.h"
 
 namespace vantro::com {
@@ -88,14 +89,15 @@ private:
         return broughtBack(results, passed, collection);
     }
 
-    CollectionPtr IProfileGet_ProfileElements(TextView display, const CollectionPtr& collection, TextList* selection,
-                                              TextView qualifier) override {
+    CollectionPtr IProfileGet_ProfileElements(TextView display, const CollectionPtr& collection,
+                                              SelectionSource& selection) override {
         const Ptr<IDispatch> passed = copiedOut(collection);
         const Bstr text(display);
-        const Bstr qualifierText(qualifier);
-        Variant list = selection == nullptr ? Variant::missing() : Variant::of(ItemValue(*selection));
+        const Bstr qualifierText(selection.qualifier());
+        Variant list = Variant::arrayOfTexts(entriesOf(selection));
         const auto storeBack = [&] {
-            if (selection != nullptr) *selection = elementsIn(list.get().parray);
+            const TextList changed = elementsIn(list.get().parray);
+            for (std::size_t index = 0; index < changed.size(); ++index) selection.store(index, changed[index]);
             if (passed) copyBack(passed.get(), *collection);
         };
         try {
@@ -110,6 +112,12 @@ private:
             storeBack();
             throw;
         }
+    }
+
+    static TextList entriesOf(SelectionSource& selection) {
+        TextList entries(selection.size());
+        for (std::size_t index = 0; index < entries.size(); ++index) entries[index] = selection.entry(index);
+        return entries;
     }
 
     // The object that came back is the passed collection or a new one.

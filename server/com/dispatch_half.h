@@ -26,11 +26,13 @@ public:
     HRESULT STDMETHODCALLTYPE GetTypeInfo(UINT index, LCID, ITypeInfo** info) final {
         return describeHalf(iid_, index, info);
     }
-    HRESULT STDMETHODCALLTYPE GetIDsOfNames(REFIID, OLECHAR** names, UINT count, LCID, DISPID* ids) final {
+    HRESULT STDMETHODCALLTYPE GetIDsOfNames(REFIID reserved, OLECHAR** names, UINT count, LCID, DISPID* ids) final {
+        if (reserved != IID_NULL) return DISP_E_UNKNOWNINTERFACE;
         return namesToIds(iid_, names, count, ids);
     }
-    HRESULT STDMETHODCALLTYPE Invoke(DISPID member, REFIID, LCID, WORD flags, DISPPARAMS* parameters, VARIANT* result,
-                                     EXCEPINFO* exception, UINT* wrongArgument) final {
+    HRESULT STDMETHODCALLTYPE Invoke(DISPID member, REFIID reserved, LCID, WORD flags, DISPPARAMS* parameters,
+                                     VARIANT* result, EXCEPINFO* exception, UINT* wrongArgument) final {
+        if (reserved != IID_NULL) return DISP_E_UNKNOWNINTERFACE;
         return invokeHalf(iid_, static_cast<Interface*>(this), member, flags, parameters, result, exception,
                           wrongArgument);
     }

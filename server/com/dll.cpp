@@ -15,6 +15,12 @@ namespace {
 HINSTANCE instance = nullptr;
 std::atomic<LONG> locks{0};
 
+// Runs one half of self-registration; its failure has a code of its own.
+template <class Body>
+HRESULT half(HRESULT failure, Body&& body) noexcept {
+    return FAILED(atBorder(IID_NULL, std::forward<Body>(body))) ? failure : S_OK;
+}
+
 }  // namespace
 
 ModuleLock::ModuleLock() { add(1); }
@@ -55,23 +61,22 @@ STDAPI DllCanUnloadNow() {
 }
 
 STDAPI DllRegisterServer() {
+    std::vector<com::ClassInfo> classes;
     HRESULT refused = S_OK;
-    HRESULT result = com::atBorder(IID_NULL, [&] {
-        const auto classes = com::moduleClasses();
-        refused = com::module::mayRegister(classes);
-        if (SUCCEEDED(refused)) com::registerClasses(classes);
-    });
+    HRESULT result = com::half(SELFREG_E_TYPELIB, [&] { classes = com::moduleClasses(); });
+    if (FAILED(result)) return result;
+    result = com::half(SELFREG_E_CLASS, [&] { refused = com::module::mayRegister(classes); });
     if (FAILED(refused)) return refused;
-    if (FAILED(result)) {
-        DllUnregisterServer();
-        result = SELFREG_E_CLASS;
-    }
+    if (SUCCEEDED(result)) result = com::half(SELFREG_E_CLASS, [&] { com::registerClasses(classes); });
+    if (SUCCEEDED(result)) result = com::half(SELFREG_E_TYPELIB, [] { com::registerTypes(); });
+    if (FAILED(result)) DllUnregisterServer();
     return result;
 }
 
 STDAPI DllUnregisterServer() {
-    const HRESULT result = com::atBorder(IID_NULL, [] { com::unregisterClasses(com::moduleClasses()); });
-    return FAILED(result) ? SELFREG_E_CLASS : S_OK;
+    const HRESULT classes = com::half(SELFREG_E_CLASS, [] { com::unregisterClasses(com::moduleClasses()); });
+    const HRESULT types = com::half(SELFREG_E_TYPELIB, [] { com::unregisterTypes(); });
+    return FAILED(classes) ? classes : types;
 }
 
 }  // extern "C"

@@ -27,11 +27,20 @@ public:
 
     Error error() {
         if (info_.pfnDeferredFillIn != nullptr) info_.pfnDeferredFillIn(&info_);
-        const int number = info_.wCode != 0 ? info_.wCode : numberOf(info_.scode);
-        return Error(number, viewOf(info_.bstrSource), viewOf(info_.bstrDescription));
+        const Error plain = errorOfCall(result());
+        return Error(plain.number(), given(info_.bstrSource, plain.source()),
+                     given(info_.bstrDescription, plain.description()));
     }
 
 private:
+    // An exception that says nothing of itself is a plain failure.
+    HRESULT result() const {
+        if (info_.wCode != 0) return resultOf(info_.wCode);
+        return FAILED(info_.scode) ? info_.scode : E_FAIL;
+    }
+
+    static TextView given(BSTR text, TextView otherwise) { return SysStringLen(text) == 0 ? otherwise : viewOf(text); }
+
     EXCEPINFO info_{};
 };
 

@@ -38,7 +38,8 @@ Ptr<IUnknown> create(const ClassInfo& info);
 /// An error where it must not be registered, such as a place that is taken.
 HRESULT mayRegister(const std::vector<ClassInfo>& classes);
 
-/// Lets go of what it keeps between calls, as far as this thread may; true when nothing is left.
+/// Lets go of what it keeps between calls; true when nothing is left. While another thread keeps something nothing is
+/// let go.
 bool letGo();
 
 }  // namespace module

@@ -1,138 +1,183 @@
 #include "server/com/registration.h"
 
-#include "server/com/bstr.h"
 #include "server/com/error.h"
+#include "server/com/registry.h"
 #include "server/com/type_library.h"
 
-#include <array>
+#include <algorithm>
 #include <string>
 
 namespace vantro::com {
 
 namespace {
 
-constexpr REGSAM thirtyTwoBit = KEY_WOW64_32KEY;
-constexpr REGSAM sixtyFourBit = KEY_WOW64_64KEY;
-
-// A registration is for the machine, whoever runs it.
-constexpr const wchar_t* classesFolder = L"Software\\Classes";
-
-std::wstring wide(TextView text) { return {text.begin(), text.end()}; }
-
-std::wstring guidText(const GUID& guid) {
-    std::array<wchar_t, 40> text{};
-    StringFromGUID2(guid, text.data(), static_cast<int>(text.size()));
-    return text.data();
-}
-
-void checkRegistry(LSTATUS status) { check(HRESULT_FROM_WIN32(static_cast<unsigned long>(status))); }
-
-// An open key of the registry.
-class Key {
-public:
-    Key(HKEY parent, const std::wstring& path) {
-        checkRegistry(RegCreateKeyExW(parent, path.c_str(), 0, nullptr, 0, KEY_READ | KEY_WRITE | DELETE, nullptr,
-                                      &key_, nullptr));
-    }
-    Key(const Key&) = delete;
-    Key& operator=(const Key&) = delete;
-    ~Key() { RegCloseKey(key_); }
-
-    Key sub(const std::wstring& path) const { return Key(key_, path); }
-
-    const Key& set(const std::wstring& value, const wchar_t* name = nullptr) const {
-        const auto bytes = static_cast<DWORD>((value.size() + 1) * sizeof(wchar_t));
-        checkRegistry(RegSetValueExW(key_, name, 0, REG_SZ, reinterpret_cast<const BYTE*>(value.c_str()), bytes));
-        return *this;
-    }
-    void remove(const std::wstring& path) const { RegDeleteTreeW(key_, path.c_str()); }
-
-private:
-    HKEY key_ = nullptr;
-};
-
-Key classesRoot() { return Key(HKEY_LOCAL_MACHINE, classesFolder); }
+using registry::guidText;
+using registry::Key;
+using registry::View;
+using registry::wide;
 
 std::wstring classKey(const CLSID& clsid) { return L"CLSID\\" + guidText(clsid); }
+
+std::wstring serverKey(const CLSID& clsid) { return classKey(clsid) + L"\\InprocServer32"; }
 
 std::wstring lastingName(const ClassInfo& info) { return wide(module::name()) + L"." + wide(info.name); }
 
 std::wstring versionedName(const ClassInfo& info) { return lastingName(info) + L".1"; }
 
-void registerNames(const Key& root, const ClassInfo& info) {
-    const std::wstring description = wide(info.description);
-    const std::wstring clsid = guidText(info.clsid);
-    const Key versioned = root.sub(versionedName(info));
-    versioned.set(description).sub(L"CLSID").set(clsid);
-    const Key lasting = root.sub(lastingName(info));
-    lasting.set(description).sub(L"CLSID").set(clsid);
-    lasting.sub(L"CurVer").set(versionedName(info));
+// The path with whole names in place of short ones, as far as the file is there.
+std::wstring longPath(const std::wstring& path) {
+    std::wstring whole(4 * MAX_PATH, L'\0');
+    const DWORD length = GetLongPathNameW(path.c_str(), whole.data(), static_cast<DWORD>(whole.size()));
+    if (length == 0 || length >= whole.size()) return path;
+    whole.resize(length);
+    return whole;
 }
 
-void registerClass(const Key& root, const ClassInfo& info) {
-    registerNames(root, info);
-    const Key key = root.sub(classKey(info.clsid));
-    key.set(wide(info.description));
-    key.sub(L"ProgID").set(versionedName(info));
-    key.sub(L"VersionIndependentProgID").set(lastingName(info));
-    key.sub(L"InprocServer32").set(modulePath()).set(L"Apartment", L"ThreadingModel");
-    key.sub(L"TypeLib").set(guidText(module::libraryId()));
+bool isOwnFile(const std::optional<std::wstring>& path) {
+    return path && lstrcmpiW(longPath(*path).c_str(), longPath(modulePath()).c_str()) == 0;
 }
 
-bool existsInView(const CLSID& clsid, REGSAM view) {
-    const std::wstring path = std::wstring(classesFolder) + L"\\" + classKey(clsid);
-    HKEY key = nullptr;
-    const LSTATUS status = RegOpenKeyExW(HKEY_LOCAL_MACHINE, path.c_str(), 0, KEY_READ | view, &key);
-    if (status == ERROR_SUCCESS) RegCloseKey(key);
-    return status == ERROR_SUCCESS;
+void registerName(const std::wstring& name, const ClassInfo& info) {
+    Key(name).set(wide(info.description));
+    Key(name + L"\\CLSID").set(guidText(info.clsid));
 }
 
-void unregisterClass(const Key& root, const ClassInfo& info) {
-    root.remove(classKey(info.clsid));
-    if (existsInView(info.clsid, thirtyTwoBit) || existsInView(info.clsid, sixtyFourBit)) return;
-    root.remove(versionedName(info));
-    root.remove(lastingName(info));
+// The file comes first: it is what the class is taken back by when a later entry cannot be written.
+void registerClass(const ClassInfo& info) {
+    const std::wstring key = classKey(info.clsid);
+    Key(serverKey(info.clsid)).set(modulePath()).set(L"Apartment", L"ThreadingModel");
+    Key(key).set(wide(info.description));
+    Key(key + L"\\ProgID").set(versionedName(info));
+    Key(key + L"\\VersionIndependentProgID").set(lastingName(info));
+    Key(key + L"\\TypeLib").set(guidText(module::libraryId()));
+    registerName(versionedName(info), info);
+    registerName(lastingName(info), info);
+    Key(lastingName(info) + L"\\CurVer").set(versionedName(info));
 }
 
+// True when the key is there and names something else.
+bool namesAnother(const std::wstring& key, const GUID& own, View view = View::Own) {
+    const auto value = registry::valueOf(key, view);
+    return value && lstrcmpiW(value->c_str(), guidText(own).c_str()) != 0;
+}
+
+bool names(const std::wstring& key, const GUID& own, View view = View::Own) {
+    return registry::valueOf(key, view) && !namesAnother(key, own, view);
+}
+
+void unregisterClass(const ClassInfo& info) {
+    if (!isOwnFile(registry::valueOf(serverKey(info.clsid)))) return;
+    registry::remove(classKey(info.clsid));
+    if (std::ranges::any_of(registry::bothKinds,
+                            [&](View view) { return registry::exists(classKey(info.clsid), view); }))
+        return;
+    for (const std::wstring& name : {versionedName(info), lastingName(info)}) {
+        if (names(name + L"\\CLSID", info.clsid)) registry::remove(name);
+    }
+}
+
+bool isClassTaken(const ClassInfo& info) {
+    const auto server = registry::valueOf(serverKey(info.clsid));
+    if (server && !isOwnFile(server)) return true;
+    // For the other kind of process there is another file, which is known by its type library.
+    const std::wstring key = classKey(info.clsid);
+    return std::ranges::any_of(registry::bothKinds, [&](View view) {
+        return registry::exists(key, view) && !names(key + L"\\TypeLib", module::libraryId(), view);
+    });
+}
+
+bool isNameTaken(const ClassInfo& info) {
+    return namesAnother(lastingName(info) + L"\\CLSID", info.clsid) ||
+           namesAnother(versionedName(info) + L"\\CLSID", info.clsid);
+}
+
+std::wstring interfaceKey(const IID& iid) { return L"Interface\\" + guidText(iid); }
+
+bool isInterfaceTaken(const IID& iid) {
+    return std::ranges::any_of(registry::bothKinds, [&](View view) {
+        return namesAnother(interfaceKey(iid) + L"\\TypeLib", module::libraryId(), view);
+    });
+}
+
+void unregisterInterfaces() {
+    for (const IID& iid : describedInterfaces()) {
+        for (const View view : registry::bothKinds) {
+            if (names(interfaceKey(iid) + L"\\TypeLib", module::libraryId(), view)) {
+                registry::remove(interfaceKey(iid), view);
+            }
+        }
+    }
+}
+
+// Where a type library is registered: a key for the library, one for its version, one for its language, and below
+// that one for each kind of process.
+struct TypesPlace {
+    std::wstring library;
+    std::wstring version;
+    std::wstring language;
+
+    std::wstring file(bool sixtyFourBit) const { return language + (sixtyFourBit ? L"\\win64" : L"\\win32"); }
+};
+
+std::wstring hexadecimal(unsigned number) {
+    std::wstring digits;
+    do {
+        digits.insert(digits.begin(), L"0123456789abcdef"[number % 16]);
+        number /= 16;
+    } while (number != 0);
+    return digits;
+}
+
+TypesPlace typesPlace() {
+    const LibraryVersion version = libraryVersion();
+    TypesPlace place;
+    place.library = L"TypeLib\\" + guidText(module::libraryId());
+    place.version = place.library + L"\\" + hexadecimal(version.major) + L"." + hexadecimal(version.minor);
+    place.language = place.version + L"\\" + hexadecimal(version.language);
+    return place;
+}
+
+// Beside its languages a version has the keys of its flags and of its help.
+bool hasLanguages(const std::wstring& version) {
+    const std::vector<std::wstring> keys = registry::keysBelow(version);
+    return std::ranges::any_of(keys, [](const std::wstring& key) { return key != L"FLAGS" && key != L"HELPDIR"; });
+}
+
+}  // namespace
+
+void registerClasses(const std::vector<ClassInfo>& classes) {
+    for (const ClassInfo& info : classes) registerClass(info);
+}
+
+void unregisterClasses(const std::vector<ClassInfo>& classes) {
+    for (const ClassInfo& info : classes) unregisterClass(info);
+}
+
+// The system's function writes the interfaces for both kinds of process.
 void registerTypes() {
     const Ptr<ITypeLib> library = typeLibrary();
     std::wstring path = modulePath();
     check(RegisterTypeLib(library.get(), path.data(), nullptr));
 }
 
+// The system's function for this removes the interfaces for both kinds of process, whoever else has them.
 void unregisterTypes() {
-    TLIBATTR* attributes = nullptr;
-    const Ptr<ITypeLib> library = typeLibrary();
-    check(library->GetLibAttr(&attributes));
-    const TLIBATTR copy = *attributes;
-    library->ReleaseTLibAttr(attributes);
-    const SYSKIND kind = sizeof(void*) == 8 ? SYS_WIN64 : SYS_WIN32;
-    UnRegisterTypeLib(copy.guid, copy.wMajorVerNum, copy.wMinorVerNum, copy.lcid, kind);
+    constexpr bool isSixtyFourBit = sizeof(void*) == 8;
+    const TypesPlace place = typesPlace();
+    const auto file = registry::valueOf(place.file(isSixtyFourBit));
+    if (file && !isOwnFile(file)) return;
+    // A registration that failed may have written the interfaces without the library.
+    registry::remove(place.file(isSixtyFourBit));
+    if (registry::exists(place.file(!isSixtyFourBit))) return;
+    unregisterInterfaces();
+    registry::remove(place.language);
+    if (!hasLanguages(place.version)) registry::remove(place.version);
+    if (registry::keysBelow(place.library).empty()) registry::remove(place.library);
 }
 
-}  // namespace
-
-void registerClasses(const std::vector<ClassInfo>& classes) {
-    const Key root = classesRoot();
-    for (const ClassInfo& info : classes) registerClass(root, info);
-    registerTypes();
-}
-
-void unregisterClasses(const std::vector<ClassInfo>& classes) {
-    const Key root = classesRoot();
-    for (const ClassInfo& info : classes) unregisterClass(root, info);
-    unregisterTypes();
-}
-
-bool isRegistered(const CLSID& clsid) { return !registeredServer(clsid).empty(); }
-
-std::wstring registeredServer(const CLSID& clsid) {
-    std::array<wchar_t, MAX_PATH> path{};
-    auto bytes = static_cast<DWORD>(sizeof path);
-    const std::wstring key = classKey(clsid) + L"\\InprocServer32";
-    const LSTATUS status =
-        RegGetValueW(HKEY_CLASSES_ROOT, key.c_str(), nullptr, RRF_RT_REG_SZ, nullptr, path.data(), &bytes);
-    return status == ERROR_SUCCESS ? path.data() : std::wstring();
+bool isTaken(const std::vector<ClassInfo>& classes) {
+    return std::ranges::any_of(classes, isClassTaken) || std::ranges::any_of(classes, isNameTaken) ||
+           std::ranges::any_of(describedInterfaces(), isInterfaceTaken);
 }
 
 }  // namespace vantro::com

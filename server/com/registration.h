@@ -1,21 +1,28 @@
-// Self-registration for all users of the machine.
+// Self-registration for all users of the machine. Taking back removes what is this file's, whatever was written over
+// it since: not a class that names another file by now, nor what the build for the other kind of process needs.
 #pragma once
 
 #include "server/com/module.h"
 
 namespace vantro::com {
 
-/// Writes the registry entries of the classes, the type library and its interfaces.
+/// Writes the entries of the classes and of their names.
 void registerClasses(const std::vector<ClassInfo>& classes);
 
-/// Removes what `registerClasses` wrote, and nothing else. The names stay while the server's build for the other
-/// kind of process is registered, because both share them.
+/// Removes the classes that are registered to this file. Their names go with them where they still name these
+/// classes, unless the build for the other kind of process is registered: both share the names.
 void unregisterClasses(const std::vector<ClassInfo>& classes);
 
-/// True when some server is registered for the class.
-bool isRegistered(const CLSID& clsid);
+/// Writes the entries of the type library and of its interfaces.
+void registerTypes();
 
-/// The file of the server that is registered for the class; empty without one.
-std::wstring registeredServer(const CLSID& clsid);
+/// Removes the type library where it is registered to this file. The entries that it shares with the build for the
+/// other kind of process stay as long as that one is registered; an interface's entry goes only where it names this
+/// type library.
+void unregisterTypes();
+
+/// True when one of the classes, names or interfaces is registered to another library, for whichever kind of
+/// process: registering would destroy what only that library can restore.
+bool isTaken(const std::vector<ClassInfo>& classes);
 
 }  // namespace vantro::com

@@ -51,7 +51,14 @@ void ThreadSlotBase::keep(std::unique_ptr<ThreadKept> value) {
     ++keepers_;
 }
 
-bool ThreadSlotBase::release() {
+bool ThreadSlotBase::releaseLast() {
+    const LONG own = TlsGetValue(index_) == nullptr ? 0 : 1;
+    if (keepers_ != own) return false;
+    release();
+    return true;
+}
+
+void ThreadSlotBase::release() {
     const std::unique_ptr<Entry> entry(static_cast<Entry*>(TlsGetValue(index_)));
     if (entry) {
         TlsSetValue(index_, nullptr);
@@ -59,7 +66,6 @@ bool ThreadSlotBase::release() {
         entry->value.reset();
         CoRevokeInitializeSpy(entry->spyCookie);
     }
-    return keepers_ == 0;
 }
 
 }  // namespace vantro::com

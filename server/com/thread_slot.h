@@ -29,8 +29,11 @@ public:
     /// What other threads still keep is left alone: their apartments may be gone, and the libraries with them.
     ~ThreadSlotBase();
 
-    /// Destroys what this thread keeps; true when no other thread keeps anything.
-    bool release();
+    /// Destroys what this thread keeps unless another thread keeps something too; true when nothing is left.
+    bool releaseLast();
+
+    /// Destroys what this thread keeps.
+    void release();
 
 protected:
     ThreadKept* kept() const;

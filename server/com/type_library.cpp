@@ -4,6 +4,7 @@
 #include "server/com/error.h"
 
 #include <algorithm>
+#include <initializer_list>
 #include <mutex>
 
 namespace vantro::com {
@@ -81,17 +82,18 @@ ClassInfo describe(ITypeInfo* type) {
             implementedInterfaces(type, attributes->cImplTypes)};
 }
 
-std::vector<ClassInfo> describedClasses(ITypeLib* library) {
-    std::vector<ClassInfo> classes;
+// Calls `take` with every type of these kinds.
+template <class Take>
+void forTypes(std::initializer_list<TYPEKIND> kinds, Take&& take) {
+    const Ptr<ITypeLib> library = typeLibrary();
     for (UINT index = 0; index < library->GetTypeInfoCount(); ++index) {
         TYPEKIND kind{};
         check(library->GetTypeInfoType(index, &kind));
-        if (kind != TKIND_COCLASS) continue;
+        if (std::ranges::find(kinds, kind) == kinds.end()) continue;
         Ptr<ITypeInfo> type;
         check(library->GetTypeInfo(index, type.receive()));
-        classes.push_back(describe(type.get()));
+        take(type.get());
     }
-    return classes;
 }
 
 const std::vector<ClassInfo>& knownClasses() {
@@ -119,13 +121,30 @@ Ptr<ITypeInfo> typeInfoOf(const IID& iid) {
 }
 
 std::vector<ClassInfo> moduleClasses() {
-    const std::vector<ClassInfo> described = describedClasses(typeLibrary().get());
+    std::vector<ClassInfo> described;
+    forTypes({TKIND_COCLASS}, [&](ITypeInfo* type) { described.push_back(describe(type)); });
     std::vector<ClassInfo> classes;
     for (const Text& name : module::classNames()) {
         const auto place = std::ranges::find(described, name, &ClassInfo::name);
         if (place != described.end()) classes.push_back(*place);
     }
     return classes;
+}
+
+std::vector<IID> describedInterfaces() {
+    std::vector<IID> interfaces;
+    forTypes({TKIND_INTERFACE, TKIND_DISPATCH},
+             [&](ITypeInfo* type) { interfaces.push_back(TypeAttributes(type)->guid); });
+    return interfaces;
+}
+
+LibraryVersion libraryVersion() {
+    TLIBATTR* attributes = nullptr;
+    const Ptr<ITypeLib> library = typeLibrary();
+    check(library->GetLibAttr(&attributes));
+    const LibraryVersion version{attributes->wMajorVerNum, attributes->wMinorVerNum, attributes->lcid};
+    library->ReleaseTLibAttr(attributes);
+    return version;
 }
 
 const ClassInfo* classWithId(const CLSID& clsid) {

@@ -15,6 +15,17 @@ Ptr<ITypeInfo> typeInfoOf(const IID& iid);
 /// it does not describe is an error of the build and left out.
 std::vector<ClassInfo> moduleClasses();
 
+/// The identifiers of the interfaces that the type library describes.
+std::vector<IID> describedInterfaces();
+
+/// What the type library says of itself beside its identifier.
+struct LibraryVersion {
+    unsigned major;
+    unsigned minor;
+    unsigned language;
+};
+LibraryVersion libraryVersion();
+
 /// The module's class with this identifier, or null. It lives as long as the library is loaded.
 const ClassInfo* classWithId(const CLSID& clsid);
 

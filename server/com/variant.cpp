@@ -1,46 +1,18 @@
 #include "server/com/variant.h"
 
+#include "server/com/array.h"
 #include "server/com/error.h"
 
+#include <algorithm>
 #include <new>
+#include <span>
 
 namespace vantro::com {
 
 namespace {
 
-struct Bounds {
-    LONG lower;
-    LONG upper;
-};
-
-Bounds boundsOf(SAFEARRAY* array) {
-    Bounds bounds{};
-    if (SafeArrayGetDim(array) != 1) fail(Failure::TypeMismatch);
-    check(SafeArrayGetLBound(array, 1, &bounds.lower));
-    check(SafeArrayGetUBound(array, 1, &bounds.upper));
-    return bounds;
-}
-
-VARTYPE elementType(SAFEARRAY* array) {
-    VARTYPE type = VT_EMPTY;
-    check(SafeArrayGetVartype(array, &type));
-    if (type != VT_BSTR && type != VT_VARIANT) fail(Failure::TypeMismatch);
-    return type;
-}
-
-Text elementText(SAFEARRAY* array, VARTYPE type, LONG index) {
-    if (type == VT_BSTR) {
-        Bstr text;
-        check(SafeArrayGetElement(array, &index, text.receive()));
-        return Text(text.view());
-    }
-    Variant value;
-    check(SafeArrayGetElement(array, &index, value.pointer()));
-    return textIn(value.get());
-}
-
-Variant newArray(VARTYPE type, std::size_t length) {
-    SAFEARRAY* const array = SafeArrayCreateVector(type, 0, static_cast<ULONG>(length));
+Variant newArray(VARTYPE type, std::size_t length, LONG lowerBound = 0) {
+    SAFEARRAY* const array = SafeArrayCreateVector(type, lowerBound, static_cast<ULONG>(length));
     if (array == nullptr) throw std::bad_alloc();
     Variant value;
     value.pointer()->vt = static_cast<VARTYPE>(VT_ARRAY | type);
@@ -48,12 +20,16 @@ Variant newArray(VARTYPE type, std::size_t length) {
     return value;
 }
 
-Variant arrayOfTexts(const TextList& list) {
-    Variant value = newArray(VT_BSTR, list.size());
+Variant entryOf(const Text& text) { return Variant::of(TextView(text)); }
+Variant entryOf(bool truth) { return Variant::of(truth); }
+
+template <class List>
+Variant arrayOfEntries(const List& list) {
+    Variant value = newArray(VT_VARIANT, list.size());
     LONG index = 0;
-    for (const Text& text : list) {
-        const Bstr element(text);
-        check(SafeArrayPutElement(value.get().parray, &index, element.get()));
+    for (const auto& entry : list) {
+        Variant element = entryOf(entry);
+        check(SafeArrayPutElement(value.get().parray, &index, element.pointer()));
         ++index;
     }
     return value;
@@ -62,31 +38,14 @@ Variant arrayOfTexts(const TextList& list) {
 // The system's functions only read their source, but do not say so.
 VARIANT* readOnly(const VARIANT& value) { return const_cast<VARIANT*>(&value); }
 
-// Clients write numbers in whatever width their language has: a number that is whole and fits is an integer.
-std::int16_t integerIn(const VARIANT& value) {
+// The one rule for every value that comes in: the system's own conversion, with automation's numbers for what fails.
+Variant coerced(const VARIANT& value, VARTYPE type) {
     Variant converted;
-    const HRESULT result = convert(value, VT_I2, converted);
+    const HRESULT result = convert(value, type, converted);
+    if (result == E_OUTOFMEMORY) throw std::bad_alloc();
     if (result == DISP_E_OVERFLOW) fail(Failure::Overflow);
     if (FAILED(result)) fail(Failure::TypeMismatch);
-    return converted.get().iVal;
-}
-
-bool isNumber(VARTYPE type) {
-    switch (type) {
-        case VT_I1:
-        case VT_I2:
-        case VT_I4:
-        case VT_I8:
-        case VT_INT:
-        case VT_UI1:
-        case VT_UI2:
-        case VT_UI4:
-        case VT_UI8:
-        case VT_UINT:
-        case VT_R4:
-        case VT_R8: return true;
-        default: return false;
-    }
+    return converted;
 }
 
 }  // namespace
@@ -127,16 +86,21 @@ Variant Variant::of(const ItemValue& value) {
     return arrayOfTexts(std::get<TextList>(value));
 }
 
-Variant Variant::arrayOfVariants(const TextList& list) {
-    Variant value = newArray(VT_VARIANT, list.size());
-    LONG index = 0;
-    for (const Text& text : list) {
-        Variant element = of(TextView(text));
-        check(SafeArrayPutElement(value.get().parray, &index, element.pointer()));
+Variant Variant::arrayOfTexts(const TextList& list, std::size_t firstIndex) {
+    const std::size_t first = std::min(firstIndex, list.size());
+    auto index = static_cast<LONG>(first);
+    Variant value = newArray(VT_BSTR, list.size() - first, index);
+    for (const Text& text : std::span(list).subspan(first)) {
+        const Bstr element(text);
+        check(SafeArrayPutElement(value.get().parray, &index, element.get()));
         ++index;
     }
     return value;
 }
+
+Variant Variant::arrayOfVariants(const TextList& list) { return arrayOfEntries(list); }
+
+Variant Variant::arrayOfFlags(const FlagList& list) { return arrayOfEntries(list); }
 
 Variant Variant::missing() {
     Variant made;
@@ -195,14 +159,14 @@ Text textIn(const VARIANT& value) {
     const VARIANT& behind = dereferenced(value);
     if (behind.vt == VT_BSTR) return Text(viewOf(behind.bstrVal));
     if (behind.vt == (VT_BYREF | VT_BSTR) && behind.pbstrVal != nullptr) return Text(viewOf(*behind.pbstrVal));
-    Variant converted;
-    if (FAILED(convert(behind, VT_BSTR, converted))) fail(Failure::TypeMismatch);
-    return Text(viewOf(converted.get().bstrVal));
+    return Text(viewOf(coerced(behind, VT_BSTR).get().bstrVal));
 }
+
+bool truthIn(const VARIANT& value) { return coerced(value, VT_BOOL).get().boolVal != VARIANT_FALSE; }
 
 ItemValue itemValueIn(const VARIANT& value) {
     const VARIANT& referenced = dereferenced(value);
-    if (SAFEARRAY* const array = arrayIn(referenced)) return listIn(array);
+    if (holdsArray(referenced)) return listIn(arrayIn(referenced));
     Variant copy;
     check(VariantCopyInd(copy.pointer(), readOnly(referenced)));
     const VARIANT& behind = copy.get();
@@ -210,43 +174,7 @@ ItemValue itemValueIn(const VARIANT& value) {
         case VT_EMPTY: return Text();
         case VT_BSTR: return Text(viewOf(behind.bstrVal));
         case VT_BOOL: return behind.boolVal != VARIANT_FALSE;
-        default: break;
-    }
-    if (!isNumber(behind.vt)) fail(Failure::TypeMismatch);
-    return integerIn(behind);
-}
-
-SAFEARRAY* arrayIn(const VARIANT& value) {
-    const VARIANT& behind = dereferenced(value);
-    if ((behind.vt & VT_ARRAY) == 0) return nullptr;
-    return (behind.vt & VT_BYREF) != 0 ? *behind.pparray : behind.parray;
-}
-
-TextList listIn(SAFEARRAY* array) {
-    const VARTYPE type = elementType(array);
-    const Bounds bounds = boundsOf(array);
-    if (bounds.lower < 0) fail(Failure::SubscriptOutOfRange);
-    TextList list(static_cast<std::size_t>(bounds.lower));
-    for (LONG index = bounds.lower; index <= bounds.upper; ++index) list.push_back(elementText(array, type, index));
-    return list;
-}
-
-TextList elementsIn(SAFEARRAY* array) {
-    const VARTYPE type = elementType(array);
-    const Bounds bounds = boundsOf(array);
-    TextList texts;
-    for (LONG index = bounds.lower; index <= bounds.upper; ++index) texts.push_back(elementText(array, type, index));
-    return texts;
-}
-
-void storeElements(SAFEARRAY* array, const TextList& texts) {
-    const VARTYPE type = elementType(array);
-    LONG index = boundsOf(array).lower;
-    for (const Text& text : texts) {
-        Variant element = Variant::of(TextView(text));
-        void* const stored = type == VT_BSTR ? static_cast<void*>(element.get().bstrVal) : element.pointer();
-        check(SafeArrayPutElement(array, &index, stored));
-        ++index;
+        default: return coerced(behind, VT_I2).get().iVal;
     }
 }
 

@@ -23,8 +23,11 @@ public:
     static Variant of(IDispatch* object);
     /// A list goes out as an array of texts, as terminals expect it.
     static Variant of(const ItemValue& value);
+    /// The entries from `firstIndex` on as an array of texts with that lower bound.
+    static Variant arrayOfTexts(const TextList& list, std::size_t firstIndex = 0);
     /// A list as an array of variants: the only arrays that a script can index.
     static Variant arrayOfVariants(const TextList& list);
+    static Variant arrayOfFlags(const FlagList& list);
     /// What stands for an argument that was left out.
     static Variant missing();
 
@@ -51,22 +54,12 @@ Ptr<IDispatch> objectIn(const VARIANT& value);
 /// The value as text; empty when it is absent. Raises 13 for a value that has no text.
 Text textIn(const VARIANT& value);
 
-/// The value as one of the kinds that collections hold. Whole numbers of any width are converted; raises 6 for
-/// one that does not fit in 16 bits and 13 for anything that is none of the four kinds.
+/// The value as a boolean. Raises 13 for a value that is none, Null and Nothing included.
+bool truthIn(const VARIANT& value);
+
+/// The value as one of the kinds that collections hold. Whatever is no text, boolean or array is converted to a
+/// 16-bit integer as automation converts it, a fraction rounded; Empty is the empty text. Raises 6 for a number that
+/// does not fit in 16 bits and 13 for anything that is none of the four kinds.
 ItemValue itemValueIn(const VARIANT& value);
-
-/// The array in a value, behind any references; null when the value holds none.
-SAFEARRAY* arrayIn(const VARIANT& value);
-
-/// The texts of an array of texts or of variants: entry k of the list is the element with index k, so that a
-/// lower bound above 0 leaves empty entries before it. Raises 13 for any other array and for one that has not
-/// exactly one dimension, 9 for a lower bound below 0.
-TextList listIn(SAFEARRAY* array);
-
-/// The texts of an array from its lower to its upper bound, whatever the bounds are.
-TextList elementsIn(SAFEARRAY* array);
-
-/// Stores texts over the elements of an array of texts or variants, from its lower bound on.
-void storeElements(SAFEARRAY* array, const TextList& texts);
 
 }  // namespace vantro::com

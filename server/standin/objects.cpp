@@ -1,5 +1,6 @@
 #include "server/standin/objects.h"
 
+#include "server/com/array.h"
 #include "server/com/counted.h"
 #include "server/com/error.h"
 #include "server/com/variant.h"
@@ -7,6 +8,8 @@
 #include "vantro/built_in_terminal.h"
 #include "vantro_kesto_faces.h"
 #include "vantro_profile_utils.h"
+
+#include <unordered_map>
 
 namespace vantro::com::standin {
 
@@ -50,35 +53,40 @@ private:
 
 VARIANT_BOOL truth(bool value) { return value ? VARIANT_TRUE : VARIANT_FALSE; }
 
-class Item final : public Single<IKeyedItem> {
-public:
-    explicit Item(ItemPtr stored) : Single(IID_IKeyedItem), stored_(std::move(stored)) {}
-
-    HRESULT STDMETHODCALLTYPE get_Value(VARIANT* value) override {
-        VariantInit(value);
-        return operation([&] { *value = Variant::of(stored_->Value()).detach(); });
-    }
-
-    const ItemPtr& stored() const { return stored_; }
-
-private:
-    LiveCount count_;
-    ItemPtr stored_;
-};
-
 // An item keeps its value when the collection changes: a copy that owns it.
 class OwnedItem final : public KeyedItem {
 public:
-    explicit OwnedItem(ItemValue value) : value_(std::move(value)) {}
+    OwnedItem(ItemValue value, std::size_t firstIndex) : value_(std::move(value)), firstIndex_(firstIndex) {}
+
     const ItemValue& Value() const override { return value_; }
+    std::size_t firstIndex() const override { return firstIndex_; }
+
+    /// The value as it was stored, a list with its lower bound.
+    Variant asVariant() const {
+        const auto* const list = std::get_if<TextList>(&value_);
+        return list == nullptr ? Variant::of(value_) : Variant::arrayOfTexts(*list, firstIndex_);
+    }
 
 private:
     ItemValue value_;
+    std::size_t firstIndex_;
 };
 
-Ptr<IDispatch> newItem(const ItemPtr& stored) {
-    return Ptr<IDispatch>(new Item(std::make_shared<OwnedItem>(stored->Value())));
-}
+class StoredItem final : public Single<IKeyedItem> {
+public:
+    explicit StoredItem(std::shared_ptr<const OwnedItem> stored) : Single(IID_IKeyedItem), stored_(std::move(stored)) {}
+
+    HRESULT STDMETHODCALLTYPE get_Value(VARIANT* value) override {
+        VariantInit(value);
+        return operation([&] { *value = stored_->asVariant().detach(); });
+    }
+
+    ItemPtr stored() const { return stored_; }
+
+private:
+    LiveCount count_;
+    std::shared_ptr<const OwnedItem> stored_;
+};
 
 class Collection final : public Single<IKeyedCollection> {
 public:
@@ -89,16 +97,14 @@ public:
         return operation([&] {
             const Text keyText = textIn(*key);
             collection_.Add(keyText, itemValueIn(*value));
-            *item = newItem(collection_.Item(keyText)).detach();
+            firstIndexes_[keyText] = holdsArray(*value) ? indexedListIn(arrayIn(*value)).firstIndex : 0;
+            *item = newItem(keyText).detach();
         });
     }
 
     HRESULT STDMETHODCALLTYPE Item(BSTR key, IDispatch** item) override {
         *item = nullptr;
-        return operation([&] {
-            const ItemPtr stored = collection_.Item(viewOf(key));
-            if (stored) *item = newItem(stored).detach();
-        });
+        return operation([&] { *item = newItem(viewOf(key)).detach(); });
     }
 
     HRESULT STDMETHODCALLTYPE get_Count(LONG* count) override {
@@ -116,16 +122,24 @@ public:
     }
 
 private:
+    Ptr<IDispatch> newItem(TextView key) const {
+        const ItemPtr stored = collection_.Item(key);
+        if (!stored) return {};
+        return Ptr<IDispatch>(
+            new StoredItem(std::make_shared<OwnedItem>(stored->Value(), firstIndexes_.at(Text(key)))));
+    }
+
     LiveCount count_;
     BuiltInCollection collection_;
+    std::unordered_map<Text, std::size_t> firstIndexes_;  // of the lists
 };
 
-// The stored item behind an object of `Item`; null for Nothing.
+// The stored item behind an object of `StoredItem`; null for Nothing.
 ItemPtr storedIn(IDispatch* object) {
     if (object == nullptr) return {};
     const auto item = Ptr(object).as<IKeyedItem>(IID_IKeyedItem);
     if (!item) fail(Failure::TypeMismatch);
-    return static_cast<const Item*>(item.get())->stored();
+    return static_cast<const StoredItem*>(item.get())->stored();
 }
 
 class Functions final : public Single<ITerminalFunctions> {

@@ -5,8 +5,6 @@
 #include "server/standin/objects.h"
 #include "vantro_kesto_faces.h"
 
-#include <algorithm>
-
 namespace vantro::com::module {
 
 TextView name() { return u"VantroKestoFaces"; }
@@ -20,12 +18,7 @@ std::vector<Text> classNames() {
 Ptr<IUnknown> create(const ClassInfo& info) { return standin::newObject(info); }
 
 HRESULT mayRegister(const std::vector<ClassInfo>& classes) {
-    const std::wstring own = modulePath();
-    const bool taken = std::ranges::any_of(classes, [&](const ClassInfo& info) {
-        const std::wstring server = registeredServer(info.clsid);
-        return !server.empty() && lstrcmpiW(server.c_str(), own.c_str()) != 0;
-    });
-    return taken ? HRESULT_FROM_WIN32(ERROR_ALREADY_EXISTS) : S_OK;
+    return isTaken(classes) ? HRESULT_FROM_WIN32(ERROR_ALREADY_EXISTS) : S_OK;
 }
 
 bool letGo() { return true; }

@@ -2,6 +2,7 @@
 // and the class identifiers in the registry, and nothing of the server's code.
 #pragma once
 
+#include "server/com/array.h"
 #include "server/com/error.h"
 #include "server/com/late_call.h"
 #include "tests/support/collections.h"

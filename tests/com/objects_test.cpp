@@ -8,6 +8,7 @@
 #include <gtest/gtest.h>
 
 #include <atomic>
+#include <future>
 #include <set>
 #include <thread>
 #include <vector>
@@ -127,6 +128,18 @@ TEST_P(EveryServerClass, TellsClientsTheNamesOfItsOperationsOnly) {
     }
 }
 
+TEST_P(EveryServerClass, RefusesAnInterfaceForItsNames) {
+    const auto dispatch = object_.as<IDispatch>(IID_IDispatch);
+    auto* asked = const_cast<wchar_t*>(GetParam().hasTrans ? L"CreateCommand" : L"ProfileElements");
+    DISPID id = 0;
+    DISPPARAMS none{nullptr, nullptr, 0, 0};
+    EXPECT_EQ(dispatch->GetIDsOfNames(IID_IDispatch, &asked, 1, LOCALE_SYSTEM_DEFAULT, &id), DISP_E_UNKNOWNINTERFACE);
+    ASSERT_EQ(dispatch->GetIDsOfNames(IID_NULL, &asked, 1, LOCALE_SYSTEM_DEFAULT, &id), S_OK);
+    EXPECT_EQ(
+        dispatch->Invoke(id, IID_IDispatch, LOCALE_SYSTEM_DEFAULT, DISPATCH_METHOD, &none, nullptr, nullptr, nullptr),
+        DISP_E_UNKNOWNINTERFACE);
+}
+
 // The classes of the class table, with the interfaces that it gives them, are those of the type library.
 TEST(ServerTypeLibrary, AgreesWithTheClassTable) {
     Ptr<ITypeLib> library;
@@ -187,6 +200,41 @@ TEST(ServerLife, UnloadsOnlyWithoutObjectsAndLocks) {
     EXPECT_EQ(mayUnload(), S_FALSE);
     factory->LockServer(FALSE);
     EXPECT_EQ(mayUnload(), S_OK);
+}
+
+TEST(ServerLife, KeepsTheHelpersAsLongAsItMayNotUnload) {
+    const auto useHelpers = [] {
+        const auto params = terminalCollection({{u"strKeyItemNr", u"3"}});
+        Bstr command;
+        EXPECT_EQ(newTrans(u"CPXTrans")->CreateCommand(argument(params.get()), command.receive()), S_OK);
+    };
+    HMODULE library = nullptr;
+    useHelpers();
+    GetModuleHandleExW(0, L"VantroProfileUtils.dll", &library);
+    const auto mayUnload = plainExport(library, "DllCanUnloadNow");
+    ASSERT_EQ(mayUnload(), S_OK);
+    const long without = liveObjects();
+    std::promise<void> used;
+    std::promise<void> asked;
+    std::thread other([&] {
+        CoInitialize(nullptr);
+        useHelpers();
+        used.set_value();
+        asked.get_future().wait();
+        CoUninitialize();
+    });
+    used.get_future().wait();
+    useHelpers();
+    const long both = liveObjects();
+    EXPECT_EQ(both, without + 2);
+    EXPECT_EQ(mayUnload(), S_FALSE);
+    EXPECT_EQ(liveObjects(), both);
+    asked.set_value();
+    other.join();
+    EXPECT_EQ(liveObjects(), without + 1);
+    EXPECT_EQ(mayUnload(), S_OK);
+    EXPECT_EQ(liveObjects(), without);
+    FreeLibrary(library);
 }
 
 TEST(ServerLife, RefusesClassesThatItDoesNotHave) {

@@ -34,7 +34,7 @@ public:
 };
 
 const Text shown = display({"PDR/KQ4R7T", "*T* MARTEN/LOVIS MRS", "------- PNR TRANSFERABLE DATA",
-                            "S    12     RM WINDOW SEAT", "------- DOCUMENTS", "END OF DISPLAY"});
+                            "S     12     RM WINDOW SEAT", "------- DOCUMENTS", "END OF DISPLAY"});
 
 class SelectionSources : public testing::Test {
 protected:
@@ -77,8 +77,8 @@ TEST_F(SelectionSources, AreLeftAloneByEveryOtherPrefix) {
 TEST(FlagLists, AreKnownByTheirName) {
     BuiltInTerminal terminal;
     const auto object = createObject(*findClass(u"CProfile"), terminal);
-    const Text requests = display({"PDR/KQ4R7T", "------- PNR TRANSFERABLE DATA", "S     3     SR VGML",
-                                   "S     4     SR WCHR", "END OF DISPLAY"});
+    const Text requests = display({"PDR/KQ4R7T", "------- PNR TRANSFERABLE DATA", "S      3     SR VGML",
+                                   "S      4     SR WCHR", "END OF DISPLAY"});
     const auto count = findCount(*findClass(u"CProfile"), u"ServiceRequestElementsCount")->call(*object, {requests});
     ASSERT_NE(object->flagList(u"blnServiceRequestFlag"), nullptr);
     EXPECT_EQ(*object->flagList(u"blnServiceRequestFlag"), FlagList(static_cast<std::size_t>(count), false));

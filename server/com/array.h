@@ -1,0 +1,56 @@
+// Automation's arrays of texts and of variants as lists.
+#pragma once
+
+#include "server/com/variant.h"
+
+namespace vantro::com {
+
+/// True when the value is an array, an unallocated one included.
+bool holdsArray(const VARIANT& value);
+
+/// The array in a value, behind any references; null when there is none or it is not allocated.
+SAFEARRAY* arrayIn(const VARIANT& value);
+
+/// An array of texts or of variants with one dimension, entry by entry from its lower to its upper bound. Raises 13
+/// for any other array and 9 for one that is not allocated.
+class ArrayEntries {
+public:
+    explicit ArrayEntries(SAFEARRAY* array);
+
+    LONG lowerBound() const { return lower_; }
+    std::size_t size() const { return size_; }
+
+    /// The entry's text; raises 13 for one that has no text.
+    Text text(std::size_t offset) const;
+    void store(std::size_t offset, TextView text) const;
+
+private:
+    LONG index(std::size_t offset) const { return lower_ + static_cast<LONG>(offset); }
+
+    SAFEARRAY* array_;
+    VARTYPE type_ = VT_EMPTY;
+    LONG lower_ = 0;
+    std::size_t size_ = 0;
+};
+
+/// A list that indexes reach from 0 on: entry k is the array's element with index k. There is none below
+/// `firstIndex`, whatever the texts hold there.
+struct IndexedList {
+    TextList texts;
+    std::size_t firstIndex = 0;
+};
+
+/// The array as a list. An array that is not allocated has no entries; what lies below index 0, or beyond the reach
+/// of a 16-bit index, is left out. Raises 13 for an array that `ArrayEntries` refuses.
+IndexedList indexedListIn(SAFEARRAY* array);
+
+/// The texts of such a list.
+TextList listIn(SAFEARRAY* array);
+
+/// The texts of an array from its lower to its upper bound, whatever the bounds are.
+TextList elementsIn(SAFEARRAY* array);
+
+/// Stores texts over the elements of an array of texts or variants, from its lower bound on.
+void storeElements(SAFEARRAY* array, const TextList& texts);
+
+}  // namespace vantro::com
