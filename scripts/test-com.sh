@@ -1,7 +1,8 @@
 #!/usr/bin/env bash
-# test-com.sh [x64] [x86]: builds the COM server for these kinds of Windows process, or for both, and runs its clients:
-# 64-bit ones under Wine, 32-bit ones in a private Debian root, because a 64-bit machine's own Wine need not run those.
-# Installs what is missing (Debian). The last line is "N passed, N failed, N skipped".
+# test-com.sh [x64] [x86] [again]: builds the COM server for these kinds of Windows process, or for both, and runs its
+# clients: 64-bit ones under Wine, 32-bit ones in a private Debian root, because a 64-bit machine's own Wine need not run
+# those. "again" builds the libraries of both kinds once more and compares them byte for byte. Installs what is missing
+# (Debian). The last line is "N passed, N failed, N skipped".
 set -euo pipefail
 cd "$(dirname "$0")/.."
 # shellcheck source=scripts/lib.sh
@@ -12,7 +13,8 @@ for architecture in $architectures; do
     case $architecture in
         x64) install_missing "${com_x64_packages[@]}" ;;
         x86) install_missing "${com_x86_packages[@]}" ;;
-        *) echo "test-com.sh: $architecture is neither x64 nor x86" >&2 && exit 2 ;;
+        again) install_missing "${com_x64_packages[@]}" "${com_x86_packages[@]}" ;;
+        *) echo "test-com.sh: $architecture is neither x64, x86 nor again" >&2 && exit 2 ;;
     esac
 done
 
@@ -66,6 +68,11 @@ build() {
     for file in VantroProfileUtils.dll VantroKestoFaces.dll; do
         checked "mingw-$1: $file" bash -euo pipefail -c "root=$root; check_library $1 $2 $3 $4 $file"
     done
+}
+
+build_again() {
+    step "mingw-$1: configure" cmake --preset "mingw-$1"
+    step "mingw-$1: libraries" cmake --build --preset "mingw-$1" --target VantroProfileUtils VantroKestoFaces -j 2
     checked "mingw-$1: the same bytes again" bash -euo pipefail -c "root=$root; same_again $1"
 }
 
@@ -150,6 +157,10 @@ if [[ $architectures == *x86* ]]; then
     build x86 i686-w64-mingw32 pei-i386 0x140
     test_x86
     grep -h ' calls a second' "$log" || true
+fi
+if [[ $architectures == *again* ]]; then
+    build_again x64
+    build_again x86
 fi
 if [[ -n $note ]]; then echo "$note"; fi
 echo "$passed passed, $failed failed, $skipped skipped"
