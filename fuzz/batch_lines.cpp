@@ -104,7 +104,7 @@ std::string answered(Bytes input) {
             left = left.subspan(count);
             return count;
         },
-        block);
+        defaultMaxLine, block);
     LinkedBackend backend;
     RequestReader reader;
     Session session(backend);

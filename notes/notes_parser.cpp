@@ -62,9 +62,11 @@ void CProfileNotes::NoteLists::cutToEntry0() {
 }
 
 void CProfileNotes::NoteLists::writeOut() {
-    text.resize(text.size() + static_cast<std::size_t>(emptyNotes.amount));
-    qualifier.resize(text.size());
-    number.reserve(text.size());
+    const std::size_t length = text.size() + static_cast<std::size_t>(emptyNotes.amount);
+    // All the memory first: lists that cannot be written out are written out the next time.
+    for (TextList* const list : {&text, &number, &qualifier}) list->reserve(length);
+    text.resize(length);
+    qualifier.resize(length);
     for (; emptyNotes.amount > 0; --emptyNotes.amount) number.push_back(decimal(emptyNotes.firstNumber++));
 }
 

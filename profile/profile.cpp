@@ -25,8 +25,9 @@ CProfile::CProfile(Terminal& terminal, const TransErrors& /*errors*/) : terminal
 ElementLists& CProfile::listsOf(Family family) const {
     std::unique_ptr<ElementLists>& lists = lists_[indexOf(family)];
     if (!lists) {
-        lists = std::make_unique<ElementLists>();
-        if (!isTransferable(family)) cutToEntry0(*lists);
+        auto made = std::make_unique<ElementLists>();
+        if (!isTransferable(family)) cutToEntry0(*made);
+        lists = std::move(made);
     }
     return *lists;
 }

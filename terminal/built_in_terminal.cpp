@@ -45,11 +45,23 @@ void BuiltInCollection::Add(TextView key, ItemValue value) {
         entries_[place].value_ = std::move(value);
         return;
     }
-    entries_.emplace_back(key, std::move(value));
-    if (entries_.size() <= fewKeys) return;
-    for (std::size_t place = places_.empty() ? 0 : entries_.size() - 1; place < entries_.size(); ++place) {
-        places_.emplace(entries_[place].key(), place);
+    // All that takes memory comes before the first change: an `Add` that fails leaves the collection as it was.
+    Entry added(key, std::move(value));
+    constexpr std::size_t usualKeys = 8;
+    if (entries_.size() == entries_.capacity()) entries_.reserve(std::max(usualKeys, 2 * entries_.size()));
+    if (entries_.size() >= fewKeys) notePlaceOfNext(added.key());
+    entries_.push_back(std::move(added));
+}
+
+void BuiltInCollection::notePlaceOfNext(const Text& key) {
+    if (!places_.empty()) {
+        places_.emplace(key, entries_.size());
+        return;
     }
+    std::unordered_map<Text, std::size_t> places;
+    for (std::size_t place = 0; place < entries_.size(); ++place) places.emplace(entries_[place].key(), place);
+    places.emplace(key, entries_.size());
+    places_ = std::move(places);
 }
 
 ItemPtr BuiltInCollection::Item(TextView key) const {

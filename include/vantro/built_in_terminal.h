@@ -37,6 +37,7 @@ private:
     static constexpr std::size_t absent = ~std::size_t{0};
 
     std::size_t placeOf(TextView key) const;
+    void notePlaceOfNext(const Text& key);
 
     std::vector<Entry> entries_;
     std::unordered_map<Text, std::size_t> places_;  // of the keys, once there are many
