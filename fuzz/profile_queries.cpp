@@ -1,9 +1,9 @@
 // A query with its count property on one or more displays, by objects that live from display to display.
 #include "fuzz/common/compare.h"
 #include "fuzz/common/input.h"
-#include "fuzz/common/wide_terminal.h"
 #include "tests/oracle/notes_oracle.h"
 #include "tests/oracle/profile_oracle.h"
+#include "tests/support/own_lines_terminal.h"
 #include "vantro/registry.h"
 
 #include <array>
@@ -278,7 +278,7 @@ std::string profileQueries(Bytes bytes) {
     std::vector<Text> displays;
     for (const std::string_view lines : input.screens()) displays.push_back(screenOf(lines, layout));
 
-    WideTerminal own(layout.width);
+    test::WideTerminal own(layout.width);
     if (std::string message = compare(asked, displays, own, layout.width); !message.empty()) {
         return "lines of its own: " + message;
     }

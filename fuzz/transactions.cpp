@@ -2,8 +2,8 @@
 // as a list is paged through.
 #include "fuzz/common/compare.h"
 #include "fuzz/common/input.h"
-#include "fuzz/common/wide_terminal.h"
 #include "tests/oracle/screens_oracle.h"
+#include "tests/support/own_lines_terminal.h"
 #include "vantro/registry.h"
 
 #include <array>
@@ -173,7 +173,7 @@ std::string transactions(Bytes bytes) {
     const Run run{reader, given, !input.fields().empty(), screens, layout.width};
 
     std::vector<std::vector<int>> ownReports;
-    Library<WideTerminal> own(*reader.row, layout.width);
+    Library<test::WideTerminal> own(*reader.row, layout.width);
     if (std::string message = compare(run, own, ownReports); !message.empty()) return "lines of its own: " + message;
     if (layout.width != Layout().width) return {};
 

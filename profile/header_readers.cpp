@@ -1,7 +1,7 @@
 //   ....+....1....+....2....+....3....+....4
 // 0 PDRT/ABC123
 // 1 *T* SMITH/JOHN MR ...                  ABC123    record locator: the line's last six characters
-// 2 -----------------------------------  NCE1A0900    office: the last nine characters under a mark line
+// 2 -----------------------------------  NCEVN0900    office: the last nine characters under a mark line
 // 3   1 PCN/ ACME TRADING                             company name; continuation lines begin with 14 blanks
 // 4   2 NM SMITH/JOHN MR                              name
 // 5   3 PIN/ 123456

@@ -130,7 +130,7 @@ private:
         // A rule of six hyphens and more already ends the search for confidential remarks.
         string rule = shortOfficeRule ? "----- CREATED 04FEB   OFFICE" : "--------------- CREATED 04FEB   OFFICE";
         rule.resize(55, ' ');
-        line(rule + "NCE1V" + std::to_string(1000 + dice_.below(9000)));
+        line(rule + "NCEVN" + std::to_string(1000 + dice_.below(9000)));
         if (!company) line(number(4) + " NM " + phrase(1) + "/" + phrase(1) + " MR");
         printCompanyName();
         if (!dice_.oneIn(5)) line(number(4) + " PIN/ " + std::to_string(1000 + dice_.below(9000)));

@@ -184,7 +184,7 @@ TEST(Batch, DeepNestingIsReadToItsEnd) {
 
 TEST(Batch, ResultsHaveTheirKeysInTheOrderInWhichTheyWereAdded) {
     EXPECT_EQ(
-        answerTo(R"({"class":"CPTTrans","call":"VerifyResponse","response":["PT4","RP/NCE1A0950/","- PNR UPDATED"]})"),
+        answerTo(R"({"class":"CPTTrans","call":"VerifyResponse","response":["PT4","RP/NCEVN0950/","- PNR UPDATED"]})"),
         R"({"result":{"blnKeyPNR":true,"blnKeyPNRCreated":false,"blnKeyPNRUpdated":true}})");
 }
 
@@ -229,7 +229,7 @@ TEST(Batch, TheSelectionIsShownAsTheCallLeftIt) {
 }
 
 TEST(Batch, ACountIsANumber) {
-    const std::string screen = R"("response":["RLP","RP/NCE1A0950/","","T/ABC123 /P1","C/XYZ789",">"]})";
+    const std::string screen = R"("response":["RLP","RP/NCEVN0950/","","T/ABC123 /P1","C/XYZ789",">"]})";
     EXPECT_EQ(answerTo(R"({"class":"CRLPTrans","call":"RecLocCount",)" + screen), R"({"result":2})");
 }
 
@@ -245,7 +245,7 @@ TEST(Batch, NotesAreCountedWithTheirFilters) {
 TEST(Batch, WhatWasReportedDuringACallIsNumberedLast) {
     // Entry 9 is not on the list: the reader reports that and gives what it has.
     const std::string call = R"({"class":"CRLPTrans","call":"VerifyResponse","params":{"strKeyIndex":"9"},)"
-                             R"("response":["RLP","RP/NCE1A0950/","T/ABC123 /P1",">"]})";
+                             R"("response":["RLP","RP/NCEVN0950/","T/ABC123 /P1",">"]})";
     EXPECT_EQ(answersTo({call, px3}), (Lines{R"({"result":{},"reported":[5130]})", px3Answer}));
 }
 

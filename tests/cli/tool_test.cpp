@@ -80,8 +80,8 @@ TEST(Tool, ListsTheClassesAsJson) {
 
 TEST(Tool, PrintsACommandAndALineEnd) {
     const Finished run =
-        runTool({"command", "CPDNTrans", "strKeyName=SMITH", "strKeyOfficeID=NCE1A0950", "blnKeyExactMatch=yes"});
-    EXPECT_EQ(run.out, "PDN/NCE1A0950/-SMITH/\n");
+        runTool({"command", "CPDNTrans", "strKeyName=SMITH", "strKeyOfficeID=NCEVN0950", "blnKeyExactMatch=yes"});
+    EXPECT_EQ(run.out, "PDN/NCEVN0950/-SMITH/\n");
     EXPECT_EQ(run.err, "");
     EXPECT_EQ(run.status, 0);
 }
@@ -184,13 +184,13 @@ TEST(Tool, AStateThatIsNoneIsBadUsage) {
 }
 
 TEST(Tool, CountsWhatAClassCounts) {
-    const std::string screen = "RLP\nRP/NCE1A0950/\n\nT/ABC123 /P1\nC/XYZ789\n>\n";
+    const std::string screen = "RLP\nRP/NCEVN0950/\n\nT/ABC123 /P1\nC/XYZ789\n>\n";
     EXPECT_EQ(runTool({"verify", "CRLPTrans", "--count"}, screen).out, "{\"RecLocCount\":2}\n");
     expectComplaint(runTool({"verify", "CPXTrans", "--count"}, "x"), 2, "leave --count out");
 }
 
 TEST(Tool, WhatAReaderReportedIsToldOnStandardError) {
-    const Finished run = runTool({"verify", "CRLPTrans", "strKeyIndex=9"}, "RLP\nRP/NCE1A0950/\nT/ABC123 /P1\n>\n");
+    const Finished run = runTool({"verify", "CRLPTrans", "strKeyIndex=9"}, "RLP\nRP/NCEVN0950/\nT/ABC123 /P1\n>\n");
     EXPECT_EQ(run.out, "{}\n");
     EXPECT_NE(run.err.find("error 5130"), std::string::npos) << run.err;
     EXPECT_EQ(run.status, 0);

@@ -11,7 +11,7 @@ namespace {
 const Text everything = ended({
     "PDR/ABC123",
     "*T* SMITH                                          ABC123",
-    "----- ACTIVE  NCE1A0900",
+    "----- ACTIVE  NCEVN0900",
     "  1 NM SMITH/JOHN MR",
     "  2 PCN/ ACME",
     "  3 PIN/ 9017",
@@ -96,7 +96,7 @@ const std::vector<Row> rows{
     {"FFN",    Whole,      numbered("FFN QV 34", "9") + Entries{{"strKeyAirline", "'QV'"}, {"strKeyFFNbr", "'34'"}}},
     {"ST",     Whole,      numbered("ST  SEAT", "10")},
     {"RECLOC", Whole,      value("ABC123")},
-    {"OFFID",  Whole,      value("NCE1A0900")},
+    {"OFFID",  Whole,      value("NCEVN0900")},
     {"PCN",    FirstThree, numbered("ACME", "2")},
     {"PHI",    FirstThree, lists("OF PHI", "12")},
     {"PPH",    FirstThree, lists("OF PPH", "13")},

@@ -4,7 +4,7 @@
 #include "tests/profile/effort.h"
 #include "tests/profile/oracle_match.h"
 #include "tests/profile/scanned_notes.h"
-#include "tests/profile/terminals.h"
+#include "tests/support/own_lines_terminal.h"
 
 #include <gtest/gtest.h>
 
@@ -175,7 +175,7 @@ constexpr Terminals terminals[] = {
 
 std::unique_ptr<Terminal> terminalOf(const Terminals& kind) {
     if (kind.areSlices) return std::make_unique<BuiltInTerminal>();
-    return std::make_unique<WideTerminal>(kind.width);
+    return std::make_unique<test::WideTerminal>(kind.width);
 }
 
 /// Lines of a width, joined without separators.
@@ -306,22 +306,6 @@ INSTANTIATE_TEST_SUITE_P(, NearMissOfNotes,
                                          Filter{"Qualifier", u"", u"B"}, Filter{"Both", u"LE", u"B"}),
                          nameOf);
 
-std::string matchNotes(Parser& parser, oracle::NotesOracle& known, const Text& text, const Filter& filter) {
-    const ScannedNotes notes = countedNotes(parser, text, filter.search, filter.qualifier);
-    ScannedNotes expected;
-    try {
-        expected.count = known.ProfileNotesElementsCount(text, filter.search, filter.qualifier);
-    } catch (const oracle::Failure& failure) {
-        expected.error = failure.number;
-    }
-    expected.texts = utf8(known.lists["strNoteText"]);
-    expected.numbers = utf8(known.lists["strNoteNumber"]);
-    expected.qualifiers = utf8(known.lists["strNoteQualifier"]);
-    if (notes == expected) return {};
-    return testing::PrintToString(notes) + "\n  expected " + testing::PrintToString(expected) + "\n  for " +
-           drawn(text);
-}
-
 TEST_P(NearMissOfNotes, IsReadAsTheOracleReadsIt) {
     const Shown shown{"Notes",
                       {"LINE 0", "*T* SMITH", "------- PROFILE NOTES", "A AISLE", "B  AISLE", "BLE", "X ------- X", ">",
@@ -337,7 +321,7 @@ TEST_P(NearMissOfNotes, IsReadAsTheOracleReadsIt) {
         std::string message;
         const Text text = joinedLines(shown.lines + end, kind.width);
         forEachNearMiss(text, variationOf(shown, kind), [&](const Text& display) {
-            message = matchNotes(parser, known, display, GetParam());
+            message = matchNotes(display, GetParam().search, GetParam().qualifier, parser, known);
             return message.empty();
         });
         ASSERT_TRUE(message.empty()) << message;

@@ -1,6 +1,7 @@
 // The parsers over terminals that show a display in their own way.
 #include "tests/profile/parser.h"
 #include "tests/support/failing_terminal.h"
+#include "tests/support/own_lines_terminal.h"
 
 #include <gtest/gtest.h>
 
@@ -19,28 +20,10 @@ TEST(WatchedTerminal, AnEmptyDisplayIsCountedWithoutACall) {
 // A terminal that makes lines of its own
 
 /// Shows a host line as line 1 of any display.
-class HostLineTerminal final : public Terminal, private TerminalFunctions {
-public:
-    TerminalFunctions& functions() override { return *this; }
-    ErrorReporter& errorReporter() override { return inner_.errorReporter(); }
-    CollectionPtr createCollection() override { return inner_.createCollection(); }
-
-private:
-    TextView ItemText(const ItemPtr& item, TextStore& store) override {
-        return inner_.functions().ItemText(item, store);
+class HostLineTerminal final : public test::OwnLinesTerminal {
+    Text lineOf(TextView response, std::int16_t line) override {
+        return line == 1 ? Text(u" PF24 X") : Text(hostLine(response, line));
     }
-    bool ItemBoolean(const ItemPtr& item) override { return inner_.functions().ItemBoolean(item); }
-    TextView ScreenLine(TextView response, std::int16_t line, TextStore& store) override {
-        return line == 1 ? TextView(u" PF24 X") : inner_.functions().ScreenLine(response, line, store);
-    }
-    bool FindMarker(TextView response, TextView marker, std::int16_t line) override {
-        return inner_.functions().FindMarker(response, marker, line);
-    }
-    TextView TextField(TextView text, std::int16_t number, TextView separator, TextStore& store) override {
-        return inner_.functions().TextField(text, number, separator, store);
-    }
-
-    BuiltInTerminal inner_;
 };
 
 Answer underAHostLine(TextView className, const Text& text, const std::string& prefix) {

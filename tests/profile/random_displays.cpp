@@ -74,9 +74,9 @@ constexpr std::array<TextView, 34> marks{
     u"R",
     u"M ",
     u"1",
-    u"NCE1A0",
+    u"NCEVN0",
     u"ABC123",
-    u"----- NCE1A0900",
+    u"----- NCEVN0900",
     u"*",
 };
 

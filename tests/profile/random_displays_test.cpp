@@ -2,7 +2,7 @@
 #include "tests/profile/random_displays.h"
 #include "tests/profile/effort.h"
 #include "tests/profile/oracle_match.h"
-#include "tests/profile/terminals.h"
+#include "tests/support/own_lines_terminal.h"
 
 #include <gtest/gtest.h>
 
@@ -58,8 +58,8 @@ void matchMany(std::uint32_t seed, std::size_t displays, MakeTerminal&& makeTerm
 }
 
 const auto builtIn = [] { return std::make_unique<BuiltInTerminal>(); };
-const auto copying = [] { return std::make_unique<CopyingTerminal>(); };
-const auto longLined = [] { return std::make_unique<CopyingTerminal>(100); };
+const auto copying = [] { return std::make_unique<test::PaddingTerminal>(); };
+const auto longLined = [] { return std::make_unique<test::PaddingTerminal>(100); };
 const auto sections = [](RandomDisplays& random) { return random.sections(); };
 const auto soup = [](RandomDisplays& random) { return random.soup(); };
 

@@ -26,4 +26,21 @@ ScannedNotes scannedNotes(TextView display, TextView search, TextView qualifier)
     return countedNotes(parser, display, search, qualifier);
 }
 
+std::string matchNotes(const Text& display, const Text& search, const Text& qualifier, Parser& parser,
+                       oracle::NotesOracle& known) {
+    const ScannedNotes notes = countedNotes(parser, display, search, qualifier);
+    ScannedNotes expected;
+    try {
+        expected.count = known.ProfileNotesElementsCount(display, search, qualifier);
+    } catch (const oracle::Failure& failure) {
+        expected.error = failure.number;
+    }
+    expected.texts = utf8(known.lists["strNoteText"]);
+    expected.numbers = utf8(known.lists["strNoteNumber"]);
+    expected.qualifiers = utf8(known.lists["strNoteQualifier"]);
+    if (notes == expected) return {};
+    return testing::PrintToString(notes) + "\n  expected " + testing::PrintToString(expected) + "\n  for " +
+           drawn(display);
+}
+
 }  // namespace vantro

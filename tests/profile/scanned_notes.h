@@ -1,6 +1,7 @@
 // What the count property of the notes gives.
 #pragma once
 
+#include "tests/oracle/notes_oracle.h"
 #include "tests/profile/parser.h"
 
 #include <ostream>
@@ -23,5 +24,9 @@ ScannedNotes countedNotes(Parser& parser, TextView display, TextView search, Tex
 
 /// The same on a new object.
 ScannedNotes scannedNotes(TextView display, TextView search = {}, TextView qualifier = {});
+
+/// Counts a display's notes with an object and with the slow second opinion; empty when they agree.
+std::string matchNotes(const Text& display, const Text& search, const Text& qualifier, Parser& parser,
+                       oracle::NotesOracle& known);
 
 }  // namespace vantro
