@@ -5,6 +5,7 @@
 #include "vantro/error.h"
 #include "vantro/text.h"
 
+#include <algorithm>
 #include <cstddef>
 #include <cstring>
 #include <initializer_list>
@@ -27,8 +28,7 @@ struct Width {
 /// All characters from a position. Raises 5 for a position below 1.
 constexpr TextView mid(TextView text, Column column) {
     if (column.value < 1) fail(Failure::InvalidProcedureCall);
-    const auto start = static_cast<std::size_t>(column.value - 1);
-    return start < text.size() ? text.substr(start) : TextView{};
+    return text.substr(std::min(static_cast<std::size_t>(column.value - 1), text.size()));
 }
 
 /// The first characters, as many as there are up to `width`.

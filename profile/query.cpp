@@ -99,7 +99,7 @@ struct OutputError {
 };
 
 // clang-format off
-constexpr std::array<OutputError, 10> outputErrors{{
+constexpr auto outputErrors = std::to_array<OutputError>({
     {Family::PPR,            5266},
     {Family::PGL,            5266},  // Meant: the priority lines' number, though its own extractor raises 5267
     {Family::PPS,            5270},
@@ -110,7 +110,7 @@ constexpr std::array<OutputError, 10> outputErrors{{
     {Family::Seat,           5240},
     {Family::ServiceRequest, 5245},
     {Family::RemarkConf,     5265},  // Meant: its extractor raises 5260
-}};
+});
 // clang-format on
 
 void checkIndex(Family family, std::int16_t index, std::int16_t count) {

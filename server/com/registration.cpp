@@ -112,11 +112,11 @@ void unregisterInterfaces() {
 // Where a type library is registered: a key for the library, one for its version, one for its language, and below
 // that one for each kind of process.
 struct TypesPlace {
-    std::wstring library;
-    std::wstring version;
-    std::wstring language;
+    std::wstring libraryKey;
+    std::wstring versionKey;
+    std::wstring languageKey;
 
-    std::wstring file(bool sixtyFourBit) const { return language + (sixtyFourBit ? L"\\win64" : L"\\win32"); }
+    std::wstring file(bool sixtyFourBit) const { return languageKey + (sixtyFourBit ? L"\\win64" : L"\\win32"); }
 };
 
 std::wstring hexadecimal(unsigned number) {
@@ -131,9 +131,9 @@ std::wstring hexadecimal(unsigned number) {
 TypesPlace typesPlace() {
     const LibraryVersion version = libraryVersion();
     TypesPlace place;
-    place.library = L"TypeLib\\" + guidText(module::libraryId());
-    place.version = place.library + L"\\" + hexadecimal(version.major) + L"." + hexadecimal(version.minor);
-    place.language = place.version + L"\\" + hexadecimal(version.language);
+    place.libraryKey = L"TypeLib\\" + guidText(module::libraryId());
+    place.versionKey = place.libraryKey + L"\\" + hexadecimal(version.major) + L"." + hexadecimal(version.minor);
+    place.languageKey = place.versionKey + L"\\" + hexadecimal(version.language);
     return place;
 }
 
@@ -170,9 +170,9 @@ void unregisterTypes() {
     registry::remove(place.file(isSixtyFourBit));
     if (registry::exists(place.file(!isSixtyFourBit))) return;
     unregisterInterfaces();
-    registry::remove(place.language);
-    if (!hasLanguages(place.version)) registry::remove(place.version);
-    if (registry::keysBelow(place.library).empty()) registry::remove(place.library);
+    registry::remove(place.languageKey);
+    if (!hasLanguages(place.versionKey)) registry::remove(place.versionKey);
+    if (registry::keysBelow(place.libraryKey).empty()) registry::remove(place.libraryKey);
 }
 
 bool isTaken(const std::vector<ClassInfo>& classes) {

@@ -82,6 +82,7 @@ const std::vector<Text> companyLines{
     u"  12 KESTRELLO AND SON",
     u"     WRAPPED",
     u"     NO NUMBER       J8K9L1",
+    u"                            RIGHT OF THE LOCATOR",
     u"",
     u"END OF BLOCK - USE PDMD",
     u"   7 END OF BLOCK - USE PDMD",
