@@ -25,7 +25,8 @@ TextView Parameters::readEntry(const Key<TextList>& key, std::int16_t index) {
     if (place < stored->firstIndex() || place >= list->size()) fail(Failure::SubscriptOutOfRange);
     const TextView entry = (*list)[place];
     // An item that the terminal made for this call takes its list with it.
-    return stored.use_count() > 0 ? texts_.keep(Text(entry)) : entry;
+    if (stored.use_count() > 0) return texts_.keep(Text(entry));
+    return entry;
 }
 
 }  // namespace vantro

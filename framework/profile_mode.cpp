@@ -29,10 +29,10 @@ bool isIgnoredAndExited(TextView response) {
 bool isExitedAfterUpdate(TextView response) { return isProfileModeExited(response); }
 
 struct Flags {
-    bool update = false;
-    bool exit = false;
-    bool enter = false;
-    bool ignore = false;
+    bool update;
+    bool exit;
+    bool enter;
+    bool ignore;
 
     friend bool operator==(const Flags&, const Flags&) = default;
 };
@@ -63,12 +63,9 @@ const Step* findStep(const Flags& flags) {
 }
 
 Flags readFlags(Parameters& given) {
-    Flags flags;
-    flags.update = given.read(key::blnKeyUpdate);
-    flags.exit = given.read(key::blnKeyExit);
-    flags.enter = given.read(key::blnKeyEnter);
-    flags.ignore = given.read(key::blnKeyIgnore);
-    return flags;
+    // Braces keep the order of the reads.
+    return {given.read(key::blnKeyUpdate), given.read(key::blnKeyExit), given.read(key::blnKeyEnter),
+            given.read(key::blnKeyIgnore)};
 }
 
 }  // namespace
@@ -76,7 +73,8 @@ Flags readFlags(Parameters& given) {
 Text CProfileMode::IProfileTrans_CreateCommand(const CollectionPtr& params) {
     Parameters given = parameters(params);
     const Step* const step = findStep(readFlags(given));
-    return step != nullptr ? Text(step->command) : Text();
+    if (step == nullptr) return {};
+    return Text(step->command);
 }
 
 CollectionPtr CProfileMode::IProfileTrans_VerifyResponse(TextView response, const CollectionPtr& collection) {

@@ -46,7 +46,8 @@ TEST_P(FuzzTarget, FindsNothingInChangedSeeds) {
         LineMutator mutator(number + 1, GetParam().marks);
         const std::string& seed = all[number % all.size()];
         std::string input = mutator.mutated(bytesOf(seed));
-        if (number % 4 == 0) input = mutator.crossed(bytesOf(input), bytesOf(all[(number * 7) % all.size()]));
+        if (number % 4 == 0)
+            input = mutator.crossed(bytesOf(input), bytesOf(all[number * std::size_t{7} % all.size()]));
         for (std::size_t again = number % 8; again > 0; --again) input = mutator.mutated(bytesOf(input));
         ASSERT_EQ(run(input), "") << "change " << number << ":\n" << input;
     }

@@ -32,7 +32,6 @@ void Display::sweepNext() {
 }
 
 void Display::lookAhead() {
-    if (!screen_.linesAreSlices()) return;
     const std::size_t wholeLines = std::min(screen_.text().size() / screenWidth, lines_.size());
     while (swept_ < wholeLines) {
         const std::size_t index = swept_;
@@ -102,23 +101,19 @@ JoinedLine Display::joinedWithBelow(const DisplayLine& first, Counter number, Jo
     const auto slot = static_cast<std::size_t>(rule);
     if (first.knownJoins_[slot] != 0) return knownJoins_[first.knownJoins_[slot] - std::size_t{1}];
 
+    constexpr std::size_t usualJoins = 32;
+    if (knownJoins_.empty()) knownJoins_.reserve(usualJoins);
     const JoinedLine joined = join(number, rule);
-    if (DisplayLine* const noted = lines_.find(static_cast<std::size_t>(number.value()))) {
-        constexpr std::size_t usualJoins = 32;
-        if (knownJoins_.empty()) knownJoins_.reserve(usualJoins);
-        knownJoins_.push_back(joined);
-        noted->knownJoins_[slot] = static_cast<std::uint32_t>(knownJoins_.size());
-    }
+    knownJoins_.push_back(joined);
+    // The caller has the line, so it is in the store.
+    DisplayLine& noted = *lines_.find(static_cast<std::size_t>(number.value()));
+    noted.knownJoins_[slot] = static_cast<std::uint32_t>(knownJoins_.size());
     return joined;
 }
 
 JoinedLine Display::join(Counter number, JoinRule rule) {
-    switch (rule) {
-        case JoinRule::OneBelow: return joinOneBelow(number);
-        case JoinRule::TwoBelow: return joinTwoBelow(number);
-        case JoinRule::Directly:
-        case JoinRule::ColonAfterBlank: break;
-    }
+    if (rule == JoinRule::OneBelow) return joinOneBelow(number);
+    if (rule == JoinRule::TwoBelow) return joinTwoBelow(number);
     return joinAllBelow(number, rule);
 }
 
@@ -129,8 +124,7 @@ JoinedLine Display::joinAllBelow(Counter number, JoinRule rule) {
     Counter last = number;
     for (;;) {
         const DisplayLine& below = line(last + 1);
-        const bool isClosed = holdsEndText || joining_.starts_with(u'>');
-        if (!below.beginsBlank(elementIndent) || isClosed) break;
+        if (!below.beginsBlank(elementIndent) || holdsEndText) break;
         ++last;
         if (isPastEnd(last)) fail(Failure::Overflow);  // empty lines would go on with the element for ever
         if (below.isBlank()) continue;

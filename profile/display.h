@@ -33,7 +33,8 @@ public:
         return known != nullptr ? *known : lookAt(index);
     }
 
-    /// Looks at all lines up to the display's end in one go, for who is going to ask for most of them.
+    /// Looks at all lines up to the display's end in one go, for a reader that asks for most of them. Lines have to be
+    /// slices of the text.
     void lookAhead();
 
     /// True for a line that is known to be empty, as all after it: it has no place in the store.

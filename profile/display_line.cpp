@@ -17,7 +17,6 @@ Column DisplayLine::findWord(TextView word) const {
     for (LineBits places = blanks_.beforeWords(static_cast<unsigned>(word.size() - 2)); places.any();
          places.removeLowest()) {
         const std::size_t place = places.lowest();
-        if (place >= text_.size()) break;
         if (beginsWith(text_.substr(place), word)) return Column{static_cast<int>(place) + 1};
     }
     return Column{0};

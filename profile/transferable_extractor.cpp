@@ -61,7 +61,7 @@ bool endsScan(ScanEnd end, const DisplayLine& line) {
 FoundElement split(const TransferableFamily& row, TextView line) {
     FoundElement element{.number = trimmed(mid(line, numberColumn, numberWidth)),
                          .text = trimmed(mid(line, textColumn))};
-    switch (row.split) {
+    switch (row.split) {  // Not covered: every split has its case
         case Split::None: break;
         case Split::FrequentFlyer: splitFrequentFlyer(element); break;
         case Split::ServiceRequest: splitServiceRequest(element); break;

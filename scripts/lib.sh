@@ -20,7 +20,7 @@ report_progress() {
     exec {silence}<> <(:)
     while true; do
         read -rt $pause -u "$silence" || true
-        last=$(tail -n 1 "$2" 2>/dev/null | tr -d '\r\e')
+        last=$(tail -n 1 "$2" 2>/dev/null | tr -d $'\r\e')
         # shellcheck disable=SC2059 # one of the two above
         printf "$format" "$1" $((SECONDS - start)) "${last:0:60}"
     done
@@ -159,5 +159,5 @@ our_sources() {
     com_x86_packages=("${com_packages[@]}" g++-mingw-w64-i686-posix mmdebstrap)
     test_packages=("${tool_packages[@]}" libgtest-dev libgmock-dev "${com_x64_packages[@]}")
     check_packages=("${test_packages[@]}" "${com_x86_packages[@]}" clang clang-format clang-tidy libclang-rt-dev
-        binutils gcovr python3 shellcheck)
+        binutils python3 shellcheck)
 }

@@ -182,6 +182,17 @@ TEST(WholeProfile, OfGeneratedSoupIsWhatTheSingleQueriesGive) {
     }
 }
 
+// Close to the line counter's end the transferable families are read one by one.
+TEST(WholeProfile, OfADisplayAsLongAsTheLineCounterIsWhatTheSingleQueriesGive) {
+    const std::size_t filler = std::size_t{32'010} * 80;
+    Text above = sampleDisplay("every_family");
+    above.resize((above.size() + 79) / 80 * 80, u' ');
+    const Text first = above + Text(filler, u'X');
+    Comparison(first).run();
+    const Text last = Text(filler, u'X') + above;
+    Comparison(last).run();
+}
+
 TEST(WholeProfile, OfAnEmptyDisplayIsWhatTheSingleQueriesGive) {
     const Text empty;
     Comparison(empty).run();

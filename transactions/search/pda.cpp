@@ -94,7 +94,8 @@ Text CPDATrans::IProfileTrans_CreateCommand(const CollectionPtr& params) {
 // Meant: the collection is made and the state read before the response is found empty.
 CollectionPtr CPDATrans::IProfileTrans_VerifyResponse(TextView response, const CollectionPtr& collection) {
     CollectionPtr added = terminal().createCollection();
-    bool endOfBlock = collection != nullptr && parameters(collection).read(key::blnKeyEndOfBlock);
+    bool endOfBlock = false;
+    if (collection) endOfBlock = parameters(collection).read(key::blnKeyEndOfBlock);
     if (response.empty()) return {};
     Screen screen(terminal(), response);
     Results results(*added);
