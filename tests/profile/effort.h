@@ -6,15 +6,16 @@
 
 namespace vantro {
 
-/// One of so many cases is looked at, where looking at all of them is for an optimised build.
+/// One of so many near misses is looked at: all of them with a VANTRO_TEST_EFFORT of 1000 or in an optimised build.
 inline std::size_t share() {
 #ifdef NDEBUG
-    constexpr std::size_t oneOf = 1;
+    return 1;
 #else
-    constexpr std::size_t oneOf = 5;
-#endif
     const char* const percent = std::getenv("VANTRO_TEST_EFFORT");
-    return percent != nullptr && std::atol(percent) > 100 ? 1 : oneOf;
+    const long factor = percent != nullptr ? std::atol(percent) : 100;
+    if (factor >= 1000) return 1;
+    return factor > 100 ? 3 : 10;
+#endif
 }
 
 /// The number for an optimised build, a fraction of it for others, which also run under sanitizers. The environment

@@ -40,6 +40,13 @@ Shown prefixed(const std::string& family, const std::string& sibling, const std:
                 from(10, "09:30"),
                 " 13      WITHOUT A PREFIX",
                 "  4       MORE",
+                // The prefix comes about where two lines are joined.
+                "  5 " + sibling + "/ ENDS IN " + family,
+                from(12, "/ A"),
+                "  6 " + sibling + "/ ENDS IN " + family.substr(0, 2),
+                from(12, family.substr(2) + "/ B"),
+                "  7 " + sibling + "/ ENDS IN " + family.substr(0, 1),
+                from(12, family.substr(1) + "/ C"),
                 family + "/ IN COLUMN 1",
                 "  5 " + sibling + "/ ANOTHER SIBLING",
                 // Where the search begins in column 1 this line is one with the line under it, elsewhere it is passed.

@@ -35,7 +35,7 @@ public:
         : lines_(lines), isContinuation_(endOfBlock), endOfBlock_(endOfBlock) {}
 
     Text read() {
-        if (!header()) return std::move(names_);
+        if (!header()) return {};
         if (isContinuation_) lines_.stepBack();  // Meant: a continuation's entries begin a line earlier, on line 1
         do {
             while (entry(lines_.next())) {}
