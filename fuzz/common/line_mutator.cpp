@@ -106,12 +106,17 @@ void LineMutator::changeOrder(Lines& lines, std::size_t place) {
 }
 
 void LineMutator::changeLine(std::string& line) {
-    switch (below(7)) {
+    switch (below(9)) {
         case 0: line.resize(below(line.size() + 1)); return;
-        case 1: shiftColumns(line); return;
-        case 2: setMark(line); return;
-        case 3: line.insert(below(line.size() + 1), mark()); return;
-        case 4: line.insert(line.end(), below(140), ' '); return;
+        case 1:
+        case 2:
+            // A mark at the end of a line lacks its last character then.
+            line.resize(line.size() - std::min<std::size_t>(line.size(), 1));
+            return;
+        case 3: shiftColumns(line); return;
+        case 4: setMark(line); return;
+        case 5: line.insert(below(line.size() + 1), mark()); return;
+        case 6: line.insert(line.end(), below(140), ' '); return;
         default: changeCharacter(line); return;
     }
 }
@@ -161,7 +166,9 @@ std::string LineMutator::newLine() {
 std::string LineMutator::mark() {
     if (marks_.empty() || oneIn(6)) return std::string(1 + below(3), character());
     if (oneIn(12)) return std::to_string(below(130));
-    return std::string(marks_[below(marks_.size())]);
+    std::string chosen(marks_[below(marks_.size())]);
+    if (oneIn(4)) changeCharacter(chosen);
+    return chosen;
 }
 
 char LineMutator::character() {
