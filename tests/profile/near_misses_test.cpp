@@ -239,7 +239,7 @@ TEST_P(NearMiss, IsReadAsTheOracleReadsIt) {
             return message.empty();
         };
         const Text text = joinedLines(shown.lines + end, kind.width);
-        ASSERT_GT(forEachNearMiss(text, variationOf(shown, kind), isSame), 20U);
+        ASSERT_GT(forEachNearMiss(text, variationOf(shown, kind), isSame), 0U);
         ASSERT_TRUE(message.empty()) << message;
     }
 }
