@@ -158,6 +158,6 @@ our_sources() {
     com_x64_packages=("${com_packages[@]}" g++-mingw-w64-x86-64-posix wine wine64)
     com_x86_packages=("${com_packages[@]}" g++-mingw-w64-i686-posix mmdebstrap)
     test_packages=("${tool_packages[@]}" libgtest-dev libgmock-dev "${com_x64_packages[@]}")
-    check_packages=("${test_packages[@]}" "${com_x86_packages[@]}" clang clang-format clang-tidy libclang-rt-dev
+    check_packages=("${test_packages[@]}" "${com_x86_packages[@]}" clang clang-format clang-tidy libclang-rt-dev lld git
         binutils python3 shellcheck)
 }
