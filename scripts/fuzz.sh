@@ -25,8 +25,10 @@ longest_input=4096
 # A display without an end is read to line 32767 by every reader, and all that under sanitizers.
 slowest_input=60
 
+# A short run, as the long checks make it, looks at the same inputs each time; 0 is another start each time.
+start=0
 case ${1:-} in
---seconds-each) seconds=${2:-} ;;
+--seconds-each) seconds=${2:-} start=1 ;;
 *) seconds=$([[ ${1:-} =~ ^[0-9]+$ ]] && echo $(($1 * 60 * at_once / ${#fuzzers[@]})) || true) ;;
 esac
 if ! [[ $seconds =~ ^[1-9][0-9]*$ ]]; then usage; fi
@@ -45,7 +47,7 @@ fuzz() {
     mkdir -p "$run/found" "$corpora/$2"
     if [[ -f fuzz/$2.dict ]]; then dictionary=("-dict=fuzz/$2.dict"); fi
     # An input that fails at once, a find of old, ends the run as well.
-    "build/$1/bin/fuzz_$2" -max_total_time="$seconds" -max_len=$longest_input -timeout=$slowest_input \
+    "build/$1/bin/fuzz_$2" -seed=$start -max_total_time="$seconds" -max_len=$longest_input -timeout=$slowest_input \
         -rss_limit_mb=2048 -entropic=0 -print_final_stats=1 -reload=10 -artifact_prefix="$run/found/" "${dictionary[@]}" \
         "$corpora/$2" "$seeds/$2" >"$run/log" 2>&1 </dev/null && echo 0 >"$run/status" || echo $? >"$run/status"
 }
