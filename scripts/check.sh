@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
 # The long checks, beside scripts/test.sh: format, clang-tidy and the sanitizers, the scalar variant, threads, coverage,
-# hardening, the same bytes twice, the 32-bit COM clients, the fuzz targets and a sample of mutations. Takes about half
-# an hour on two cores, after the packages that it installs (Debian 12; root or sudo). The last line of a green run is
+# hardening, the same bytes twice, the 32-bit COM clients, the fuzz targets and a sample of mutations. Takes about forty
+# minutes on two cores, after the packages that it installs (Debian 12; root or sudo). The last line of a green run is
 # "N passed, 0 failed, M skipped".
 set -euo pipefail
 cd "$(dirname "$0")/.."

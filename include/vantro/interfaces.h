@@ -54,6 +54,7 @@ public:
     /// How many entries the selection has; 0 without one.
     virtual std::size_t size() = 0;
 
+    /// The entry at an index (from 0, below `size`).
     virtual Text entry(std::size_t index) = 0;
 
     /// Takes an entry as the scanner has changed it, before the next one is asked for.
