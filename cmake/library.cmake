@@ -15,50 +15,50 @@ set(public_headers
 )
 
 target_sources(vantro_profile_utils PRIVATE
-    framework/access.cpp
-    framework/error.cpp
-    framework/int16.cpp
-    framework/interfaces.cpp
-    framework/profile_mode.cpp
-    framework/registry.cpp
-    framework/screen.cpp
-    framework/text_ops.cpp
-    notes/note_scanner.cpp
-    notes/notes_parser.cpp
-    notes/notes_transaction.cpp
-    profile/codes.cpp
-    profile/counts.cpp
-    profile/display.cpp
-    profile/display_line.cpp
-    profile/document_extractor.cpp
-    profile/element_lists.cpp
-    profile/header_readers.cpp
-    profile/line_marks.cpp
-    profile/prefixed_extractor.cpp
-    profile/prefixes.cpp
-    profile/profile.cpp
-    profile/query.cpp
-    profile/transferable_extractor.cpp
-    profile/transferable_scanner.cpp
-    profile/whole_profile.cpp
-    terminal/built_in_terminal.cpp
-    transactions/maintenance/pb.cpp
-    transactions/maintenance/pt.cpp
-    transactions/maintenance/px.cpp
-    transactions/maintenance/rlp.cpp
-    transactions/search/pd.cpp
-    transactions/search/pda.cpp
-    transactions/search/pdn.cpp
-    transactions/search/pdr.cpp
-    transactions/search/ph.cpp
-    transactions/search/plc.cpp
-    transactions/search/plt.cpp
+    src/display/display.cpp
+    src/display/display_line.cpp
+    src/display/line_marks.cpp
+    src/display/prefixes.cpp
+    src/framework/access.cpp
+    src/framework/error.cpp
+    src/framework/int16.cpp
+    src/framework/interfaces.cpp
+    src/framework/screen.cpp
+    src/framework/text_ops.cpp
+    src/profile/counts.cpp
+    src/profile/element_lists.cpp
+    src/profile/element_parser.cpp
+    src/profile/element_query.cpp
+    src/profile/notes_parser.cpp
+    src/profile/notes_transaction.cpp
+    src/profile/whole_profile.cpp
+    src/readers/codes.cpp
+    src/readers/document_extractor.cpp
+    src/readers/header_readers.cpp
+    src/readers/note_scanner.cpp
+    src/readers/prefixed_extractor.cpp
+    src/readers/transferable_extractor.cpp
+    src/readers/transferable_scanner.cpp
+    src/registry.cpp
+    src/terminal/built_in_terminal.cpp
+    src/transactions/maintenance/pb.cpp
+    src/transactions/maintenance/pt.cpp
+    src/transactions/maintenance/px.cpp
+    src/transactions/maintenance/rlp.cpp
+    src/transactions/mode/profile_mode.cpp
+    src/transactions/search/pd.cpp
+    src/transactions/search/pda.cpp
+    src/transactions/search/pdn.cpp
+    src/transactions/search/pdr.cpp
+    src/transactions/search/ph.cpp
+    src/transactions/search/plc.cpp
+    src/transactions/search/plt.cpp
 )
 list(TRANSFORM public_headers PREPEND ${PROJECT_SOURCE_DIR}/include/ OUTPUT_VARIABLE public_header_files)
 target_sources(vantro_profile_utils PUBLIC FILE_SET HEADERS BASE_DIRS ${PROJECT_SOURCE_DIR}/include
                FILES ${public_header_files})
 
-target_include_directories(vantro_profile_utils PRIVATE ${PROJECT_SOURCE_DIR})
+target_include_directories(vantro_profile_utils PRIVATE ${PROJECT_SOURCE_DIR}/src)
 target_compile_features(vantro_profile_utils PUBLIC cxx_std_20)
 vantro_compile_options(vantro_profile_utils)
 set_target_properties(vantro_profile_utils PROPERTIES

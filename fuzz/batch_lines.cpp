@@ -78,12 +78,12 @@ bool isBadRequest(const Document& response) {
 
 /// What the request lets one say about the response.
 std::string apart(const std::string& line, const Document& response) {
-    const bool holdsZero = line.find('\0') != std::string::npos;
+    const bool containsZero = line.find('\0') != std::string::npos;
     Document request;
     request.Parse<spelled>(line.data(), line.size());
     // The library's own parser takes a byte order mark in front of any text; a batch takes one in front of the stream.
-    const bool holdsMark = line.starts_with(byteOrderMark);
-    if (holdsZero || holdsMark || request.HasParseError() || !request.IsObject()) {
+    const bool containsMark = line.starts_with(byteOrderMark);
+    if (containsZero || containsMark || request.HasParseError() || !request.IsObject()) {
         return isBadRequest(response) ? std::string() : "something else than a bad request for no JSON object";
     }
     Document checked;

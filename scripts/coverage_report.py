@@ -17,7 +17,7 @@ from collections import Counter, defaultdict
 from concurrent.futures import ThreadPoolExecutor
 from pathlib import Path
 
-CORE = ("framework/", "transactions/", "profile/", "notes/", "terminal/", "include/")
+CORE = ("src/", "include/")
 EXCEPTION = re.compile(r"// Not covered: \w")
 
 

@@ -17,7 +17,7 @@ const ComCollection& own(const CollectionPtr& collection) { return static_cast<c
 void ComItem::fetch() const {
     if (value_) return;
     const Variant stored = members_->value.call(object_.get(), {});
-    if (holdsArray(stored.get())) {
+    if (containsArray(stored.get())) {
         IndexedList list = indexedListIn(arrayIn(stored.get()));
         firstIndex_ = list.firstIndex;
         value_ = std::move(list.texts);

@@ -44,7 +44,7 @@ public:
 
     std::size_t size() override {
         if (selection_ == nullptr || isAbsent(*selection_)) return 0;
-        if (!holdsArray(*selection_)) fail(Failure::TypeMismatch);
+        if (!containsArray(*selection_)) fail(Failure::TypeMismatch);
         return entries_.emplace(arrayIn(*selection_)).size();
     }
     Text entry(std::size_t index) override { return entries_->text(index); }

@@ -20,6 +20,6 @@ Ptr<IUnknown> create(const ClassInfo& info) { return newProfileObject(info); }
 
 HRESULT mayRegister(const std::vector<ClassInfo>& /*classes*/) { return S_OK; }
 
-bool letGo() { return releaseLastHelpers(); }
+bool releaseCaches() { return releaseLastHelpers(); }
 
 }  // namespace vantro::com::module

@@ -7,7 +7,7 @@ namespace {
 
 bool isUsable(View line) { return !line.empty() && findUnit(line, u'>') == View::npos; }
 
-bool holds(View line, View mark) { return line.find(mark) != View::npos; }
+bool contains(View line, View mark) { return line.find(mark) != View::npos; }
 
 bool isDigit(char16_t c) { return c >= u'0' && c <= u'9'; }
 
@@ -27,7 +27,7 @@ void collectCompanies(View screen, std::size_t n, CompanyList& list) {
     const auto column = static_cast<std::size_t>(list.locatorColumn);
     for (;; ++n) {
         const View line = screenLine(screen, n);
-        list.endOfBlock = holds(line, u"END OF BLOCK - USE PDMD");
+        list.endOfBlock = contains(line, u"END OF BLOCK - USE PDMD");
         if (list.endOfBlock || !isUsable(line)) return;
         const bool hasNumber = hasListNumber(line);
         const View name = from(line, 5, column - 7);
@@ -59,12 +59,12 @@ CompanyList companiesByHand(View screen) {
         list.travellerProfile = line.starts_with(u"*T*");
         if (list.travellerList || list.companyList || list.companyProfile || list.travellerProfile) break;
     }
-    list.merged = list.travellerProfile && holds(screen, u"*MRG*");
+    list.merged = list.travellerProfile && contains(screen, u"*MRG*");
     if (!list.companyList) return list;
     for (n = 2;; ++n) {
         const View line = screenLine(screen, n);
         if (!isUsable(line)) return list;
-        if (!holds(line, u"     COMPANY     ")) continue;
+        if (!contains(line, u"     COMPANY     ")) continue;
         const std::size_t title = line.find(u"     RECLOC     ");
         list.locatorColumn = title == View::npos ? 5 : static_cast<int>(title) + 6;
         break;
@@ -78,16 +78,16 @@ TravellerList travellersByHand(View screen) {
     TravellerList list{.locators = {std::u16string()}};
     for (std::size_t n = 1; n <= 9; ++n) {
         const View line = screenLine(screen, n);
-        list.noCompany = holds(line, u"NO COMPANY PROFILE FOUND");
+        list.noCompany = contains(line, u"NO COMPANY PROFILE FOUND");
         if (list.noCompany) break;
-        list.travellerList = holds(line, u"TRAVELLER LIST FOR") || holds(line, u"TRAVELLER NAME LIST");
+        list.travellerList = contains(line, u"TRAVELLER LIST FOR") || contains(line, u"TRAVELLER NAME LIST");
         if (list.travellerList) break;
-        list.companyList = holds(line, u"SIMILAR COMPANY NAME LIST");
+        list.companyList = contains(line, u"SIMILAR COMPANY NAME LIST");
         if (list.companyList) break;
-        list.noTraveller = holds(line, u"NO TRAVELLER PROFILE FOUND");
+        list.noTraveller = contains(line, u"NO TRAVELLER PROFILE FOUND");
         if (list.noTraveller) break;
-        list.profile = holds(line, u"*T*");
-        list.merged = list.profile && holds(line, u"*MRG*");
+        list.profile = contains(line, u"*T*");
+        list.merged = list.profile && contains(line, u"*MRG*");
         if (list.profile) break;
     }
     if (!list.travellerList) return list;
@@ -95,10 +95,10 @@ TravellerList travellersByHand(View screen) {
     for (std::size_t n = 3; isUsable(line); ++n) {
         line = screenLine(screen, n);
         if (!isUsable(line)) break;
-        if (!holds(line, u"RECLOC ")) continue;
+        if (!contains(line, u"RECLOC ")) continue;
         for (++n;; ++n) {
             line = screenLine(screen, n);
-            if (!isUsable(line) || holds(line, u"END OF BLOCK - USE PDMD")) break;
+            if (!isUsable(line) || contains(line, u"END OF BLOCK - USE PDMD")) break;
             if (isBlank(from(line, 34))) list.locators.emplace_back(from(line, 28, 6));
         }
     }

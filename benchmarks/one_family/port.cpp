@@ -19,7 +19,7 @@ u16string mid(const u16string& text, std::size_t position, std::size_t count = u
     return position > text.size() ? u16string() : text.substr(position - 1, count);
 }
 
-bool holds(const u16string& text, std::u16string_view part, std::size_t position = 1) {
+bool contains(const u16string& text, std::u16string_view part, std::size_t position = 1) {
     return text.find(part, position - 1) != u16string::npos;
 }
 
@@ -45,17 +45,17 @@ private:
 
     u16string trimmedLine() const { return trim(screenLine(line_), true); }
 
-    static bool endsDisplay(const u16string& text) { return holds(text, u">") || holds(text, u"END OF DISPLAY"); }
+    static bool endsDisplay(const u16string& text) { return contains(text, u">") || contains(text, u"END OF DISPLAY"); }
 
     static bool endsSection(const u16string& text) {
-        return text.substr(0, 1) == u">" || holds(text, u"-------") || holds(text, u"END OF DISPLAY");
+        return text.substr(0, 1) == u">" || contains(text, u"-------") || contains(text, u"END OF DISPLAY");
     }
 
     bool seekHeader() {
         for (;; ++line_) {
             const u16string text = trim(screenLine(line_), false);
             if (endsDisplay(text)) return false;
-            if (holds(text, rules_.header)) return true;
+            if (contains(text, rules_.header)) return true;
         }
     }
 
@@ -64,7 +64,7 @@ private:
             ++line_;
             const u16string text = trimmedLine();
             if (endsSection(text)) return false;
-            if (holds(text, rules_.prefix, rules_.searchFrom + 1)) return true;
+            if (contains(text, rules_.prefix, rules_.searchFrom + 1)) return true;
         }
     }
 
@@ -72,7 +72,7 @@ private:
         for (;;) {
             const u16string next = screenLine(line_ + 1);
             if (!trim(mid(next, 1, 9), true).empty()) return text;
-            if (text.substr(0, 1) == u">" || holds(text, u"END OF DISPLAY")) return text;
+            if (text.substr(0, 1) == u">" || contains(text, u"END OF DISPLAY")) return text;
             const u16string rest = trim(next, true);
             if (rules_.kind != FamilyKind::Plain && mid(rest, 3, 1) == u":") text += u" ";
             text += rest;
@@ -102,7 +102,7 @@ private:
                 if (endsSection(text)) return;
                 text = joined(text);
                 const bool tagged = !trim(mid(text, 3, rules_.tagWidth), true).empty();
-                if (tagged && !holds(text, rules_.prefix, 3)) break;
+                if (tagged && !contains(text, rules_.prefix, 3)) break;
                 store(text, 8);
             }
         }
@@ -112,7 +112,7 @@ private:
         for (; seekHeader(); ++line_) {
             ++line_;
             const u16string first = trimmedLine();
-            if (!holds(first, rules_.prefix, 3)) continue;
+            if (!contains(first, rules_.prefix, 3)) continue;
             store(first, 8);
             const std::size_t last = line_ + 10;
             for (++line_; line_ <= last; ++line_) {
@@ -129,11 +129,11 @@ private:
             ++line_;
             const u16string header = trim(screenLine(line_), false);
             done = endsDisplay(header);
-            if (!holds(header, rules_.header)) continue;
+            if (!contains(header, rules_.header)) continue;
             do {
                 ++line_;
                 const u16string text = trimmedLine();
-                if (holds(text, rules_.prefix)) {
+                if (contains(text, rules_.prefix)) {
                     run(text);
                     done = true;
                 } else {
@@ -145,7 +145,7 @@ private:
 
     void run(u16string text) {
         do {
-            store(text, text.find(holds(text, rules_.prefix) ? u"/" : u"     ") + 2);
+            store(text, text.find(contains(text, rules_.prefix) ? u"/" : u"     ") + 2);
             ++line_;
             text = trimmedLine();
         } while (mid(text, 2, 5) == u"     " || mid(text, 3, 5) == u"     ");

@@ -53,9 +53,9 @@ private:
                                       line_.find(endOfDisplay) != View::npos);
     }
 
-    bool lineHoldsPrefix(std::size_t index) const { return sweep_.slashes != 0 && holdsPrefix(line_, index); }
+    bool lineHoldsPrefix(std::size_t index) const { return sweep_.slashes != 0 && containsPrefix(line_, index); }
 
-    bool holdsPrefix(View line, std::size_t index) const {
+    bool containsPrefix(View line, std::size_t index) const {
         for (std::size_t slash = findUnit(line, u'/', index + 3); slash != View::npos;
              slash = findUnit(line, u'/', slash + 1)) {
             if (slice(line, slash - 3, 4) == rules_.prefix) return true;
@@ -96,7 +96,7 @@ private:
         for (read(number_ + 1); !atEnd() && !endsSection(); read(number_ + 1)) {
             if (!collecting && !lineHoldsPrefix(rules_.searchFrom)) continue;
             const View whole = join();
-            collecting = isBlank(from(whole, 2, rules_.tagWidth)) || holdsPrefix(whole, 2);
+            collecting = isBlank(from(whole, 2, rules_.tagWidth)) || containsPrefix(whole, 2);
             if (collecting) store(whole, 7);
         }
     }

@@ -1,6 +1,6 @@
 #include "cli/batch/line_reader.h"
 
-#include "cli/json_in.h"
+#include "cli/json/json_in.h"
 
 #include <algorithm>
 #include <cstring>

@@ -1,7 +1,7 @@
 // Lines of a stream, one at a time, in memory bounded by the longest of them that is let in.
 #pragma once
 
-#include "cli/max_line.h"
+#include "cli/io/max_line.h"
 
 #include <cstddef>
 #include <functional>

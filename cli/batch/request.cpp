@@ -1,7 +1,7 @@
 #include "cli/batch/request.h"
 
-#include "cli/screen_input.h"
-#include "cli/utf.h"
+#include "cli/commands/screen_input.h"
+#include "cli/io/utf.h"
 
 #include <algorithm>
 #include <optional>
@@ -31,8 +31,8 @@ void RequestReader::read(std::span<char> line) {
     const JsonOutcome outcome = readJson(line, *this);
     isObject_ = isObject_ && outcome.isJson;
     problem_ = outcome.problem;
-    const bool holdsStray = !outcome.isJson && findStrayCarriageReturn({line.data(), line.size()}) != TextView::npos;
-    if (holdsStray) problem_ = strayCarriageReturn("the line");
+    const bool containsStray = !outcome.isJson && findStrayCarriageReturn({line.data(), line.size()}) != TextView::npos;
+    if (containsStray) problem_ = strayCarriageReturn("the line");
     if (!problem_.empty()) return;
     if (isObject_) {
         assemble();

@@ -1,7 +1,7 @@
 // One line of a batch: what is to be called, with what.
 #pragma once
 
-#include "cli/json_values.h"
+#include "cli/json/json_values.h"
 #include "vantro/registry.h"
 
 #include <array>

@@ -1,8 +1,8 @@
 #include "cli/batch/response.h"
 
-#include "cli/collection_json.h"
-#include "cli/json_out.h"
-#include "cli/utf.h"
+#include "cli/io/utf.h"
+#include "cli/json/collection_json.h"
+#include "cli/json/json_out.h"
 
 namespace vantro {
 

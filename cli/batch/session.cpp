@@ -1,6 +1,6 @@
 #include "cli/batch/session.h"
 
-#include "cli/utf.h"
+#include "cli/io/utf.h"
 
 #include <exception>
 #include <new>

@@ -8,7 +8,7 @@ import shutil
 import subprocess
 from pathlib import Path
 
-CORE = ("framework/", "include/vantro/", "notes/", "profile/", "terminal/", "transactions/")
+CORE = ("include/vantro/", "src/")
 CORE_OBJECTS = "CMakeFiles/vantro_profile_utils.dir/"
 FLAGS = "-O1 -w -fvisibility-inlines-hidden"  # the tests' inline functions never stand in for the library's
 LIBRARY = "libVantroProfileUtils.so"

@@ -1,7 +1,7 @@
 """The survivors that are known to change nothing that can be seen. An entry holds on by the text of the line, not by
 its number:
 
-    file: profile/display.cpp
+    file: src/display/display.cpp
     line: constexpr std::size_t usualMarks = 32;  // room
     to:   *
     why:  only how much memory is asked for at first

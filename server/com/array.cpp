@@ -26,7 +26,7 @@ void checkElement(HRESULT result) {
 
 }  // namespace
 
-bool holdsArray(const VARIANT& value) { return (dereferenced(value).vt & VT_ARRAY) != 0; }
+bool containsArray(const VARIANT& value) { return (dereferenced(value).vt & VT_ARRAY) != 0; }
 
 SAFEARRAY* arrayIn(const VARIANT& value) {
     const VARIANT& behind = dereferenced(value);

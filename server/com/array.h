@@ -6,7 +6,7 @@
 namespace vantro::com {
 
 /// True when the value is an array, an unallocated one included.
-bool holdsArray(const VARIANT& value);
+bool containsArray(const VARIANT& value);
 
 /// The array in a value, behind any references; null when there is none or it is not allocated.
 SAFEARRAY* arrayIn(const VARIANT& value);

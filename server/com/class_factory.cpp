@@ -1,13 +1,13 @@
 #include "server/com/class_factory.h"
 
-#include "server/com/counted.h"
 #include "server/com/error.h"
+#include "server/com/ref_counted.h"
 
 namespace vantro::com {
 
 namespace {
 
-class ClassFactory final : public Counted<IClassFactory> {
+class ClassFactory final : public RefCounted<IClassFactory> {
 public:
     explicit ClassFactory(const ClassInfo& info) : info_(info) {}
 

@@ -55,7 +55,7 @@ STDAPI DllGetClassObject(REFCLSID clsid, REFIID iid, void** factory) {
 }
 
 STDAPI DllCanUnloadNow() {
-    if (com::ModuleLock::held() || !com::module::letGo()) return S_FALSE;
+    if (com::ModuleLock::held() || !com::module::releaseCaches()) return S_FALSE;
     com::forgetTypeLibrary();
     return S_OK;
 }

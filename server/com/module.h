@@ -40,7 +40,7 @@ HRESULT mayRegister(const std::vector<ClassInfo>& classes);
 
 /// Lets go of what it keeps between calls; true when nothing is left. While another thread keeps something nothing is
 /// let go.
-bool letGo();
+bool releaseCaches();
 
 }  // namespace module
 

@@ -1,13 +1,13 @@
 #include "server/com/thread_slot.h"
 
-#include "server/com/counted.h"
 #include "server/com/error.h"
+#include "server/com/ref_counted.h"
 #include "server/com/system.h"
 
 namespace vantro::com {
 
 // Hears from the system that the thread's apartment is about to end.
-class ThreadSlotBase::Spy final : public Counted<IInitializeSpy> {
+class ThreadSlotBase::Spy final : public RefCounted<IInitializeSpy> {
 public:
     explicit Spy(ThreadSlotBase& slot) : slot_(slot) {}
 

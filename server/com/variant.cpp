@@ -166,7 +166,7 @@ bool truthIn(const VARIANT& value) { return coerced(value, VT_BOOL).get().boolVa
 
 ItemValue itemValueIn(const VARIANT& value) {
     const VARIANT& referenced = dereferenced(value);
-    if (holdsArray(referenced)) return listIn(arrayIn(referenced));
+    if (containsArray(referenced)) return listIn(arrayIn(referenced));
     Variant copy;
     check(VariantCopyInd(copy.pointer(), readOnly(referenced)));
     const VARIANT& behind = copy.get();

@@ -1,8 +1,8 @@
 #include "server/standin/objects.h"
 
 #include "server/com/array.h"
-#include "server/com/counted.h"
 #include "server/com/error.h"
+#include "server/com/ref_counted.h"
 #include "server/com/variant.h"
 #include "server/standin/state.h"
 #include "vantro/built_in_terminal.h"
@@ -27,9 +27,9 @@ public:
 
 // An object with one dual interface.
 template <class Interface>
-class Single : public Counted<Dispatching<Interface>> {
+class Single : public RefCounted<Dispatching<Interface>> {
 protected:
-    explicit Single(const IID& iid) : Counted<Dispatching<Interface>>(iid) {}
+    explicit Single(const IID& iid) : RefCounted<Dispatching<Interface>>(iid) {}
 
     bool isOwn(REFIID iid) const final { return iid == IID_IDispatch || iid == this->dispatchedIid(); }
 
@@ -97,7 +97,7 @@ public:
         return operation([&] {
             const Text keyText = textIn(*key);
             collection_.Add(keyText, itemValueIn(*value));
-            firstIndexes_[keyText] = holdsArray(*value) ? indexedListIn(arrayIn(*value)).firstIndex : 0;
+            firstIndexes_[keyText] = containsArray(*value) ? indexedListIn(arrayIn(*value)).firstIndex : 0;
             *item = newItem(keyText).detach();
         });
     }

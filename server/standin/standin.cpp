@@ -21,6 +21,6 @@ HRESULT mayRegister(const std::vector<ClassInfo>& classes) {
     return isTaken(classes) ? HRESULT_FROM_WIN32(ERROR_ALREADY_EXISTS) : S_OK;
 }
 
-bool letGo() { return true; }
+bool releaseCaches() { return true; }
 
 }  // namespace vantro::com::module

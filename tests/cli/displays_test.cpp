@@ -1,6 +1,6 @@
 // Texts cut into chunks and displays, whatever the size of the blocks in which they are read.
-#include "cli/displays.h"
-#include "cli/utf.h"
+#include "cli/io/displays.h"
+#include "cli/io/utf.h"
 
 #include <gtest/gtest.h>
 

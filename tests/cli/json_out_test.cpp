@@ -1,7 +1,7 @@
-#include "cli/json_out.h"
+#include "cli/json/json_out.h"
 
-#include "cli/collection_json.h"
-#include "cli/failure.h"
+#include "cli/io/failure.h"
+#include "cli/json/collection_json.h"
 
 #include <gtest/gtest.h>
 

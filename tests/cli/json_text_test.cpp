@@ -1,5 +1,5 @@
-#include "cli/json_text.h"
-#include "cli/json_in.h"
+#include "cli/json/json_text.h"
+#include "cli/json/json_in.h"
 
 #include <gtest/gtest.h>
 
@@ -19,7 +19,7 @@ Mended mend(std::string text) {
     return {text, paired};
 }
 
-TEST(JsonText, TabsAndLineEndsAreNoStrayControls) { EXPECT_FALSE(holdsStrayControl(std::string("{\t\r\n}"))); }
+TEST(JsonText, TabsAndLineEndsAreNoStrayControls) { EXPECT_FALSE(containsStrayControl(std::string("{\t\r\n}"))); }
 
 TEST(JsonText, EveryOtherControlIsStrayAtEveryPlace) {
     for (int control = 0; control < 0x20; ++control) {
@@ -27,10 +27,10 @@ TEST(JsonText, EveryOtherControlIsStrayAtEveryPlace) {
         for (const std::size_t place : {0U, 63U, 64U, 99U}) {
             std::string text(100, 'x');
             text[place] = static_cast<char>(control);
-            EXPECT_TRUE(holdsStrayControl(text)) << control << " at " << place;
+            EXPECT_TRUE(containsStrayControl(text)) << control << " at " << place;
         }
     }
-    EXPECT_FALSE(holdsStrayControl(std::string("\x7F\x80\xFF")));
+    EXPECT_FALSE(containsStrayControl(std::string("\x7F\x80\xFF")));
 }
 
 TEST(JsonText, SurrogatePairsStay) {

@@ -1,4 +1,4 @@
-#include "cli/ordered_work.h"
+#include "cli/io/ordered_work.h"
 
 #include <gtest/gtest.h>
 

@@ -198,16 +198,16 @@ TEST(Parse, ATableNamesTheFileAndShowsWhatThereIs) {
     const Finished run = runTool({"parse", "--table", sample("prompt_only"), sample("traveller")});
     EXPECT_EQ(run.out.rfind(sample("prompt_only") + ", display 1\n\nWHAT ", 0), 0U) << run.out;
     const auto lines = linesOf(run.out);
-    const auto holds = [&](const std::string& start, const std::string& end) {
+    const auto contains = [&](const std::string& start, const std::string& end) {
         return std::ranges::any_of(lines, [&](const std::string& line) {
             return line.rfind(start, 0) == 0 && line.size() >= end.size() &&
                    line.compare(line.size() - end.size(), end.size(), end) == 0;
         });
     };
-    EXPECT_TRUE(holds("RM ", "RM  PREFERS RAIL WHEN UNDER THREE HOURS")) << run.out;
-    EXPECT_TRUE(holds("SR      19 ", "code FQTV, airline XQ, number 88301442")) << run.out;
-    EXPECT_TRUE(holds("note    3 ", "qualifier B")) << run.out;
-    EXPECT_FALSE(holds("PCI", "")) << run.out;
+    EXPECT_TRUE(contains("RM ", "RM  PREFERS RAIL WHEN UNDER THREE HOURS")) << run.out;
+    EXPECT_TRUE(contains("SR      19 ", "code FQTV, airline XQ, number 88301442")) << run.out;
+    EXPECT_TRUE(contains("note    3 ", "qualifier B")) << run.out;
+    EXPECT_FALSE(contains("PCI", "")) << run.out;
 }
 
 }  // namespace

@@ -1,4 +1,4 @@
-#include "cli/progress.h"
+#include "cli/io/progress.h"
 
 #include <gtest/gtest.h>
 

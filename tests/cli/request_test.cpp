@@ -1,6 +1,6 @@
 #include "cli/batch/request.h"
 
-#include "cli/collection_json.h"
+#include "cli/json/collection_json.h"
 
 #include <gtest/gtest.h>
 

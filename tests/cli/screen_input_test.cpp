@@ -1,6 +1,6 @@
-#include "cli/screen_input.h"
+#include "cli/commands/screen_input.h"
 
-#include "cli/failure.h"
+#include "cli/io/failure.h"
 
 #include <gtest/gtest.h>
 

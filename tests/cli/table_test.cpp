@@ -1,4 +1,4 @@
-#include "cli/table.h"
+#include "cli/commands/table.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "cli/utf.h"
+#include "cli/io/utf.h"
 
 #include <gtest/gtest.h>
 

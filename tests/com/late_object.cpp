@@ -10,7 +10,7 @@ namespace vantro::test {
 
 namespace {
 
-class LateObject final : public com::Counted<IDispatch> {
+class LateObject final : public com::RefCounted<IDispatch> {
 public:
     explicit LateObject(Operations operations) : operations_(operations.begin(), operations.end()) {}
 
@@ -44,7 +44,7 @@ private:
     std::vector<std::pair<Text, Operation>> operations_;
 };
 
-class Factory final : public com::Counted<IClassFactory> {
+class Factory final : public com::RefCounted<IClassFactory> {
 public:
     explicit Factory(com::Ptr<IDispatch> object) : object_(std::move(object)) {}
 

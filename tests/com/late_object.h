@@ -1,8 +1,8 @@
 // An automation object of the test's own, reached by the names of its operations only.
 #pragma once
 
-#include "server/com/counted.h"
 #include "server/com/ptr.h"
+#include "server/com/ref_counted.h"
 #include "vantro/text.h"
 
 #include <functional>

@@ -2,8 +2,7 @@
 # names is there.
 file(READ ${ROOT}/docs/peculiarities.md document)
 file(GLOB_RECURSE sources RELATIVE ${ROOT}
-     ${ROOT}/framework/*.h ${ROOT}/framework/*.cpp ${ROOT}/terminal/*.cpp ${ROOT}/transactions/*.h
-     ${ROOT}/transactions/*.cpp ${ROOT}/profile/*.h ${ROOT}/profile/*.cpp ${ROOT}/notes/*.h ${ROOT}/notes/*.cpp)
+     ${ROOT}/src/*.h ${ROOT}/src/*.cpp)
 set(wrong "")
 foreach(source IN LISTS sources)
     file(READ ${ROOT}/${source} code)

@@ -1,5 +1,5 @@
-#include "framework/line_bits.h"
-#include "framework/line_groups.h"
+#include "display/line_bits.h"
+#include "display/line_groups.h"
 
 #include <gtest/gtest.h>
 

@@ -113,10 +113,10 @@ TEST(TextOps, FindBelowColumn1Raises5) {
 }
 
 TEST(TextOps, HoldsLooksAnywhereOrFromAColumn) {
-    EXPECT_TRUE(holds(u" 12 PPR/AISLE", u"PPR/"));
-    EXPECT_FALSE(holds(u" 12 PPR/AISLE", u"PPS/"));
-    EXPECT_TRUE(holdsFrom(u" 12 PPR/AISLE", u"PPR/", Column{5}));
-    EXPECT_FALSE(holdsFrom(u" 12 PPR/AISLE", u"PPR/", Column{6}));
+    EXPECT_TRUE(contains(u" 12 PPR/AISLE", u"PPR/"));
+    EXPECT_FALSE(contains(u" 12 PPR/AISLE", u"PPS/"));
+    EXPECT_TRUE(containsFrom(u" 12 PPR/AISLE", u"PPR/", Column{5}));
+    EXPECT_FALSE(containsFrom(u" 12 PPR/AISLE", u"PPR/", Column{6}));
 }
 
 TEST(TextOps, NumericIsOneOrMoreDigitsAndNothingElse) {
@@ -135,9 +135,9 @@ TEST(TextOps, ACharacterIsOneCodeUnit) {
 }
 
 TEST(TextOps, JoinedPutsThePartsOneAfterTheOther) {
-    EXPECT_EQ(joined({u"PDN", u"/", u"", u"KES"}), u"PDN/KES");
-    EXPECT_EQ(joined({}), u"");
-    EXPECT_EQ(joined({u"PX", onlyIf(true, u"3"), onlyIf(false, u"4")}), u"PX3");
+    EXPECT_EQ(concat({u"PDN", u"/", u"", u"KES"}), u"PDN/KES");
+    EXPECT_EQ(concat({}), u"");
+    EXPECT_EQ(concat({u"PX", onlyIf(true, u"3"), onlyIf(false, u"4")}), u"PX3");
 }
 
 TEST(TextOps, ColumnsCountOnByCharacters) {

@@ -9,7 +9,7 @@ namespace oracle {
 
 namespace {
 
-bool holds(const Text& text, const Text& marker) { return found(text, marker) > 0; }
+bool contains(const Text& text, const Text& marker) { return found(text, marker) > 0; }
 
 bool begins(const Text& line, const Text& marker) { return mid(line, 1, static_cast<int>(marker.size())) == marker; }
 
@@ -45,7 +45,7 @@ std::optional<Collection> verifyCPDTrans(const Text& response, const Collection*
         }
         if (begins(line, u"*T*")) {
             profile = true;
-            merge = holds(response, u"*MRG*");
+            merge = contains(response, u"*MRG*");
             break;
         }
         if (begins(line, u"*C*")) {
@@ -120,16 +120,16 @@ std::optional<Collection> verifyCPDRTrans(const Text& response, const Collection
         }
         if (mid(line, 1, 3) == u"*T*") {
             traveller = true;
-            merged = holds(line, u"*MRG*");
+            merged = contains(line, u"*MRG*");
             break;
         }
     }
     if (!company && !traveller) {
-        if (holds(response, u"RECORD LOCATOR NOT FOUND")) {
+        if (contains(response, u"RECORD LOCATOR NOT FOUND")) {
             noLocator = true;
-        } else if (holds(response, u"DEACTIVATED TRAVELLER PROFILE")) {
+        } else if (contains(response, u"DEACTIVATED TRAVELLER PROFILE")) {
             deactivated = true;
-        } else if (holds(response, u"CHECK INPUT")) {
+        } else if (contains(response, u"CHECK INPUT")) {
             badInput = true;
         }
     }
@@ -147,8 +147,8 @@ std::optional<Collection> verifyCPCNTrans(const Text& response, const Collection
     if (response.empty()) {
         return std::nullopt;
     }
-    const bool traveller = holds(response, u"*T*");
-    const bool company = !traveller && holds(response, u"*C*");
+    const bool traveller = contains(response, u"*T*");
+    const bool company = !traveller && contains(response, u"*C*");
     Collection collection;
     collection.add("blnKeyTrProfile", traveller);
     collection.add("blnKeyCoProfile", company);
@@ -163,11 +163,11 @@ std::optional<Collection> verifyCPLCTrans(const Text& response, const Collection
     bool profile = false;
     for (int n = 1; n <= 9; ++n) {
         const Text line = screenLine(response, n);
-        if (holds(line, u"COMPANY NAME LIST")) {
+        if (contains(line, u"COMPANY NAME LIST")) {
             list = true;
             break;
         }
-        if (holds(line, u"*C*")) {
+        if (contains(line, u"*C*")) {
             profile = true;
             break;
         }
@@ -183,9 +183,9 @@ std::optional<Collection> verifyCPTTrans(const Text& response, const Collection*
         return std::nullopt;
     }
     Collection collection;
-    collection.add("blnKeyPNR", holds(response, u"RP/"));
-    collection.add("blnKeyPNRCreated", holds(response, u"- PNR CREATED"));
-    collection.add("blnKeyPNRUpdated", holds(response, u"- PNR UPDATED"));
+    collection.add("blnKeyPNR", contains(response, u"RP/"));
+    collection.add("blnKeyPNRCreated", contains(response, u"- PNR CREATED"));
+    collection.add("blnKeyPNRUpdated", contains(response, u"- PNR UPDATED"));
     return collection;
 }
 
@@ -194,8 +194,8 @@ std::optional<Collection> verifyCPBNTrans(const Text& response, const Collection
         return std::nullopt;
     }
     Collection collection;
-    collection.add("blnKeyPNR", holds(response, u"RP/"));
-    collection.add("blnKeyPNRUpdated", holds(response, u"- PNR UPDATED"));
+    collection.add("blnKeyPNR", contains(response, u"RP/"));
+    collection.add("blnKeyPNRUpdated", contains(response, u"- PNR UPDATED"));
     return collection;
 }
 
@@ -209,7 +209,7 @@ std::optional<Collection> verifyCPXTrans(const Text& response, const Collection*
     }
     bool accepted = false;
     for (int n = 0; n <= 4; ++n) {
-        if (holds(screenLine(response, n), u"WILL BE DEACTIVATED")) {
+        if (contains(screenLine(response, n), u"WILL BE DEACTIVATED")) {
             accepted = true;
             break;
         }

@@ -13,7 +13,7 @@ namespace oracle {
 
 namespace {
 
-bool holds(const Text& text, const Text& marker) { return found(text, marker) > 0; }
+bool contains(const Text& text, const Text& marker) { return found(text, marker) > 0; }
 
 struct History {
     Text name;
@@ -27,17 +27,17 @@ History readHistory(const Text& response, int titleLine) {
     bool creationFound = false;
     for (int n = titleLine + 1; n <= 12; ++n) {
         const Text line = screenLine(response, n);
-        if (holds(line, u"TRAVELLER PROFILE   :")) {
+        if (contains(line, u"TRAVELLER PROFILE   :")) {
             history.name = trimmed(mid(line, 22));
         }
-        if (holds(line, u"COMPANY PROFILE")) {
+        if (contains(line, u"COMPANY PROFILE")) {
             history.name = trimmed(mid(line, 22));
         }
-        if (holds(line, u"LAST PNR TRANSFER  :")) {
+        if (contains(line, u"LAST PNR TRANSFER  :")) {
             history.transferDate = trimmed(mid(line, 21, 8));
             transferFound = true;
         }
-        if (holds(line, u"PROFILE CREATION   :")) {
+        if (contains(line, u"PROFILE CREATION   :")) {
             history.creationDate = trimmed(mid(line, 21, 8));
             creationFound = true;
         }
@@ -59,12 +59,12 @@ std::optional<Collection> verifyCPHTrans(const Text& response, const Collection*
     History history;
     for (int n = 0; n <= 5; ++n) {
         const Text line = screenLine(response, n);
-        if (holds(line, u"PROFILE HISTORY       ")) {
+        if (contains(line, u"PROFILE HISTORY       ")) {
             profile = true;
             history = readHistory(response, n);
             break;
         }
-        if (holds(line, u"ELEMENT DOES NOT EXIST")) {
+        if (contains(line, u"ELEMENT DOES NOT EXIST")) {
             endOfList = true;
             break;
         }

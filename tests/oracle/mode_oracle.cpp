@@ -12,7 +12,7 @@ namespace oracle {
 
 namespace {
 
-bool holds(const Text& text, const Text& marker) { return found(text, marker) > 0; }
+bool contains(const Text& text, const Text& marker) { return found(text, marker) > 0; }
 
 const Text modeExited = u"PROFILE MODE EXITED     ";
 const Text modeIgnored = u"IGNORED     ";
@@ -27,19 +27,19 @@ bool ignoredAndExited(const Text& response) {
 
 bool stepConfirmed(const Text& response, bool update, bool exit, bool enter, bool ignore) {
     if (!update && !exit && enter && !ignore) {
-        return holds(response, u"*PROFILE MODE*");
+        return contains(response, u"*PROFILE MODE*");
     }
     if (!update && exit && !enter && !ignore) {
-        return holds(response, modeExited);
+        return contains(response, modeExited);
     }
     if (update && !exit && !enter && !ignore) {
-        return holds(response, u"END OF TRANSACTION COMPLETE");
+        return contains(response, u"END OF TRANSACTION COMPLETE");
     }
     if (update && exit && !enter && !ignore) {
-        return holds(response, modeExited);
+        return contains(response, modeExited);
     }
     if (!update && !exit && !enter && ignore) {
-        return holds(response, modeIgnored);
+        return contains(response, modeIgnored);
     }
     if (!update && exit && !enter && ignore) {
         return ignoredAndExited(response);
@@ -89,9 +89,9 @@ std::optional<Collection> verifyCProfileNotes(const Text& response, const Collec
         const Text command = itemText(state->item("strCommand"));
         bool accepted = false;
         if (command == u"PN") {
-            accepted = holds(response, u"PNL");
+            accepted = contains(response, u"PNL");
         } else if (command == u"PNE") {
-            accepted = !holds(response, u"TRANSACTION NOT ALLOWED");
+            accepted = !contains(response, u"TRANSACTION NOT ALLOWED");
         }
         return std::optional<Collection>(answered(response, *state, accepted));
     });

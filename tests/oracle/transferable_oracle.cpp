@@ -117,14 +117,14 @@ int ProfileOracle::transferable(const Text& display, Kind kind) {
         if (found(line, u"END OF DISPLAY") > 0) {
             return count;
         }
-        const bool holdsHeader = found(line, u"------- PNR TRANSFERABLE DATA") > 0;
+        const bool containsHeader = found(line, u"------- PNR TRANSFERABLE DATA") > 0;
         // Confidential remarks know no section: every line from the top is examined.
-        if (kind != Kind::RemarkConf && !holdsHeader && !inSection) {
+        if (kind != Kind::RemarkConf && !containsHeader && !inSection) {
             n = add16(n, 1);
             continue;
         }
         inSection = true;
-        if (!holdsHeader && mid(line, 1, 6) == u"------") {
+        if (!containsHeader && mid(line, 1, 6) == u"------") {
             return count;
         }
         const Text following = screenLine(display, add16(n, 1));

@@ -1,0 +1,112 @@
+#include "cli/commands/display_query.h"
+
+#include "cli/io/display_stream.h"
+#include "cli/io/failure.h"
+#include "cli/io/input_files.h"
+#include "cli/io/standard_io.h"
+#include "vantro/registry.h"
+
+#include <CLI/CLI.hpp>
+#include <algorithm>
+#include <optional>
+#include <utility>
+#include <vector>
+
+namespace vantro {
+
+const char* const manyDisplaysHelp =
+    "Each display of the file gets an answer: JSON one object a line, in the order of the displays, tables with the\n"
+    "display's number above them when there are several. Where a display ends: see vantro-profile parse --help.\n"
+    "Exit status: 0 all answered, 1 a display was left out, not answered or not there at all, 2 bad usage or a file\n"
+    "that cannot be read.\n";
+
+namespace {
+
+// Null when the class does not know the prefix.
+CollectionPtr ask(const Text& display, DisplayQuery query) {
+    std::vector<Text> asked;
+    for (const auto& entry : query.request->entries()) asked.push_back(entry.key());
+
+    BuiltInTerminal terminal;
+    const auto object = createObject(*findClass(query.className), terminal);
+    if (object->profileGet()->ProfileElements(display, query.request, &query.selection, query.qualifier)) return {};
+
+    const auto answer = std::make_shared<BuiltInCollection>();
+    for (const auto& entry : query.request->entries()) {
+        if (std::ranges::count(asked, entry.key()) == 0) answer->Add(entry.key(), entry.Value());
+    }
+    return answer;
+}
+
+class Answers {
+public:
+    Answers(const QueryOptions& options, const Question& question)
+        : options_(options), question_(question), view_(chosenView(options.table, options.json)) {}
+
+    int printAll() {
+        DisplayStream displays(options_.file, options_.maxLine);
+        std::optional<StreamedDisplay> display = displays.next();
+        if (!display) fail(inputName(options_.file) + " holds no display");
+        while (display && knowsPrefix_) {
+            std::optional<StreamedDisplay> following = displays.next();
+            isOneOfMany_ = isOneOfMany_ || following;
+            ++number_;
+            print(*display);
+            display = std::move(following);
+        }
+        return status_;
+    }
+
+private:
+    std::string name() const { return inputName(options_.file) + ", display " + std::to_string(number_); }
+
+    void print(const StreamedDisplay& display) {
+        if (!display.problem.empty()) {
+            return fail(name() + ": " + asSentence(display.problem) + " The display is left out, the others are not.");
+        }
+        try {
+            const CollectionPtr answer = ask(display.text, question_.query());
+            knowsPrefix_ = answer != nullptr;
+            if (!knowsPrefix_) return fail(question_.unknown);
+            writeOutput(shown(answer));
+        } catch (const Error& raised) {
+            const std::string advice = question_.advice ? question_.advice(raised) : "";
+            fail(name() + ": the query failed with " + asSentence(describe(raised)) + " " + advice);
+        }
+    }
+
+    std::string shown(const CollectionPtr& answer) const {
+        const std::string results = resultsText(answer, view_);
+        return view_ == View::Table && isOneOfMany_ ? name() + "\n\n" + results + "\n" : results;
+    }
+
+    void fail(const std::string& what) {
+        complain(what);
+        status_ = callFailed;
+    }
+
+    const QueryOptions& options_;
+    const Question& question_;
+    View view_;
+    std::size_t number_ = 0;
+    bool isOneOfMany_ = false;
+    bool knowsPrefix_ = true;
+    int status_ = success;
+};
+
+}  // namespace
+
+void addQueryOptions(CLI::App& command, QueryOptions& options) {
+    auto* const table = command.add_flag("--table", options.table, "Print a table, also into a file or pipe");
+    command.add_flag("--json", options.json, "Print a JSON object a display, also on a terminal")->excludes(table);
+    addMaxLine(command, options.maxLine);
+}
+
+int answerDisplays(const QueryOptions& options, const Question& question) {
+    if (isStandardInput(options.file) && inputIsTerminal()) {
+        complain("reading displays from standard input; end them with the end-of-file key");
+    }
+    return Answers(options, question).printAll();
+}
+
+}  // namespace vantro

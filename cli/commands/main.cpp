@@ -1,0 +1,48 @@
+#include "cli/commands/tool.h"
+
+#ifdef _WIN32
+
+#include "cli/io/utf.h"
+
+#include <string>
+#include <vector>
+
+// Windows hands over UTF-16.
+int wmain(int argc, wchar_t** argv) {
+    std::vector<std::string> arguments;
+    for (int i = 0; i < argc; ++i) {
+        const std::wstring wide = argv[i];
+        arguments.push_back(vantro::toUtf8(vantro::Text(wide.begin(), wide.end())));
+    }
+    std::vector<const char*> pointers;
+    for (const std::string& argument : arguments) pointers.push_back(argument.c_str());
+    return vantro::runTool(argc, pointers.data());
+}
+
+#else
+
+#include <cstdlib>  // tells whose C library this is
+
+#if defined(__GLIBC__)
+#include <malloc.h>
+#endif
+
+namespace {
+
+// Texts of some hundred kilobytes come and go: the system need not hear of each.
+void keepFreedMemory() {
+#if defined(__GLIBC__)
+    constexpr int mebibyte = 1024 * 1024;
+    mallopt(M_MMAP_THRESHOLD, 32 * mebibyte);
+    mallopt(M_TRIM_THRESHOLD, 128 * mebibyte);
+#endif
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    keepFreedMemory();
+    return vantro::runTool(argc, argv);
+}
+
+#endif

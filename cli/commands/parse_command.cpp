@@ -1,0 +1,223 @@
+#include "cli/commands/commands.h"
+#include "cli/commands/number_option.h"
+#include "cli/commands/parsed_chunk.h"
+#include "cli/commands/results_view.h"
+#include "cli/io/displays.h"
+#include "cli/io/failure.h"
+#include "cli/io/input_files.h"
+#include "cli/io/max_line.h"
+#include "cli/io/ordered_work.h"
+#include "cli/io/progress.h"
+#include "cli/io/standard_io.h"
+
+#include <CLI/CLI.hpp>
+#include <algorithm>
+#include <memory>
+#include <optional>
+#include <stdexcept>
+#include <string>
+#include <vector>
+
+namespace vantro {
+
+namespace {
+
+struct ParseOptions {
+    std::vector<std::string> files;
+    bool table = false;
+    bool json = false;
+    bool pretty = false;
+    std::size_t threads = 1;
+    std::size_t maxLine = defaultMaxLine;
+};
+
+ProfileForm formFor(const ParseOptions& options) {
+    if (options.pretty) return ProfileForm::IndentedJson;
+    return chosenView(options.table, options.json) == View::Table ? ProfileForm::Table : ProfileForm::JsonLine;
+}
+
+/// A chunk of one of the files, or the end of the file.
+struct Step {
+    ParsedChunk parsed;
+    std::size_t bytes = 0;
+    bool endsFile = false;
+    std::string failure;  // why the file ends early
+};
+
+/// Prints what comes of the files, in their order, and keeps count of what went wrong.
+class Printer {
+public:
+    Printer(const ParseOptions& options, ProfileForm form)
+        : options_(options),
+          form_(form),
+          progress_(lengthInAll(options.files), errorIsTerminal() ? writeError : Progress::Write{}) {}
+
+    void take(const Step& step) {
+        print(step.parsed);
+        for (const ParsedDisplay& display : step.parsed.displays) complainOf(display);
+        lines_ += step.parsed.lines;
+        if (step.endsFile) endFile(step.failure);
+        progress_.step(step.bytes, step.parsed.displays.size());
+    }
+
+    int status() const { return status_; }
+
+private:
+    std::string name() const { return inputName(options_.files[file_]); }
+
+    void print(const ParsedChunk& parsed) {
+        if (parsed.out.empty()) return;
+        if (outputIsTerminal()) progress_.hide();
+        std::string headed;
+        std::vector<std::size_t> ends;
+        std::size_t start = 0;
+        std::size_t number = displays_;
+        for (const ParsedDisplay& display : parsed.displays) {
+            ++number;
+            if (form_ == ProfileForm::Table && display.outEnd > start) {
+                headed += name() + ", display " + std::to_string(number) + "\n\n";
+                headed += parsed.out.substr(start, display.outEnd - start) + "\n";
+            }
+            start = display.outEnd;
+            ends.push_back(form_ == ProfileForm::Table ? headed.size() : start);
+        }
+        writeRecords(form_ == ProfileForm::Table ? headed : parsed.out, ends);
+    }
+
+    void complainOf(const ParsedDisplay& display) {
+        const std::string where = ", display " + std::to_string(++displays_) + ": ";
+        if (display.faulty.fault != LineFault::None) {
+            const std::string what = describe(display.faulty, lines_, options_.maxLine);
+            fail(where + asSentence(what) + " The display is left out, the others are not.");
+        } else if (!display.unanswered.empty()) {
+            fail(where + "no answer to " + display.unanswered);
+        }
+    }
+
+    void endFile(const std::string& failure) {
+        if (!failure.empty()) {
+            progress_.hide();
+            complain(failure);
+            status_ = badUsage;
+        } else if (displays_ == 0) {
+            fail(" holds no display");
+        }
+        ++file_;
+        displays_ = 0;
+        lines_ = 0;
+    }
+
+    void fail(const std::string& what) {
+        progress_.hide();
+        complain(name() + what);
+        status_ = std::max(status_, callFailed);
+    }
+
+    const ParseOptions& options_;
+    ProfileForm form_;
+    Progress progress_;
+    std::size_t file_ = 0;
+    std::size_t displays_ = 0;  // of this file
+    std::size_t lines_ = 0;     // of this file
+    int status_ = success;
+};
+
+/// A chunk of one of the files as it was read, or the end of the file.
+struct Piece {
+    std::string text;
+    bool endsFile = false;
+    std::string failure;  // why the file ends early
+};
+
+/// Reads the files one after the other, piece by piece.
+class PieceReader {
+public:
+    PieceReader(const std::vector<std::string>& files, std::size_t maxLine) : files_(files), maxLine_(maxLine) {}
+
+    std::optional<Piece> next() {
+        if (file_ == files_.size()) return std::nullopt;
+        Piece piece;
+        // A file that breaks is no reason to leave the others out.
+        try {
+            if (!chunks_) chunks_.emplace(openInput(files_[file_]), ChunkReader::defaultBlock, maxLine_);
+            if (std::optional<std::string> chunk = chunks_->next()) {
+                piece.text = std::move(*chunk);
+                return piece;
+            }
+        } catch (const std::runtime_error& problem) {
+            piece.failure = problem.what();
+        }
+        piece.endsFile = true;
+        chunks_.reset();
+        ++file_;
+        return piece;
+    }
+
+private:
+    const std::vector<std::string>& files_;
+    std::size_t maxLine_;
+    std::size_t file_ = 0;
+    std::optional<ChunkReader> chunks_;
+};
+
+Step stepOf(const Piece& piece, ProfileForm form) {
+    if (piece.endsFile) return {.parsed = {}, .endsFile = true, .failure = piece.failure};
+    return {.parsed = parseChunk(piece.text, form), .bytes = piece.text.size(), .failure = {}};
+}
+
+int parseFiles(ParseOptions options) {
+    if (options.files.empty()) options.files.emplace_back("-");
+    const auto standardInputs = std::ranges::count_if(options.files, isStandardInput);
+    if (standardInputs > 1) throw UsageError("standard input can be read once only; name it once");
+    if (standardInputs == 1 && inputIsTerminal()) {
+        complain("reading displays from standard input; end them with the end-of-file key");
+    }
+    const ProfileForm form = formFor(options);
+    Printer printer(options, form);
+    PieceReader pieces(options.files, options.maxLine);
+    workInOrder(
+        options.threads, [&pieces] { return pieces.next(); },
+        [form](const Piece& piece) { return stepOf(piece, form); },
+        [&printer](const Step& step) { printer.take(step); });
+    return printer.status();
+}
+
+constexpr auto footer =
+    "A display is lines of up to 80 characters, or one unbroken text. It ends with the line that holds END OF\n"
+    "DISPLAY or with a line of the prompt > alone. Blank lines and prompts below its end still belong to it, and\n"
+    "the next other line begins another display. What stands behind the last end is a display without an end.\n"
+    "Every line but a display's last is padded with blanks to 80 characters.\n"
+    "\n"
+    "JSON is one line a display, in the order of the displays. A display with a line that cannot be read is left\n"
+    "out; queries that a display cannot answer are listed under \"problems\". Both are said on standard error. A line\n"
+    "of more bytes than --max-line is such a line, and a text without line ends is one line. An interrupt lets the\n"
+    "display that is being written go out whole.\n"
+    "Exit status: 0 all read and answered, 1 a display was left out, not answered in full or not there at all,\n"
+    "2 bad usage or a file that cannot be read.\n"
+    "\n"
+    "Examples:\n"
+    "  vantro-profile parse --pretty display.txt\n"
+    "  vantro-profile parse -j 4 displays/*.txt > profiles.jsonl\n"
+    "  vantro-profile parse --table < display.txt";
+
+}  // namespace
+
+void addParseCommand(CLI::App& tool, int& status) {
+    constexpr int mostThreads = 256;
+    CLI::App& command = *tool.add_subcommand("parse", "Print everything that profile displays hold");
+    const auto options = std::make_shared<ParseOptions>();
+    command.add_option("FILE", options->files, "Files with displays (default, and for -: standard input)")
+        ->type_name("");
+    auto* const table = command.add_flag("--table", options->table, "Print tables, also into a file or pipe");
+    command.add_flag("--json", options->json, "Print JSON, also on a terminal")->excludes(table);
+    command.add_flag("--pretty", options->pretty, "Print JSON with an indent of 2 blanks a level")->excludes(table);
+    command.add_option("-j,--jobs", options->threads, "Parse on N threads; the order stays")
+        ->check(wholeNumber(1, mostThreads))
+        ->type_name("N")
+        ->capture_default_str();
+    addMaxLine(command, options->maxLine);
+    command.footer(footer);
+    command.callback([options, &status] { status = parseFiles(*options); });
+}
+
+}  // namespace vantro

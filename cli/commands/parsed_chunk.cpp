@@ -1,0 +1,52 @@
+#include "cli/commands/parsed_chunk.h"
+
+#include "cli/commands/profile_table.h"
+#include "cli/io/utf.h"
+#include "cli/json/profile_json.h"
+
+#include <utility>
+
+namespace vantro {
+
+namespace {
+
+void appendProfile(const Profile& profile, ProfileForm form, std::string& out) {
+    if (form == ProfileForm::Table) {
+        out += profileTable(profile);
+        return;
+    }
+    JsonOut json(out, form == ProfileForm::IndentedJson ? JsonStyle::Indented : JsonStyle::OneLine);
+    writeProfile(profile, json);
+    out += '\n';
+}
+
+std::string unansweredIn(const Profile& profile) {
+    std::string list;
+    for (const Problem& problem : profile.problems) {
+        if (!list.empty()) list += ", ";
+        list += toUtf8(problem.query) + " (error " + std::to_string(problem.number) + ")";
+    }
+    return list;
+}
+
+}  // namespace
+
+ParsedChunk parseChunk(std::string_view chunk, ProfileForm form) {
+    ParsedChunk parsed;
+    parsed.out.reserve(chunk.size());  // few displays' answers are longer than they are
+    ChunkDisplays displays(chunk);
+    while (std::optional<FoundDisplay> found = displays.next()) {
+        ParsedDisplay& display = parsed.displays.emplace_back();
+        display.faulty = found->faulty;
+        if (found->faulty.fault == LineFault::None) {
+            const Profile profile = parseProfile(std::move(found->text));
+            display.unanswered = unansweredIn(profile);
+            appendProfile(profile, form, parsed.out);
+        }
+        display.outEnd = parsed.out.size();
+    }
+    parsed.lines = displays.lines();
+    return parsed;
+}
+
+}  // namespace vantro

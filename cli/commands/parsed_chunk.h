@@ -1,0 +1,31 @@
+// The displays of a chunk, parsed and written.
+#pragma once
+
+#include "cli/io/displays.h"
+
+#include <cstddef>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace vantro {
+
+/// How a profile is written.
+enum class ProfileForm { JsonLine, IndentedJson, Table };
+
+/// One display of a chunk, done. Its output ends at `outEnd` in the chunk's and begins where the one before ends.
+struct ParsedDisplay {
+    std::size_t outEnd = 0;
+    FaultyLine faulty;
+    std::string unanswered;  ///< the queries without an answer: "NM (error 6), SR (error 5245)"
+};
+
+struct ParsedChunk {
+    std::string out;
+    std::vector<ParsedDisplay> displays;
+    std::size_t lines = 0;
+};
+
+ParsedChunk parseChunk(std::string_view chunk, ProfileForm form);
+
+}  // namespace vantro

@@ -1,0 +1,235 @@
+#include "cli/io/displays.h"
+
+#include "cli/commands/screen_input.h"
+#include "cli/io/utf.h"
+
+#include <charconv>
+#include <utility>
+
+namespace vantro {
+
+namespace {
+
+constexpr std::string_view byteOrderMark = "\xEF\xBB\xBF";
+constexpr std::string_view endText = "END OF DISPLAY";
+constexpr char prompt = '>';
+
+// In the place of a line that was left out; in an unbroken text the line's number follows. A line of other bytes that
+// are no UTF-8 and begin the same is unreadable, too.
+constexpr std::string_view leftOutMark = "\xFF(left out)";
+
+std::string_view withoutCarriageReturn(std::string_view line) {
+    return line.ends_with('\r') ? line.substr(0, line.size() - 1) : line;
+}
+
+bool containsStray(std::string_view text) { return findStrayCarriageReturn(text) != std::string_view::npos; }
+
+bool isBlank(std::string_view line) { return line.find_first_not_of(' ') == std::string_view::npos; }
+bool isPrompt(std::string_view line) {
+    const std::size_t first = line.find_first_not_of(' ');
+    return first != std::string_view::npos && line[first] == prompt && isBlank(line.substr(first + 1));
+}
+
+/// True for a line that can begin a display behind another one.
+bool isContent(std::string_view line) { return !isBlank(line) && !isPrompt(line); }
+
+// The last letter of the end text is its rarest on a profile.
+bool containsEndText(std::string_view line) {
+    constexpr std::size_t before = endText.size() - 1;
+    for (std::size_t last = line.find(endText.back(), before); last != std::string_view::npos;
+         last = line.find(endText.back(), last + 1)) {
+        if (line.substr(last - before, endText.size()) == endText) return true;
+    }
+    return false;
+}
+
+bool isEnd(std::string_view line) { return isPrompt(line) || containsEndText(line); }
+
+/// Where the last display of a text begins that has another one above it; 0 when there is none. The text's last
+/// line may be broken off: what stands there already decides only that a display begins.
+std::size_t lastDisplayStart(std::string_view text) {
+    std::size_t start = 0;
+    for (std::size_t end = text.size(); end > 0;) {
+        const std::size_t lineEnd = text.substr(0, end).rfind('\n');
+        const std::size_t lineStart = lineEnd == std::string_view::npos ? 0 : lineEnd + 1;
+        const std::string_view line = withoutCarriageReturn(text.substr(lineStart, end - lineStart));
+        if (start != 0 && isEnd(line)) return start;
+        if (isContent(line)) start = lineStart;
+        if (lineStart == 0) break;
+        end = lineEnd;
+    }
+    return 0;
+}
+
+}  // namespace
+
+bool LineBreaker::readInto(std::string& text) {
+    const std::size_t before = text.size();
+    readBlock(text);
+    if (std::exchange(atStart_, false)) {
+        if (std::string_view(text).substr(before).starts_with(byteOrderMark)) text.erase(before, byteOrderMark.size());
+        const std::string_view block = std::string_view(text).substr(before);
+        const std::size_t lineEnd = block.find('\n');
+        unbroken_ = (lineEnd == std::string::npos || lineEnd + 1 == block.size()) && !containsStray(block);
+    }
+    if (unbroken_) {
+        const std::string block = text.substr(before);
+        text.resize(before);
+        appendBroken(block, text);
+    } else {
+        leaveOutLongLine(text, before);
+    }
+    return hasMore_;
+}
+
+/// Looks at the first line of the block that begins at `before`, which may have begun in blocks above it.
+void LineBreaker::leaveOutLongLine(std::string& text, std::size_t before) {
+    const std::size_t lineEnd = text.find('\n', before);
+    const std::size_t partEnd = std::min(lineEnd, text.size());
+    lineLength_ += partEnd - before;
+    if (leavesOut_) {
+        text.erase(before, partEnd - before);
+    } else if (lineLength_ > maxLine_) {
+        const std::size_t start = before == 0 ? 0 : text.rfind('\n', before - 1) + 1;
+        text.replace(start, partEnd - start, leftOutMark);
+        leavesOut_ = true;
+    }
+    if (lineEnd == std::string::npos) return;
+    leavesOut_ = false;
+    lineLength_ = text.size() - (text.rfind('\n') + 1);
+}
+
+/// Appends what the source gives, a block at the most.
+void LineBreaker::readBlock(std::string& text) {
+    const std::size_t before = text.size();
+    text.resize(before + block_);
+    const std::span<char> block = std::span(text).subspan(before);
+    std::size_t length = 0;
+    while (hasMore_ && length < block.size()) {
+        const std::size_t count = source_(block.subspan(length));
+        length += count;
+        hasMore_ = count > 0;
+    }
+    text.resize(before + length);
+}
+
+void LineBreaker::appendBroken(std::string_view bytes, std::string& text) {
+    for (const char byte : bytes) {
+        const auto value = static_cast<unsigned char>(byte);
+        const bool beginsCharacter = (value & 0xC0U) != 0x80U;
+        if (byte == '\n') {
+            column_ = 0;
+            lineLength_ = 0;
+            leavesOut_ = false;
+            ++line_;
+        } else if (!fits(text)) {
+            continue;
+        } else if (beginsCharacter && byte != '\r') {
+            if (column_ >= screenWidth) {
+                text += '\n';
+                column_ -= screenWidth;
+            }
+            column_ += value >= 0xF0 ? 2 : 1;  // a character beyond U+FFFF takes two places
+        }
+        text += byte;
+    }
+}
+
+/// Counts one more byte of an unbroken line. The mark for a line that is too long stands below what was read of it.
+bool LineBreaker::fits(std::string& text) {
+    if (++lineLength_ <= maxLine_) return true;
+    if (!std::exchange(leavesOut_, true)) {
+        text += '\n';
+        text += leftOutMark;
+        text += std::to_string(line_);
+    }
+    return false;
+}
+
+std::optional<std::string> ChunkReader::next() {
+    std::string chunk = std::exchange(rest_, {});
+    bool hasMore = true;
+    while (hasMore) {
+        // A display that goes on and on is looked at again only when as much again has come.
+        const std::size_t enough = 2 * chunk.size();
+        do {
+            hasMore = lines_.readInto(chunk);
+        } while (hasMore && chunk.size() < enough);
+        const std::size_t cut = hasMore ? lastDisplayStart(chunk) : 0;
+        if (cut == 0) continue;
+        rest_ = chunk.substr(cut);
+        chunk.resize(cut);
+        return chunk;
+    }
+    if (chunk.empty()) return std::nullopt;
+    return chunk;
+}
+
+std::string describe(const FaultyLine& faulty, std::size_t linesAbove, std::size_t maxLine) {
+    const std::size_t line = linesAbove + faulty.line;
+    switch (faulty.fault) {
+        case LineFault::None: break;
+        case LineFault::TooLong: return tooLongLine(line, faulty.length);
+        case LineFault::NotUtf8: return "line " + std::to_string(line) + " is not UTF-8";
+        case LineFault::StrayCarriageReturn: return strayCarriageReturn("line " + std::to_string(line));
+        case LineFault::OverLong: return overLongLine(faulty.unbrokenLine > 0 ? faulty.unbrokenLine : line, maxLine);
+    }
+    return {};
+}
+
+ChunkDisplays::ChunkDisplays(std::string_view chunk)
+    : rest_(chunk), isUtf8_(isUtf8(chunk)), containsStrayCarriageReturn_(containsStray(chunk)) {}
+
+std::string_view ChunkDisplays::lineHere() const { return withoutCarriageReturn(rest_.substr(0, rest_.find('\n'))); }
+
+std::string_view ChunkDisplays::takeLine() {
+    const std::size_t end = rest_.find('\n');
+    const std::string_view line = withoutCarriageReturn(rest_.substr(0, end));
+    rest_.remove_prefix(end == std::string_view::npos ? rest_.size() : end + 1);
+    ++line_;
+    return line;
+}
+
+std::optional<FoundDisplay> ChunkDisplays::next() {
+    FoundDisplay display;
+    bool containsAnything = false;
+    bool hasEnded = false;
+    for (std::size_t place = 0; !rest_.empty(); ++place) {
+        if (hasEnded && isContent(lineHere())) break;
+        const std::string_view line = takeLine();
+        if (isBlank(line)) continue;
+        containsAnything = true;
+        hasEnded = hasEnded || isEnd(line);
+        add(line, place, display);
+    }
+    if (!containsAnything) return std::nullopt;
+    return display;
+}
+
+// Blank lines come to stand in the text with the line below them, so that a last line stays as it is.
+void ChunkDisplays::add(std::string_view line, std::size_t place, FoundDisplay& display) const {
+    if (display.faulty.fault != LineFault::None) return;
+    display.faulty = look(line);
+    if (display.faulty.fault != LineFault::None) return;
+    display.text.resize(place * screenWidth, u' ');
+    appendUtf16(line, display.text);
+}
+
+FaultyLine ChunkDisplays::look(std::string_view line) const {
+    FaultyLine faulty{.line = line_};
+    if (line.starts_with(leftOutMark)) {
+        faulty.fault = LineFault::OverLong;
+        line.remove_prefix(leftOutMark.size());
+        std::from_chars(line.data(), line.data() + line.size(), faulty.unbrokenLine);
+    } else if (!isUtf8_ && !isUtf8(line)) {
+        faulty.fault = LineFault::NotUtf8;
+    } else if (containsStrayCarriageReturn_ && line.find('\r') != std::string_view::npos) {
+        faulty.fault = LineFault::StrayCarriageReturn;
+    } else if (line.size() > screenWidth && utf16Length(line) > screenWidth) {
+        faulty.fault = LineFault::TooLong;
+        faulty.length = utf16Length(line);
+    }
+    return faulty;
+}
+
+}  // namespace vantro

@@ -1,0 +1,96 @@
+#include "cli/io/input_files.h"
+
+#include "cli/io/failure.h"
+#include "cli/io/max_line.h"
+#include "cli/io/standard_io.h"
+
+#include <algorithm>
+#include <filesystem>
+#include <fstream>
+#include <memory>
+#include <system_error>
+
+namespace vantro {
+
+namespace {
+
+namespace fs = std::filesystem;
+
+constexpr std::size_t blockSize = std::size_t{64} * 1024;
+
+fs::path pathOf(const std::string& file) { return std::u8string(file.begin(), file.end()); }
+
+/// Watches over the lengths of lines that come in blocks.
+class LineLengths {
+public:
+    explicit LineLengths(std::size_t most) : most_(most) {}
+
+    /// Takes a block. False when a line is too long.
+    bool take(std::string_view block) {
+        while (true) {
+            const std::size_t lineEnd = block.find('\n');
+            length_ += std::min(lineEnd, block.size());
+            if (length_ > most_) return false;
+            if (lineEnd == std::string_view::npos) return true;
+            block.remove_prefix(lineEnd + 1);
+            length_ = 0;
+            ++line_;
+        }
+    }
+
+    /// The number of the line that was looked at last.
+    std::size_t line() const { return line_; }
+
+private:
+    std::size_t most_;
+    std::size_t length_ = 0;
+    std::size_t line_ = 1;
+};
+
+}  // namespace
+
+bool isStandardInput(const std::string& file) { return file.empty() || file == "-"; }
+
+std::string inputName(const std::string& file) { return isStandardInput(file) ? "standard input" : file; }
+
+ByteSource openInput(const std::string& file) {
+    if (isStandardInput(file)) return readInput;
+    // A folder opens and fails only when it is read.
+    std::error_code ignored;
+    if (fs::is_directory(pathOf(file), ignored)) {
+        throw UsageError("'" + file + "' is a folder, not a file; give the name of a file in it");
+    }
+    const auto stream = std::make_shared<std::ifstream>(pathOf(file), std::ios::binary);
+    if (!*stream) throw UsageError("cannot read the file '" + file + "'; check its name and permissions");
+    return [stream, file](std::span<char> bytes) {
+        stream->read(bytes.data(), static_cast<std::streamsize>(bytes.size()));
+        if (stream->bad()) throw StreamError("cannot go on reading the file '" + file + "'");
+        return static_cast<std::size_t>(stream->gcount());
+    };
+}
+
+std::string readAll(const std::string& file, std::size_t maxLine) {
+    const ByteSource source = openInput(file);
+    LineLengths lengths(maxLine);
+    std::string all;
+    std::string block(blockSize, '\0');
+    while (const std::size_t count = source(block)) {
+        const std::string_view read = std::string_view(block).substr(0, count);
+        if (!lengths.take(read)) throw UsageError(inputName(file) + ": " + overLongLine(lengths.line(), maxLine));
+        all += read;
+    }
+    return all;
+}
+
+std::uint64_t lengthInAll(const std::vector<std::string>& files) {
+    std::uint64_t sum = 0;
+    for (const std::string& file : files) {
+        std::error_code unknown;
+        const auto length = isStandardInput(file) ? 0 : fs::file_size(pathOf(file), unknown);
+        if (isStandardInput(file) || unknown) return 0;
+        sum += length;
+    }
+    return sum;
+}
+
+}  // namespace vantro

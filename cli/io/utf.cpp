@@ -1,0 +1,177 @@
+#include "cli/io/utf.h"
+
+#include <algorithm>
+#include <cstdint>
+#include <cstring>
+
+namespace vantro {
+
+namespace {
+
+constexpr std::size_t blockSize = 16;
+
+// True when the 16 bytes are all below 0x80.
+bool isAsciiBlock(const char* bytes) {
+    std::uint64_t halves[2];
+    std::memcpy(halves, bytes, blockSize);
+    return ((halves[0] | halves[1]) & 0x8080808080808080U) == 0;
+}
+
+std::size_t asciiPrefixLength(std::string_view bytes) {
+    std::size_t length = 0;
+    while (bytes.size() - length >= blockSize && isAsciiBlock(bytes.data() + length)) length += blockSize;
+    while (length < bytes.size() && static_cast<unsigned char>(bytes[length]) < 0x80) ++length;
+    return length;
+}
+
+constexpr bool isHighSurrogate(char32_t unit) { return unit >= 0xD800 && unit <= 0xDBFF; }
+constexpr bool isLowSurrogate(char32_t unit) { return unit >= 0xDC00 && unit <= 0xDFFF; }
+
+// How many bytes a character with this first byte takes; 0 for a byte that begins none.
+constexpr std::size_t characterLength(unsigned char lead) {
+    if (lead < 0x80) return 1;
+    if (lead < 0xC2) return 0;
+    if (lead < 0xE0) return 2;
+    if (lead < 0xF0) return 3;
+    return lead < 0xF5 ? 4 : 0;
+}
+
+struct Decoded {
+    char32_t value;
+    std::size_t length;  // 0: malformed
+};
+
+Decoded decodeFirst(std::string_view bytes) {
+    constexpr Decoded malformed{0, 0};
+    constexpr char32_t smallest[] = {0, 0, 0x80, 0x800, 0x10000};  // by length: anything below is overlong
+    const auto lead = static_cast<unsigned char>(bytes[0]);
+    const std::size_t length = characterLength(lead);
+    if (length == 0 || length > bytes.size()) return malformed;
+    if (length == 1) return {lead, 1};
+    char32_t value = static_cast<char32_t>(lead & (0x7FU >> length));
+    for (std::size_t i = 1; i < length; ++i) {
+        const auto next = static_cast<unsigned char>(bytes[i]);
+        if ((next & 0xC0U) != 0x80U) return malformed;
+        value = (value << 6U) | (next & 0x3FU);
+    }
+    const bool surrogate = isHighSurrogate(value) || isLowSurrogate(value);
+    return value < smallest[length] || value > 0x10FFFF || surrogate ? malformed : Decoded{value, length};
+}
+
+void appendCodeUnits(char32_t value, Text& text) {
+    if (value < 0x10000) {
+        text += static_cast<char16_t>(value);
+    } else {
+        text += static_cast<char16_t>(0xD800U + ((value - 0x10000U) >> 10U));
+        text += static_cast<char16_t>(0xDC00U + ((value - 0x10000U) & 0x3FFU));
+    }
+}
+
+void appendAscii(std::string_view ascii, Text& text) {
+    const std::size_t before = text.size();
+    text.resize(before + ascii.size());
+    char16_t* const target = text.data() + before;
+    for (std::size_t i = 0; i < ascii.size(); ++i) target[i] = static_cast<unsigned char>(ascii[i]);
+}
+
+}  // namespace
+
+bool isAscii(std::string_view bytes) { return asciiPrefixLength(bytes) == bytes.size(); }
+
+bool isUtf8(std::string_view bytes) {
+    while (true) {
+        bytes.remove_prefix(asciiPrefixLength(bytes));
+        if (bytes.empty()) return true;
+        const Decoded character = decodeFirst(bytes);
+        if (character.length == 0) return false;
+        bytes.remove_prefix(character.length);
+    }
+}
+
+void appendUtf16(std::string_view utf8, Text& text) {
+    while (true) {
+        const std::size_t ascii = asciiPrefixLength(utf8);
+        appendAscii(utf8.substr(0, ascii), text);
+        utf8.remove_prefix(ascii);
+        if (utf8.empty()) return;
+        const Decoded character = decodeFirst(utf8);
+        appendCodeUnits(character.length == 0 ? replacementCharacter : character.value, text);
+        utf8.remove_prefix(character.length == 0 ? 1 : character.length);
+    }
+}
+
+Text toUtf16(std::string_view utf8) {
+    Text text;
+    appendUtf16(utf8, text);
+    return text;
+}
+
+std::size_t utf16Length(std::string_view utf8) {
+    std::size_t units = 0;
+    for (const char byte : utf8) {
+        const auto value = static_cast<unsigned char>(byte);
+        units += static_cast<std::size_t>((value & 0xC0U) != 0x80U) + static_cast<std::size_t>(value >= 0xF0);
+    }
+    return units;
+}
+
+CodePoint codePointAt(TextView text, std::size_t index) {
+    const char32_t unit = text[index];
+    if (!isHighSurrogate(unit) && !isLowSurrogate(unit)) return {unit, 1};
+    const char32_t next = index + 1 < text.size() ? text[index + 1] : u'\0';
+    if (isLowSurrogate(unit) || !isLowSurrogate(next)) return {replacementCharacter, 1};
+    return {0x10000U + ((unit - 0xD800U) << 10U) + (next - 0xDC00U), 2};
+}
+
+void appendUtf8(char32_t codePoint, std::string& utf8) {
+    const auto put = [&utf8](char32_t byte) { utf8 += static_cast<char>(static_cast<unsigned char>(byte)); };
+    const auto putTail = [&put, codePoint](unsigned shift) { put(0x80U | ((codePoint >> shift) & 0x3FU)); };
+    if (codePoint < 0x80) {
+        put(codePoint);
+    } else if (codePoint < 0x800) {
+        put(0xC0U | (codePoint >> 6U));
+        putTail(0);
+    } else if (codePoint < 0x10000) {
+        put(0xE0U | (codePoint >> 12U));
+        putTail(6);
+        putTail(0);
+    } else {
+        put(0xF0U | (codePoint >> 18U));
+        putTail(12);
+        putTail(6);
+        putTail(0);
+    }
+}
+
+void appendUtf8(TextView text, std::string& utf8) {
+    while (!text.empty()) {
+        const auto isAsciiUnit = [](char16_t unit) { return unit < 0x80; };
+        const auto beyond = std::ranges::find_if_not(text, isAsciiUnit);
+        const auto ascii = static_cast<std::size_t>(beyond - text.begin());
+        const std::size_t before = utf8.size();
+        utf8.resize(before + ascii);
+        std::ranges::transform(text.substr(0, ascii), utf8.data() + before,
+                               [](char16_t unit) { return static_cast<char>(unit); });
+        text.remove_prefix(ascii);
+        if (text.empty()) return;
+        const CodePoint character = codePointAt(text, 0);
+        appendUtf8(character.value, utf8);
+        text.remove_prefix(character.units);
+    }
+}
+
+std::string toUtf8(TextView text) {
+    std::string utf8;
+    appendUtf8(text, utf8);
+    return utf8;
+}
+
+std::string inQuotes(TextView text) {
+    constexpr std::size_t longest = 60;
+    std::string result = "\"";
+    appendUtf8(text.substr(0, longest), result);
+    result += text.size() > longest ? "...\"" : "\"";
+    return result;
+}
+
+}  // namespace vantro

@@ -1,0 +1,204 @@
+#include "cli/json/json_values.h"
+
+#include "cli/commands/screen_input.h"
+#include "cli/io/utf.h"
+
+#include <algorithm>
+#include <charconv>
+#include <cstdint>
+#include <optional>
+
+namespace vantro {
+
+namespace {
+
+constexpr const char* wantedText = "a text is expected";
+constexpr const char* wantedList = "an array of texts is expected";
+constexpr const char* wantedScreen = "a text or an array of texts is expected";
+constexpr const char* wantedCollection = "an object of keys and values is expected";
+constexpr const char* wantedItem =
+    "a text, true or false, a whole number from -32768 to 32767 or an array of texts is expected";
+
+// A fraction or an exponent is left over by the conversion, a number that is too big refused by it.
+std::optional<std::int16_t> wholeNumber(std::string_view spelled) {
+    std::int16_t number = 0;
+    const char* const end = spelled.data() + spelled.size();
+    const auto [stop, problem] = std::from_chars(spelled.data(), end, number);
+    if (problem != std::errc{} || stop != end) return std::nullopt;
+    return number;
+}
+
+}  // namespace
+
+void ValueReader::begin() {
+    forget();
+    given_ = true;
+}
+
+void ValueReader::forget() {
+    given_ = false;
+    fault_.clear();
+    clear();
+}
+
+void ValueReader::take(const JsonEvent& event) {
+    if (fault_.empty()) takeWanted(event);
+}
+
+void ValueReader::refuse(std::string fault) { fault_ = std::move(fault); }
+
+void TextReader::takeWanted(const JsonEvent& event) {
+    if (event.kind != JsonKind::String) return refuse(wantedText);
+    appendUtf16(event.text, text_);
+}
+
+void ListReader::clear() {
+    list_.clear();
+    inList_ = false;
+}
+
+void ListReader::takeWanted(const JsonEvent& event) {
+    if (event.kind == JsonKind::StartArray && !inList_) {
+        inList_ = true;
+    } else if (event.kind == JsonKind::String && inList_) {
+        list_.push_back(toUtf16(event.text));
+    } else if (event.kind != JsonKind::EndArray) {
+        refuse(wantedList);
+    }
+}
+
+void ScreenReader::clear() {
+    screen_.clear();
+    lines_ = 0;
+    inList_ = false;
+    null_ = false;
+}
+
+void ScreenReader::takeWanted(const JsonEvent& event) {
+    if (event.kind == JsonKind::String && !inList_) {
+        appendUtf16(event.text, screen_);
+    } else if (event.kind == JsonKind::String) {
+        addLine(event.text);
+    } else if (event.kind == JsonKind::StartArray && !inList_) {
+        inList_ = true;
+    } else if (event.kind == JsonKind::Null && !inList_) {
+        null_ = true;
+    } else if (event.kind != JsonKind::EndArray) {
+        refuse(wantedScreen);
+    }
+}
+
+// A line is padded when it turns out that another one follows.
+void ScreenReader::addLine(std::string_view line) {
+    screen_.resize(lines_ * screenWidth, u' ');
+    const std::size_t start = screen_.size();
+    appendUtf16(line, screen_);
+    ++lines_;
+    const std::size_t length = screen_.size() - start;
+    if (length > screenWidth) refuse(tooLongLine(lines_, length));
+}
+
+void CollectionReader::clear() {
+    collection_.reset();
+    place_ = Place::Outside;
+    wrongKeys_.clear();
+}
+
+void CollectionReader::takeWanted(const JsonEvent& event) {
+    switch (place_) {
+        case Place::InObject: return takeInObject(event);
+        case Place::InList: return takeInList(event);
+        case Place::InUnwanted: return takeNested(event);
+        case Place::Outside: break;
+    }
+    if (event.kind == JsonKind::Null) return;
+    if (event.kind != JsonKind::StartObject) return refuse(wantedCollection);
+    collection_ = std::make_shared<BuiltInCollection>();
+    place_ = Place::InObject;
+}
+
+void CollectionReader::takeInObject(const JsonEvent& event) {
+    switch (event.kind) {
+        case JsonKind::Key: key_.clear(); return appendUtf16(event.text, key_);
+        case JsonKind::String: return add(toUtf16(event.text));
+        case JsonKind::Boolean: return add(event.truth);
+        case JsonKind::Number: return addNumber(event.text);
+        case JsonKind::StartArray:
+            list_.clear();
+            place_ = Place::InList;
+            return;
+        case JsonKind::StartObject:
+            markWrong();
+            place_ = Place::InUnwanted;
+            unwantedDepth_ = 1;
+            return;
+        case JsonKind::EndObject: return finish();
+        default: return markWrong();
+    }
+}
+
+void CollectionReader::takeInList(const JsonEvent& event) {
+    if (event.kind == JsonKind::String) {
+        list_.push_back(toUtf16(event.text));
+    } else if (event.kind == JsonKind::EndArray) {
+        place_ = Place::InObject;
+        add(std::move(list_));
+    } else {
+        markWrong();
+        place_ = Place::InUnwanted;
+        unwantedDepth_ = 1;
+        takeNested(event);
+    }
+}
+
+// What stands inside a value of a wrong kind is passed over, up to the end of that value.
+void CollectionReader::takeNested(const JsonEvent& event) {
+    if (event.kind == JsonKind::StartObject || event.kind == JsonKind::StartArray) ++unwantedDepth_;
+    if (event.kind == JsonKind::EndObject || event.kind == JsonKind::EndArray) --unwantedDepth_;
+    if (unwantedDepth_ == 0) place_ = Place::InObject;
+}
+
+// A key given twice: the last value counts, in the first one's place.
+void CollectionReader::add(ItemValue value) {
+    if (!wrongKeys_.empty()) std::erase(wrongKeys_, key_);
+    collection_->Add(key_, std::move(value));
+}
+
+void CollectionReader::addNumber(std::string_view spelled) {
+    const auto number = wholeNumber(spelled);
+    number ? add(*number) : markWrong();
+}
+
+void CollectionReader::markWrong() {
+    // The place is kept for a good value that may come later.
+    add(false);
+    wrongKeys_.push_back(key_);
+}
+
+void CollectionReader::finish() {
+    place_ = Place::Outside;
+    if (!wrongKeys_.empty()) refuse(inQuotes(wrongKeys_.front()) + ": " + wantedItem);
+}
+
+void CopyReader::clear() {
+    json_.clear();
+    out_.restart();
+}
+
+void CopyReader::takeWanted(const JsonEvent& event) {
+    decoded_.clear();
+    if (event.kind == JsonKind::String || event.kind == JsonKind::Key) appendUtf16(event.text, decoded_);
+    switch (event.kind) {
+        case JsonKind::Null: return out_.null();
+        case JsonKind::Boolean: return out_.boolean(event.truth);
+        case JsonKind::Number: return out_.raw(event.text);
+        case JsonKind::String: return out_.text(decoded_);
+        case JsonKind::Key: return out_.key(decoded_);
+        case JsonKind::StartObject: return out_.beginObject();
+        case JsonKind::EndObject: return out_.endObject();
+        case JsonKind::StartArray: return out_.beginArray();
+        case JsonKind::EndArray: return out_.endArray();
+    }
+}
+
+}  // namespace vantro

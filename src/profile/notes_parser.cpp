@@ -1,0 +1,106 @@
+// The parser side of `CProfileNotes`: queries, lists and the count property.
+#include "framework/int16.h"
+#include "profile/profile_notes.h"
+#include "readers/host_line.h"
+#include "vantro/lists.h"
+
+namespace vantro {
+
+namespace {
+
+constexpr TextView notesPrefix = u"ProfileNotes";
+
+void storeLast(TextList& list, std::size_t length, Text text) {
+    list.resize(length);
+    list.back() = std::move(text);
+}
+
+std::int16_t countNotes(ProfileObject& object, const CountRequest& request) {
+    return static_cast<CProfileNotes&>(object).ProfileNotesElementsCount(request.text, request.searchString,
+                                                                         request.searchQualifier);
+}
+
+}  // namespace
+
+const std::array<CountProperty, 1> notesCounts{{{u"ProfileNotesElementsCount", countNotes}}};
+
+class CProfileNotes::ListsSink final : public NoteSink {
+public:
+    explicit ListsSink(NoteLists& lists) : lists_(lists) {}
+
+    void storeEmpty(std::int16_t number, std::int16_t amount) override { lists_.emptyNotes = {number, amount}; }
+
+    void store(std::int16_t count, const FoundNote& note) override {
+        const auto length = static_cast<std::size_t>(count) + 1;
+        storeLast(lists_.text, length, Text(note.text));
+        storeLast(lists_.number, length, decimal(note.number));
+        storeLast(lists_.qualifier, length, Text(note.qualifier));
+    }
+
+private:
+    NoteLists& lists_;
+};
+
+CProfileNotes::CProfileNotes(Terminal& terminal, const TransErrors& errors) : Transaction(terminal, errors) {
+    lists_.cutToEntry0();
+}
+
+std::int16_t CProfileNotes::ProfileNotesElementsCount(TextView display, TextView searchString,
+                                                      TextView searchQualifier) {
+    return raiseAs(notesCountError, description::readingNotes, [&]() -> std::int16_t {
+        lists_.cutToEntry0();
+        if (display.empty()) return 0;
+        Display lines(terminal(), display);
+        ListsSink sink(lists_);
+        return scanNotes(lines, {searchString, searchQualifier}, sink);
+    });
+}
+
+void CProfileNotes::NoteLists::cutToEntry0() {
+    for (TextList* const list : {&text, &number, &qualifier}) list->resize(1);
+    emptyNotes = {};
+}
+
+void CProfileNotes::NoteLists::writeOut() {
+    const std::size_t length = text.size() + static_cast<std::size_t>(emptyNotes.amount);
+    // All the memory first: lists that cannot be written out are written out the next time.
+    for (TextList* const list : {&text, &number, &qualifier}) list->reserve(length);
+    text.resize(length);
+    qualifier.resize(length);
+    for (; emptyNotes.amount > 0; --emptyNotes.amount) number.push_back(decimal(emptyNotes.firstNumber++));
+}
+
+const TextList* CProfileNotes::list(TextView name) const {
+    lists_.writeOut();
+    if (name == noteTextList) return &lists_.text;
+    if (name == noteNumberList) return &lists_.number;
+    if (name == noteQualifierList) return &lists_.qualifier;
+    return nullptr;
+}
+
+CollectionPtr CProfileNotes::IProfileGet_ProfileElements(TextView display, const CollectionPtr& collection,
+                                                         SelectionSource& /*selection*/) {
+    Parameters request = parameters(collection);
+    const TextView prefix = request.read(key::strKeyPrefix);
+    const NoteFilter filter{request.read(key::strSearchString), request.read(key::strSearchQualifier)};
+    Screen screen(terminal(), display);
+    if (hasHostLine(screen)) display = mid(display, Column{screenWidth + 1});
+    if (prefix.empty()) throw Error(emptyPrefixError, applicationTitle, description::verifyingProfile);
+    // Meant: an answered prefix gives no object, an unknown one gives the collection back.
+    if (trimmed(prefix) != notesPrefix) return collection;
+    addNotes(display, collection, filter);
+    return {};
+}
+
+// A failing scan is this operation's failure here, whatever number the count would have raised.
+void CProfileNotes::addNotes(TextView display, const CollectionPtr& collection, const NoteFilter& filter) {
+    raiseAs(notesQueryError, description::readingNotes, [&] {
+        ProfileNotesElementsCount(display, filter.searchString, filter.qualifier);
+        Results results(*collection);
+        results.add(key::strKeyElement_list, lists_.text);
+        results.add(key::strKeyElementNr_list, lists_.number);
+        results.add(key::strKeyQualifier_list, lists_.qualifier);
+    });
+}
+
+}  // namespace vantro

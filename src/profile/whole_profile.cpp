@@ -1,0 +1,222 @@
+#include "display/families.h"
+#include "framework/constants.h"
+#include "framework/screen.h"
+#include "readers/extractors.h"
+#include "readers/header_readers.h"
+#include "readers/host_line.h"
+#include "readers/note_scanner.h"
+#include "vantro/built_in_terminal.h"
+#include "vantro/profile.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace vantro {
+
+/// The display itself, the texts that were joined from several of its lines, and the lists.
+struct Profile::Storage {
+    explicit Storage(Text text) : display(std::move(text)) {}
+
+    Text display;
+    TextArena joinedElements;
+    TextArena joinedNames;
+    std::vector<Element> elements;
+    std::vector<Note> notes;
+};
+
+namespace {
+
+/// Collects elements and notes. Each family's elements come to stand together.
+class Collector final : public ElementSink, public NoteSink {
+public:
+    Collector(Profile::Storage& storage, std::size_t usualElements) : storage_(storage) {
+        storage_.elements.reserve(usualElements);
+        families_.reserve(usualElements);
+    }
+
+    void store(Family family, std::int16_t /*count*/, const FoundElement& found) override {
+        storage_.elements.push_back({.number = found.number,
+                                     .text = found.text,
+                                     .code = found.code,
+                                     .airline = found.carrier,
+                                     .frequentFlyerNumber = found.account,
+                                     .freeText = found.freeText});
+        families_.push_back(family);
+    }
+
+    void store(std::int16_t /*count*/, const FoundNote& note) override {
+        constexpr std::size_t usualNotes = 32;
+        if (storage_.notes.empty()) storage_.notes.reserve(usualNotes);
+        storage_.notes.push_back({note.number, note.qualifier, note.text});
+    }
+
+    void storeEmpty(std::int16_t /*number*/, std::int16_t /*amount*/) override {}  // the failing scan's notes go
+
+    std::size_t size() const { return families_.size(); }
+
+    /// Forgets the elements from a place on.
+    void dropFrom(std::size_t place) {
+        storage_.elements.resize(place);
+        families_.resize(place);
+    }
+
+    /// Forgets the elements of some families.
+    void drop(FamilySet families) {
+        std::size_t kept = 0;
+        for (std::size_t place = 0; place < size(); ++place) {
+            if (families.contains(families_[place])) continue;
+            storage_.elements[kept] = storage_.elements[place];
+            families_[kept++] = families_[place];
+        }
+        dropFrom(kept);
+    }
+
+    /// Brings the elements of several families, which came in the order of the display, together by family.
+    void groupByFamily() {
+        std::array<std::size_t, familyCount + 1> next{};
+        for (const Family family : families_) ++next[indexOf(family) + 1];
+        for (std::size_t family = 0; family < familyCount; ++family) next[family + 1] += next[family];
+        const std::vector<Element> elements = storage_.elements;
+        const std::vector<Family> families = families_;
+        for (std::size_t from = 0; from < families.size(); ++from) {
+            const std::size_t place = next[indexOf(families[from])]++;
+            storage_.elements[place] = elements[from];
+            families_[place] = families[from];
+        }
+    }
+
+    void keepIn(Profile& profile) const {
+        for (std::size_t begin = 0; begin < size();) {
+            std::size_t end = begin;
+            while (end < size() && families_[end] == families_[begin]) ++end;
+            profile.families[indexOf(families_[begin])] = {storage_.elements.data() + begin, end - begin};
+            begin = end;
+        }
+        profile.notes = storage_.notes;
+    }
+
+private:
+    Profile::Storage& storage_;
+    std::vector<Family> families_;  // of each element
+};
+
+/// Fills a profile query by query; a failing one leaves its value empty and is listed.
+class WholeProfileReader {
+public:
+    WholeProfileReader(Profile& profile, Profile::Storage& storage)
+        : profile_(profile),
+          storage_(storage),
+          display_(terminal_, withoutHostLine(storage.display)),
+          collector_(storage, storage.display.size() / screenWidth) {}  // few displays hold an element a line
+
+    void run() {
+        display_.lookAhead();
+        readHeader();
+        readFamilies();
+        readNotes();
+        collector_.keepIn(profile_);
+        storage_.joinedElements = display_.takeJoinedTexts();
+    }
+
+private:
+    TextView withoutHostLine(TextView display) {
+        Screen screen(terminal_, display);
+        return hasHostLine(screen) ? display.substr(screenWidth) : display;
+    }
+
+    template <class Read>
+    void answer(TextView query, Read&& read) {
+        try {
+            read();
+        } catch (const Error& error) {  // Not covered: memory that runs out passes
+            profile_.problems.push_back({query, error.number(), error.description()});
+        }
+    }
+
+    void readHeader() {
+        answer(u"NM", [&] { profile_.name = readName(display_); });
+        answer(u"RECLOC", [&] { profile_.recordLocator = readRecordLocator(display_); });
+        answer(u"OFFID", [&] { profile_.officeIdentifier = readOfficeIdentifier(display_); });
+        answer(u"PCN", [&] {
+            const CompanyNameLine line = readCompanyName(display_);
+            profile_.companyName.text = storage_.joinedNames.keep(line.name);
+            if (line.number) profile_.companyName.number = storage_.joinedNames.keep(*line.number);
+        });
+        answer(u"PIN", [&] {
+            const NumberedText pin = readPin(display_);
+            profile_.pin = {.number = pin.number, .text = pin.text};
+        });
+        answer(u"PSL", [&] {
+            if (const std::optional<NumberedText> psl = readPsl(display_)) {
+                profile_.psl = Element{.number = psl->number, .text = psl->text};
+            }
+        });
+    }
+
+    void readFamilies() {
+        if (display_.text().empty()) return;
+        const bool isShared = isFarFromCountersEnd();
+        const FamilySet failed = isShared ? readTransferable() : FamilySet();
+        for (const FamilyName& row : familyNames()) {
+            if (!isTransferable(row.family) || !isShared) {
+                readFamily(row);
+            } else if (failed.contains(row.family)) {
+                addProblem(row);
+            }
+        }
+    }
+
+    bool isFarFromCountersEnd() const {
+        constexpr std::size_t farEnough = 32'000;
+        return storage_.display.size() < farEnough * screenWidth;
+    }
+
+    FamilySet readTransferable() {
+        const FamilySet failed = extractTransferable(display_, collector_);
+        if (!failed.empty()) collector_.drop(failed);
+        collector_.groupByFamily();
+        return failed;
+    }
+
+    void readFamily(const FamilyName& row) {
+        const std::size_t before = collector_.size();
+        try {
+            extract(row.family, display_, collector_);
+        } catch (const Error&) {  // Not covered: memory that runs out passes
+            collector_.dropFrom(before);
+            addProblem(row);
+        }
+    }
+
+    void addProblem(const FamilyName& row) {
+        profile_.problems.push_back({row.prefix, extractorError(row.family), Text(description::verifyingProfile)});
+    }
+
+    void readNotes() {
+        if (display_.text().empty()) return;
+        try {
+            scanNotes(display_, {}, collector_);
+        } catch (const Error&) {
+            storage_.notes.clear();
+            profile_.problems.push_back({u"ProfileNotes", notesQueryError, Text(description::readingNotes)});
+        }
+    }
+
+    BuiltInTerminal terminal_;
+    Profile& profile_;
+    Profile::Storage& storage_;
+    Display display_;
+    Collector collector_;
+};
+
+}  // namespace
+
+Profile parseProfile(Text display) {
+    const auto storage = std::make_shared<Profile::Storage>(std::move(display));
+    Profile profile;
+    profile.storage = storage;
+    WholeProfileReader(profile, *storage).run();
+    return profile;
+}
+
+}  // namespace vantro

@@ -1,0 +1,70 @@
+//   ....+....1....+....2....+....3....+....4
+// n ------- DOCUMENTS                              header, never on line 0
+//    1 PAS/ 12345678 XX 01JAN30                    the family's first element
+//    2      87654321 YY 31DEC28                    an element of the run: five blanks after its number
+//    3 PIV/ VISA 998877                            another family ends the run
+//   ------- FOLLOW UP                              the next section
+#include "readers/extractors.h"
+
+namespace vantro {
+
+namespace {
+
+constexpr Width numberWidth{2};
+constexpr TextView indent = u"     ";
+constexpr Width indentWidth{5};
+
+/// An unprefixed line under an element with a one-digit or a two-digit number.
+bool isIndented(TextView trimmedLine) {
+    return mid(trimmedLine, Column{2}, indentWidth) == indent || mid(trimmedLine, Column{3}, indentWidth) == indent;
+}
+
+TextView elementText(const DocumentFamily& row, const DisplayLine& line) {
+    const TextView before = line.containsPrefix(Prefix(row.family), PrefixFrom::Column1) ? TextView(u"/") : indent;
+    return trimmed(mid(line.trimmed(), find(line.trimmed(), before) + 1));
+}
+
+/// Only the first run of the family counts; its lines are not tested for an end.
+std::int16_t collectRun(const DocumentFamily& row, Display& display, Counter number, ElementSink& sink) {
+    Counter count;
+    do {
+        const DisplayLine& line = display.line(number);
+        ++count;
+        sink.store(row.family, count.value(),
+                   {.number = trimmed(left(line.trimmed(), numberWidth)), .text = elementText(row, line)});
+        ++number;
+    } while (isIndented(display.line(number).trimmed()));
+    return count.value();
+}
+
+/// The section under its header: the run under the first line with the prefix, or nothing at the section's end.
+std::int16_t collectSection(const DocumentFamily& row, Display& display, const Display::MarkedLine& header,
+                            ElementSink& sink) {
+    // Meant: a header line that holds an end mark too still has the one line under it looked at.
+    bool isLast = header.marks.isEndOfDisplay();
+    Counter number = header.number;
+    do {
+        ++number;
+        const DisplayLine& line = isLast ? display.line(number) : display.expectedLine(number);
+        if (line.containsPrefix(Prefix(row.family), PrefixFrom::Column1)) return collectRun(row, display, number, sink);
+        isLast = isLast || line.trimmed().starts_with(u"-----") || line.isEndOfDisplay();
+    } while (!isLast);
+    return 0;
+}
+
+}  // namespace
+
+std::int16_t extract(const DocumentFamily& row, Display& display, ElementSink& sink) {
+    const Display::MarkedLine header = display.nextHeaderOrEnd(row.section, Counter(1));
+    if (!header.marks.containsHeader(row.section)) return 0;
+    return collectSection(row, display, header, sink);
+}
+
+std::int16_t extract(Family family, Display& display, ElementSink& sink) {
+    const std::size_t index = indexOf(family);
+    if (index < firstTransferable) return extract(prefixedFamilies[index], display, sink);
+    if (index < firstDocument) return extract(transferableFamilies[index - firstTransferable], display, sink);
+    return extract(documentFamilies[index - firstDocument], display, sink);
+}
+
+}  // namespace vantro

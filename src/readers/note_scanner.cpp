@@ -1,0 +1,85 @@
+//   ....+....1....+....2....+....3....+....4
+// n ------- PROFILE NOTES                          header, never on line 0
+//   A CALL BEFORE TICKETING                        qualifier in column 1, text from column 3
+//   B PREFERS AISLE
+//   >                                              prompt: the search for another header goes on under it
+#include "readers/note_scanner.h"
+
+#include <limits>
+
+namespace vantro {
+
+namespace {
+
+constexpr Width qualifierWidth{2};
+constexpr Column textColumn{3};
+
+bool isKept(const NoteFilter& filter, TextView line) {
+    if (!filter.qualifier.empty() && left(line, Width{1}) != filter.qualifier) return false;
+    return filter.searchString.empty() || contains(line, filter.searchString);
+}
+
+/// The counters of one scan. Notes are numbered on through a second section.
+class NoteScan {
+public:
+    NoteScan(Display& display, const NoteFilter& filter, NoteSink& sink)
+        : display_(display), filter_(filter), sink_(sink) {}
+
+    std::int16_t run() {
+        for (;;) {
+            ++line_;  // the first line looked at is line 1
+            const DisplayLine& line = display_.line(line_);
+            if (line.isBlank()) break;
+            if (!line.marks().any()) continue;
+            if (line.marks().containsPrompt()) break;
+            if (line.marks().containsHeader(Section::Notes)) {
+                if (endsInEndOfDisplay()) break;
+            } else if (line.marks().containsEndText()) {
+                break;
+            }
+        }
+        return count_.value();
+    }
+
+private:
+    /// Reads a section up to the line that ends it: the end text (true) or a prompt (false).
+    bool endsInEndOfDisplay() {
+        for (;;) {
+            ++line_;
+            ++note_;
+            if (display_.isPastEnd(line_)) runOut();
+            const DisplayLine& line = display_.line(line_);
+            if (line.marks().containsEndText()) return true;
+            if (line.marks().containsPrompt()) return false;
+            if (isKept(filter_, line.text())) store(line);
+        }
+    }
+
+    /// Nothing but empty notes from here to the line counter's end.
+    [[noreturn]] void runOut() {
+        const int left = std::numeric_limits<std::int16_t>::max() - line_.value() + 1;
+        if (filter_.keepsEveryNote()) sink_.storeEmpty(note_.value(), static_cast<std::int16_t>(left));
+        fail(Failure::Overflow);
+    }
+
+    void store(const DisplayLine& line) {
+        ++count_;
+        sink_.store(count_.value(),
+                    {note_.value(), left(line.text(), qualifierWidth), trimmed(mid(line.rightTrimmed(), textColumn))});
+    }
+
+    Display& display_;
+    const NoteFilter& filter_;
+    NoteSink& sink_;
+    Counter line_;
+    Counter note_;
+    Counter count_;
+};
+
+}  // namespace
+
+std::int16_t scanNotes(Display& display, const NoteFilter& filter, NoteSink& sink) {
+    return NoteScan(display, filter, sink).run();
+}
+
+}  // namespace vantro

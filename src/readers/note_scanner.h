@@ -1,0 +1,48 @@
+// The notes section of a profile display.
+#pragma once
+
+#include "display/display.h"
+
+#include <cstdint>
+
+namespace vantro {
+
+/// The numbers of a failing scan: asked for the count, and asked for the elements.
+inline constexpr int notesCountError = 5505;
+inline constexpr int notesQueryError = 5500;
+
+/// Which notes are kept. An empty filter keeps every note.
+struct NoteFilter {
+    TextView searchString;  ///< the note holds this text
+    TextView qualifier;     ///< the note's first character is this text, so that a longer one keeps nothing
+
+    bool keepsEveryNote() const { return searchString.empty() && qualifier.empty(); }
+};
+
+/// A kept note. `number` is its place in the section, from 1, notes that were not kept counted too.
+struct FoundNote {
+    std::int16_t number;
+    TextView qualifier;  ///< the line's first two characters
+    TextView text;       ///< the line from its third character on, trimmed
+};
+
+/// Takes the kept notes in the order of the display; `count` is the note's own, from 1.
+class NoteSink {
+public:
+    virtual void store(std::int16_t count, const FoundNote& note) = 0;
+
+    /// Takes the last notes of a section without an end, just before the scan fails: the empty lines behind the display
+    /// up to the line counter's end, `amount` of them, numbered from `number` on.
+    virtual void storeEmpty(std::int16_t number, std::int16_t amount) = 0;
+
+protected:
+    NoteSink() = default;
+    NoteSink(const NoteSink&) = default;
+    NoteSink& operator=(const NoteSink&) = default;
+    ~NoteSink() = default;
+};
+
+/// Gives the number of notes kept. Raises 6 when the notes section has no end: the 16-bit counters overflow.
+std::int16_t scanNotes(Display& display, const NoteFilter& filter, NoteSink& sink);
+
+}  // namespace vantro

@@ -1,0 +1,148 @@
+//   ....+....1....+....2....+....3....+....4
+// n ------- TRAVEL POLICIES - HOTEL                header
+//    1 PHI/ ANY HOTEL IN THE CITY CENTRE           the family's element: number, prefix, text
+//           : NOT NEAR THE AIRPORT                 continuation
+//    2 PPH/ NO SMOKING                             another family's element
+//    3      BREAKFAST INCLUDED                     an element without a prefix
+//   ------- PRE-STORED ENTRIES                     section end
+#include "readers/extractors.h"
+
+#include <algorithm>
+
+namespace vantro {
+
+namespace {
+
+constexpr Column tagColumn{3};
+constexpr Column textColumn{8};
+constexpr Column unprefixedTextColumn{7};  // Meant: in the global-search lines alone the text begins one column early
+constexpr Width numberWidth{2};
+
+/// One extraction: the place in the display and the elements so far.
+class PrefixedExtraction {
+public:
+    PrefixedExtraction(const PrefixedFamily& row, Display& display, ElementSink& sink)
+        : row_(row),
+          prefix_(row.family),
+          joinRule_(row.scheme == Scheme::Plain ? JoinRule::Directly : JoinRule::ColonAfterBlank),
+          display_(display),
+          sink_(sink) {}
+
+    std::int16_t run() {
+        switch (row_.scheme) {  // Not covered: every scheme has its case
+            case Scheme::Plain:
+            case Scheme::ColonJoining: collectWholeSection(); break;
+            case Scheme::Policy: collectOwnLines(); break;
+            case Scheme::GlobalSearch: collectGlobalSearch(); break;
+        }
+        return count_.value();
+    }
+
+private:
+    // A section without a prefixed line does not end the search: the same header may come again. The line that
+    // ended the section is not looked at again.
+    void collectWholeSection() {
+        for (; seekHeader(); ++line_) {
+            if (seekElement()) {
+                collectElements();
+                return;
+            }
+        }
+    }
+
+    void collectOwnLines() {
+        if (!seekHeader()) return;
+        while (seekElement() && collectElements()) {}
+    }
+
+    /// Collects elements from the current line on: up to another family's element (true) or to the section's
+    /// end (false).
+    bool collectElements() {
+        for (;; ++line_) {
+            const DisplayLine& line = display_.expectedLine(line_);
+            if (line.isSectionEnd()) return false;
+            const JoinedLine element = display_.joined(line, line_, joinRule_);
+            const bool isCollected = element.last == line_ ? isOwn(line) : isOwn(line, element.text);
+            line_ = element.last;
+            if (!isCollected) return true;
+            store(element.text, textColumn);
+        }
+    }
+
+    // The line directly under a header is used up by its one test.
+    void collectGlobalSearch() {
+        for (; seekHeader(); ++line_) {
+            ++line_;
+            const DisplayLine& line = display_.line(line_);
+            if (line.containsPrefix(prefix_, row_.searchFrom)) {
+                store(line.trimmed(), textColumn);
+                collectUnprefixed();
+                return;
+            }
+        }
+    }
+
+    // No end test here: a line that ends anything else is not blank in the tag's columns.
+    void collectUnprefixed() {
+        constexpr int atMost = 10;
+        const Counter last = line_ + atMost;
+        for (++line_; line_ <= last; ++line_) {
+            const TextView line = display_.line(line_).trimmed();
+            if (mid(line, tagColumn, row_.tagWidth) != u"     ") return;
+            store(line, unprefixedTextColumn);
+        }
+    }
+
+    /// Goes on to the next header line; false at the end of the display.
+    bool seekHeader() {
+        const Display::MarkedLine found = display_.nextHeaderOrEnd(row_.section, line_);
+        line_ = found.number;
+        return !found.marks.isEndOfDisplay();
+    }
+
+    /// Steps on to the section's next line with the prefix; false at the line that ends the section.
+    bool seekElement() {
+        for (;;) {
+            ++line_;
+            const DisplayLine& line = display_.expectedLine(line_);
+            if (line.isSectionEnd()) return false;
+            if (line.containsPrefix(prefix_, row_.searchFrom)) return true;
+        }
+    }
+
+    /// True for a line that belongs to the family: it has no tag, or the family's own. The whole-section schemes
+    /// have no tag to look at and take every line.
+    bool isOwn(const DisplayLine& line) const {
+        return line.containsPrefix(prefix_, PrefixFrom::Column3) || line.isBlankAt(tagColumn, row_.tagWidth);
+    }
+
+    /// The same for a line with others joined to it: the prefix may have come about across a seam, or further on.
+    bool isOwn(const DisplayLine& first, TextView joined) const {
+        if (isBlank(mid(joined, tagColumn, row_.tagWidth)) || first.containsPrefix(prefix_, PrefixFrom::Column3))
+            return true;
+        const int seam = static_cast<int>(first.trimmed().size()) - static_cast<int>(row_.prefix.size()) + 2;
+        return containsFrom(joined, row_.prefix, std::max(tagColumn, Column{seam}));
+    }
+
+    void store(TextView element, Column text) {
+        ++count_;
+        sink_.store(row_.family, count_.value(),
+                    {.number = trimmed(left(element, numberWidth)), .text = trimmed(mid(element, text))});
+    }
+
+    const PrefixedFamily& row_;
+    const Prefix prefix_;
+    const JoinRule joinRule_;
+    Display& display_;
+    ElementSink& sink_;
+    Counter line_;
+    Counter count_;
+};
+
+}  // namespace
+
+std::int16_t extract(const PrefixedFamily& row, Display& display, ElementSink& sink) {
+    return PrefixedExtraction(row, display, sink).run();
+}
+
+}  // namespace vantro

@@ -1,0 +1,184 @@
+//   ....+....1....+....2....+....3....+....4
+// n ------- PNR TRANSFERABLE DATA                  header
+//   S    1     RM PREFERS MORNING FLIGHTS          number in columns 6 to 8, code from column 14
+//                    AND NO STOPS                  continuation: 17 blanks
+//   A    2    AP  LYS 555-0101                     contacts have their code in columns 12 to 17
+//   ------- DOCUMENTS                              the next section
+#include "framework/constants.h"
+#include "readers/codes.h"
+#include "readers/extractors.h"
+
+#include <algorithm>
+#include <array>
+#include <span>
+
+namespace vantro {
+
+namespace {
+
+constexpr Column numberColumn{6};
+constexpr Width numberWidth{3};
+constexpr Column textColumn{14};
+constexpr Column detailColumn{18};
+
+// Columns inside an element's text, which begins with its code: "FFN XX 1234567", "SR FQTVXX 1234567-TEXT".
+constexpr Column flyerCarrierColumn{5};
+constexpr Column flyerAccountColumn{8};
+constexpr Column requestCodeColumn{5};
+constexpr Column starredCodeColumn{6};
+constexpr Width requestCodeWidth{4};
+constexpr Column requestCarrierColumn{9};
+constexpr Column requestAccountColumn{12};
+constexpr Width carrierWidth{2};
+
+// A run of four blanks ends the part of a frequent-flyer line that counts, for the stored text too.
+void splitFrequentFlyer(FoundElement& element) {
+    if (const Column gap = find(element.text, u"    "); gap > Column{0}) {
+        element.text = trimmed(left(element.text, Width{gap.value}));
+    }
+    element.carrier = mid(element.text, flyerCarrierColumn, carrierWidth);
+    element.account = trimmed(mid(element.text, flyerAccountColumn));
+}
+
+void splitServiceRequest(FoundElement& element) {
+    const TextView text = element.text;
+    element.code = mid(text, requestCodeColumn, requestCodeWidth);
+    if (element.code.starts_with(u'*')) element.code = mid(text, starredCodeColumn, requestCodeWidth);
+    if (const Column dash = find(text, u"-"); dash > Column{0}) element.freeText = trimmed(mid(text, dash + 1));
+    if (element.code == u"FQTV") {
+        // Meant: carrier and account stay where an unstarred request has them.
+        element.carrier = mid(text, requestCarrierColumn, carrierWidth);
+        element.account = trimmed(mid(text, requestAccountColumn));
+    }
+}
+
+bool endsScan(ScanEnd end, const DisplayLine& line) {
+    const LineMarks marks = line.marks();
+    if (marks.containsEndText()) return true;
+    return end == ScanEnd::PromptLineAlone ? line.rightTrimmed() == mark::prompt : marks.containsPrompt();
+}
+
+FoundElement split(const TransferableFamily& row, TextView line) {
+    FoundElement element{.number = trimmed(mid(line, numberColumn, numberWidth)),
+                         .text = trimmed(mid(line, textColumn))};
+    switch (row.split) {  // Not covered: every split has its case
+        case Split::None: break;
+        case Split::FrequentFlyer: splitFrequentFlyer(element); break;
+        case Split::ServiceRequest: splitServiceRequest(element); break;
+        case Split::RemarkDetail: element.freeText = trimmed(mid(line, detailColumn)); break;
+    }
+    return element;
+}
+
+/// The families whose elements may stand in a line that others go on with, by how many go on.
+constexpr FamilySet familiesJoinedBy(JoinRule rule) {
+    FamilySet families;
+    for (const TransferableFamily& row : transferableFamilies) {
+        if (row.join == rule) families.add(row.family);
+    }
+    return families;
+}
+
+constexpr FamilySet oneLineJoiners = familiesJoinedBy(JoinRule::OneBelow);
+constexpr FamilySet twoLineJoiners = familiesJoinedBy(JoinRule::TwoBelow);
+
+/// Several families' scans over the same lines. Each ends where its own row says.
+class Scans {
+public:
+    Scans(std::span<const TransferableFamily> rows, Display& display, ElementSink& sink)
+        : rows_(rows), display_(display), sink_(sink) {
+        for (const TransferableFamily& row : rows) {
+            running_.add(row.family);
+            if (row.start == ScanStart::FirstLine) inSection_.add(row.family);
+        }
+    }
+
+    /// Runs all scans to their ends; gives the count of the one that ended last.
+    std::int16_t run() {
+        for (Counter number;; ++number) {
+            if (inSection_.empty()) number = display_.nextMarked(number).number;
+            const DisplayLine& line = display_.expectedLine(number);
+            if (line.marks().any() || line.text().starts_with(u"------")) {
+                passBoundary(line);
+                if (running_.empty()) return lastCount_;
+            }
+            if (!inSection_.empty()) testElement(line, number);
+        }
+    }
+
+    /// The families whose scans have not ended.
+    FamilySet running() const { return running_; }
+
+private:
+    /// Ends the scans that end at this line and takes the others into the section that it opens.
+    void passBoundary(const DisplayLine& line) {
+        const bool isHeader = line.marks().containsHeader(Section::Transferable);
+        const bool isOtherHeader = !isHeader && line.text().starts_with(u"------");
+        for (std::size_t index = 0; index < rows_.size(); ++index) {
+            const Family family = rows_[index].family;
+            if (!running_.contains(family)) continue;
+            if (endsScan(rows_[index].end, line) || (inSection_.contains(family) && isOtherHeader)) {
+                running_.remove(family);
+                inSection_.remove(family);
+                lastCount_ = counts_[index].value();
+            } else if (isHeader) {
+                inSection_.add(family);
+            }
+        }
+    }
+
+    // Joined lines are not used up: each of them is looked at again as a line of its own.
+    void testElement(const DisplayLine& line, Counter number) {
+        const JoinedLine element = display_.joined(line, number, JoinRule::OneBelow);
+        if (element.last == number) {
+            storeAs(inSection_ & codesIn(line), element.text);
+            return;
+        }
+        storeAs(inSection_ & oneLineJoiners & codesIn(element.text), element.text);
+        if ((inSection_ & twoLineJoiners).empty()) return;
+        const TextView longer = display_.joined(line, number, JoinRule::TwoBelow).text;
+        storeAs(inSection_ & twoLineJoiners & codesIn(longer), longer);
+    }
+
+    static FamilySet codesIn(TextView text) { return vantro::codesIn(text); }
+    static FamilySet codesIn(const DisplayLine& line) {
+        const TextView text = line.rightTrimmed();
+        return line.fitsBits() ? vantro::codesIn(text, line.blanks()) : vantro::codesIn(text);
+    }
+
+    void storeAs(FamilySet families, TextView line) {
+        if (families.empty()) return;
+        for (std::size_t index = 0; index < rows_.size(); ++index) {
+            const TransferableFamily& row = rows_[index];
+            if (!families.contains(row.family)) continue;
+            ++counts_[index];
+            sink_.store(row.family, counts_[index].value(), split(row, line));
+        }
+    }
+
+    std::span<const TransferableFamily> rows_;
+    Display& display_;
+    ElementSink& sink_;
+    FamilySet running_;
+    FamilySet inSection_;                                      // of the running ones
+    std::array<Counter, transferableFamilies.size()> counts_;  // of the rows
+    std::int16_t lastCount_ = 0;
+};
+
+}  // namespace
+
+std::int16_t extract(const TransferableFamily& row, Display& display, ElementSink& sink) {
+    return Scans({&row, 1}, display, sink).run();
+}
+
+FamilySet extractTransferable(Display& display, ElementSink& sink) {
+    Scans scans(transferableFamilies, display, sink);
+    try {
+        scans.run();
+        return {};
+    } catch (const Error&) {
+        return scans.running();
+    }
+}
+
+}  // namespace vantro

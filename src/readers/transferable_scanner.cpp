@@ -1,0 +1,110 @@
+//   ....+....1....+....2....+....3....+....4
+// n ------- PNR TRANSFERABLE DATA
+//   S    1     RM PREFERS MORNING FLIGHTS          kind in column 1, number in 6 to 8, text from 14
+//                    AND NO STOPS                  17 blanks: goes on from column 18
+//   A    2    AP  LYS 555-0101
+#include "readers/transferable_scanner.h"
+
+#include <algorithm>
+#include <optional>
+
+namespace vantro {
+
+namespace {
+
+constexpr Column numberColumn{6};
+constexpr Width numberWidth{3};
+constexpr Column textColumn{14};
+constexpr Width continuationIndent{17};
+
+constexpr char16_t upperCase(char16_t character) {
+    return character >= u'a' && character <= u'z' ? static_cast<char16_t>(character - u'a' + u'A') : character;
+}
+
+Text upperCased(TextView text) {
+    Text upper(text);
+    std::ranges::transform(upper, upper.begin(), upperCase);
+    return upper;
+}
+
+/// What the caller wants: the kinds of element and the beginnings of their texts.
+class Selection {
+public:
+    explicit Selection(SelectionSource& source) : entries_(source.size()) {
+        for (std::size_t index = 0; index < entries_.size(); ++index) {
+            Text& entry = entries_[index];
+            entry = upperCased(source.entry(index));
+            const bool namesShared = entry.starts_with(u"S  ");
+            const bool namesOwn = entry.starts_with(u"A  ");
+            if (namesShared || namesOwn) entry = Text(trimmed(mid(entry, Column{2})));
+            wantsS_ = wantsS_ || namesShared;
+            wantsA_ = wantsA_ || namesOwn;
+            source.store(index, entry);
+        }
+        qualifier_ = source.qualifier();
+    }
+
+    bool takes(char16_t kind, TextView text, Display& display) const {
+        const bool wantsAnyKind = !wantsS_ && !wantsA_;
+        if (!wantsAnyKind && !(kind == u'S' ? wantsS_ : wantsA_)) return false;
+        if (!qualifier_.empty() && display.screen().textField(text, 1, u" ") != qualifier_) return false;
+        const Text upper = upperCased(text);
+        return std::ranges::any_of(entries_, [&](const Text& entry) { return upper.starts_with(entry); });
+    }
+
+private:
+    TextList entries_;
+    TextView qualifier_;
+    bool wantsS_ = false;
+    bool wantsA_ = false;
+};
+
+struct TransferableElement {
+    char16_t kind;
+    TextView number;
+    Text text;
+};
+
+bool opensElement(TextView line) { return line.starts_with(u'S') || line.starts_with(u'A'); }
+
+/// The first line under the section's header, or nothing when the display ends before it.
+std::optional<Counter> seekSection(Display& display) {
+    const Display::MarkedLine found = display.nextHeaderOrEnd(Section::Transferable, Counter(0));
+    if (found.marks.isEndOfDisplay()) return std::nullopt;
+    return found.number + 1;
+}
+
+bool endsSection(const DisplayLine& line) { return line.isEndOfDisplay() || line.text().starts_with(u"------"); }
+
+/// The element whose first line is `number`; leaves `number` at the line under its last one.
+TransferableElement readElement(Display& display, Counter& number) {
+    const TextView line = display.line(number).text();
+    TransferableElement element{line.front(), trimmed(mid(line, numberColumn, numberWidth)),
+                                Text(trimmed(mid(line, textColumn)))};
+    for (++number;; ++number) {
+        const DisplayLine& below = display.expectedLine(number);
+        if (endsSection(below) || !below.beginsBlank(continuationIndent)) return element;
+        element.text += below.trimmed();
+    }
+}
+
+}  // namespace
+
+TextList scanTransferable(Display& display, SelectionSource& selection) {
+    const Selection selected(selection);
+    TextList numbers(1);
+    const std::optional<Counter> section = seekSection(display);
+    if (!section) return numbers;
+    for (Counter number = *section;;) {
+        const DisplayLine& line = display.expectedLine(number);
+        if (endsSection(line)) return numbers;
+        if (!opensElement(line.text())) {
+            ++number;
+            continue;
+        }
+        const TransferableElement element = readElement(display, number);
+        if (selected.takes(element.kind, element.text, display)) numbers.emplace_back(element.number);
+    }
+}
+
+}  // namespace vantro

@@ -1,0 +1,114 @@
+#include "vantro/built_in_terminal.h"
+
+#include "framework/int16.h"
+#include "framework/screen.h"
+#include "framework/text_ops.h"
+
+#include <algorithm>
+
+namespace vantro {
+
+namespace {
+
+constexpr char16_t lowerCase(char16_t character) {
+    return character >= u'A' && character <= u'Z' ? static_cast<char16_t>(character - u'A' + u'a') : character;
+}
+
+bool equalsIgnoringCase(TextView text, TextView lowerCased) {
+    return std::ranges::equal(text, lowerCased, {}, lowerCase);
+}
+
+bool truthOf(TextView text) {
+    if (text.empty() || equalsIgnoringCase(text, u"false")) return false;
+    if (equalsIgnoringCase(text, u"true")) return true;
+    if (text.front() == u'+' || text.front() == u'-') text.remove_prefix(1);
+    if (!isNumeric(text)) fail(Failure::TypeMismatch);
+    return text.find_first_not_of(u'0') != TextView::npos;
+}
+
+// Few collections outgrow a search from front to back; those that do keep the places of their keys.
+constexpr std::size_t fewKeys = 32;
+
+}  // namespace
+
+std::size_t BuiltInCollection::placeOf(TextView key) const {
+    if (!places_.empty()) {
+        const auto known = places_.find(Text(key));
+        return known == places_.end() ? absent : known->second;
+    }
+    const auto entry = std::ranges::find(entries_, key, &Entry::key);
+    return entry == entries_.end() ? absent : static_cast<std::size_t>(entry - entries_.begin());
+}
+
+void BuiltInCollection::Add(TextView key, ItemValue value) {
+    if (const std::size_t place = placeOf(key); place != absent) {
+        entries_[place].value_ = std::move(value);
+        return;
+    }
+    // All that takes memory comes before the first change: an `Add` that fails leaves the collection as it was.
+    Entry added(key, std::move(value));
+    constexpr std::size_t usualKeys = 8;
+    if (entries_.size() == entries_.capacity()) entries_.reserve(std::max(usualKeys, 2 * entries_.size()));
+    if (entries_.size() >= fewKeys) notePlaceOfNext(added.key());
+    entries_.push_back(std::move(added));
+}
+
+void BuiltInCollection::notePlaceOfNext(const Text& key) {
+    if (!places_.empty()) {
+        places_.emplace(key, entries_.size());
+        return;
+    }
+    std::unordered_map<Text, std::size_t> places;
+    for (std::size_t place = 0; place < entries_.size(); ++place) places.emplace(entries_[place].key(), place);
+    places.emplace(key, entries_.size());
+    places_ = std::move(places);
+}
+
+ItemPtr BuiltInCollection::Item(TextView key) const {
+    const std::size_t place = placeOf(key);
+    // The item is the entry itself: the pointer owns nothing and costs nothing.
+    return place == absent ? ItemPtr() : ItemPtr(std::shared_ptr<void>(), &entries_[place]);
+}
+
+TextView BuiltInTerminal::ItemText(const ItemPtr& item, TextStore& store) {
+    if (!item) return {};
+    const ItemValue& value = item->Value();
+    if (const auto* text = std::get_if<Text>(&value)) return *text;
+    if (const auto* truth = std::get_if<bool>(&value)) return *truth ? u"True" : u"False";
+    if (const auto* number = std::get_if<std::int16_t>(&value)) return store.keep(decimal(*number));
+    fail(Failure::TypeMismatch);
+}
+
+bool BuiltInTerminal::ItemBoolean(const ItemPtr& item) {
+    if (!item) return false;
+    const ItemValue& value = item->Value();
+    if (const auto* truth = std::get_if<bool>(&value)) return *truth;
+    if (const auto* number = std::get_if<std::int16_t>(&value)) return *number != 0;
+    if (const auto* text = std::get_if<Text>(&value)) return truthOf(*text);
+    fail(Failure::TypeMismatch);
+}
+
+TextView BuiltInTerminal::ScreenLine(TextView response, std::int16_t line, TextStore& /*store*/) {
+    if (line < 0) fail(Failure::InvalidProcedureCall);
+    return lineByPosition(response, line);
+}
+
+// The built-in library knows one screen at a time and looks at all of it, whatever the line argument.
+bool BuiltInTerminal::FindMarker(TextView response, TextView marker, std::int16_t /*line*/) {
+    return contains(response, marker);
+}
+
+TextView BuiltInTerminal::TextField(TextView text, std::int16_t number, TextView separator, TextStore& /*store*/) {
+    for (std::int16_t field = 1;; ++field) {
+        const std::size_t end = separator.empty() ? TextView::npos : text.find(separator);
+        if (field >= number) return number < 1 ? TextView{} : text.substr(0, end);
+        if (end == TextView::npos) return {};
+        text.remove_prefix(end + separator.size());
+    }
+}
+
+void BuiltInTerminal::ReportError(const Error& current, const Error* given) {
+    if (sink_) sink_(given != nullptr ? *given : current);
+}
+
+}  // namespace vantro

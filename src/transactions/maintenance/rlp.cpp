@@ -1,0 +1,105 @@
+//   ....+....1....+....2....+....3
+// 0 RLP
+// 1 --- RLR ---
+// 2 RP/NCEVN3101/
+// 3 T/KQ4R7T /P1
+// 4 C/Q2W3E4
+// 5 >
+#include "transactions/maintenance/rlp.h"
+
+namespace vantro {
+
+namespace {
+
+enum class Shown : std::uint8_t { Nothing, Pnr, NoElements };
+
+constexpr LineRange titleLines{1, 4};
+// clang-format off
+constexpr ScreenTest<Shown> titles[] = {
+    {mark::pnr,           Place::StartsLine, Shown::Pnr},
+    {u"NO ELEMENT FOUND", Place::InLine,     Shown::NoElements},
+};
+// clang-format on
+
+constexpr std::int16_t firstEntryLine = 1;
+constexpr std::int16_t lastEntryLine = 24;
+
+// The next prompt ends the list; the echo of the entry itself does not.
+bool isPrompt(TextView line) { return contains(line, mark::prompt) && !line.starts_with(u">RLP"); }
+
+// A passenger number of two digits, or the first character alone.
+TextView passengerNumber(TextView association) {
+    constexpr Width one{1};
+    return isNumeric(mid(association, Column{2}, one)) ? association : left(association, one);
+}
+
+}  // namespace
+
+Text CRLPTrans::IProfileTrans_CreateCommand(const CollectionPtr& /*params*/) { return Text(code::RLP); }
+
+CollectionPtr CRLPTrans::IProfileTrans_VerifyResponse(TextView response, const CollectionPtr& collection) {
+    if (response.empty()) return {};
+    const std::int16_t index = toInt16(parameters(collection).read(key::strKeyIndex));
+    CollectionPtr added = terminal().createCollection();
+    Results results(*added);
+    reportOwnError([&] { readLinkedProfile(response, index, results); });
+    return added;
+}
+
+void CRLPTrans::readLinkedProfile(TextView response, std::int16_t index, Results& results) {
+    Screen screen(terminal(), response);
+    const Shown shown = findShown(screen, titleLines, titles, Shown::Nothing).shown;
+    if (shown == Shown::NoElements) results.add(key::blnKeyNoElementsFound, true);
+    if (shown != Shown::Pnr) return;
+
+    RecLocCount(response);
+    if (index < 0 || static_cast<std::size_t>(index) >= profiles_.size()) fail(Failure::SubscriptOutOfRange);
+    const LinkedProfile& entry = profiles_[static_cast<std::size_t>(index)];
+    results.add(key::strKeyPasAsso, entry.passenger);
+    results.add(key::strKeyRecLoc, entry.recordLocator);
+    results.add(key::blnKeyTraveller, entry.isTraveller);
+    results.add(key::blnKeyCompany, entry.isCompany);
+}
+
+std::int16_t CRLPTrans::RecLocCount(TextView response) {
+    std::int16_t highest = 0;
+    reportOwnError([&] {
+        Screen screen(terminal(), response);
+        readProfiles(screen);
+        highest = toInt16(static_cast<long long>(profiles_.size()) - 1);
+    });
+    return highest;
+}
+
+void CRLPTrans::readProfiles(Screen& screen) {
+    profiles_.assign(1, LinkedProfile{});
+    for (std::int16_t number = firstEntryLine; number <= lastEntryLine; ++number) {
+        if (!profiles_.back().recordLocator.empty()) profiles_.emplace_back();
+        const TextView line = screen.line(number);
+        readEntry(line, profiles_.back());
+        if (isPrompt(line)) return;
+    }
+}
+
+// An entry that got its kind from a line too short for a locator takes the locator from the next line.
+void CRLPTrans::readEntry(TextView line, LinkedProfile& entry) {
+    constexpr Column locatorColumn{3};
+    constexpr Width locatorWidth{6};
+    constexpr Column associationsFrom{9};  // Meant: a "/P" further left belongs to something else
+    constexpr TextView passengerMark = u"/P";
+    constexpr Width passengerWidth{2};
+
+    if (line.starts_with(u"T/")) {
+        entry.isTraveller = true;
+    } else if (line.starts_with(u"C/")) {
+        entry.isCompany = true;
+    }
+    if (!entry.isTraveller && !entry.isCompany) return;
+    entry.recordLocator = mid(line, locatorColumn, locatorWidth);
+    if (const Column place = find(line, passengerMark, associationsFrom); place > Column{0}) {
+        const int markWidth = static_cast<int>(passengerMark.size());
+        entry.passenger = passengerNumber(trimmed(mid(line, place + markWidth, passengerWidth)));
+    }
+}
+
+}  // namespace vantro

@@ -1,0 +1,174 @@
+//   ....+....1....+....2....+....3....+....4....+....5....+....6
+// 0 PDN/KES
+// 1 SIMILAR COMPANY NAME LIST
+// 2      COMPANY                         RECLOC     OFFICE
+// 3    1 KESTRELLO TOOLS                 Q2W3E4     NCEVN3101
+// 4    2 KESTERSON MARINE INSURANCE AND  R5T6Y7     NCEVN3101
+// 5      SURVEY
+// 6 END OF BLOCK - USE PDMD
+#include "transactions/search/pdn.h"
+
+#include "transactions/search/list_walk.h"
+
+#include <optional>
+
+namespace vantro {
+
+namespace {
+
+enum class Shown : std::uint8_t { Nothing, TravellerList, CompanyList, CompanyProfile, TravellerProfile };
+
+// Meant: line 0 is the echo of the entry and is never looked at, even when it begins with a mark.
+constexpr LineRange titleLines{1, 9};
+// clang-format off
+constexpr ScreenTest<Shown> titles[] = {
+    {mark::similarTravellers, Place::StartsLine, Shown::TravellerList},
+    {mark::similarCompanies,  Place::StartsLine, Shown::CompanyList},
+    {mark::companyProfile,    Place::StartsLine, Shown::CompanyProfile},
+    {mark::travellerProfile,  Place::StartsLine, Shown::TravellerProfile},
+};
+// clang-format on
+
+/// The record locator's column: as it came in with the call, or as this call found it.
+struct LocatorColumn {
+    TextView incoming;
+    std::optional<std::int16_t> found;
+
+    bool isKnown() const { return found.has_value() || !incoming.empty(); }
+    int position() const { return found ? *found : toInt16(incoming); }
+};
+
+/// What the screen shows; kept as far as it was read when reading fails.
+struct Answer {
+    bool endOfBlock = false;
+    LocatorColumn locator;
+    Shown shown = Shown::Nothing;
+    bool merged = false;
+    Text companyNames;
+};
+
+constexpr Width locatorWidth{6};
+
+// A header without the locator's title puts the column at 5, left of every name.
+std::int16_t locatorColumnIn(TextView header) {
+    constexpr int blanksBeforeTitle = 5;
+    return toInt16((find(header, u"     RECLOC     ") + blanksBeforeTitle).value);
+}
+
+// Meant: the part of a name that is copied stops two columns before the locator, while the test for a wrapped
+// name looks one column further, at all that stands before the locator.
+TextView nameForTest(TextView line, int locator) { return mid(line, entryTextColumn, Width{locator - 6}); }
+TextView nameToCopy(TextView line, int locator) { return mid(line, entryTextColumn, Width{locator - 7}); }
+
+void trimInPlace(Text& text) {
+    text.resize(rightTrimmed(text).size());
+    text.erase(0, text.size() - trimmed(text).size());
+}
+
+/// Collects the names of a company list, or of the continuation of one.
+class CompanyNames {
+public:
+    CompanyNames(ListWalk lines, Answer& answer) : lines_(lines), isContinuation_(answer.endOfBlock), answer_(answer) {}
+
+    void read() {
+        while (header()) {
+            while (entry(lines_.next())) {}
+            if (!hasListNumber(lines_.line())) break;
+        }
+        trimInPlace(answer_.companyNames);
+    }
+
+private:
+    bool header() {
+        if (!lines_.findHeader(isContinuation_ ? anyLine : mark::companyColumn)) return false;
+        if (!answer_.locator.isKnown()) answer_.locator.found = locatorColumnIn(lines_.line());
+        if (isContinuation_) lines_.stepBack();  // the line found is an entry already
+        return true;
+    }
+
+    // False for the line that ends the block.
+    bool entry(TextView line) {
+        answer_.endOfBlock = contains(line, mark::endOfBlock);
+        if (answer_.endOfBlock || !isUsable(line)) return false;
+        const TextView number = listNumber(line);
+        const int locator = answer_.locator.position();
+        const bool hasLocator = !isBlank(mid(line, Column{locator}, locatorWidth));
+        const bool hasName = !isBlank(nameForTest(line, locator));
+        if (hasName && !hasLocator && number.empty()) {
+            answer_.companyNames.append(nameToCopy(line, locator));  // a name wrapped onto this line
+            return true;
+        }
+        if (!isNumeric(number)) return false;
+        company(line, locator);
+        return true;
+    }
+
+    void company(TextView line, int locator) {
+        Text& names = answer_.companyNames;
+        if (!names.empty()) {
+            trimInPlace(names);
+            names.push_back(u',');
+        }
+        names.append(locator > 5 ? nameToCopy(line, locator) : mid(line, entryTextColumn));
+    }
+
+    ListWalk lines_;
+    bool isContinuation_;
+    Answer& answer_;
+};
+
+void readScreen(Screen& screen, Answer& answer) {
+    const auto seen = findShown(screen, titleLines, titles, Shown::Nothing);
+    answer.shown = seen.shown;
+    answer.merged = seen.shown == Shown::TravellerProfile && contains(screen.text(), mark::merged);
+    if (!answer.endOfBlock && seen.shown != Shown::CompanyList) return;
+    CompanyNames(ListWalk(screen, 1, seen.line), answer).read();
+}
+
+// The column goes out as a number only from the call that found it; what came in passes through.
+void addLocatorColumn(Results& results, const LocatorColumn& locator) {
+    if (locator.found) {
+        results.addNumber(key::strKeyRecLocPos, *locator.found);
+    } else {
+        results.add(key::strKeyRecLocPos, locator.incoming);
+    }
+}
+
+}  // namespace
+
+Text CPDNTrans::IProfileTrans_CreateCommand(const CollectionPtr& params) {
+    Parameters given = parameters(params);
+    const TextView name = given.read(key::strKeyName);
+    const TextView company = given.read(key::strKeyCompany);
+    const bool exactMatch = given.read(key::blnKeyExactMatch);
+    const TextView office = given.read(key::strKeyOfficeID);
+    if (name.empty() && company.empty()) return {};
+    return concat({code::PDN, u"/", office, onlyIf(!office.empty(), u"/"), company, onlyIf(!name.empty(), u"-"), name,
+                   onlyIf(exactMatch, u"/")});
+}
+
+CollectionPtr CPDNTrans::IProfileTrans_VerifyResponse(TextView response, const CollectionPtr& collection) {
+    if (response.empty()) return {};
+    Parameters state = parameters(collection);
+    Answer answer;
+    if (collection) {
+        answer.endOfBlock = state.read(key::blnKeyEndOfBlock);
+        answer.locator.incoming = state.read(key::strKeyRecLocPos);
+    }
+    Screen screen(terminal(), response);
+    reportErrors(terminal(), [&] { readScreen(screen, answer); });
+
+    CollectionPtr added = terminal().createCollection();
+    Results results(*added);
+    results.add(key::blnKeyTrList, answer.shown == Shown::TravellerList);
+    results.add(key::blnKeyTrProfile, answer.shown == Shown::TravellerProfile);
+    results.add(key::blnKeyCompanyList, answer.shown == Shown::CompanyList);
+    results.add(key::blnKeyCoProfile, answer.shown == Shown::CompanyProfile);
+    results.add(key::blnKeyMerge, answer.merged);
+    results.add(key::strKeyCoNames, std::move(answer.companyNames));
+    results.add(key::blnKeyEndOfBlock, answer.endOfBlock);
+    addLocatorColumn(results, answer.locator);
+    return added;
+}
+
+}  // namespace vantro

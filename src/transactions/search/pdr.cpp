@@ -1,0 +1,87 @@
+//   ....+....1....+....2....+....3....+....4....+....5....+....6
+// 0 PDRT/KQ4R7T
+// 1 *T*  SMITH/ANNA MS                    KQ4R7T     *MRG*
+//
+// or a refusal anywhere on the screen.
+#include "transactions/search/pdr.h"
+
+#include "transactions/search/profile_marks.h"
+
+namespace vantro {
+
+namespace {
+
+constexpr LineRange profileLines{0, 3};
+
+enum class Refusal : std::uint8_t { None, NoSuchLocator, Deactivated, BadInput };
+
+struct RefusalTest {
+    TextView mark;
+    Refusal refusal;
+};
+
+// clang-format off
+constexpr RefusalTest refusals[] = {
+    {u"RECORD LOCATOR NOT FOUND",      Refusal::NoSuchLocator},
+    {u"DEACTIVATED TRAVELLER PROFILE", Refusal::Deactivated},
+    {u"CHECK INPUT",                   Refusal::BadInput},
+};
+// clang-format on
+
+// The rank of the refusals decides, not their order on the screen.
+Refusal refusalIn(TextView response) {
+    for (const RefusalTest& test : refusals) {
+        if (contains(response, test.mark)) return test.refusal;
+    }
+    return Refusal::None;
+}
+
+constexpr std::int16_t profileTypeLine = 4;  // Meant: the terminal is asked with 4 here, with 6 or 10 for a PNR
+
+}  // namespace
+
+// Any other indicator, in lower case too, adds nothing.
+Text CPDRTrans::IProfileTrans_CreateCommand(const CollectionPtr& params) {
+    Parameters given = parameters(params);
+    const TextView locator = given.read(key::strKeyRecLoc);
+    const TextView indicator = given.read(key::strKeyIndicator);
+    if (locator.empty()) return {};
+    return concat({code::PDR, onlyIf(indicator == u"T" || indicator == u"C", indicator), u"/", locator});
+}
+
+CollectionPtr CPDRTrans::IProfileTrans_VerifyResponse(TextView response, const CollectionPtr& /*collection*/) {
+    return reportedResults(response, [](Screen& screen, Results& results) {
+        const auto seen = findShown(screen, profileLines, profileMarks, ProfileShown::None);
+        // Meant: the merge mark counts in the profile's own line only, not anywhere on the screen.
+        const bool merged = seen.shown == ProfileShown::Traveller && contains(seen.line, mark::merged);
+        const Refusal refusal = seen.shown == ProfileShown::None ? refusalIn(screen.text()) : Refusal::None;
+        results.add(key::blnKeyCoProfile, seen.shown == ProfileShown::Company);
+        results.add(key::blnKeyTrProfile, seen.shown == ProfileShown::Traveller);
+        results.add(key::blnKeyErrNoRecLoc, refusal == Refusal::NoSuchLocator);
+        results.add(key::blnKeyErrCheckInput, refusal == Refusal::BadInput);
+        results.add(key::blnKeyMerged, merged);
+        results.add(key::blnKeyDeactivatedTProfile, refusal == Refusal::Deactivated);
+    });
+}
+
+// Meant: an empty company goes out as well.
+Text CPCNTrans::IProfileTrans_CreateCommand(const CollectionPtr& params) {
+    Parameters given = parameters(params);
+    const TextView company = given.read(key::strKeyCompany);
+    return concat({code::PCN, u"/", company});
+}
+
+CollectionPtr CPCNTrans::IProfileTrans_VerifyResponse(TextView response, const CollectionPtr& /*collection*/) {
+    if (response.empty()) return {};
+    Screen screen(terminal(), response);
+    const bool traveller = screen.findMarker(mark::travellerProfile, profileTypeLine);
+    const bool company = !traveller && screen.findMarker(mark::companyProfile, profileTypeLine);
+
+    CollectionPtr added = terminal().createCollection();
+    Results results(*added);
+    results.add(key::blnKeyTrProfile, traveller);
+    results.add(key::blnKeyCoProfile, company);
+    return added;
+}
+
+}  // namespace vantro

@@ -1,0 +1,89 @@
+//   ....+....1....+....2....+....3....+....4....+....5....+....6
+// 0 PH
+// 1 PROFILE HISTORY                                                KQ4R7T
+// 2 TRAVELLER PROFILE   : SMITH/ANNA MS
+// 3 LAST PNR TRANSFER  : 04MAR24 1610
+// 4 PROFILE CREATION   : 19AUG21 0907
+#include "transactions/search/ph.h"
+
+#include <limits>
+#include <optional>
+
+namespace vantro {
+
+namespace {
+
+enum class Shown : std::uint8_t { Nothing, History, EndOfList };
+
+constexpr LineRange titleLines{0, 5};
+// clang-format off
+constexpr ScreenTest<Shown> titles[] = {
+    {u"PROFILE HISTORY       ", Place::InLine, Shown::History},
+    {mark::noSuchElement,       Place::InLine, Shown::EndOfList},
+};
+// clang-format on
+
+struct History {
+    std::optional<TextView> name;
+    std::optional<TextView> lastTransfer;
+    std::optional<TextView> creation;
+
+    bool hasBothDates() const { return lastTransfer && creation; }
+};
+
+struct Label {
+    TextView mark;
+    Column from;
+    Width width;
+    std::optional<TextView> History::*value;
+};
+
+constexpr std::int16_t lastLabelLine = 12;
+constexpr Width toLineEnd{std::numeric_limits<int>::max()};
+
+// Meant: a name begins in column 22, a date in column 21, and the company's label goes without its colon.
+// clang-format off
+constexpr Label labels[] = {
+    {u"TRAVELLER PROFILE   :", Column{22}, toLineEnd, &History::name},
+    {u"COMPANY PROFILE",       Column{22}, toLineEnd, &History::name},
+    {u"LAST PNR TRANSFER  :",  Column{21}, Width{8},  &History::lastTransfer},
+    {u"PROFILE CREATION   :",  Column{21}, Width{8},  &History::creation},
+};
+// clang-format on
+
+void readLabels(TextView line, History& history) {
+    for (const Label& label : labels) {
+        if (contains(line, label.mark)) history.*label.value = trimmed(mid(line, label.from, label.width));
+    }
+}
+
+// The reading stops at the second date, whether a name was seen or not.
+History readHistory(Screen& screen, std::int16_t titleLine) {
+    History history;
+    for (std::int16_t number = titleLine; number < lastLabelLine && !history.hasBothDates();) {
+        readLabels(screen.line(++number), history);
+    }
+    return history;
+}
+
+}  // namespace
+
+Text CPHTrans::IProfileTrans_CreateCommand(const CollectionPtr& params) {
+    Parameters given = parameters(params);
+    const TextView elementNr = given.read(key::strKeyElementNr);
+    return concat({code::PH, elementNr});
+}
+
+CollectionPtr CPHTrans::IProfileTrans_VerifyResponse(TextView response, const CollectionPtr& /*collection*/) {
+    return reportedResults(response, [](Screen& screen, Results& results) {
+        const auto seen = findShown(screen, titleLines, titles, Shown::Nothing);
+        const History history = seen.shown == Shown::History ? readHistory(screen, seen.number) : History{};
+        results.add(key::blnKeyProfile, seen.shown == Shown::History);
+        results.add(key::blnKeyEndOfList, seen.shown == Shown::EndOfList);
+        results.add(key::strKeyLastPNRTransDate, history.lastTransfer.value_or(TextView{}));
+        results.add(key::strKeyName, history.name.value_or(TextView{}));
+        results.add(key::strKeyProfileCreationDate, history.creation.value_or(TextView{}));
+    });
+}
+
+}  // namespace vantro

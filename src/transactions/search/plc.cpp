@@ -1,0 +1,36 @@
+//   ....+....1....+....2....+....3....+....4....+....5....+....6
+// 0 PLC/NCEVN3101
+// 1 COMPANY NAME LIST FOR NCEVN3101
+#include "transactions/search/plc.h"
+
+namespace vantro {
+
+namespace {
+
+enum class Shown : std::uint8_t { Nothing, CompanyList, Profile };
+
+constexpr LineRange titleLines{1, 9};
+// clang-format off
+constexpr ScreenTest<Shown> titles[] = {
+    {u"COMPANY NAME LIST",  Place::InLine, Shown::CompanyList},
+    {mark::companyProfile,  Place::InLine, Shown::Profile},  // Meant: anywhere in the line
+};
+// clang-format on
+
+}  // namespace
+
+Text CPLCTrans::IProfileTrans_CreateCommand(const CollectionPtr& params) {
+    Parameters given = parameters(params);
+    const TextView office = given.read(key::strKeyOfficeID);
+    return concat({code::PLC, onlyIf(!office.empty(), u"/"), office});
+}
+
+CollectionPtr CPLCTrans::IProfileTrans_VerifyResponse(TextView response, const CollectionPtr& /*collection*/) {
+    return reportedResults(response, [](Screen& screen, Results& results) {
+        const Shown shown = findShown(screen, titleLines, titles, Shown::Nothing).shown;
+        results.add(key::blnKeyCompanyList, shown == Shown::CompanyList);
+        results.add(key::blnKeyProfile, shown == Shown::Profile);
+    });
+}
+
+}  // namespace vantro
