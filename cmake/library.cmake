@@ -17,8 +17,7 @@ set(public_headers
 target_sources(vantro_profile_utils PRIVATE
     src/display/display.cpp
     src/display/display_line.cpp
-    src/display/line_marks.cpp
-    src/display/prefixes.cpp
+    src/display/joiner.cpp
     src/framework/access.cpp
     src/framework/error.cpp
     src/framework/int16.cpp
@@ -32,7 +31,6 @@ target_sources(vantro_profile_utils PRIVATE
     src/profile/notes_parser.cpp
     src/profile/notes_transaction.cpp
     src/profile/whole_profile.cpp
-    src/readers/codes.cpp
     src/readers/document_extractor.cpp
     src/readers/header_readers.cpp
     src/readers/note_scanner.cpp

@@ -1,25 +1,323 @@
+// What a line contains. Each fact is found in two ways, which are kept side by side: from the line's bits, and for a
+// line of more than 128 characters by plain search. No host prints such a line, but a terminal may return one.
 #include "display/display_line.h"
+
+#include "framework/constants.h"
+#include "framework/screen.h"
+
+#include <algorithm>
+#include <array>
+#include <optional>
 
 namespace vantro {
 
-DisplayLine::DisplayLine(TextView text, LineMarks marks) : text_(text), marks_(marks) {
-    if (!fitsBits()) {
-        contentEnd_ = static_cast<std::uint32_t>(vantro::rightTrimmed(text).size());
-        contentBegin_ = contentEnd_ - static_cast<std::uint32_t>(vantro::trimmed(text).size());
-        prefixes_ = prefixesIn(text);
-        return;
-    }
-    lookAtGroups(text, [this](const auto& groups) { lookAt(groups); });
+// Where the text begins and ends.
+
+namespace {
+
+using Content = LineFacts::Content;
+
+Content contentOf(LineBits blanks) {
+    const LineBits characters = ~blanks;
+    return {static_cast<std::uint32_t>(std::min(characters.lowest(), characters.end())),
+            static_cast<std::uint32_t>(characters.end())};
 }
+
+Content contentOf(TextView line) {
+    const auto end = static_cast<std::uint32_t>(rightTrimmed(line).size());
+    return {end - static_cast<std::uint32_t>(trimmed(line).size()), end};
+}
+
+}  // namespace
+
+// Marks.
+
+namespace {
+
+// Pre-filter: every mark contains the prompt or, in whatever column it begins, one of its pairs at an even position.
+constexpr std::array<TextView, 1> rulePairs{u"--"};
+constexpr std::array<TextView, 2> endTextPairs{u"SP", u"PL"};
+
+template <std::size_t N>
+constexpr bool passes(TextView mark, const std::array<TextView, N>& pairs) {
+    bool passesAt[2] = {false, false};  // when it begins at an even and at an odd position
+    for (std::size_t at = 0; at + 2 <= mark.size(); ++at) {
+        if (std::ranges::find(pairs, mark.substr(at, 2)) != pairs.end()) passesAt[at % 2] = true;
+    }
+    return passesAt[0] && passesAt[1];
+}
+
+static_assert(mark::prompt == u">");
+static_assert(passes(mark::endOfDisplay, endTextPairs));
+static_assert(passes(sectionRule, rulePairs), "and so do the headers, which begin with it");
+
+template <std::size_t N>
+Bytes anyPair(Bytes bytes, const std::array<TextView, N>& pairs) {
+    Bytes found = bytes.equalPairs(static_cast<char>(pairs[0][0]), static_cast<char>(pairs[0][1]));
+    for (std::size_t pair = 1; pair < N; ++pair) {
+        found = found | bytes.equalPairs(static_cast<char>(pairs[pair][0]), static_cast<char>(pairs[pair][1]));
+    }
+    return found;
+}
+
+template <class Characters>
+bool mayContainMark(const Characters& characters) {
+    return characters.any(
+        [](Bytes bytes) { return bytes.equal('>') | anyPair(bytes, rulePairs) | anyPair(bytes, endTextPairs); });
+}
+
+/// All headers begin alike: their last letters are compared first.
+bool beginsWithHeader(TextView text, TextView header) {
+    return text.size() >= header.size() && text[header.size() - 1] == header.back() && beginsWith(text, header);
+}
+
+void addHeaders(LineMarks& marks, TextView line, LineBits hyphens) {
+    // A header has a blank after its seven hyphens: only the last seven of a longer row can begin one.
+    constexpr auto ruleLength = static_cast<unsigned>(sectionRule.size());
+    for (LineBits rules = hyphens.runs(ruleLength) & ~hyphens.down(ruleLength); rules.any(); rules.removeLowest()) {
+        marks.addRule();
+        const TextView fromRule = line.substr(rules.lowest());
+        for (std::size_t section = 0; section < sectionHeaders.size(); ++section) {
+            if (beginsWithHeader(fromRule, sectionHeaders[section])) marks.addHeader(static_cast<Section>(section));
+        }
+    }
+}
+
+/// The end text is looked for around its "F", the rarest of its letters.
+bool isEndTextAroundF(TextView line, std::size_t position) {
+    constexpr std::size_t lettersBefore = mark::endOfDisplay.find(u'F');
+    return position >= lettersBefore && beginsWith(line.substr(position - lettersBefore), mark::endOfDisplay);
+}
+
+template <class Characters>
+LineMarks marksByBits(TextView line, const Characters& characters) {
+    LineMarks marks;
+    if (characters.any([](Bytes bytes) { return bytes.equal('>'); })) marks.addPrompt();
+    if (characters.any([](Bytes bytes) { return anyPair(bytes, rulePairs); })) {
+        addHeaders(marks, line, characters.where('-'));
+    }
+    for (LineBits letters = characters.where('F'); letters.any(); letters.removeLowest()) {
+        if (isEndTextAroundF(line, letters.lowest())) marks.addEndText();
+    }
+    return marks;
+}
+
+LineMarks marksBySearch(TextView line) {
+    LineMarks marks;
+    if (contains(line, mark::prompt)) marks.addPrompt();
+    if (contains(line, sectionRule)) marks.addRule();
+    for (std::size_t section = 0; section < sectionHeaders.size(); ++section) {
+        if (contains(line, sectionHeaders[section])) marks.addHeader(static_cast<Section>(section));
+    }
+    if (contains(line, mark::endOfDisplay)) marks.addEndText();
+    return marks;
+}
+
+}  // namespace
+
+std::size_t nextLineThatMayContainMark(TextView display, std::size_t from) {
+    const std::size_t wholeLines = display.size() / screenWidth;
+    std::size_t line = from;
+    while (line < wholeLines && !mayContainMark(LineCharacters<screenWidth>(display.data() + line * screenWidth)))
+        ++line;
+    return line;
+}
+
+LineMarks marksOf(TextView line) {
+    if (line.size() > LineBits::capacity) return marksBySearch(line);
+    return withCharacters(line, [&](const auto& characters) { return marksByBits(line, characters); });
+}
+
+// Prefixes.
+
+namespace {
+
+constexpr Column column3{3};
+constexpr std::size_t prefixLength = 4;
+
+struct HeaderPrefix {
+    TextView text;
+    Prefix prefix;
+};
+
+constexpr HeaderPrefix headerPrefixes[] = {
+    {companyNamePrefix, Prefix::companyName},
+    {pinPrefix, Prefix::pin},
+    {pslPrefix, Prefix::psl},
+};
+
+template <class Take>
+constexpr void forEachPrefix(Take take) {
+    for (const PrefixedFamily& row : prefixedFamilies) take(row.prefix, Prefix(row.family));
+    for (const DocumentFamily& row : documentFamilies) take(row.prefix, Prefix(row.family));
+    for (const HeaderPrefix& row : headerPrefixes) take(row.text, row.prefix);
+}
+
+constexpr bool isCapital(char16_t character) { return character >= u'A' && character <= u'Z'; }
+
+/// The prefixes by the two letters that tell them apart.
+class PrefixTable {
+public:
+    constexpr PrefixTable() {
+        forEachPrefix([this](TextView text, Prefix prefix) { rows_[indexFor(text[1], text[2])] = prefix; });
+    }
+
+    constexpr std::optional<Prefix> find(TextView text) const {
+        if (text[0] != u'P' || !isCapital(text[1]) || !isCapital(text[2])) return std::nullopt;
+        return rows_[indexFor(text[1], text[2])];
+    }
+
+private:
+    static constexpr std::size_t letters = 26;
+
+    static constexpr std::size_t indexFor(char16_t second, char16_t third) {
+        return (second - std::size_t{u'A'}) * letters + (third - std::size_t{u'A'});
+    }
+
+    std::array<std::optional<Prefix>, letters * letters> rows_;
+};
+
+constexpr PrefixTable prefixTable;
+
+constexpr bool isEveryPrefixFound() {
+    bool isFound = true;
+    forEachPrefix([&](TextView text, Prefix prefix) {
+        isFound = isFound && text.size() == prefixLength && text.back() == u'/' && prefixTable.find(text) == prefix;
+    });
+    return isFound;
+}
+
+static_assert(isEveryPrefixFound(), "no two prefixes share their letters");
+
+/// Every slash of the line is looked at once, and no prefix is searched for afterwards.
+LinePrefixes prefixesIn(TextView line, LineBits slashes, std::size_t contentBegin) {
+    LinePrefixes found;
+    for (; slashes.any(); slashes.removeLowest()) {
+        const std::size_t slash = slashes.lowest();
+        if (slash + 1 < prefixLength) continue;
+        const std::size_t begin = slash + 1 - prefixLength;
+        const std::optional<Prefix> prefix = prefixTable.find(line.substr(begin, prefixLength));
+        if (!prefix) continue;
+        found.anywhere.add(*prefix);
+        if (begin >= contentBegin + static_cast<std::size_t>(column3.value - 1)) found.fromColumn3.add(*prefix);
+    }
+    return found;
+}
+
+LinePrefixes prefixesIn(TextView line) {
+    LinePrefixes found;
+    forEachPrefix([&, content = trimmed(line)](TextView text, Prefix prefix) {
+        if (contains(content, text)) found.anywhere.add(prefix);
+        if (containsFrom(content, text, column3)) found.fromColumn3.add(prefix);
+    });
+    return found;
+}
+
+}  // namespace
+
+// The line as a whole.
+
+namespace {
+
+template <class Characters>
+LineFacts factsByBits(TextView line, const Characters& characters, const LineMarks* knownMarks) {
+    LineFacts facts;
+    facts.blanks = characters.blanks();
+    facts.content = contentOf(facts.blanks);
+    if (knownMarks != nullptr) {
+        facts.marks = *knownMarks;
+    } else if (mayContainMark(characters)) {
+        facts.marks = marksByBits(line, characters);
+    }
+    const LineBits slashes = characters.where('/');
+    if (slashes.any()) facts.prefixes = prefixesIn(line, slashes, facts.content.begin);
+    return facts;
+}
+
+}  // namespace
+
+LineFacts factsOf(TextView line, const LineMarks* knownMarks) {
+    if (line.size() == screenWidth) {
+        return factsByBits(line, LineCharacters<screenWidth>(line.data()), knownMarks);
+    }
+    if (line.size() <= LineBits::capacity) {
+        return factsByBits(line, LineCharacters<LineBits::capacity>(padded(line).data()), knownMarks);
+    }
+    return {.content = contentOf(line),
+            .marks = knownMarks != nullptr ? *knownMarks : marksBySearch(line),
+            .prefixes = prefixesIn(line)};
+}
+
+// Words and blanks.
 
 Column DisplayLine::findWord(TextView word) const {
     if (!fitsBits()) return find(text_, word);
-    for (LineBits places = blanks_.beforeWords(static_cast<unsigned>(word.size() - 2)); places.any();
-         places.removeLowest()) {
-        const std::size_t place = places.lowest();
-        if (beginsWith(text_.substr(place), word)) return Column{static_cast<int>(place) + 1};
+    const auto letters = static_cast<unsigned>(word.size() - 2);
+    for (LineBits words = facts_.blanks.beforeWords(letters); words.any(); words.removeLowest()) {
+        if (beginsWith(text_.substr(words.lowest()), word)) return Column{static_cast<int>(words.lowest()) + 1};
     }
     return Column{0};
+}
+
+bool DisplayLine::isBlankInText(Column column, Width width) const {
+    return vantro::isBlank(mid(trimmed(), column, width));
+}
+
+// Codes of the transferable families.
+
+namespace {
+
+constexpr Column contactCodeColumn{12};
+constexpr Column codeSearchColumn{13};
+
+static_assert(std::ranges::all_of(transferableFamilies, [](const TransferableFamily& row) {
+    const bool isWord = row.code.front() == u' ' && row.code.back() == u' ';
+    const bool isShort = row.code.size() == 4 || row.code.size() == 5;
+    return row.test == CodeTest::StandsAtColumn12 || (isWord && isShort);
+}));
+
+constexpr const TransferableFamily& contact =
+    *std::ranges::find(transferableFamilies, CodeTest::StandsAtColumn12, &TransferableFamily::test);
+static_assert(std::ranges::count(transferableFamilies, contact.test, &TransferableFamily::test) == 1);
+
+FamilySet fixedCodesIn(TextView text) {
+    FamilySet set;
+    if (beginsWith(mid(text, contactCodeColumn), contact.code)) set.add(contact.family);
+    return set;
+}
+
+FamilySet codesByBits(TextView text, LineBits blanks) {
+    FamilySet set = fixedCodesIn(text);
+    const LineBits searched = LineBits::from(static_cast<std::size_t>(codeSearchColumn.value - 1));
+    LineBits words = (blanks.beforeWords(2) | blanks.beforeWords(3)) & searched;
+    for (; words.any(); words.removeLowest()) {
+        const TextView word = text.substr(words.lowest());
+        for (const TransferableFamily& row : transferableFamilies) {
+            const bool isSearched = row.test == CodeTest::FoundFromColumn13;
+            if (isSearched && beginsWith(word, row.code)) set.add(row.family);
+        }
+    }
+    return set;
+}
+
+FamilySet codesBySearch(TextView text) {
+    FamilySet set = fixedCodesIn(text);
+    for (const TransferableFamily& row : transferableFamilies) {
+        const bool isSearched = row.test == CodeTest::FoundFromColumn13;
+        if (isSearched && containsFrom(text, row.code, codeSearchColumn)) set.add(row.family);
+    }
+    return set;
+}
+
+}  // namespace
+
+FamilySet DisplayLine::codes() const {
+    return fitsBits() ? codesByBits(rightTrimmed(), facts_.blanks) : codesBySearch(rightTrimmed());
+}
+
+FamilySet codesIn(TextView text) {
+    if (text.size() > LineBits::capacity) return codesBySearch(text);
+    return withCharacters(text, [&](const auto& characters) { return codesByBits(text, characters.blanks()); });
 }
 
 }  // namespace vantro

@@ -1,91 +1,176 @@
-// One line of a profile display and what stands in it.
+// One line of a profile display and what it contains.
 #pragma once
 
-#include "display/line_groups.h"
-#include "display/line_marks.h"
-#include "display/prefixes.h"
+#include "display/families.h"
+#include "display/family_set.h"
+#include "display/line_bits.h"
+#include "display/sections.h"
 #include "framework/text_ops.h"
+#include "vantro/profile.h"
 
-#include <algorithm>
-#include <array>
+#include <cstddef>
 #include <cstdint>
 
 namespace vantro {
 
+/// The marks that a line contains: what ends a display, and what opens and ends its sections. Few lines contain any.
+class LineMarks {
+public:
+    constexpr bool any() const { return bits_ != 0; }
+
+    constexpr bool containsPrompt() const { return (bits_ & prompt) != 0; }
+    constexpr bool containsEndText() const { return (bits_ & endText) != 0; }
+    constexpr bool containsHeader(Section section) const { return (bits_ & header(section)) != 0; }
+
+    /// The prompt or the end text: what the searches for a section's header stop at.
+    constexpr bool isEndOfDisplay() const { return (bits_ & (prompt | endText)) != 0; }
+
+    /// A section's rule, which every header begins with, or the end text.
+    constexpr bool containsRuleOrEndText() const { return (bits_ & (rule | endText)) != 0; }
+
+    constexpr void addPrompt() { bits_ |= prompt; }
+    constexpr void addEndText() { bits_ |= endText; }
+    constexpr void addRule() { bits_ |= rule; }
+    constexpr void addHeader(Section section) { bits_ |= header(section); }
+
+private:
+    static constexpr std::uint32_t prompt = 1;
+    static constexpr std::uint32_t endText = 2;
+    static constexpr std::uint32_t rule = 4;
+    static constexpr std::uint32_t header(Section section) { return 8U << static_cast<unsigned>(section); }
+
+    std::uint32_t bits_ = 0;
+};
+
+/// The marks of a line of any length.
+LineMarks marksOf(TextView line);
+
+/// Pre-filter: the first line at or after `from` that may contain a mark, in a display that is cut into lines of 80
+/// characters; the number of whole lines when there is none.
+std::size_t nextLineThatMayContainMark(TextView display, std::size_t from);
+
+/// The tag of an element ("PPR/") or of a header line ("PIN/"): "P", two capitals and a slash.
+class Prefix {
+public:
+    /// The prefix of a family that has one.
+    constexpr explicit Prefix(Family family) : Prefix(indexOf(family)) {}
+
+    friend constexpr bool operator==(Prefix, Prefix) = default;
+
+    static const Prefix companyName;  ///< "PCN/"
+    static const Prefix pin;          ///< "PIN/"
+    static const Prefix psl;          ///< "PSL/"
+
+private:
+    constexpr explicit Prefix(std::size_t index) : index_(static_cast<std::uint8_t>(index)) {}
+
+    friend class PrefixSet;
+    std::uint8_t index_;
+};
+
+/// The header lines' prefixes as the host prints them.
+inline constexpr TextView companyNamePrefix = u"PCN/";
+inline constexpr TextView pinPrefix = u"PIN/";
+inline constexpr TextView pslPrefix = u"PSL/";
+
+inline constexpr Prefix Prefix::companyName{familyCount};
+inline constexpr Prefix Prefix::pin{familyCount + 1};
+inline constexpr Prefix Prefix::psl{familyCount + 2};
+
+class PrefixSet {
+public:
+    constexpr void add(Prefix prefix) { bits_ |= bit(prefix); }
+    constexpr bool contains(Prefix prefix) const { return (bits_ & bit(prefix)) != 0; }
+
+private:
+    static constexpr std::uint64_t bit(Prefix prefix) { return std::uint64_t{1} << prefix.index_; }
+    static_assert(familyCount + 3 <= 64);
+
+    std::uint64_t bits_ = 0;
+};
+
+/// The prefixes that a trimmed line contains.
+struct LinePrefixes {
+    PrefixSet anywhere;
+    PrefixSet fromColumn3;  ///< those that begin in column 3 or after it
+};
+
+/// What is known of a line once it was read.
+struct LineFacts {
+    /// Where the trimmed text begins and ends, from 0.
+    struct Content {
+        std::uint32_t begin = 0;
+        std::uint32_t end = 0;
+    };
+
+    LineBits blanks = {};  ///< of a line whose characters have their bits; positions after its end count as blanks
+    Content content = {};
+    LineMarks marks = {};
+    LinePrefixes prefixes = {};
+};
+
+/// The facts of a line of any length; its marks are looked for unless they are known.
+LineFacts factsOf(TextView line, const LineMarks* knownMarks);
+
 class DisplayLine {
 public:
     constexpr DisplayLine() = default;
-    DisplayLine(TextView text, LineMarks marks);
 
-    /// A line whose characters stand ready in groups.
-    template <std::size_t Count>
-    DisplayLine(TextView text, const LineGroups<Count>& groups, LineMarks marks) : text_(text), marks_(marks) {
-        lookAt(groups);
-    }
+    explicit DisplayLine(TextView text, const LineMarks* knownMarks = nullptr)
+        : text_(text), facts_(factsOf(text, knownMarks)) {}
 
     /// The line as read.
     TextView text() const { return text_; }
 
-    TextView trimmed() const { return text_.substr(contentBegin_, contentEnd_ - contentBegin_); }
-    TextView rightTrimmed() const { return text_.substr(0, contentEnd_); }
-    bool isBlank() const { return contentBegin_ == contentEnd_; }
+    TextView trimmed() const { return text_.substr(facts_.content.begin, facts_.content.end - facts_.content.begin); }
+    TextView rightTrimmed() const { return text_.substr(0, facts_.content.end); }
+    bool isBlank() const { return facts_.content.begin == facts_.content.end; }
 
-    LineMarks marks() const { return marks_; }
+    LineMarks marks() const { return facts_.marks; }
+    bool isEndOfDisplay() const { return facts_.marks.isEndOfDisplay(); }
 
-    /// The prompt or the end text anywhere, as the searches for a section's header stop at it.
-    bool isEndOfDisplay() const { return marks_.isEndOfDisplay(); }
-
-    /// The end of a prefixed family's section: a prompt in the first place, a rule, or the end text.
+    /// The end of a prefixed family's section: a rule, the end text, or a prompt that is the line's first character
+    /// after its blanks.
     bool isSectionEnd() const {
-        return marks_.any() && (marks_.containsRuleOrEndText() || text_[contentBegin_] == u'>');
+        return facts_.marks.any() && (facts_.marks.containsRuleOrEndText() || text_[facts_.content.begin] == u'>');
     }
 
-    /// True when the first `width` characters are blank, a line that ends before them included.
+    /// True when the first `width` characters are blank, also for a line that ends before them.
     bool beginsBlank(Width width) const {
-        return contentBegin_ >= static_cast<std::uint32_t>(width.value) || isBlank();
+        return facts_.content.begin >= static_cast<std::uint32_t>(width.value) || isBlank();
     }
 
-    /// True when the trimmed line holds the prefix at or after a column.
+    /// True when the trimmed line contains the prefix, beginning at or after a column.
     bool containsPrefix(Prefix prefix, PrefixFrom from) const {
-        return (from == PrefixFrom::Column1 ? prefixes_.anywhere : prefixes_.fromColumn3).contains(prefix);
+        return (from == PrefixFrom::Column1 ? facts_.prefixes.anywhere : facts_.prefixes.fromColumn3).contains(prefix);
     }
 
-    /// Where a word of the line first stands, from 1, or Column{0}. The word comes with its blanks.
+    /// The column where a word of the line begins, its blanks included, or Column{0}. The word comes with one blank
+    /// on both sides.
     Column findWord(TextView word) const;
 
-    /// True when these characters of the trimmed line are blank, those past its end included.
+    /// True when these characters of the trimmed line are blank; characters after its end are.
     bool isBlankAt(Column column, Width width) const {
-        if (!fitsBits()) return vantro::isBlank(mid(trimmed(), column, width));
-        const std::size_t begin = contentBegin_ + static_cast<std::size_t>(column.value - 1);
-        return !(LineBits::range(begin, static_cast<std::size_t>(width.value)) & ~blanks_).any();
+        if (!fitsBits()) return isBlankInText(column, width);
+        const std::size_t begin = facts_.content.begin + static_cast<std::size_t>(column.value - 1);
+        return !(LineBits::range(begin, static_cast<std::size_t>(width.value)) & ~facts_.blanks).any();
     }
 
+    /// The transferable families whose code the line contains where their elements have it.
+    FamilySet codes() const;
+
+private:
     /// True for a line whose characters have their bits.
     bool fitsBits() const { return text_.size() <= LineBits::capacity; }
 
-    /// Where blanks stand, in a line that `fitsBits()`; places past the line's end count as blanks.
-    LineBits blanks() const { return blanks_; }
-
-private:
-    template <std::size_t Count>
-    void lookAt(const LineGroups<Count>& groups) {
-        blanks_ = groups.blanks();
-        const LineBits content = ~blanks_;
-        contentEnd_ = static_cast<std::uint32_t>(content.end());
-        contentBegin_ = std::min(static_cast<std::uint32_t>(content.lowest()), contentEnd_);
-        const LineBits slashes = groups.where(u'/');
-        if (slashes.any()) prefixes_ = prefixesIn(text_, slashes, contentBegin_);
-    }
+    bool isBlankInText(Column column, Width width) const;
 
     TextView text_;
-    LineBits blanks_;
-    std::uint32_t contentBegin_ = 0;
-    std::uint32_t contentEnd_ = 0;
-    LineMarks marks_;
-    LinePrefixes prefixes_;
-
-    friend class Display;
-    std::array<std::uint32_t, 4> knownJoins_{};  // the display's notes: its joins that begin here, from 1, by rule
+    LineFacts facts_;
 };
+
+/// The transferable families whose code a text contains where their elements have it: between blanks from column 13
+/// on, a contact's in columns 12 to 17.
+FamilySet codesIn(TextView text);
 
 }  // namespace vantro

@@ -2,8 +2,6 @@
 // here is meant and says so.
 #pragma once
 
-#include "display/join_rule.h"
-#include "display/prefixes.h"
 #include "display/sections.h"
 #include "framework/text_ops.h"
 #include "vantro/profile.h"
@@ -15,6 +13,17 @@
 #include <cstdint>
 
 namespace vantro {
+
+/// Where in a trimmed line the search for a prefix starts.
+enum class PrefixFrom : std::uint8_t { Column1, Column3 };
+
+/// Which lines continue an element, and how they are joined to it.
+enum class JoinRule : std::uint8_t {
+    Directly,         ///< all lines that begin with nine blanks, one after the other
+    ColonAfterBlank,  ///< the same, with a blank before a line whose third character is ":"
+    OneBelow,         ///< the next line, if it begins with seventeen blanks
+    TwoBelow,         ///< the next two lines, the same
+};
 
 /// How the lines of a prefixed family's section are collected.
 enum class Scheme : std::uint8_t {

@@ -1,16 +1,19 @@
-// One bit a character of a screen line: where its blanks stand, say. A line is looked at once and then answers most
-// questions from its bits.
+// The characters of a display line, compared sixteen at a time, and sets of positions with one bit per character. A
+// line is compared once and then answers most questions from its bits.
 #pragma once
 
+#include "framework/bytes.h"
 #include "vantro/text.h"
 
+#include <algorithm>
+#include <array>
 #include <bit>
 #include <cstddef>
 #include <cstdint>
 
 namespace vantro {
 
-/// A set of character places in a line, from 0. Places from 128 on do not exist.
+/// A set of positions in a line, from 0. Positions from 128 on do not exist.
 class LineBits {
 public:
     static constexpr std::size_t capacity = 128;
@@ -18,30 +21,30 @@ public:
     constexpr LineBits() = default;
     constexpr LineBits(std::uint64_t low, std::uint64_t high) : low_(low), high_(high) {}
 
-    /// The places from `begin` on.
+    /// The positions from `begin` on.
     static constexpr LineBits from(std::size_t begin) {
         if (begin >= capacity) return {};
         return begin < 64 ? LineBits(~std::uint64_t{0} << begin, ~std::uint64_t{0})
                           : LineBits(0, ~std::uint64_t{0} << (begin - 64));
     }
 
-    /// The places from `begin` on, `count` (0 to 63) of them.
+    /// `count` (0 to 63) positions from `begin` on.
     static constexpr LineBits range(std::size_t begin, std::size_t count) {
-        const std::uint64_t places = (std::uint64_t{1} << count) - 1;
+        const std::uint64_t positions = (std::uint64_t{1} << count) - 1;
         if (begin >= capacity) return {};
-        if (begin >= 64) return {0, places << (begin - 64)};
-        return {places << begin, begin == 0 ? 0 : places >> (64 - begin)};
+        if (begin >= 64) return {0, positions << (begin - 64)};
+        return {positions << begin, begin == 0 ? 0 : positions >> (64 - begin)};
     }
 
     constexpr bool any() const { return (low_ | high_) != 0; }
 
-    /// The lowest place; `capacity` when there is none.
+    /// The lowest position; `capacity` when there is none.
     constexpr std::size_t lowest() const {
         if (low_ != 0) return static_cast<std::size_t>(std::countr_zero(low_));
         return 64 + static_cast<std::size_t>(std::countr_zero(high_));
     }
 
-    /// One more than the highest place; 0 when there is none.
+    /// One more than the highest position; 0 when there is none.
     constexpr std::size_t end() const {
         if (high_ != 0) return capacity - static_cast<std::size_t>(std::countl_zero(high_));
         return 64 - static_cast<std::size_t>(std::countl_zero(low_));
@@ -55,22 +58,22 @@ public:
         }
     }
 
-    /// Every place moved down by `steps` (1 to 63): place p of the result is place p + steps of this one.
+    /// Every position moved down by `steps` (1 to 63): position p of the result is position p + steps of this set.
     constexpr LineBits down(unsigned steps) const { return {low_ >> steps | high_ << (64 - steps), high_ >> steps}; }
 
-    /// The places that `length` others and then a further place of the set follow: those of the blanks in front of
-    /// the words of that length.
+    /// The positions in the set that are followed by `length` positions outside it and then one inside it. For the
+    /// blanks of a line: the blank before each word of that length.
     constexpr LineBits beforeWords(unsigned length) const {
-        LineBits places = *this & down(length + 1);
-        for (unsigned letter = 1; letter <= length; ++letter) places = places & ~down(letter);
-        return places;
+        LineBits positions = *this & down(length + 1);
+        for (unsigned letter = 1; letter <= length; ++letter) positions = positions & ~down(letter);
+        return positions;
     }
 
-    /// The places at which `length` (2 to 63) places of the set in a row begin.
+    /// The positions where `length` (2 to 63) positions of the set in a row begin.
     constexpr LineBits runs(unsigned length) const {
         LineBits begins = *this;
         for (unsigned covered = 1; covered < length;) {
-            const unsigned step = covered < length - covered ? covered : length - covered;
+            const unsigned step = std::min(covered, length - covered);
             begins = begins & begins.down(step);
             covered += step;
         }
@@ -85,5 +88,60 @@ private:
     std::uint64_t low_ = 0;
     std::uint64_t high_ = 0;
 };
+
+/// The characters of a line of `Length` characters, ready to be compared.
+template <std::size_t Length>
+class LineCharacters {
+public:
+    static constexpr std::size_t groupCount = Length / Bytes::count;
+    static_assert(Length % Bytes::count == 0 && Length <= LineBits::capacity);
+
+    explicit LineCharacters(const char16_t* text) {
+        for (std::size_t group = 0; group < groupCount; ++group) {
+            groups_[group] = Bytes::narrow(text + group * Bytes::count);
+        }
+    }
+
+    /// Where an ASCII character is.
+    LineBits where(char wanted) const {
+        std::uint64_t words[2] = {0, 0};
+        for (std::size_t group = 0; group < groupCount; ++group) {
+            const std::uint64_t bits = groups_[group].equal(wanted).bits();
+            words[group / 4] |= bits << (group % 4 * Bytes::count);
+        }
+        return {words[0], words[1]};
+    }
+
+    /// Where the blanks are; positions after the last character count as blanks.
+    LineBits blanks() const { return where(' ') | LineBits::from(Length); }
+
+    /// True when `match` finds anything among the characters.
+    template <class Match>
+    bool any(Match match) const {
+        Bytes matches = match(groups_[0]);
+        for (std::size_t group = 1; group < groupCount; ++group) matches = matches | match(groups_[group]);
+        return matches.bits() != 0;
+    }
+
+private:
+    std::array<Bytes, groupCount> groups_;
+};
+
+/// A line of at most `LineBits::capacity` characters with blanks after it.
+inline std::array<char16_t, LineBits::capacity> padded(TextView line) {
+    std::array<char16_t, LineBits::capacity> characters;
+    characters.fill(u' ');
+    std::ranges::copy(line, characters.begin());
+    return characters;
+}
+
+/// Passes the characters of a line of at most `LineBits::capacity` characters to a function: those of a usual line of
+/// 80 as they are, those of a shorter or longer one with blanks after them.
+template <class Look>
+auto withCharacters(TextView line, Look look) {
+    constexpr std::size_t usualLength = 80;
+    if (line.size() == usualLength) return look(LineCharacters<usualLength>(line.data()));
+    return look(LineCharacters<LineBits::capacity>(padded(line).data()));
+}
 
 }  // namespace vantro

@@ -37,9 +37,13 @@ inline constexpr std::array<TextView, 10> sectionHeaders{{
     u"------- PROFILE NOTES",
 }};
 
-/// What every header begins with, and what ends a section wherever it stands in a line.
+/// A section's rule: it ends a section wherever it is in a line.
 inline constexpr TextView sectionRule = u"-------";
 
-static_assert(std::ranges::all_of(sectionHeaders, [](TextView header) { return header.starts_with(sectionRule); }));
+/// What every header begins with: the rule and one blank.
+inline constexpr TextView headerStart = u"------- ";
+
+static_assert(headerStart.starts_with(sectionRule));
+static_assert(std::ranges::all_of(sectionHeaders, [](TextView header) { return header.starts_with(headerStart); }));
 
 }  // namespace vantro

@@ -1,6 +1,6 @@
 #include "framework/text_ops.h"
 
-#include "framework/simd.h"
+#include "framework/bytes.h"
 
 #include <bit>
 
@@ -8,32 +8,28 @@ namespace vantro {
 
 namespace {
 
-#if VANTRO_SSE2
+constexpr bool isAscii(char16_t character) { return character < 0x80; }
 
-// Looks for the first and the last searched character at eight places at a time and compares what is between
-// them only where both stand.
-std::size_t placeOf(TextView text, TextView searched, std::size_t start) {
+// Compares the first and the last searched character at sixteen positions at a time, and the rest only where both
+// match.
+std::size_t positionOf(TextView text, TextView searched, std::size_t start) {
     if (searched.empty() || text.size() < searched.size()) return text.find(searched, start);
+    if (!isAscii(searched.front()) || !isAscii(searched.back())) return text.find(searched, start);
+    const char front = static_cast<char>(searched.front());
+    const char back = static_cast<char>(searched.back());
     const std::size_t reach = searched.size() - 1;
-    const std::size_t places = text.size() - reach;  // places where the searched text may begin
+    const std::size_t positions = text.size() - reach;  // where the searched text may begin
     std::size_t begin = start;
-    for (; begin + simd::charactersPerVector <= places; begin += simd::charactersPerVector) {
-        const char16_t* const characters = text.data() + begin;
-        const __m128i both = _mm_and_si128(simd::eachEqual(simd::load(characters), searched.front()),
-                                           simd::eachEqual(simd::load(characters + reach), searched.back()));
-        for (unsigned candidates = simd::bitsOfCharacters(both); candidates != 0; candidates &= candidates - 1) {
-            const std::size_t place = begin + static_cast<std::size_t>(std::countr_zero(candidates));
-            if (text.substr(place, searched.size()) == searched) return place;
+    for (; begin + Bytes::count <= positions; begin += Bytes::count) {
+        const Bytes first = Bytes::narrow(text.data() + begin);
+        const Bytes last = Bytes::narrow(text.data() + begin + reach);
+        for (unsigned both = (first.equal(front) & last.equal(back)).bits(); both != 0; both &= both - 1) {
+            const std::size_t position = begin + static_cast<std::size_t>(std::countr_zero(both));
+            if (text.substr(position, searched.size()) == searched) return position;
         }
     }
     return text.find(searched, begin);
 }
-
-#else
-
-std::size_t placeOf(TextView text, TextView searched, std::size_t start) { return text.find(searched, start); }
-
-#endif
 
 }  // namespace
 
@@ -41,8 +37,8 @@ Column find(TextView text, TextView searched, Column from) {
     if (from.value < 1) fail(Failure::InvalidProcedureCall);
     const std::size_t start = static_cast<std::size_t>(from.value - 1);
     if (start >= text.size()) return Column{0};
-    const std::size_t place = placeOf(text, searched, start);
-    return place == TextView::npos ? Column{0} : Column{static_cast<int>(place) + 1};
+    const std::size_t position = positionOf(text, searched, start);
+    return position == TextView::npos ? Column{0} : Column{static_cast<int>(position) + 1};
 }
 
 Text concat(std::initializer_list<TextView> parts) {

@@ -9,6 +9,7 @@
 #include <cstddef>
 #include <cstring>
 #include <initializer_list>
+#include <limits>
 
 namespace vantro {
 
@@ -41,13 +42,19 @@ constexpr TextView mid(TextView text, Column column, Width width) {
     return width.value < 1 ? TextView{} : left(rest, width);
 }
 
+/// Columns of a line.
+struct Field {
+    Column from;
+    Width width = Width{std::numeric_limits<int>::max()};  ///< up to the line's end when it is left out
+};
+
 /// The last characters, as many as there are up to `width`.
 constexpr TextView right(TextView text, Width width) {
     const auto wanted = static_cast<std::size_t>(width.value);
     return text.size() <= wanted ? text : text.substr(text.size() - wanted);
 }
 
-/// `text.starts_with(start)`, with all characters compared at once.
+/// `text.starts_with(start)` in one comparison of memory.
 inline bool beginsWith(TextView text, TextView start) {
     return text.size() >= start.size() && std::memcmp(text.data(), start.data(), start.size() * sizeof(char16_t)) == 0;
 }
@@ -63,6 +70,9 @@ constexpr TextView trimmed(TextView text) {
     while (blanks < text.size() && text[blanks] == u' ') ++blanks;
     return rightTrimmed(text.substr(blanks));
 }
+
+/// The text in a field, trimmed. Raises 5 for a column below 1.
+constexpr TextView cut(TextView line, Field field) { return trimmed(left(mid(line, field.from), field.width)); }
 
 /// True when the text is empty or holds nothing but blanks.
 constexpr bool isBlank(TextView text) {

@@ -42,16 +42,18 @@ std::int16_t CProfile::refill(Family family, TextView display) {
         if (display.empty()) return 0;
         Display lines(terminal_, display);
         const TransferableFamily& row = transferableFamilies[indexOf(family) - firstTransferable];
+        Joiner joiner(lines);
         TransferableListsSink sink(lists, row.split);
-        return extract(row, lines, sink);
+        return extract(row, joiner, sink);
     }
     // Meant: four families look whether the display is empty before they cut their lists.
     if (listCutOf(family) == ListCut::AfterEmptyTest && display.empty()) return 0;
     cutToEntry0(lists);
     if (display.empty()) return 0;
     Display lines(terminal_, display);
+    Joiner joiner(lines);
     NumberedListsSink sink(lists);
-    return extract(family, lines, sink);
+    return extract(family, joiner, sink);
 }
 
 CollectionPtr CProfile::IProfileGet_ProfileElements(TextView display, const CollectionPtr& collection,

@@ -107,15 +107,16 @@ public:
         : profile_(profile),
           storage_(storage),
           display_(terminal_, withoutHostLine(storage.display)),
+          joiner_(display_),
           collector_(storage, storage.display.size() / screenWidth) {}  // few displays hold an element a line
 
     void run() {
-        display_.lookAhead();
+        display_.readAhead();
         readHeader();
         readFamilies();
         readNotes();
         collector_.keepIn(profile_);
-        storage_.joinedElements = display_.takeJoinedTexts();
+        storage_.joinedElements = joiner_.takeTexts();
     }
 
 private:
@@ -172,7 +173,7 @@ private:
     }
 
     FamilySet readTransferable() {
-        const FamilySet failed = extractTransferable(display_, collector_);
+        const FamilySet failed = extractTransferable(joiner_, collector_);
         if (!failed.empty()) collector_.drop(failed);
         collector_.groupByFamily();
         return failed;
@@ -181,7 +182,7 @@ private:
     void readFamily(const FamilyName& row) {
         const std::size_t before = collector_.size();
         try {
-            extract(row.family, display_, collector_);
+            extract(row.family, joiner_, collector_);
         } catch (const Error&) {  // Not covered: memory that runs out passes
             collector_.dropFrom(before);
             addProblem(row);
@@ -206,6 +207,7 @@ private:
     Profile& profile_;
     Profile::Storage& storage_;
     Display display_;
+    Joiner joiner_;
     Collector collector_;
 };
 

@@ -10,7 +10,7 @@ namespace vantro {
 
 namespace {
 
-constexpr Width numberWidth{2};
+constexpr Field numberField{Column{1}, Width{2}};
 constexpr TextView indent = u"     ";
 constexpr Width indentWidth{5};
 
@@ -21,7 +21,7 @@ bool isIndented(TextView trimmedLine) {
 
 TextView elementText(const DocumentFamily& row, const DisplayLine& line) {
     const TextView before = line.containsPrefix(Prefix(row.family), PrefixFrom::Column1) ? TextView(u"/") : indent;
-    return trimmed(mid(line.trimmed(), find(line.trimmed(), before) + 1));
+    return cut(line.trimmed(), {find(line.trimmed(), before) + 1});
 }
 
 /// Only the first run of the family counts; its lines are not tested for an end.
@@ -31,7 +31,7 @@ std::int16_t collectRun(const DocumentFamily& row, Display& display, Counter num
         const DisplayLine& line = display.line(number);
         ++count;
         sink.store(row.family, count.value(),
-                   {.number = trimmed(left(line.trimmed(), numberWidth)), .text = elementText(row, line)});
+                   {.number = cut(line.trimmed(), numberField), .text = elementText(row, line)});
         ++number;
     } while (isIndented(display.line(number).trimmed()));
     return count.value();
@@ -54,17 +54,18 @@ std::int16_t collectSection(const DocumentFamily& row, Display& display, const D
 
 }  // namespace
 
-std::int16_t extract(const DocumentFamily& row, Display& display, ElementSink& sink) {
+std::int16_t extract(const DocumentFamily& row, Joiner& joiner, ElementSink& sink) {
+    Display& display = joiner.display();
     const Display::MarkedLine header = display.nextHeaderOrEnd(row.section, Counter(1));
     if (!header.marks.containsHeader(row.section)) return 0;
     return collectSection(row, display, header, sink);
 }
 
-std::int16_t extract(Family family, Display& display, ElementSink& sink) {
+std::int16_t extract(Family family, Joiner& joiner, ElementSink& sink) {
     const std::size_t index = indexOf(family);
-    if (index < firstTransferable) return extract(prefixedFamilies[index], display, sink);
-    if (index < firstDocument) return extract(transferableFamilies[index - firstTransferable], display, sink);
-    return extract(documentFamilies[index - firstDocument], display, sink);
+    if (index < firstTransferable) return extract(prefixedFamilies[index], joiner, sink);
+    if (index < firstDocument) return extract(transferableFamilies[index - firstTransferable], joiner, sink);
+    return extract(documentFamilies[index - firstDocument], joiner, sink);
 }
 
 }  // namespace vantro

@@ -1,9 +1,7 @@
 // The extractors: each finds its family's section in a display and hands out the elements one by one.
 #pragma once
 
-#include "display/display.h"
-#include "display/families.h"
-#include "readers/codes.h"
+#include "display/joiner.h"
 
 #include <cstdint>
 
@@ -34,16 +32,16 @@ protected:
 
 /// Each gives the number of elements stored and raises 6 where the display has no end: the 16-bit line counter
 /// overflows.
-std::int16_t extract(const PrefixedFamily& row, Display& display, ElementSink& sink);
-std::int16_t extract(const TransferableFamily& row, Display& display, ElementSink& sink);
-std::int16_t extract(const DocumentFamily& row, Display& display, ElementSink& sink);
+std::int16_t extract(const PrefixedFamily& row, Joiner& joiner, ElementSink& sink);
+std::int16_t extract(const TransferableFamily& row, Joiner& joiner, ElementSink& sink);
+std::int16_t extract(const DocumentFamily& row, Joiner& joiner, ElementSink& sink);
 
 /// The same by family.
-std::int16_t extract(Family family, Display& display, ElementSink& sink);
+std::int16_t extract(Family family, Joiner& joiner, ElementSink& sink);
 
 /// All transferable families in one pass over their lines. Gives the families that fail with 6; what they stored up to
 /// then is void. For displays that end well before the line counter does: close to its end remarks, which look two
 /// lines ahead, fail earlier than the others.
-FamilySet extractTransferable(Display& display, ElementSink& sink);
+FamilySet extractTransferable(Joiner& joiner, ElementSink& sink);
 
 }  // namespace vantro

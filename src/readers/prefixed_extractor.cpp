@@ -14,18 +14,20 @@ namespace vantro {
 namespace {
 
 constexpr Column tagColumn{3};
-constexpr Column textColumn{8};
-constexpr Column unprefixedTextColumn{7};  // Meant: in the global-search lines alone the text begins one column early
-constexpr Width numberWidth{2};
+constexpr Field numberField{Column{1}, Width{2}};
+constexpr Field textField{Column{8}};
+constexpr Field unprefixedTextField{
+    Column{7}};  // Meant: in the global-search lines alone the text begins one column early
 
-/// One extraction: the place in the display and the elements so far.
+/// One extraction: the current line and the number of elements found up to it.
 class PrefixedExtraction {
 public:
-    PrefixedExtraction(const PrefixedFamily& row, Display& display, ElementSink& sink)
+    PrefixedExtraction(const PrefixedFamily& row, Joiner& joiner, ElementSink& sink)
         : row_(row),
           prefix_(row.family),
           joinRule_(row.scheme == Scheme::Plain ? JoinRule::Directly : JoinRule::ColonAfterBlank),
-          display_(display),
+          joiner_(joiner),
+          display_(joiner.display()),
           sink_(sink) {}
 
     std::int16_t run() {
@@ -61,11 +63,11 @@ private:
         for (;; ++line_) {
             const DisplayLine& line = display_.expectedLine(line_);
             if (line.isSectionEnd()) return false;
-            const JoinedLine element = display_.joined(line, line_, joinRule_);
+            const JoinedLine element = joiner_.join(line, line_, joinRule_);
             const bool isCollected = element.last == line_ ? isOwn(line) : isOwn(line, element.text);
             line_ = element.last;
             if (!isCollected) return true;
-            store(element.text, textColumn);
+            store(element.text, cut(element.text, textField));
         }
     }
 
@@ -75,7 +77,7 @@ private:
             ++line_;
             const DisplayLine& line = display_.line(line_);
             if (line.containsPrefix(prefix_, row_.searchFrom)) {
-                store(line.trimmed(), textColumn);
+                store(line.trimmed(), cut(line.trimmed(), textField));
                 collectUnprefixed();
                 return;
             }
@@ -89,7 +91,7 @@ private:
         for (++line_; line_ <= last; ++line_) {
             const TextView line = display_.line(line_).trimmed();
             if (mid(line, tagColumn, row_.tagWidth) != u"     ") return;
-            store(line, unprefixedTextColumn);
+            store(line, cut(line, unprefixedTextField));
         }
     }
 
@@ -124,15 +126,15 @@ private:
         return containsFrom(joined, row_.prefix, std::max(tagColumn, Column{seam}));
     }
 
-    void store(TextView element, Column text) {
+    void store(TextView element, TextView text) {
         ++count_;
-        sink_.store(row_.family, count_.value(),
-                    {.number = trimmed(left(element, numberWidth)), .text = trimmed(mid(element, text))});
+        sink_.store(row_.family, count_.value(), {.number = cut(element, numberField), .text = text});
     }
 
     const PrefixedFamily& row_;
     const Prefix prefix_;
     const JoinRule joinRule_;
+    Joiner& joiner_;
     Display& display_;
     ElementSink& sink_;
     Counter line_;
@@ -141,8 +143,8 @@ private:
 
 }  // namespace
 
-std::int16_t extract(const PrefixedFamily& row, Display& display, ElementSink& sink) {
-    return PrefixedExtraction(row, display, sink).run();
+std::int16_t extract(const PrefixedFamily& row, Joiner& joiner, ElementSink& sink) {
+    return PrefixedExtraction(row, joiner, sink).run();
 }
 
 }  // namespace vantro

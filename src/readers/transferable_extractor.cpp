@@ -5,7 +5,6 @@
 //   A    2    AP  LYS 555-0101                     contacts have their code in columns 12 to 17
 //   ------- DOCUMENTS                              the next section
 #include "framework/constants.h"
-#include "readers/codes.h"
 #include "readers/extractors.h"
 
 #include <algorithm>
@@ -16,10 +15,9 @@ namespace vantro {
 
 namespace {
 
-constexpr Column numberColumn{6};
-constexpr Width numberWidth{3};
-constexpr Column textColumn{14};
-constexpr Column detailColumn{18};
+constexpr Field numberField{Column{6}, Width{3}};
+constexpr Field textField{Column{14}};
+constexpr Field detailField{Column{18}};
 
 // Columns inside an element's text, which begins with its code: "FFN XX 1234567", "SR FQTVXX 1234567-TEXT".
 constexpr Column flyerCarrierColumn{5};
@@ -59,13 +57,12 @@ bool endsScan(ScanEnd end, const DisplayLine& line) {
 }
 
 FoundElement split(const TransferableFamily& row, TextView line) {
-    FoundElement element{.number = trimmed(mid(line, numberColumn, numberWidth)),
-                         .text = trimmed(mid(line, textColumn))};
+    FoundElement element{.number = cut(line, numberField), .text = cut(line, textField)};
     switch (row.split) {  // Not covered: every split has its case
         case Split::None: break;
         case Split::FrequentFlyer: splitFrequentFlyer(element); break;
         case Split::ServiceRequest: splitServiceRequest(element); break;
-        case Split::RemarkDetail: element.freeText = trimmed(mid(line, detailColumn)); break;
+        case Split::RemarkDetail: element.freeText = cut(line, detailField); break;
     }
     return element;
 }
@@ -85,8 +82,8 @@ constexpr FamilySet twoLineJoiners = familiesJoinedBy(JoinRule::TwoBelow);
 /// Several families' scans over the same lines. Each ends where its own row says.
 class Scans {
 public:
-    Scans(std::span<const TransferableFamily> rows, Display& display, ElementSink& sink)
-        : rows_(rows), display_(display), sink_(sink) {
+    Scans(std::span<const TransferableFamily> rows, Joiner& joiner, ElementSink& sink)
+        : rows_(rows), joiner_(joiner), display_(joiner.display()), sink_(sink) {
         for (const TransferableFamily& row : rows) {
             running_.add(row.family);
             if (row.start == ScanStart::FirstLine) inSection_.add(row.family);
@@ -129,21 +126,18 @@ private:
 
     // Joined lines are not used up: each of them is looked at again as a line of its own.
     void testElement(const DisplayLine& line, Counter number) {
-        const JoinedLine element = display_.joined(line, number, JoinRule::OneBelow);
-        if (element.last == number) {
-            storeAs(inSection_ & codesIn(line), element.text);
+        if (!joiner_.isContinued(number, JoinRule::OneBelow)) {
+            storeAs(inSection_ & line.codes(), line.rightTrimmed());
             return;
         }
-        storeAs(inSection_ & oneLineJoiners & codesIn(element.text), element.text);
-        if ((inSection_ & twoLineJoiners).empty()) return;
-        const TextView longer = display_.joined(line, number, JoinRule::TwoBelow).text;
-        storeAs(inSection_ & twoLineJoiners & codesIn(longer), longer);
+        testJoined(line, number, JoinRule::OneBelow, inSection_ & oneLineJoiners);
+        testJoined(line, number, JoinRule::TwoBelow, inSection_ & twoLineJoiners);
     }
 
-    static FamilySet codesIn(TextView text) { return vantro::codesIn(text); }
-    static FamilySet codesIn(const DisplayLine& line) {
-        const TextView text = line.rightTrimmed();
-        return line.fitsBits() ? vantro::codesIn(text, line.blanks()) : vantro::codesIn(text);
+    void testJoined(const DisplayLine& line, Counter number, JoinRule rule, FamilySet joiners) {
+        if (joiners.empty()) return;
+        const TextView text = joiner_.join(line, number, rule).text;
+        storeAs(joiners & codesIn(text), text);
     }
 
     void storeAs(FamilySet families, TextView line) {
@@ -157,6 +151,7 @@ private:
     }
 
     std::span<const TransferableFamily> rows_;
+    Joiner& joiner_;
     Display& display_;
     ElementSink& sink_;
     FamilySet running_;
@@ -167,12 +162,12 @@ private:
 
 }  // namespace
 
-std::int16_t extract(const TransferableFamily& row, Display& display, ElementSink& sink) {
-    return Scans({&row, 1}, display, sink).run();
+std::int16_t extract(const TransferableFamily& row, Joiner& joiner, ElementSink& sink) {
+    return Scans({&row, 1}, joiner, sink).run();
 }
 
-FamilySet extractTransferable(Display& display, ElementSink& sink) {
-    Scans scans(transferableFamilies, display, sink);
+FamilySet extractTransferable(Joiner& joiner, ElementSink& sink) {
+    Scans scans(transferableFamilies, joiner, sink);
     try {
         scans.run();
         return {};

@@ -12,9 +12,8 @@ namespace vantro {
 
 namespace {
 
-constexpr Column numberColumn{6};
-constexpr Width numberWidth{3};
-constexpr Column textColumn{14};
+constexpr Field numberField{Column{6}, Width{3}};
+constexpr Field textField{Column{14}};
 constexpr Width continuationIndent{17};
 
 constexpr char16_t upperCase(char16_t character) {
@@ -79,8 +78,7 @@ bool endsSection(const DisplayLine& line) { return line.isEndOfDisplay() || line
 /// The element whose first line is `number`; leaves `number` at the line under its last one.
 TransferableElement readElement(Display& display, Counter& number) {
     const TextView line = display.line(number).text();
-    TransferableElement element{line.front(), trimmed(mid(line, numberColumn, numberWidth)),
-                                Text(trimmed(mid(line, textColumn)))};
+    TransferableElement element{line.front(), cut(line, numberField), Text(cut(line, textField))};
     for (++number;; ++number) {
         const DisplayLine& below = display.expectedLine(number);
         if (endsSection(below) || !below.beginsBlank(continuationIndent)) return element;

@@ -1,5 +1,4 @@
 #include "display/line_bits.h"
-#include "display/line_groups.h"
 
 #include <gtest/gtest.h>
 
@@ -82,21 +81,21 @@ TEST(LineBits, RunsOfALengthAreFound) {
     }
 }
 
-TEST(LineGroups, ALineOfAnyLengthIsLookedAtCharacterByCharacter) {
+TEST(LineCharacters, OfALineOfAnyLengthAreComparedOneByOne) {
     std::mt19937 engine(3);
-    const Text characters = u" /->F\u00AF\u012F\u202F\uFF2F";  // some share their low byte with the slash
+    const Text alphabet = u" /->F\u00AF\u012F\u202F\uFF2F";  // some share their low byte with the slash
     for (std::size_t length = 0; length <= LineBits::capacity; ++length) {
         Text line(length, u' ');
-        for (char16_t& character : line) character = characters[engine() % characters.size()];
+        for (char16_t& character : line) character = alphabet[engine() % alphabet.size()];
         Written blanks(LineBits::capacity, '1');
         Written slashes(LineBits::capacity, '0');
         for (std::size_t place = 0; place < length; ++place) {
             blanks[place] = line[place] == u' ' ? '1' : '0';
             slashes[place] = line[place] == u'/' ? '1' : '0';
         }
-        lookAtGroups(line, [&](const auto& groups) {
-            EXPECT_EQ(written(groups.blanks()), blanks) << length;
-            EXPECT_EQ(written(groups.where(u'/')), slashes) << length;
+        withCharacters(line, [&](const auto& characters) {
+            EXPECT_EQ(written(characters.blanks()), blanks) << length;
+            EXPECT_EQ(written(characters.where('/')), slashes) << length;
         });
     }
 }

@@ -1,0 +1,37 @@
+#include "display/joiner.h"
+
+#include "framework/constants.h"
+
+namespace vantro {
+
+JoinedLine Joiner::joinContinued(const DisplayLine& first, Counter number, JoinRule rule) {
+    if (!keepsIndent(rule)) return joinAllBelow(first, number, rule);
+    joining_ = first.rightTrimmed();
+    joining_ += display_.line(number + 1).trimmed();
+    if (rule == JoinRule::OneBelow || !isContinued(number + 1, rule)) return {texts_.keep(joining_), number + 1};
+    joining_ += display_.line(number + 2).trimmed();
+    return {texts_.keep(joining_), number + 2};
+}
+
+JoinedLine Joiner::joinAllBelow(const DisplayLine& first, Counter number, JoinRule rule) {
+    joining_ = first.trimmed();
+    bool containsEndText = first.marks().containsEndText();
+    Counter last = number;
+    for (;;) {
+        const DisplayLine& below = display_.line(last + 1);
+        if (!below.beginsBlank(elementIndent) || containsEndText) break;
+        ++last;
+        if (display_.isPastEnd(last)) fail(Failure::Overflow);  // empty lines would continue the element for ever
+        if (below.isBlank()) continue;
+        // The end text can come about across a seam, but not from further back than its own length.
+        const std::size_t unseen = joining_.size() - std::min(joining_.size(), mark::endOfDisplay.size());
+        const TextView continuation = below.trimmed();
+        const bool isColonLine = mid(continuation, Column{3}, Width{1}) == u":";
+        if (rule == JoinRule::ColonAfterBlank && isColonLine) joining_ += u' ';
+        joining_ += continuation;
+        containsEndText = contains(TextView(joining_).substr(unseen), mark::endOfDisplay);
+    }
+    return {texts_.keep(joining_), last};
+}
+
+}  // namespace vantro
