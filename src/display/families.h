@@ -134,12 +134,18 @@ constexpr bool isTransferable(Family family) {
     return indexOf(family) >= firstTransferable && indexOf(family) < firstDocument;
 }
 
+/// Calls `use` with the family's row, which is of one of the three kinds, and returns what it returns.
+template <class Use>
+constexpr decltype(auto) withRow(Family family, Use&& use) {
+    const std::size_t index = indexOf(family);
+    if (index < firstTransferable) return use(prefixedFamilies[index]);
+    if (index < firstDocument) return use(transferableFamilies[index - firstTransferable]);
+    return use(documentFamilies[index - firstDocument]);
+}
+
 /// The number that the family's count property raises.
 constexpr int extractorError(Family family) {
-    const std::size_t index = indexOf(family);
-    if (index < firstTransferable) return prefixedFamilies[index].error;
-    if (index < firstDocument) return transferableFamilies[index - firstTransferable].error;
-    return documentFamilies[index - firstDocument].error;
+    return withRow(family, [](const auto& row) { return row.error; });
 }
 
 // Each table stands in the order of the enumeration and together they hold every family.

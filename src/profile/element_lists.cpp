@@ -26,8 +26,8 @@ void TransferableListsSink::store(Family /*family*/, std::int16_t count, const F
         storeLast(lists_.freeText, length, element.freeText);
         return;
     }
-    storeLast(lists_.carrier, length, element.carrier);
-    storeLast(lists_.account, length, element.account);
+    storeLast(lists_.carrier, length, element.airline);
+    storeLast(lists_.account, length, element.frequentFlyerNumber);
     if (split_ == Split::FrequentFlyer) return;
     storeLast(lists_.code, length, element.code);
     storeLast(lists_.freeText, length, element.freeText);

@@ -35,12 +35,7 @@ public:
     }
 
     void store(Family family, std::int16_t /*count*/, const FoundElement& found) override {
-        storage_.elements.push_back({.number = found.number,
-                                     .text = found.text,
-                                     .code = found.code,
-                                     .airline = found.carrier,
-                                     .frequentFlyerNumber = found.account,
-                                     .freeText = found.freeText});
+        storage_.elements.push_back(found);
         families_.push_back(family);
     }
 

@@ -61,10 +61,7 @@ std::int16_t extract(const DocumentFamily& row, Display& display, ElementSink& s
 }
 
 std::int16_t extract(Family family, Display& display, ElementSink& sink) {
-    const std::size_t index = indexOf(family);
-    if (index < firstTransferable) return extract(prefixedFamilies[index], display, sink);
-    if (index < firstDocument) return extract(transferableFamilies[index - firstTransferable], display, sink);
-    return extract(documentFamilies[index - firstDocument], display, sink);
+    return withRow(family, [&](const auto& row) { return extract(row, display, sink); });
 }
 
 }  // namespace vantro
