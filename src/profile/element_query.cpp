@@ -125,13 +125,8 @@ std::span<const FamilyName> familyNames() { return names; }
 
 CollectionPtr ProfileQuery::answer(TextView display) {
     const TextView prefix = request_.read(key::strKeyPrefix);
-    display_ = display;
-    if (Screen screen(terminal_, display); hasHostLine(screen)) {
-        // Only a terminal that makes lines of its own can show such a line in a shorter text.
-        if (display.size() < screenWidth) fail(Failure::InvalidProcedureCall);
-        display_ = display.substr(screenWidth);
-    }
-    if (prefix.empty()) throw Error(emptyPrefixError, applicationTitle, description::verifyingProfile);
+    display_ = withoutHostLine(terminal_, display, ShortDisplay::Fails);
+    if (prefix.empty()) throw Error(number::emptyPrefix, applicationTitle, description::verifyingProfile);
     for (const DispatchRow& row : dispatchTable) {
         if (!matches(row, prefix)) continue;
         (this->*row.answer)(row.family.value_or(Family{}));  // Not covered: no answer is virtual

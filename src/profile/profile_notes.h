@@ -16,29 +16,20 @@ public:
 
     IProfileGet* profileGet() override { return this; }
 
-    /// Reads the notes that the two filters keep (empty ones keep all) into the object's lists and gives their
+    /// Reads the notes that the two filters keep (empty ones keep all) into the object's lists and returns their
     /// count. Raises 5505 with "An error has occurred while reading Profile Notes".
     std::int16_t ProfileNotesElementsCount(TextView display, TextView searchString, TextView searchQualifier);
 
-    /// "strNoteText", "strNoteNumber" and "strNoteQualifier": note k at index k, entry 0 empty. To be asked for anew
-    /// after a call that failed.
+    /// "strNoteText", "strNoteNumber" and "strNoteQualifier": note k at index k, entry 0 empty.
     const TextList* list(TextView name) const override;
 
 private:
-    /// Empty notes in a row.
-    struct EmptyNotes {
-        std::int16_t firstNumber = 0;
-        std::int16_t amount = 0;
-    };
-
     struct NoteLists {
         TextList text;
         TextList number;
         TextList qualifier;
-        EmptyNotes emptyNotes;  // stand behind the others and are many: they are written out when one asks for a list
 
         void cutToEntry0();
-        void writeOut();
     };
     class ListsSink;
 
@@ -49,7 +40,7 @@ private:
 
     void addNotes(TextView display, const CollectionPtr& collection, const NoteFilter& filter);
 
-    mutable NoteLists lists_;
+    NoteLists lists_;
 };
 
 /// The count property of `CProfileNotes`, for the class table.

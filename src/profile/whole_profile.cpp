@@ -45,7 +45,8 @@ public:
         storage_.notes.push_back({note.number, note.qualifier, note.text});
     }
 
-    void storeEmpty(std::int16_t /*number*/, std::int16_t /*amount*/) override {}  // the failing scan's notes go
+    void storeEmpty(std::int16_t /*number*/, std::int16_t /*amount*/) override {
+    }  // the scan fails, its notes are dropped
 
     std::size_t size() const { return families_.size(); }
 
@@ -101,7 +102,7 @@ public:
     WholeProfileReader(Profile& profile, Profile::Storage& storage)
         : profile_(profile),
           storage_(storage),
-          display_(terminal_, withoutHostLine(storage.display)),
+          display_(terminal_, withoutHostLine(terminal_, storage.display, ShortDisplay::IsEmpty)),
           collector_(storage, storage.display.size() / screenWidth) {}  // few displays hold an element a line
 
     void run() {
@@ -114,11 +115,6 @@ public:
     }
 
 private:
-    TextView withoutHostLine(TextView display) {
-        Screen screen(terminal_, display);
-        return hasHostLine(screen) ? display.substr(screenWidth) : display;
-    }
-
     template <class Read>
     void answer(TextView query, Read&& read) {
         try {
@@ -193,7 +189,7 @@ private:
             scanNotes(display_, {}, collector_);
         } catch (const Error&) {
             storage_.notes.clear();
-            profile_.problems.push_back({u"ProfileNotes", notesQueryError, Text(description::readingNotes)});
+            profile_.problems.push_back({u"ProfileNotes", number::notesQuery, Text(description::readingNotes)});
         }
     }
 
