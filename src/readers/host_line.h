@@ -7,6 +7,7 @@ namespace vantro {
 
 /// What happens to a display with a host line that is too short to have one cut off. Only a terminal that makes lines
 /// of its own can show such a line.
+// Meant: a query of elements fails, a query of notes reads an empty display.
 enum class ShortDisplay : std::uint8_t {
     Fails,    ///< raises 5
     IsEmpty,  ///< nothing is left of it
