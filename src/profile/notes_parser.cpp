@@ -3,13 +3,12 @@
 #include "framework/int16.h"
 #include "profile/profile_notes.h"
 #include "readers/host_line.h"
+#include "vantro/families.h"
 #include "vantro/lists.h"
 
 namespace vantro {
 
 namespace {
-
-constexpr TextView notesPrefix = u"ProfileNotes";
 
 void storeLast(TextList& list, std::size_t length, Text text) {
     list.resize(length);
@@ -84,8 +83,8 @@ CollectionPtr CProfileNotes::IProfileGet_ProfileElements(TextView display, const
     const NoteFilter filter{request.read(key::strSearchString), request.read(key::strSearchQualifier)};
     display = withoutHostLine(terminal(), display, ShortDisplay::IsEmpty);
     if (prefix.empty()) throw Error(number::emptyPrefix, applicationTitle, description::verifyingProfile);
-    // Meant: an answered prefix gives no object, an unknown one gives the collection back.
-    if (trimmed(prefix) != notesPrefix) return collection;
+    // Meant: an answered prefix returns no object, an unknown one returns the collection.
+    if (trimmed(prefix) != factsOf(OtherQuery::Notes).word) return collection;
     addNotes(display, collection, filter);
     return {};
 }

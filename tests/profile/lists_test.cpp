@@ -31,7 +31,7 @@ protected:
 INSTANTIATE_TEST_SUITE_P(Each, ElementListOf, testing::ValuesIn(elementListNames), nameOfList);
 
 TEST_P(ElementListOf, HoldsTheEmptyEntryOrNothingInANewObject) {
-    if (GetParam().content == ListContent::Flags) {
+    if (GetParam().part == ElementPart::Asterisk) {
         EXPECT_EQ(object->list(GetParam().name), nullptr);
         ASSERT_NE(object->flagList(GetParam().name), nullptr);
         EXPECT_TRUE(object->flagList(GetParam().name)->empty());
