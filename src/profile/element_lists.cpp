@@ -15,8 +15,8 @@ namespace vantro {
 namespace {
 
 void storeLast(TextList& list, std::size_t length, TextView text) {
-    list.resize(length);
-    list.back() = text;
+    list.resize(length - 1);
+    list.emplace_back(text);
 }
 
 /// Stores every part of the elements in its list. Lists are only resized when an element is stored: a call that finds
