@@ -152,19 +152,19 @@ inline constexpr auto transferableFamilies = std::to_array<TransferableFamily>({
     // family                   code       test                         end                        start                     join                 split                   error
     //                          place   output                count property                  meaning                     sample
     {Family::Remark,           u" RM ",   CodeTest::FoundFromColumn13, ScanEnd::PromptAnywhere,   ScanStart::SectionHeader, JoinRule::TwoBelow,  Split::None,            5260,  // Meant: two lines joined, its siblings one
-                              {3,  ElementOutput::Element, u"RemarkElementsCount",         u"remark",                  u"S    1     RM  PREFERS MORNING FLIGHTS"}},
+                              {3,  ElementOutput::Element, u"RemarkElementsCount",         u"remark",                  u"S      1     RM  PREFERS MORNING FLIGHTS"}},
     {Family::Contact,          u"  AP  ", CodeTest::StandsAtColumn12,  ScanEnd::PromptLineAlone,  ScanStart::SectionHeader, JoinRule::OneBelow,  Split::None,            5235,  // Meant: ">" inside a line does not end the scan
-                              {4,  ElementOutput::Element, u"ContactElementsCount",        u"contact",                 u"A    2     AP  LYS 04 72 55 01 90-B"}},
+                              {4,  ElementOutput::Element, u"ContactElementsCount",        u"contact",                 u"A      2     AP  LYS 04 72 55 01 90-B"}},
     {Family::OtherService,     u" OS ",   CodeTest::FoundFromColumn13, ScanEnd::PromptAnywhere,   ScanStart::SectionHeader, JoinRule::OneBelow,  Split::None,            5250,
-                              {5,  ElementOutput::Element, u"OtherServiceElementsCount",   u"other-service element",   u"S    3     OS  XQ CORPORATE CONTRACT 7001"}},
+                              {5,  ElementOutput::Element, u"OtherServiceElementsCount",   u"other-service element",   u"S      3     OS  XQ CORPORATE CONTRACT 7001"}},
     {Family::FrequentFlyer,    u" FFN ",  CodeTest::FoundFromColumn13, ScanEnd::PromptAnywhere,   ScanStart::SectionHeader, JoinRule::OneBelow,  Split::FrequentFlyer,   5255,
-                              {6,  ElementOutput::Element, u"FrequentFlyerElementsCount",  u"frequent flyer number",   u"S    4     FFN QV 1234567"}},
+                              {6,  ElementOutput::Element, u"FrequentFlyerElementsCount",  u"frequent flyer number",   u"S      4     FFN QV 1234567"}},
     {Family::ServiceRequest,   u" SR ",   CodeTest::FoundFromColumn13, ScanEnd::PromptAnywhere,   ScanStart::SectionHeader, JoinRule::OneBelow,  Split::ServiceRequest,  5245,
-                              {2,  ElementOutput::Element, u"ServiceRequestElementsCount", u"special service request", u"S    5     SR  FQTVXQ 7654321-GOLD"}},
+                              {2,  ElementOutput::Element, u"ServiceRequestElementsCount", u"special service request", u"S      5     SR  FQTVXQ 7654321-GOLD"}},
     {Family::Seat,             u" ST ",   CodeTest::FoundFromColumn13, ScanEnd::PromptAnywhere,   ScanStart::SectionHeader, JoinRule::OneBelow,  Split::None,            5240,
-                              {7,  ElementOutput::Element, u"SeatElementsCount",           u"seat request",            u"A    6     ST  WINDOW"}},
+                              {7,  ElementOutput::Element, u"SeatElementsCount",           u"seat request",            u"A      6     ST  WINDOW"}},
     {Family::RemarkConf,       u" RC ",   CodeTest::FoundFromColumn13, ScanEnd::PromptAnywhere,   ScanStart::FirstLine,     JoinRule::OneBelow,  Split::RemarkDetail,    5260,  // Meant: shares the remarks' number; found only above or in the display's first section
-                              {18, ElementOutput::Element, u"RemarkConfElementsCount",     u"confidential remark",     u"S    7     RC  CREDIT LIMIT 400000", 5265}},  // Meant: its count raises 5260
+                              {18, ElementOutput::Element, u"RemarkConfElementsCount",     u"confidential remark",     u"S      7     RC  CREDIT LIMIT 400000", 5265}},  // Meant: its count raises 5260
 });
 // clang-format on
 

@@ -1,4 +1,4 @@
-// Every list that a parser keeps is readable under its name, whatever it holds.
+// Every list that a parser keeps is readable under its name, whatever it contains.
 #include "vantro/lists.h"
 
 #include "tests/support/text.h"
@@ -30,7 +30,7 @@ protected:
 
 INSTANTIATE_TEST_SUITE_P(Each, ElementListOf, testing::ValuesIn(elementListNames), nameOfList);
 
-TEST_P(ElementListOf, HoldsTheEmptyEntryOrNothingInANewObject) {
+TEST_P(ElementListOf, ContainsTheEmptyEntryOrNothingInANewObject) {
     if (GetParam().part == ElementPart::Asterisk) {
         EXPECT_EQ(object->list(GetParam().name), nullptr);
         ASSERT_NE(object->flagList(GetParam().name), nullptr);
