@@ -33,7 +33,7 @@ enum class ListCut : std::uint8_t {
 
 /// What a family's row says for everyone but the engines.
 struct FamilyAbout {
-    int queryPlace;  ///< of its word among the words that a query's text is compared with, from 1
+    int queryPlace;  ///< of its word among the words that a query is compared with, from 1; a new one comes last
     ElementOutput output;
     TextView countProperty;  ///< its lists are named after it
     TextView meaning;

@@ -61,7 +61,7 @@ constexpr auto otherQueries = [] {
 }();
 
 static_assert(otherQueryRows.size() == otherQueryCount);
-static_assert(std::ranges::none_of(otherQueries, &TextView::empty, &QueryFacts::word));
+static_assert(std::ranges::none_of(otherQueries, [](const QueryFacts& query) { return query.word.empty(); }));
 
 // Families
 
@@ -147,7 +147,7 @@ constexpr auto queries = [] {
     return all;
 }();
 
-static_assert(std::ranges::none_of(queries, &TextView::empty, &QueryFacts::word));
+static_assert(std::ranges::none_of(queries, [](const QueryFacts& query) { return query.word.empty(); }));
 static_assert(std::ranges::all_of(queries, [](const QueryFacts& query) {
     const bool isWordUnique = std::ranges::count(queries, query.word, &QueryFacts::word) == 1;
     return isWordUnique && (query.match == WordMatch::Whole || query.word.size() == 3);

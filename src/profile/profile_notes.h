@@ -8,8 +8,8 @@
 
 namespace vantro {
 
-/// The one class with both interfaces. As a transaction it asks for the notes of a profile, adds to the collection
-/// that it is given and gives that one back. As a parser it reads the notes out of a display.
+/// The one class with both interfaces. As a transaction it asks for the notes of a profile, and adds its results to the
+/// collection that is passed in, which it returns. As a parser it reads the notes of a display.
 class CProfileNotes final : public Transaction, public IProfileGet {
 public:
     CProfileNotes(Terminal& terminal, const TransErrors& errors);
