@@ -6,6 +6,7 @@ set(public_headers
     vantro/built_in_terminal.h
     vantro/collection.h
     vantro/error.h
+    vantro/families.h
     vantro/interfaces.h
     vantro/lists.h
     vantro/profile.h
@@ -24,10 +25,10 @@ target_sources(vantro_profile_utils PRIVATE
     src/framework/interfaces.cpp
     src/framework/screen.cpp
     src/framework/text_ops.cpp
-    src/profile/counts.cpp
     src/profile/element_lists.cpp
     src/profile/element_parser.cpp
     src/profile/element_query.cpp
+    src/profile/facts.cpp
     src/profile/notes_parser.cpp
     src/profile/notes_transaction.cpp
     src/profile/whole_profile.cpp

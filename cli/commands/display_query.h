@@ -46,8 +46,8 @@ void addQueryOptions(CLI::App& command, QueryOptions& options);
 /// What `--help` says about files of several displays.
 extern const char* const manyDisplaysHelp;
 
-/// Asks each display of the file (standard input for "" and "-"), prints what the query added to its request and gives
-/// the exit status. A display that cannot be read and one without an answer are said on standard error.
+/// Asks each display of the file (standard input for "" and "-"), prints what the query added to its request and
+/// returns the exit status. A display that cannot be read, and one without an answer, is reported on standard error.
 int answerDisplays(const QueryOptions& options, const Question& question);
 
 }  // namespace vantro

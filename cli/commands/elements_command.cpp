@@ -2,7 +2,7 @@
 #include "cli/commands/display_query.h"
 #include "cli/commands/number_option.h"
 #include "cli/io/utf.h"
-#include "vantro/profile.h"
+#include "vantro/families.h"
 
 #include <CLI/CLI.hpp>
 #include <cstdint>
@@ -25,9 +25,13 @@ struct ElementsOptions {
 };
 
 std::string knownPrefixes() {
-    std::string known = "NM RECLOC OFFID PCN PIN PSL ALL";
-    for (const FamilyName& family : familyNames()) known += " " + toUtf8(family.prefix);
-    return known;
+    std::string others;
+    std::string families;
+    for (const QueryFacts& query : profileQueries()) {
+        std::string& known = query.family ? families : others;
+        known += " " + toUtf8(query.word);
+    }
+    return others.substr(1) + families;
 }
 
 /// The same in two lines.

@@ -13,7 +13,8 @@ namespace vantro {
 /// How a profile is written.
 enum class ProfileForm { JsonLine, IndentedJson, Table };
 
-/// One display of a chunk, done. Its output ends at `outEnd` in the chunk's and begins where the one before ends.
+/// One parsed display of a chunk. Its output ends at `outEnd` in the chunk's output and begins where the output of the
+/// previous display ends.
 struct ParsedDisplay {
     std::size_t outEnd = 0;
     FaultyLine faulty;

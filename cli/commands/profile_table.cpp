@@ -2,49 +2,38 @@
 
 #include "cli/commands/table.h"
 #include "cli/io/utf.h"
-#include "cli/json/profile_json.h"
+#include "vantro/families.h"
 
-#include <utility>
+#include <span>
 
 namespace vantro {
 
 namespace {
 
-/// Lists what an element has beside number and text: "code VGML, text NO DAIRY".
-class Details {
-public:
-    void add(bool isThere, const char* name, TextView value) {
-        if (!isThere || value.empty()) return;
-        if (!text_.empty()) text_ += ", ";
-        text_ += std::string(name) + " " + toUtf8(value);
+/// What an element has beside number and text: "code VGML, text NO DAIRY". Empty parts are left out.
+std::string detailsOf(const Element& element, std::span<const ElementPart> furtherParts) {
+    std::string details;
+    for (const ElementPart part : furtherParts) {
+        const PartFacts& facts = factsOf(part);
+        if (facts.label.empty() || (element.*facts.value).empty()) continue;
+        if (!details.empty()) details += ", ";
+        details.append(facts.label).append(" ").append(toUtf8(element.*facts.value));
     }
-    std::string text() && { return std::move(text_); }
-
-private:
-    std::string text_;
-};
-
-std::string detailsOf(const Element& element, const FurtherFields& further) {
-    Details details;
-    details.add(further.code, "code", element.code);
-    details.add(further.account, "airline", element.airline);
-    details.add(further.account, "number", element.frequentFlyerNumber);
-    details.add(further.freeText, "text", element.freeText);
-    return std::move(details).text();
+    return details;
 }
 
-void addRow(const char* prefix, TextView number, TextView text, Table& table) {
+void addRow(OtherQuery query, TextView number, TextView text, Table& table) {
     if (number.empty() && text.empty()) return;
-    table.add({prefix, toUtf8(number), toUtf8(text), ""});
+    table.add({toUtf8(factsOf(query).word), toUtf8(number), toUtf8(text), ""});
 }
 
 void addHeader(const Profile& profile, Table& table) {
-    addRow("NM", {}, profile.name, table);
-    addRow("RECLOC", {}, profile.recordLocator, table);
-    addRow("OFFID", {}, profile.officeIdentifier, table);
-    addRow("PCN", profile.companyName.number.value_or(TextView()), profile.companyName.text, table);
-    addRow("PIN", profile.pin.number, profile.pin.text, table);
-    if (profile.psl) addRow("PSL", profile.psl->number, profile.psl->text, table);
+    addRow(OtherQuery::Name, {}, profile.name, table);
+    addRow(OtherQuery::RecordLocator, {}, profile.recordLocator, table);
+    addRow(OtherQuery::OfficeIdentifier, {}, profile.officeIdentifier, table);
+    addRow(OtherQuery::CompanyName, profile.companyName.number.value_or(TextView()), profile.companyName.text, table);
+    addRow(OtherQuery::Pin, profile.pin.number, profile.pin.text, table);
+    if (profile.psl) addRow(OtherQuery::Psl, profile.psl->number, profile.psl->text, table);
 }
 
 }  // namespace
@@ -53,9 +42,10 @@ std::string profileTable(const Profile& profile) {
     Table table({"WHAT", "NUMBER", "TEXT", "DETAILS"});
     addHeader(profile, table);
     for (const FamilyName& row : familyNames()) {
-        const FurtherFields further = furtherFields(row.family);
+        const std::span<const ElementPart> furtherParts = factsOf(row.family).furtherParts();
         for (const Element& element : profile.elements(row.family)) {
-            table.add({toUtf8(row.prefix), toUtf8(element.number), toUtf8(element.text), detailsOf(element, further)});
+            table.add(
+                {toUtf8(row.prefix), toUtf8(element.number), toUtf8(element.text), detailsOf(element, furtherParts)});
         }
     }
     for (const Note& note : profile.notes) {

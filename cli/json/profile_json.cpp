@@ -1,5 +1,9 @@
 #include "cli/json/profile_json.h"
 
+#include "vantro/families.h"
+
+#include <span>
+
 namespace vantro {
 
 namespace {
@@ -9,42 +13,35 @@ void writeField(std::string_view name, TextView value, JsonOut& out) {
     out.text(value);
 }
 
-void writeFurther(const Element& element, const FurtherFields& further, JsonOut& out) {
-    if (further.code) writeField("code", element.code, out);
-    if (further.account) {
-        writeField("airline", element.airline, out);
-        writeField("frequentFlyerNumber", element.frequentFlyerNumber, out);
-    }
-    if (further.freeText) writeField("freeText", element.freeText, out);
-    if (further.asterisk) {
-        out.key("asterisk");
-        out.boolean(element.asterisk);
-    }
+void writePart(ElementPart part, const Element& element, JsonOut& out) {
+    const PartFacts& facts = factsOf(part);
+    out.key(facts.json);
+    part == ElementPart::Asterisk ? out.boolean(element.asterisk) : out.text(element.*facts.value);
 }
 
-void writeElement(const Element& element, const FurtherFields& further, JsonOut& out) {
+void writeElement(const Element& element, std::span<const ElementPart> furtherParts, JsonOut& out) {
     out.beginObject();
-    writeField("number", element.number, out);
-    writeField("text", element.text, out);
-    writeFurther(element, further, out);
+    writePart(ElementPart::Number, element, out);
+    writePart(ElementPart::WholeText, element, out);
+    for (const ElementPart part : furtherParts) writePart(part, element, out);
     out.endObject();
 }
 
 void writeHeader(const Profile& profile, JsonOut& out) {
-    writeField("name", profile.name, out);
-    writeField("recordLocator", profile.recordLocator, out);
-    writeField("officeIdentifier", profile.officeIdentifier, out);
+    writeField(factsOf(OtherQuery::Name).json, profile.name, out);
+    writeField(factsOf(OtherQuery::RecordLocator).json, profile.recordLocator, out);
+    writeField(factsOf(OtherQuery::OfficeIdentifier).json, profile.officeIdentifier, out);
 
-    out.key("companyName");
+    out.key(factsOf(OtherQuery::CompanyName).json);
     out.beginObject();
     out.key("number");
     profile.companyName.number ? out.text(*profile.companyName.number) : out.null();
     writeField("text", profile.companyName.text, out);
     out.endObject();
 
-    out.key("pin");
+    out.key(factsOf(OtherQuery::Pin).json);
     writeElement(profile.pin, {}, out);
-    out.key("psl");
+    out.key(factsOf(OtherQuery::Psl).json);
     profile.psl ? writeElement(*profile.psl, {}, out) : out.null();
 }
 
@@ -52,17 +49,17 @@ void writeFamilies(const Profile& profile, JsonOut& out) {
     out.key("elements");
     out.beginObject();
     for (const FamilyName& row : familyNames()) {
-        const FurtherFields further = furtherFields(row.family);
+        const std::span<const ElementPart> furtherParts = factsOf(row.family).furtherParts();
         out.key(row.prefix);
         out.beginArray();
-        for (const Element& element : profile.elements(row.family)) writeElement(element, further, out);
+        for (const Element& element : profile.elements(row.family)) writeElement(element, furtherParts, out);
         out.endArray();
     }
     out.endObject();
 }
 
 void writeNotes(const Profile& profile, JsonOut& out) {
-    out.key("notes");
+    out.key(factsOf(OtherQuery::Notes).json);
     out.beginArray();
     for (const Note& note : profile.notes) {
         out.beginObject();
@@ -91,15 +88,6 @@ void writeProblems(const Profile& profile, JsonOut& out) {
 }
 
 }  // namespace
-
-FurtherFields furtherFields(Family family) {
-    switch (family) {
-        case Family::ServiceRequest: return {.code = true, .account = true, .freeText = true, .asterisk = true};
-        case Family::FrequentFlyer: return {.account = true};
-        case Family::RemarkConf: return {.freeText = true};
-        default: return {};
-    }
-}
 
 void writeProfile(const Profile& profile, JsonOut& out) {
     out.beginObject();

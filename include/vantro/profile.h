@@ -13,7 +13,7 @@
 
 namespace vantro {
 
-/// The element families of a profile display.
+/// The element families of a profile display. vantro/families.h says what each of them means.
 enum class Family : std::uint8_t {
     // clang-format off
     // Lines tagged with a prefix
@@ -25,9 +25,9 @@ enum class Family : std::uint8_t {
     // clang-format on
 };
 
-inline constexpr std::size_t familyCount = 29;
-
 constexpr std::size_t indexOf(Family family) { return static_cast<std::size_t>(family); }
+
+inline constexpr std::size_t familyCount = indexOf(Family::PFO) + 1;
 
 /// A family and the prefix under which `ProfileElements` knows it ("PPR", "RM").
 struct FamilyName {
@@ -57,7 +57,7 @@ struct CompanyName {
 
 /// One line of the notes.
 struct Note {
-    std::int16_t number;  ///< the line's place under the notes header, from 1
+    std::int16_t number;  ///< of the line among those under the notes header, from 1
     TextView qualifier;   ///< the line's first two characters
     TextView text;        ///< the rest of the line, trimmed
 };
@@ -69,7 +69,7 @@ struct Problem {
     Text description;  ///< the description that it raises
 };
 
-/// Everything in a display. Each value is exactly what the single query for it gives. All texts are views that
+/// Everything in a display. Each value is exactly what the single query for it returns. All texts are views that
 /// live as long as this object, moves included.
 struct Profile {
     TextView name;
@@ -82,7 +82,7 @@ struct Profile {
     std::span<const Note> notes;
     std::vector<Problem> problems;
 
-    /// A family's elements in the order of the display; element k stands at index k - 1.
+    /// A family's elements in the order of the display; element k is at index k - 1.
     std::span<const Element> elements(Family family) const { return families[indexOf(family)]; }
 
     /// What the views point into.
@@ -91,7 +91,7 @@ struct Profile {
 };
 
 /// Reads a whole display: lines of 80 characters joined without separators. Nothing is raised for what the
-/// display holds: a query that fails is listed under `problems` and the others are answered.
+/// display contains: a query that fails is listed under `problems` and the others are answered.
 Profile parseProfile(Text display);
 
 }  // namespace vantro

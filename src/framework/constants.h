@@ -16,6 +16,15 @@ inline constexpr TextView readingNotes = u"An error has occurred while reading P
 
 }  // namespace description
 
+/// The error numbers that no row has: a class's are in the class table, a family's in the family tables.
+namespace number {
+
+inline constexpr int emptyPrefix = 5065;  ///< a query without a prefix
+inline constexpr int notesQuery = 5500;   ///< the notes, asked for as elements
+inline constexpr int notesCount = 5505;   ///< the notes, counted
+
+}  // namespace number
+
 /// Transaction codes as the host knows them.
 namespace code {
 

@@ -1,45 +1,56 @@
-// The member lists of `CProfile`: what the count properties leave behind for the queries.
+// The lists of `CProfile`: what the count properties leave for the queries.
 #pragma once
 
-#include "readers/extractors.h"
+#include "vantro/families.h"
+#include "vantro/terminal.h"
 #include "vantro/text.h"
+
+#include <array>
+#include <cstdint>
+#include <memory>
 
 namespace vantro {
 
-/// The lists of one family, all of the same length. Prefixed, document and follow-up families keep element k at
-/// index k under an empty entry 0; transferable ones keep it at index k - 1.
-struct ElementLists {
-    TextList text;
-    TextList number;
-    TextList code;
-    TextList carrier;
-    TextList account;
-    TextList freeText;
-    FlagList flag;  // service requests only; nothing ever sets an entry
-};
-
-/// Fills lists that keep an empty entry 0.
-class NumberedListsSink final : public ElementSink {
+/// The lists of one family, one for each part of its elements and all of the same length. Lists of other parts are
+/// empty. Prefixed, document and follow-up families keep element k at index k, with an empty entry 0; transferable ones
+/// keep it at index k - 1.
+class ElementLists {
 public:
-    explicit NumberedListsSink(ElementLists& lists) : lists_(lists) {}
+    TextList& texts(ElementPart part) { return texts_[indexOf(part)]; }
+    const TextList& texts(ElementPart part) const { return texts_[indexOf(part)]; }
 
-    void store(Family family, std::int16_t count, const FoundElement& element) override;
+    FlagList& asterisks() { return asterisks_; }
+    const FlagList& asterisks() const { return asterisks_; }
 
 private:
-    ElementLists& lists_;
+    std::array<TextList, indexOf(ElementPart::Asterisk)> texts_;
+    FlagList asterisks_;
 };
 
-/// Fills the lists of a transferable family. Lists are only resized when an element is stored: a call that
-/// finds none leaves them as the last call did.
-class TransferableListsSink final : public ElementSink {
+/// The lists of all families.
+class ProfileLists {
 public:
-    TransferableListsSink(ElementLists& lists, Split split) : lists_(lists), split_(split) {}
+    explicit ProfileLists(Terminal& terminal) : terminal_(terminal) {}
 
-    void store(Family family, std::int16_t count, const FoundElement& element) override;
+    /// Reads a family's elements from the display into the family's lists and returns their count. Raises the family's
+    /// number with "An error has occurred while verifying the profile."; the lists then contain what was stored up to
+    /// the failure.
+    std::int16_t refill(Family family, TextView display);
+
+    const ElementLists& of(Family family) const { return listsOf(family); }
+
+    /// The list of texts of this name ("strServiceRequestCode"), or null.
+    const TextList* texts(TextView name) const;
+
+    /// The list of booleans of this name, or null.
+    const FlagList* flags(TextView name) const;
 
 private:
-    ElementLists& lists_;
-    Split split_;
+    ElementLists& listsOf(Family family) const;
+
+    Terminal& terminal_;
+    // Most objects are asked for few families: lists are made when they are first asked for.
+    mutable std::array<std::unique_ptr<ElementLists>, familyCount> lists_;
 };
 
 }  // namespace vantro

@@ -1,64 +1,51 @@
 #include "profile/element_parser.h"
 
-#include "framework/constants.h"
-#include "framework/error_frame.h"
+#include "display/families.h"
 #include "profile/element_query.h"
+
+#include <utility>
 
 namespace vantro {
 
 namespace {
 
-ListCut listCutOf(Family family) {
-    const std::size_t index = indexOf(family);
-    return index < firstTransferable ? prefixedFamilies[index].cut : ListCut::BeforeEmptyTest;
+template <Family family>
+std::int16_t count(ProfileObject& object, const CountRequest& request) {
+    return static_cast<CProfile&>(object).count(family, request.text);
 }
 
-void cutToEntry0(ElementLists& lists) {
-    lists.text.resize(1);
-    lists.number.resize(1);
+/// A retired property that terminals still find in the interface: it reads nothing and stores nothing.
+std::int16_t countNothing(ProfileObject& /*object*/, const CountRequest& /*request*/) { return 0; }
+
+template <Family family>
+constexpr CountProperty countProperty = {
+    withRow(family, [](const auto& row) { return row.about.countProperty; }),
+    count<family>,
+};
+
+/// In the order of the families; the retired property comes after the one that replaced it.
+template <std::size_t... Index>
+constexpr auto countProperties(std::index_sequence<Index...> /*families*/) {
+    const std::array ofFamilies{countProperty<static_cast<Family>(Index)>...};
+    std::array<CountProperty, familyCount + 1> all{};
+    std::size_t next = 0;
+    for (std::size_t index = 0; index < familyCount; ++index) {
+        all[next++] = ofFamilies[index];
+        if (index == indexOf(Family::PPH)) all[next++] = {u"PPHElementsCountold", countNothing};
+    }
+    return all;
 }
 
 }  // namespace
 
-CProfile::CProfile(Terminal& terminal, const TransErrors& /*errors*/) : terminal_(terminal) {}
+constexpr std::array<CountProperty, familyCount + 1> profileCounts =
+    countProperties(std::make_index_sequence<familyCount>());
 
-ElementLists& CProfile::listsOf(Family family) const {
-    std::unique_ptr<ElementLists>& lists = lists_[indexOf(family)];
-    if (!lists) {
-        auto made = std::make_unique<ElementLists>();
-        if (!isTransferable(family)) cutToEntry0(*made);
-        lists = std::move(made);
-    }
-    return *lists;
-}
-
-std::int16_t CProfile::count(Family family, TextView display) {
-    return raiseAs(extractorError(family), description::verifyingProfile, [&] { return refill(family, display); });
-}
-
-std::int16_t CProfile::refill(Family family, TextView display) {
-    ElementLists& lists = listsOf(family);
-    if (isTransferable(family)) {
-        if (display.empty()) return 0;
-        Display lines(terminal_, display);
-        const TransferableFamily& row = transferableFamilies[indexOf(family) - firstTransferable];
-        Joiner joiner(lines);
-        TransferableListsSink sink(lists, row.split);
-        return extract(row, joiner, sink);
-    }
-    // Meant: four families look whether the display is empty before they cut their lists.
-    if (listCutOf(family) == ListCut::AfterEmptyTest && display.empty()) return 0;
-    cutToEntry0(lists);
-    if (display.empty()) return 0;
-    Display lines(terminal_, display);
-    Joiner joiner(lines);
-    NumberedListsSink sink(lists);
-    return extract(family, joiner, sink);
-}
+CProfile::CProfile(Terminal& terminal, const TransErrors& /*errors*/) : terminal_(terminal), lists_(terminal) {}
 
 CollectionPtr CProfile::IProfileGet_ProfileElements(TextView display, const CollectionPtr& collection,
                                                     SelectionSource& selection) {
-    return ProfileQuery(*this, terminal_, collection, selection).answer(display);
+    return ProfileQuery(lists_, terminal_, collection, selection).answer(display);
 }
 
 }  // namespace vantro

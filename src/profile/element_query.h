@@ -1,43 +1,40 @@
-// A query for one element family: from the prefix in the request to the elements in the same collection.
+// A query of a profile display: from the prefix in the request to the answer in the same collection.
 #pragma once
 
-#include "display/display.h"
 #include "framework/access.h"
-#include "profile/element_parser.h"
+#include "profile/element_lists.h"
+#include "vantro/families.h"
+#include "vantro/interfaces.h"
+
+#include <cstdint>
 
 namespace vantro {
 
-/// One call of `ProfileElements`. A row of the dispatch table names the member that answers it.
+/// One call of `ProfileElements`.
 class ProfileQuery {
 public:
-    ProfileQuery(CProfile& profile, Terminal& terminal, const CollectionPtr& collection, SelectionSource& selection)
-        : profile_(profile),
+    ProfileQuery(ProfileLists& lists, Terminal& terminal, const CollectionPtr& collection, SelectionSource& selection)
+        : lists_(lists),
           terminal_(terminal),
           collection_(collection),
           request_(terminal, collection),
           selection_(selection) {}
 
-    /// Null when a row answered the prefix, the request's collection when none did. Raises 5065 for an empty
+    /// Null when a query was answered, the request's collection when the prefix asks for none. Raises 5065 for an empty
     /// prefix; every other failure passes unchanged.
     CollectionPtr answer(TextView display);
 
-    // The answers, in three kinds: header values read here and now, whole lists, and the element at an index.
-    void addName(Family family);
-    void addRecordLocator(Family family);
-    void addOfficeIdentifier(Family family);
-    void addCompanyName(Family family);
-    void addPin(Family family);
-    void addPsl(Family family);
-    void addTransferableNumbers(Family family);
-    void addLists(Family family);
-    void addIndexedWithLists(Family family);
-    void addIndexed(Family family);
-
 private:
-    void addWholeLists(Family family);
-    void addFurtherKeys(Family family, std::size_t index);
+    void add(const QueryFacts& query);
+    void addFamily(const FamilyFacts& family);
+    void addOther(OtherQuery query);
 
-    CProfile& profile_;
+    void addWholeLists(Family family);
+    void addElementAndLists(const FamilyFacts& family);
+    void addElement(const FamilyFacts& family);
+    void addParts(const FamilyFacts& family, std::size_t entry);
+
+    ProfileLists& lists_;
     Terminal& terminal_;
     const CollectionPtr& collection_;
     Parameters request_;

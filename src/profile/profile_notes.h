@@ -8,37 +8,28 @@
 
 namespace vantro {
 
-/// The one class with both interfaces. As a transaction it asks for the notes of a profile, adds to the collection
-/// that it is given and gives that one back. As a parser it reads the notes out of a display.
+/// The one class with both interfaces. As a transaction it asks for the notes of a profile, and adds its results to the
+/// collection that is passed in, which it returns. As a parser it reads the notes of a display.
 class CProfileNotes final : public Transaction, public IProfileGet {
 public:
     CProfileNotes(Terminal& terminal, const TransErrors& errors);
 
     IProfileGet* profileGet() override { return this; }
 
-    /// Reads the notes that the two filters keep (empty ones keep all) into the object's lists and gives their
+    /// Reads the notes that the two filters keep (empty ones keep all) into the object's lists and returns their
     /// count. Raises 5505 with "An error has occurred while reading Profile Notes".
     std::int16_t ProfileNotesElementsCount(TextView display, TextView searchString, TextView searchQualifier);
 
-    /// "strNoteText", "strNoteNumber" and "strNoteQualifier": note k at index k, entry 0 empty. To be asked for anew
-    /// after a call that failed.
+    /// "strNoteText", "strNoteNumber" and "strNoteQualifier": note k at index k, entry 0 empty.
     const TextList* list(TextView name) const override;
 
 private:
-    /// Empty notes in a row.
-    struct EmptyNotes {
-        std::int16_t firstNumber = 0;
-        std::int16_t amount = 0;
-    };
-
     struct NoteLists {
         TextList text;
         TextList number;
         TextList qualifier;
-        EmptyNotes emptyNotes;  // stand behind the others and are many: they are written out when one asks for a list
 
         void cutToEntry0();
-        void writeOut();
     };
     class ListsSink;
 
@@ -49,7 +40,7 @@ private:
 
     void addNotes(TextView display, const CollectionPtr& collection, const NoteFilter& filter);
 
-    mutable NoteLists lists_;
+    NoteLists lists_;
 };
 
 /// The count property of `CProfileNotes`, for the class table.

@@ -6,6 +6,7 @@
 #include "readers/host_line.h"
 #include "readers/note_scanner.h"
 #include "vantro/built_in_terminal.h"
+#include "vantro/families.h"
 #include "vantro/profile.h"
 
 #include <algorithm>
@@ -26,7 +27,7 @@ struct Profile::Storage {
 
 namespace {
 
-/// Collects elements and notes. Each family's elements come to stand together.
+/// Collects elements and notes. The elements of a family end up next to each other.
 class Collector final : public ElementSink, public NoteSink {
 public:
     Collector(Profile::Storage& storage, std::size_t usualElements) : storage_(storage) {
@@ -35,12 +36,7 @@ public:
     }
 
     void store(Family family, std::int16_t /*count*/, const FoundElement& found) override {
-        storage_.elements.push_back({.number = found.number,
-                                     .text = found.text,
-                                     .code = found.code,
-                                     .airline = found.carrier,
-                                     .frequentFlyerNumber = found.account,
-                                     .freeText = found.freeText});
+        storage_.elements.push_back(found);
         families_.push_back(family);
     }
 
@@ -50,17 +46,18 @@ public:
         storage_.notes.push_back({note.number, note.qualifier, note.text});
     }
 
-    void storeEmpty(std::int16_t /*number*/, std::int16_t /*amount*/) override {}  // the failing scan's notes go
+    void storeEmpty(std::int16_t /*number*/, std::int16_t /*amount*/) override {
+    }  // the scan fails, its notes are dropped
 
     std::size_t size() const { return families_.size(); }
 
-    /// Forgets the elements from a place on.
-    void dropFrom(std::size_t place) {
-        storage_.elements.resize(place);
-        families_.resize(place);
+    /// Drops the elements from an index on.
+    void dropFrom(std::size_t index) {
+        storage_.elements.resize(index);
+        families_.resize(index);
     }
 
-    /// Forgets the elements of some families.
+    /// Drops the elements of some families.
     void drop(FamilySet families) {
         std::size_t kept = 0;
         for (std::size_t place = 0; place < size(); ++place) {
@@ -71,7 +68,7 @@ public:
         dropFrom(kept);
     }
 
-    /// Brings the elements of several families, which came in the order of the display, together by family.
+    /// Sorts the elements of several families, which were stored in the order of the display, by family.
     void groupByFamily() {
         std::array<std::size_t, familyCount + 1> next{};
         for (const Family family : families_) ++next[indexOf(family) + 1];
@@ -106,9 +103,9 @@ public:
     WholeProfileReader(Profile& profile, Profile::Storage& storage)
         : profile_(profile),
           storage_(storage),
-          display_(terminal_, withoutHostLine(storage.display)),
+          display_(terminal_, withoutHostLine(terminal_, storage.display, ShortDisplay::IsEmpty)),
           joiner_(display_),
-          collector_(storage, storage.display.size() / screenWidth) {}  // few displays hold an element a line
+          collector_(storage, storage.display.size() / screenWidth) {}  // few displays have an element in every line
 
     void run() {
         display_.readAhead();
@@ -120,34 +117,29 @@ public:
     }
 
 private:
-    TextView withoutHostLine(TextView display) {
-        Screen screen(terminal_, display);
-        return hasHostLine(screen) ? display.substr(screenWidth) : display;
-    }
-
     template <class Read>
-    void answer(TextView query, Read&& read) {
+    void answer(OtherQuery query, Read&& read) {
         try {
             read();
         } catch (const Error& error) {  // Not covered: memory that runs out passes
-            profile_.problems.push_back({query, error.number(), error.description()});
+            profile_.problems.push_back({factsOf(query).word, error.number(), error.description()});
         }
     }
 
     void readHeader() {
-        answer(u"NM", [&] { profile_.name = readName(display_); });
-        answer(u"RECLOC", [&] { profile_.recordLocator = readRecordLocator(display_); });
-        answer(u"OFFID", [&] { profile_.officeIdentifier = readOfficeIdentifier(display_); });
-        answer(u"PCN", [&] {
+        answer(OtherQuery::Name, [&] { profile_.name = readName(display_); });
+        answer(OtherQuery::RecordLocator, [&] { profile_.recordLocator = readRecordLocator(display_); });
+        answer(OtherQuery::OfficeIdentifier, [&] { profile_.officeIdentifier = readOfficeIdentifier(display_); });
+        answer(OtherQuery::CompanyName, [&] {
             const CompanyNameLine line = readCompanyName(display_);
             profile_.companyName.text = storage_.joinedNames.keep(line.name);
             if (line.number) profile_.companyName.number = storage_.joinedNames.keep(*line.number);
         });
-        answer(u"PIN", [&] {
+        answer(OtherQuery::Pin, [&] {
             const NumberedText pin = readPin(display_);
             profile_.pin = {.number = pin.number, .text = pin.text};
         });
-        answer(u"PSL", [&] {
+        answer(OtherQuery::Psl, [&] {
             if (const std::optional<NumberedText> psl = readPsl(display_)) {
                 profile_.psl = Element{.number = psl->number, .text = psl->text};
             }
@@ -190,7 +182,7 @@ private:
     }
 
     void addProblem(const FamilyName& row) {
-        profile_.problems.push_back({row.prefix, extractorError(row.family), Text(description::verifyingProfile)});
+        profile_.problems.push_back({row.prefix, factsOf(row.family).countError, Text(description::verifyingProfile)});
     }
 
     void readNotes() {
@@ -199,7 +191,8 @@ private:
             scanNotes(display_, {}, collector_);
         } catch (const Error&) {
             storage_.notes.clear();
-            profile_.problems.push_back({u"ProfileNotes", notesQueryError, Text(description::readingNotes)});
+            profile_.problems.push_back(
+                {factsOf(OtherQuery::Notes).word, number::notesQuery, Text(description::readingNotes)});
         }
     }
 

@@ -62,10 +62,7 @@ std::int16_t extract(const DocumentFamily& row, Joiner& joiner, ElementSink& sin
 }
 
 std::int16_t extract(Family family, Joiner& joiner, ElementSink& sink) {
-    const std::size_t index = indexOf(family);
-    if (index < firstTransferable) return extract(prefixedFamilies[index], joiner, sink);
-    if (index < firstDocument) return extract(transferableFamilies[index - firstTransferable], joiner, sink);
-    return extract(documentFamilies[index - firstDocument], joiner, sink);
+    return withRow(family, [&](const auto& row) { return extract(row, joiner, sink); });
 }
 
 }  // namespace vantro

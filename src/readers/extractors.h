@@ -7,16 +7,8 @@
 
 namespace vantro {
 
-/// An element as an extractor finds it: views of the display and of its joined texts. What a family does not
-/// split off is empty.
-struct FoundElement {
-    TextView number;
-    TextView text;
-    TextView code = {};
-    TextView carrier = {};
-    TextView account = {};
-    TextView freeText = {};  ///< a service request's free text, a confidential remark's detail
-};
+/// An element as an extractor finds it: views of the display and of its joined texts.
+using FoundElement = Element;
 
 /// Takes the elements of each family in the order of the display. `count` is the element's own, from 1.
 class ElementSink {

@@ -55,10 +55,10 @@ private:
         }
     }
 
-    /// Nothing but empty notes from here to the line counter's end.
+    /// Every line from here to the line counter's end is an empty note.
     [[noreturn]] void runOut() {
-        const int left = std::numeric_limits<std::int16_t>::max() - line_.value() + 1;
-        if (filter_.keepsEveryNote()) sink_.storeEmpty(note_.value(), static_cast<std::int16_t>(left));
+        const int amount = std::numeric_limits<std::int16_t>::max() - line_.value() + 1;
+        if (filter_.keepsEveryNote()) sink_.storeEmpty(note_.value(), static_cast<std::int16_t>(amount));
         fail(Failure::Overflow);
     }
 

@@ -7,13 +7,9 @@
 
 namespace vantro {
 
-/// The numbers of a failing scan: asked for the count, and asked for the elements.
-inline constexpr int notesCountError = 5505;
-inline constexpr int notesQueryError = 5500;
-
 /// Which notes are kept. An empty filter keeps every note.
 struct NoteFilter {
-    TextView searchString;  ///< the note holds this text
+    TextView searchString;  ///< the note contains this text
     TextView qualifier;     ///< the note's first character is this text, so that a longer one keeps nothing
 
     bool keepsEveryNote() const { return searchString.empty() && qualifier.empty(); }
@@ -31,8 +27,7 @@ class NoteSink {
 public:
     virtual void store(std::int16_t count, const FoundNote& note) = 0;
 
-    /// Takes the last notes of a section without an end, just before the scan fails: the empty lines behind the display
-    /// up to the line counter's end, `amount` of them, numbered from `number` on.
+    /// Takes `amount` notes without text at once, numbered from `number` on: the lines after the end of the display.
     virtual void storeEmpty(std::int16_t number, std::int16_t amount) = 0;
 
 protected:
@@ -42,7 +37,8 @@ protected:
     ~NoteSink() = default;
 };
 
-/// Gives the number of notes kept. Raises 6 when the notes section has no end: the 16-bit counters overflow.
+/// Returns the number of notes kept. Raises 6 when the notes section has no end: every line after the display is an
+/// empty note, until the 16-bit line counter overflows.
 std::int16_t scanNotes(Display& display, const NoteFilter& filter, NoteSink& sink);
 
 }  // namespace vantro

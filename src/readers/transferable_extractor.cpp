@@ -34,8 +34,8 @@ void splitFrequentFlyer(FoundElement& element) {
     if (const Column gap = find(element.text, u"    "); gap > Column{0}) {
         element.text = trimmed(left(element.text, Width{gap.value}));
     }
-    element.carrier = mid(element.text, flyerCarrierColumn, carrierWidth);
-    element.account = trimmed(mid(element.text, flyerAccountColumn));
+    element.airline = mid(element.text, flyerCarrierColumn, carrierWidth);
+    element.frequentFlyerNumber = trimmed(mid(element.text, flyerAccountColumn));
 }
 
 void splitServiceRequest(FoundElement& element) {
@@ -45,8 +45,8 @@ void splitServiceRequest(FoundElement& element) {
     if (const Column dash = find(text, u"-"); dash > Column{0}) element.freeText = trimmed(mid(text, dash + 1));
     if (element.code == u"FQTV") {
         // Meant: carrier and account stay where an unstarred request has them.
-        element.carrier = mid(text, requestCarrierColumn, carrierWidth);
-        element.account = trimmed(mid(text, requestAccountColumn));
+        element.airline = mid(text, requestCarrierColumn, carrierWidth);
+        element.frequentFlyerNumber = trimmed(mid(text, requestAccountColumn));
     }
 }
 

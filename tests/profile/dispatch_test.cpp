@@ -1,8 +1,11 @@
 // From the prefix to the reader: every prefix, its near misses, and what the collection receives.
 #include "tests/profile/parser.h"
+#include "vantro/families.h"
 #include "vantro/profile.h"
 
 #include <gtest/gtest.h>
+
+#include <algorithm>
 
 namespace vantro {
 namespace {
@@ -150,6 +153,48 @@ TEST(Dispatch, FamiliesAreNamedInTheOrderOfTheirPrefixes) {
     EXPECT_EQ(named, families);
 }
 
+TEST(Dispatch, ItsDescriptionSaysWhatHappens) {
+    ASSERT_EQ(profileQueries().size(), rows.size());
+    for (std::size_t place = 0; place < rows.size(); ++place) {
+        const QueryFacts& facts = profileQueries()[place];
+        const Row& row = rows[place];
+        EXPECT_EQ(utf8(facts.word), row.prefix);
+        EXPECT_EQ(facts.match, row.compared == Whole ? WordMatch::Whole : WordMatch::FirstThree) << row.prefix;
+        EXPECT_TRUE(std::ranges::equal(facts.keys, row.added, [](TextView key, const auto& entry) {
+            return utf8(key) == entry.first;
+        })) << row.prefix;
+        EXPECT_NE(facts.family.has_value(), facts.other.has_value()) << row.prefix;
+        EXPECT_FALSE(facts.meaning.empty()) << row.prefix;
+    }
+}
+
+TEST(Dispatch, TheQueriesThatAreNoFamiliesHaveADescription) {
+    struct Described {
+        OtherQuery query;
+        std::string word;
+        std::string json;
+    };
+    const std::vector<Described> described{
+        {OtherQuery::Name, "NM", "name"},
+        {OtherQuery::RecordLocator, "RECLOC", "recordLocator"},
+        {OtherQuery::OfficeIdentifier, "OFFID", "officeIdentifier"},
+        {OtherQuery::CompanyName, "PCN", "companyName"},
+        {OtherQuery::Pin, "PIN", "pin"},
+        {OtherQuery::Psl, "PSL", "psl"},
+        {OtherQuery::TransferableNumbers, "ALL", ""},
+        {OtherQuery::Notes, "ProfileNotes", "notes"},
+    };
+    ASSERT_EQ(described.size(), otherQueryCount);
+    for (const Described& expected : described) {
+        const QueryFacts& facts = factsOf(expected.query);
+        EXPECT_EQ(utf8(facts.word), expected.word);
+        EXPECT_EQ(facts.json, expected.json);
+        EXPECT_EQ(facts.other, expected.query) << expected.word;
+        EXPECT_FALSE(facts.family) << expected.word;
+        EXPECT_FALSE(facts.meaning.empty()) << expected.word;
+    }
+}
+
 class DispatchRow : public testing::TestWithParam<Row> {};
 
 INSTANTIATE_TEST_SUITE_P(Every, DispatchRow, testing::ValuesIn(rows),
@@ -159,10 +204,10 @@ TEST_P(DispatchRow, GivesNoObjectAndAddsItsKeysInOrder) {
     EXPECT_EQ(asked(GetParam().prefix), Answer{.added = GetParam().added});
 }
 
-TEST_P(DispatchRow, LettersBehindThePrefixCountForWholeWordsOnly) {
+TEST_P(DispatchRow, LettersAfterThePrefixCountForWholeWordsOnly) {
     const Answer answer{.added = GetParam().added};
-    for (const std::string behind : {" ", "/", "/ ", "X", "XYZ", "X/ TEXT"}) {
-        EXPECT_EQ(asked(GetParam().prefix + behind), GetParam().compared == Whole ? unknown : answer) << behind;
+    for (const std::string after : {" ", "/", "/ ", "X", "XYZ", "X/ TEXT"}) {
+        EXPECT_EQ(asked(GetParam().prefix + after), GetParam().compared == Whole ? unknown : answer) << after;
     }
 }
 

@@ -89,18 +89,26 @@ TEST_P(GoldenProfile, HeaderValues) {
     }
 }
 
+// A family without elements may be left out of the file.
 TEST_P(GoldenProfile, Elements) {
-    ASSERT_EQ(expected("elements").MemberCount(), familyCount);
+    rapidjson::SizeType membersSeen = 0;
     for (const FamilyName& family : familyNames()) {
         const std::string prefix = utf8(family.prefix);
         SCOPED_TRACE(prefix);
-        const Json& golden = expected("elements")[prefix.c_str()];
         const std::span<const Element> elements = profile().elements(family.family);
+        const auto member = expected("elements").FindMember(prefix.c_str());
+        if (member == expected("elements").MemberEnd()) {
+            EXPECT_TRUE(elements.empty());
+            continue;
+        }
+        ++membersSeen;
+        const Json& golden = member->value;
         ASSERT_EQ(elements.size(), golden.Size());
         for (rapidjson::SizeType place = 0; place < golden.Size(); ++place) {
             EXPECT_EQ(fieldsOf(elements[place], furtherFields(prefix)), fieldsOf(golden[place])) << "at " << place;
         }
     }
+    EXPECT_EQ(membersSeen, expected("elements").MemberCount()) << "a member is no family";
 }
 
 TEST_P(GoldenProfile, Notes) {

@@ -1,4 +1,4 @@
-// Every list that a parser keeps is readable under its name, whatever it holds.
+// Every list that a parser keeps is readable under its name, whatever it contains.
 #include "vantro/lists.h"
 
 #include "tests/support/text.h"
@@ -30,8 +30,8 @@ protected:
 
 INSTANTIATE_TEST_SUITE_P(Each, ElementListOf, testing::ValuesIn(elementListNames), nameOfList);
 
-TEST_P(ElementListOf, HoldsTheEmptyEntryOrNothingInANewObject) {
-    if (GetParam().content == ListContent::Flags) {
+TEST_P(ElementListOf, ContainsTheEmptyEntryOrNothingInANewObject) {
+    if (GetParam().part == ElementPart::Asterisk) {
         EXPECT_EQ(object->list(GetParam().name), nullptr);
         ASSERT_NE(object->flagList(GetParam().name), nullptr);
         EXPECT_TRUE(object->flagList(GetParam().name)->empty());
@@ -81,6 +81,30 @@ TEST(NoteLists, AreNamedInTheHeader) {
         EXPECT_EQ(*object->list(name), TextList(1)) << test::utf8(name);
     }
     EXPECT_EQ(object->list(u"strPPRText"), nullptr);
+}
+
+TEST(NoteLists, FetchedBeforeAFailingCountHoldWhatItStored) {
+    Text endless(80, u' ');
+    endless += u"------- PROFILE NOTES";
+    endless.resize(160, u' ');
+    endless += u"A THE ONE NOTE";
+    BuiltInTerminal terminal;
+    const ClassRow& row = *findClass(u"CProfileNotes");
+    const auto object = createObject(row, terminal);
+    const TextList& texts = *object->list(noteTextList);
+    const TextList& numbers = *object->list(noteNumberList);
+    const TextList& qualifiers = *object->list(noteQualifierList);
+    EXPECT_THROW(row.counts[0].call(*object, CountRequest{endless}), Error);
+    // Line 2 is note 1, and every line after it an empty note up to line 32767.
+    ASSERT_EQ(texts.size(), 32767U);
+    ASSERT_EQ(numbers.size(), 32767U);
+    ASSERT_EQ(qualifiers.size(), 32767U);
+    EXPECT_EQ(texts[1], u"THE ONE NOTE");
+    EXPECT_EQ(texts[2], u"");
+    EXPECT_EQ(numbers[2], u"2");
+    EXPECT_EQ(numbers.back(), u"32766");
+    EXPECT_EQ(qualifiers[1], u"A ");
+    EXPECT_EQ(qualifiers.back(), u"");
 }
 
 }  // namespace

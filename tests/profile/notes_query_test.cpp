@@ -2,6 +2,7 @@
 #include "tests/profile/effort.h"
 #include "tests/profile/oracle_match.h"
 #include "tests/profile/random_displays.h"
+#include "vantro/families.h"
 
 #include <gtest/gtest.h>
 
@@ -29,6 +30,14 @@ const Answer readingFailed{.raised = {5500, "VantroProfileUtils", "An error has 
 TEST(NotesQuery, AddsThreeListsAndGivesNoObject) {
     EXPECT_EQ(asked(shown, "ProfileNotes"),
               (Answer{.added = lists("['', 'LIKES ROW 1', 'PREFERS AISLE']", "['', '1', '2']", "['', 'A ', 'B ']")}));
+}
+
+TEST(NotesQuery, ItsDescriptionNamesItsKeys) {
+    const QueryFacts& facts = factsOf(OtherQuery::Notes);
+    Texts keys;
+    for (const TextView key : facts.keys) keys.push_back(utf8(key));
+    EXPECT_EQ(keys, (Texts{"strKeyElement()", "strKeyElementNr()", "strKeyQualifier()"}));
+    EXPECT_EQ(facts.match, WordMatch::Whole);
 }
 
 TEST(NotesQuery, BlanksAroundThePrefixDoNotMatter) {

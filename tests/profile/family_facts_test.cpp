@@ -1,0 +1,314 @@
+// What a family's row tells, against what the host's terminals know of the family, and against what happens when its
+// sample line is read. The expectations are written by hand.
+#include "tests/profile/parser.h"
+#include "vantro/families.h"
+#include "vantro/lists.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <set>
+
+namespace vantro {
+namespace {
+
+const std::string hotel = "------- TRAVEL POLICIES - HOTEL";
+const std::string car = "------- TRAVEL POLICIES - CAR";
+const std::string air = "------- TRAVEL POLICIES - AIR";
+const std::string transferableData = "------- PNR TRANSFERABLE DATA";
+const std::string documents = "------- DOCUMENTS";
+
+using enum ElementOutput;
+
+/// A part of a family's elements beside text and number: its key, the end of its list's name, its name in JSON, and
+/// what it is in the sample.
+struct Further {
+    std::string key;
+    std::string listEnding;
+    std::string json;
+    std::string inSample;
+};
+
+struct Expected {
+    Family family;
+    std::string word;
+    std::string tag;
+    std::string section;
+    std::string stem;  // of the names of its count property and its lists
+    ElementOutput output;
+    int countError;
+    int indexError;
+    std::string number;  // in the sample
+    std::string text;
+    std::vector<Further> further = {};
+    std::string flag = {};  // the name of its list of booleans
+};
+
+// clang-format off
+const std::vector<Expected> expectedFamilies{
+    {Family::PPR, "PPR", "PPR/", "------- PRIORITY",           "PPR", ElementAndLists, 5266, 5266, "1",  "ALWAYS OFFER AN AISLE SEAT"},
+    {Family::PGL, "PGL", "PGL/", "------- GLOBAL SEARCH",      "PGL", ElementAndLists, 5267, 5266, "2",  "HALVORSEN MARINE"},
+    {Family::PPS, "PPS", "PPS/", "------- PRE-STORED ENTRIES", "PPS", ElementAndLists, 5270, 5270, "3",  "RM PURCHASE ORDER 4711"},
+    {Family::PHI, "PHI", "PHI/", hotel,                        "PHI", Lists,           5272, 0,    "4",  "RATE CEILING 120 EUR IN LYON"},
+    {Family::PCI, "PCI", "PCI/", car,                          "PCI", Lists,           5290, 0,    "5",  "COLLISION COVER IS ALWAYS BOUGHT"},
+    {Family::PPC, "PPC", "PPC/", car,                          "PPC", Lists,           5285, 0,    "6",  "NORDKAP RENTAL"},
+    {Family::PPH, "PPH", "PPH/", hotel,                        "PPH", Lists,           5273, 0,    "7",  "FJELLHEIM HOTELS"},
+    {Family::PPA, "PPA", "PPA/", air,                          "PPA", Lists,           5292, 0,    "8",  "XQ"},
+    {Family::PPK, "PPK", "PPK/", air,                          "PPK", Lists,           5293, 0,    "9",  "NORTHERN ALLIANCE"},
+    {Family::PPI, "PPI", "PPI/", air,                          "PPI", Lists,           5280, 0,    "10", "TRAVEL COVER POLICY 55-1870"},
+    {Family::PXC, "PXC", "PXC/", car,                          "PXC", Lists,           5295, 0,    "11", "SPORTS CARS"},
+    {Family::PXA, "PXA", "PXA/", air,                          "PXA", Lists,           5296, 0,    "12", "QV"},
+    {Family::PXK, "PXK", "PXK/", air,                          "PXK", Lists,           5281, 0,    "13", "EASTERN ALLIANCE"},
+    {Family::PSH, "PSH", "PSH/", hotel,                        "PSH", Lists,           5282, 0,    "14", "NO SUITES"},
+    {Family::PSC, "PSC", "PSC/", car,                          "PSC", Lists,           5283, 0,    "15", "WINTER TYRES IN JANUARY"},
+    {Family::PPT, "PPT", "PPT/", air,                          "PPT", Lists,           5284, 0,    "16", "ECONOMY UNDER FIVE HOURS"},
+    {Family::PXT, "PXT", "PXT/", air,                          "PXT", Lists,           5286, 0,    "17", "FIRST CLASS"},
+    {Family::Remark,         "RM",  " RM ",   transferableData, "Remark",         Element, 5260, 5260, "1", "RM  PREFERS MORNING FLIGHTS"},
+    {Family::Contact,        "AP",  "  AP  ", transferableData, "Contact",        Element, 5235, 5235, "2", "AP  LYS 04 72 55 01 90-B"},
+    {Family::OtherService,   "OS",  " OS ",   transferableData, "OtherService",   Element, 5250, 5250, "3", "OS  XQ CORPORATE CONTRACT 7001"},
+    {Family::FrequentFlyer,  "FFN", " FFN ",  transferableData, "FrequentFlyer",  Element, 5255, 5255, "4", "FFN QV 1234567",
+     {{"strKeyAirline", "Carrier", "airline", "QV"}, {"strKeyFFNbr", "Account", "frequentFlyerNumber", "1234567"}}},
+    {Family::ServiceRequest, "SR",  " SR ",   transferableData, "ServiceRequest", Element, 5245, 5245, "5", "SR  FQTVXQ 7654321-GOLD",
+     {{"strKeyCode", "Code", "code", "FQTV"}, {"strKeyAirline", "Carrier", "airline", "XQ"},
+      {"strKeyFFNbr", "Account", "frequentFlyerNumber", "7654321-GOLD"}, {"strKeyFreeText", "FreeText", "freeText", "GOLD"}},
+     "blnServiceRequestFlag"},
+    {Family::Seat,           "ST",  " ST ",   transferableData, "Seat",           Element, 5240, 5240, "6", "ST  WINDOW"},
+    {Family::RemarkConf,     "RC",  " RC ",   transferableData, "RemarkConf",     Element, 5260, 5265, "7", "RC  CREDIT LIMIT 400000",
+     {{"strKeyFreeText", "Detail", "freeText", "CREDIT LIMIT 400000"}}},
+    {Family::PAS, "PAS", "PAS/", documents,           "PAS", Lists, 5287, 0, "1", "12345678 FR 01JAN30"},
+    {Family::PIV, "PIV", "PIV/", documents,           "PIV", Lists, 5288, 0, "2", "VISA 998877"},
+    {Family::PCE, "PCE", "PCE/", documents,           "PCE", Lists, 5289, 0, "3", "VACCINATION 01JAN24"},
+    {Family::PID, "PID", "PID/", documents,           "PID", Lists, 5290, 0, "4", "87654321 FR 31DEC28"},
+    {Family::PFO, "PFO", "PFO/", "------- FOLLOW UP", "PFO", Lists, 5291, 0, "5", "CONTRACT ENDS 31DEC"},
+};
+// clang-format on
+
+TEST(FamilyFacts, AreThoseOf29FamiliesInTheirOrder) {
+    ASSERT_EQ(expectedFamilies.size(), 29U);
+    ASSERT_EQ(families().size(), 29U);
+    for (std::size_t index = 0; index < families().size(); ++index) {
+        EXPECT_EQ(families()[index].family, expectedFamilies[index].family) << index;
+        EXPECT_EQ(&families()[index], &factsOf(expectedFamilies[index].family)) << index;
+    }
+}
+
+TEST(FamilyFacts, EveryMeaningIsAPhraseOfItsOwn) {
+    std::set<TextView> meanings;
+    for (const FamilyFacts& family : families()) {
+        EXPECT_TRUE(meanings.insert(family.meaning).second) << utf8(family.meaning);
+        EXPECT_GE(family.meaning.size(), 4U) << utf8(family.word);
+        EXPECT_NE(family.meaning.back(), u'.') << utf8(family.meaning);
+    }
+}
+
+TEST(FamilyFacts, APolicyIsSaidToBeOneOfItsSection) {
+    for (const FamilyFacts& family : families()) {
+        const bool isPolicy = family.section.starts_with(u"------- TRAVEL POLICIES - ");
+        EXPECT_EQ(family.meaning.find(u"travel policy") != TextView::npos, isPolicy) << utf8(family.word);
+        for (const auto& [section, of] : {std::pair(hotel, u"hotel"), std::pair(car, u"car"), std::pair(air, u"air")}) {
+            if (family.section == wide(section)) {
+                EXPECT_TRUE(family.meaning.starts_with(of)) << utf8(family.word);
+            }
+        }
+    }
+}
+
+class FamilyFactsOf : public testing::TestWithParam<Expected> {
+protected:
+    const Expected& expected() const { return GetParam(); }
+    const FamilyFacts& facts() const { return factsOf(expected().family); }
+    bool isTransferable() const { return expected().output == Element; }
+
+    /// The sample alone under its section's header.
+    Text sample() const { return ended({"LINE 0", utf8(facts().section), utf8(facts().sample)}); }
+
+    /// What a list contains after an element, with its empty entry 0 where it has one.
+    Texts listed(const std::string& value) const { return isTransferable() ? Texts{value} : Texts{"", value}; }
+
+    Entries element() const {
+        Entries entries{{"strKeyElement", "'" + expected().text + "'"},
+                        {"strKeyElementNr", "'" + expected().number + "'"}};
+        for (const Further& part : expected().further) entries.emplace_back(part.key, "'" + part.inSample + "'");
+        if (!expected().flag.empty()) entries.emplace_back("blnKeyAsterix", "False");
+        return entries;
+    }
+
+    Entries lists() const {
+        return {{"strKeyElement()", "['', '" + expected().text + "']"},
+                {"strKeyElementNr()", "['', '" + expected().number + "']"}};
+    }
+
+    /// What a query for the first element adds.
+    Entries added() const {
+        Entries entries = expected().output == Lists ? Entries{} : element();
+        if (expected().output != Element) {
+            const Entries whole = lists();
+            entries.insert(entries.end(), whole.begin(), whole.end());
+        }
+        return entries;
+    }
+};
+
+INSTANTIATE_TEST_SUITE_P(Every, FamilyFactsOf, testing::ValuesIn(expectedFamilies),
+                         [](const auto& test) { return test.param.word; });
+
+TEST_P(FamilyFactsOf, SayHowItIsAskedForAndPrinted) {
+    EXPECT_EQ(utf8(facts().word), expected().word);
+    EXPECT_EQ(facts().match, isTransferable() ? WordMatch::Whole : WordMatch::FirstThree);
+    EXPECT_EQ(utf8(facts().tag), expected().tag);
+    EXPECT_EQ(utf8(facts().section), expected().section);
+    EXPECT_EQ(facts().output, expected().output);
+    EXPECT_EQ(facts().family, expected().family);
+    EXPECT_FALSE(facts().other);
+    EXPECT_EQ(facts().json, "");
+}
+
+TEST_P(FamilyFactsOf, SayItsErrorNumbers) {
+    EXPECT_EQ(facts().countError, expected().countError);
+    EXPECT_EQ(facts().indexError, expected().indexError);
+}
+
+TEST_P(FamilyFactsOf, NameItsKeysPartsAndLists) {
+    Texts keys;
+    for (const auto& [key, value] : added()) keys.push_back(key);
+    Texts factKeys;
+    for (const TextView key : facts().keys) factKeys.push_back(utf8(key));
+    EXPECT_EQ(factKeys, keys);
+
+    Texts listEndings{"Text", "Number"};
+    Texts names{"text", "number"};
+    for (const Further& part : expected().further) {
+        listEndings.push_back(part.listEnding);
+        names.push_back(part.json);
+    }
+    if (!expected().flag.empty()) {
+        listEndings.push_back("Flag");
+        names.push_back("asterisk");
+    }
+    Texts factEndings;
+    Texts factNames;
+    for (const ElementPart part : facts().parts) {
+        factEndings.push_back(utf8(factsOf(part).listEnding));
+        factNames.emplace_back(factsOf(part).json);
+    }
+    EXPECT_EQ(factEndings, listEndings);
+    EXPECT_EQ(factNames, names);
+    EXPECT_EQ(utf8(facts().countProperty), expected().stem + "ElementsCount");
+    EXPECT_EQ(facts().firstIndex, isTransferable() ? 0U : 1U);
+}
+
+TEST_P(FamilyFactsOf, ItsListsAreThoseThatAreNamed) {
+    Texts named;
+    for (const ElementListName& list : elementListNames) {
+        if (list.family == expected().family) named.push_back(utf8(list.name));
+    }
+    Texts names{"str" + expected().stem + "Text", "str" + expected().stem + "Number"};
+    for (const Further& part : expected().further) names.push_back("str" + expected().stem + part.listEnding);
+    if (!expected().flag.empty()) names.push_back(expected().flag);
+    EXPECT_EQ(named, names);
+}
+
+// The sample line, read
+
+TEST_P(FamilyFactsOf, TheSampleIsALineOfTheHost) {
+    EXPECT_LE(facts().sample.size(), 80U);
+    EXPECT_NE(facts().sample.back(), u' ');
+    EXPECT_NE(facts().sample.find(facts().tag), TextView::npos);
+}
+
+TEST_P(FamilyFactsOf, TheSampleIsCountedIntoTheLists) {
+    Parser parser;
+    ASSERT_EQ(parser.count(expected().stem + "ElementsCount", sample()), 1);
+    EXPECT_EQ(parser.list("str" + expected().stem + "Text"), listed(expected().text));
+    EXPECT_EQ(parser.list("str" + expected().stem + "Number"), listed(expected().number));
+    for (const Further& part : expected().further) {
+        EXPECT_EQ(parser.list("str" + expected().stem + part.listEnding), listed(part.inSample)) << part.listEnding;
+    }
+    if (!expected().flag.empty()) {
+        EXPECT_EQ(*parser.object().flagList(wide(expected().flag)), FlagList{false});
+    }
+}
+
+TEST_P(FamilyFactsOf, TheSampleIsTheAnswerToItsQuery) {
+    const Request request = wanting(expected().word, ItemValue(std::int16_t{1}));
+    EXPECT_EQ(Parser().query(sample(), request), Answer{.added = added()});
+}
+
+TEST_P(FamilyFactsOf, TheSampleIsTheOnlyElementOfAWholeProfile) {
+    const Text display = sample();
+    const Profile profile = parseProfile(display);
+    for (const FamilyFacts& family : families()) {
+        EXPECT_EQ(profile.elements(*family.family).size(), &family == &facts() ? 1U : 0U) << utf8(family.word);
+    }
+    ASSERT_EQ(profile.elements(expected().family).size(), 1U);
+    const vantro::Element& element = profile.elements(expected().family)[0];
+    EXPECT_EQ(utf8(element.number), expected().number);
+    EXPECT_EQ(utf8(element.text), expected().text);
+    for (const ElementPart part : facts().furtherParts()) {
+        if (part == ElementPart::Asterisk) continue;
+        const auto found = std::ranges::find(expected().further, factsOf(part).json, &Further::json);
+        ASSERT_NE(found, expected().further.end());
+        EXPECT_EQ(utf8(element.*factsOf(part).value), found->inSample) << found->json;
+    }
+    EXPECT_FALSE(element.asterisk);
+}
+
+// The error numbers, raised
+
+TEST_P(FamilyFactsOf, TheCountRaisesItsNumber) {
+    const Text endless = display({"LINE 0", "NO END"});
+    Parser parser;
+    EXPECT_EQ(raisedBy([&] { parser.count(expected().stem + "ElementsCount", endless); }),
+              verifying(expected().countError));
+}
+
+TEST_P(FamilyFactsOf, AnIndexBeyondTheCountRaisesItsNumberWhereThereIsOne) {
+    const Answer answer = Parser().query(sample(), wanting(expected().word, ItemValue(std::int16_t{2})));
+    if (expected().indexError == 0) {
+        EXPECT_EQ(answer, Answer{.added = lists()});
+    } else {
+        EXPECT_EQ(answer, Answer{.raised = verifying(expected().indexError)});
+    }
+}
+
+// Parts
+
+struct ExpectedPart {
+    ElementPart part;
+    std::string key;
+    std::string listKey;
+    std::string listEnding;
+    std::string json;
+    std::string label;
+};
+
+// clang-format off
+const std::vector<ExpectedPart> expectedParts{
+    {ElementPart::WholeText,           "strKeyElement",   "strKeyElement()",   "Text",     "text",                ""},
+    {ElementPart::Number,              "strKeyElementNr", "strKeyElementNr()", "Number",   "number",              ""},
+    {ElementPart::Code,                "strKeyCode",      "",                  "Code",     "code",                "code"},
+    {ElementPart::Airline,             "strKeyAirline",   "",                  "Carrier",  "airline",             "airline"},
+    {ElementPart::FrequentFlyerNumber, "strKeyFFNbr",     "",                  "Account",  "frequentFlyerNumber", "number"},
+    {ElementPart::FreeText,            "strKeyFreeText",  "",                  "FreeText", "freeText",            "text"},
+    {ElementPart::Detail,              "strKeyFreeText",  "",                  "Detail",   "freeText",            "text"},
+    {ElementPart::Asterisk,            "blnKeyAsterix",   "",                  "Flag",     "asterisk",            ""},
+};
+// clang-format on
+
+TEST(PartFacts, NameEveryPartEverywhere) {
+    ASSERT_EQ(expectedParts.size(), elementPartCount);
+    for (const ExpectedPart& expected : expectedParts) {
+        const PartFacts& facts = factsOf(expected.part);
+        EXPECT_EQ(facts.part, expected.part) << expected.key;
+        EXPECT_EQ(utf8(facts.key), expected.key);
+        EXPECT_EQ(utf8(facts.listKey), expected.listKey) << expected.key;
+        EXPECT_EQ(utf8(facts.listEnding), expected.listEnding) << expected.key;
+        EXPECT_EQ(facts.json, expected.json) << expected.key;
+        EXPECT_EQ(facts.label, expected.label) << expected.key;
+        EXPECT_FALSE(facts.meaning.empty()) << expected.key;
+        EXPECT_EQ(facts.value == nullptr, expected.part == ElementPart::Asterisk) << expected.key;
+    }
+}
+
+}  // namespace
+}  // namespace vantro
