@@ -64,8 +64,8 @@ struct PrefixedFamily {
 
 // clang-format off
 inline constexpr auto prefixedFamilies = std::to_array<PrefixedFamily>({
-    // family      section                 prefix    scheme                 from                  tag   error  lists cut
-    //             place   output                          count property        meaning                                  sample
+    // family     section                 prefix    scheme                 from                  tag   error  lists cut
+    //            at  output                          count property        meaning                                  sample, index error
     {Family::PPR, Section::Priority,      u"PPR/",  Scheme::Plain,         PrefixFrom::Column1,  {0},  5266,  ListCut::AfterEmptyTest,
                  {19, ElementOutput::ElementAndLists, u"PPRElementsCount",  u"priority line",                        u"   1 PPR/ ALWAYS OFFER AN AISLE SEAT"}},
     {Family::PGL, Section::GlobalSearch,  u"PGL/",  Scheme::GlobalSearch,  PrefixFrom::Column3,  {5},  5267,  ListCut::AfterEmptyTest,
@@ -158,8 +158,8 @@ struct TransferableFamily {
 
 // clang-format off
 inline constexpr auto transferableFamilies = std::to_array<TransferableFamily>({
-    // family                   code       test                         end                        start                     join                 split                   error
-    //                          place   output                count property                  meaning                     sample
+    // family                  code       test                         end                        start                     join                 split                   error
+    //                         at  output                  count property                  meaning                     sample, index error
     {Family::Remark,           u" RM ",   CodeTest::FoundFromColumn13, ScanEnd::PromptAnywhere,   ScanStart::SectionHeader, JoinRule::TwoBelow,  Split::None,            5260,  // Meant: two lines joined, its siblings one
                               {3,  ElementOutput::Element, u"RemarkElementsCount",         u"remark",                  u"S      1     RM  PREFERS MORNING FLIGHTS"}},
     {Family::Contact,          u"  AP  ", CodeTest::StandsAtColumn12,  ScanEnd::PromptLineAlone,  ScanStart::SectionHeader, JoinRule::OneBelow,  Split::None,            5235,  // Meant: ">" inside a line does not end the scan
@@ -187,7 +187,7 @@ struct DocumentFamily {
 
 // clang-format off
 inline constexpr auto documentFamilies = std::to_array<DocumentFamily>({
-    // family       section              prefix   error  place output                 count property      meaning                sample
+    // family      section              prefix   error  at  output                 count property       meaning                sample
     {Family::PAS,  Section::Documents,  u"PAS/", 5287,  {32, ElementOutput::Lists, u"PASElementsCount", u"passport",           u"   1 PAS/ 12345678 FR 01JAN30"}},
     {Family::PIV,  Section::Documents,  u"PIV/", 5288,  {33, ElementOutput::Lists, u"PIVElementsCount", u"visa",               u"   2 PIV/ VISA 998877"}},
     {Family::PCE,  Section::Documents,  u"PCE/", 5289,  {34, ElementOutput::Lists, u"PCEElementsCount", u"certificate",        u"   3 PCE/ VACCINATION 01JAN24"}},
