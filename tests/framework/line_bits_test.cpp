@@ -9,7 +9,7 @@
 namespace vantro {
 namespace {
 
-/// A set of places written out, "1" for a place that is in it.
+/// A set of positions written as text: "1" for a position that is in the set.
 using Written = std::string;
 
 Written written(LineBits bits) {
@@ -26,14 +26,14 @@ LineBits bitsOf(const Written& text) {
     return bits;
 }
 
-/// True when the text, and nothing but zeros behind it, has these characters from a place on.
+/// True when the text, followed by zeros, has these characters from a position on.
 bool stands(const Written& text, std::size_t place, const Written& wanted) {
     const Written padded = text + Written(LineBits::capacity, '0');
     return padded.compare(place, wanted.size(), wanted) == 0;
 }
 
-/// Every place at which one of the wanted pieces stands.
-Written placesOf(const Written& text, const Written& wanted) {
+/// Every position of one of the wanted pieces.
+Written positionsOf(const Written& text, const Written& wanted) {
     Written places(LineBits::capacity, '0');
     for (std::size_t place = 0; place < places.size(); ++place) {
         if (stands(text, place, wanted)) places[place] = '1';
@@ -49,7 +49,7 @@ Written randomSet(std::mt19937& engine) {
     return text;
 }
 
-TEST(LineBits, ARangeIsThePlacesFromItsBeginOn) {
+TEST(LineBits, ARangeIsThePositionsFromItsBegin) {
     for (std::size_t begin = 0; begin < 140; ++begin) {
         for (const std::size_t count : {std::size_t{0}, std::size_t{1}, std::size_t{6}, std::size_t{63}}) {
             Written expected(LineBits::capacity, '0');
@@ -67,7 +67,7 @@ TEST(LineBits, BlanksBeforeWordsOfALengthAreFound) {
         const Written text = randomSet(engine);
         for (const unsigned length : {1U, 2U, 3U, 4U}) {
             const Written word = "1" + Written(length, '0') + "1";
-            EXPECT_EQ(written(bitsOf(text).beforeWords(length)), placesOf(text, word)) << text;
+            EXPECT_EQ(written(bitsOf(text).beforeWords(length)), positionsOf(text, word)) << text;
         }
     }
 }
@@ -77,12 +77,12 @@ TEST(LineBits, RunsOfALengthAreFound) {
     for (int round = 0; round < 500; ++round) {
         const Written text = randomSet(engine);
         for (const unsigned length : {2U, 5U, 7U}) {
-            EXPECT_EQ(written(bitsOf(text).runs(length)), placesOf(text, Written(length, '1'))) << text;
+            EXPECT_EQ(written(bitsOf(text).runs(length)), positionsOf(text, Written(length, '1'))) << text;
         }
     }
 }
 
-TEST(LineGroups, ALineOfAnyLengthIsLookedAtCharacterByCharacter) {
+TEST(LineGroups, ALineOfAnyLengthIsReadCharacterByCharacter) {
     std::mt19937 engine(3);
     const Text characters = u" /->F\u00AF\u012F\u202F\uFF2F";  // some share their low byte with the slash
     for (std::size_t length = 0; length <= LineBits::capacity; ++length) {

@@ -2,7 +2,7 @@
 
 #include <map>
 
-// The answers that say whether a step was taken, and line 1, which says it in the host's words:
+// The answers that show whether a step was taken, and line 1, the host's message about it:
 //
 //   PIE
 //   IGNORED
@@ -72,7 +72,7 @@ std::optional<Collection> verifyCProfileMode(const Text& response, const Collect
         try {
             accepted = stepConfirmed(response, update, exit, enter, ignore);
         } catch (const Failure&) {
-            // Reported to the host; the step counts as not confirmed.
+            // Reported to the terminal; the step counts as not confirmed.
         }
         return std::optional<Collection>(answered(response, *state, accepted));
     });

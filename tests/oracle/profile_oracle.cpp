@@ -4,7 +4,7 @@
 
 namespace oracle {
 
-// A new reader: the lists that leave entry 0 empty hold just that entry, the transferable ones nothing.
+// A new reader: the lists with an empty entry 0 have only that entry, the transferable ones have none.
 ProfileOracle::ProfileOracle() {
     for (const char* family : {"PPR", "PGL", "PPS", "PHI", "PCI", "PPC", "PPH", "PPA", "PPK", "PPI", "PXC",
                                "PXA", "PXK", "PSH", "PSC", "PPT", "PXT", "PAS", "PIV", "PCE", "PID", "PFO"}) {
@@ -66,7 +66,7 @@ int ProfileOracle::count(const std::string& property, const Text& display) {
     return (this->*place->second)(display);
 }
 
-// Down to entry 0, which keeps its content.
+// Cut back to entry 0, which keeps its content.
 void ProfileOracle::cutBack(const std::string& family) {
     lists["str" + family + "Text"].resize(1);
     lists["str" + family + "Number"].resize(1);

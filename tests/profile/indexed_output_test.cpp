@@ -1,4 +1,4 @@
-// The element at an index: with the whole lists beside it, or alone.
+// The element at an index: together with the whole lists, or alone.
 #include "tests/profile/parser.h"
 
 #include <gtest/gtest.h>
@@ -55,12 +55,12 @@ Entries before(Entries first, const Entries& then) {
 class IndexWithLists : public testing::TestWithParam<Row> {};
 INSTANTIATE_TEST_SUITE_P(Every, IndexWithLists, testing::ValuesIn(withLists), nameOf);
 
-TEST_P(IndexWithLists, WithoutAnIndexAddsTheListsAlone) {
+TEST_P(IndexWithLists, WithoutAnIndexOnlyTheListsAreAdded) {
     EXPECT_EQ(Parser().query(GetParam().three, GetParam().prefix), (Answer{.added = wholeLists}));
     EXPECT_EQ(GetParam().asked(text("")), (Answer{.added = wholeLists}));
 }
 
-TEST_P(IndexWithLists, AnIndexAddsTheElementInFrontOfTheLists) {
+TEST_P(IndexWithLists, AnIndexAddsTheElementBeforeTheLists) {
     for (const ItemValue& two : {integer(2), text("2"), text("+2"), text("  02 ")}) {
         EXPECT_EQ(GetParam().asked(two), (Answer{.added = before(GetParam().second, wholeLists)})) << written(two);
     }
@@ -79,14 +79,14 @@ TEST_P(IndexWithLists, BeyondTheCountRaisesItsNumberAndAddsNothing) {
               (Answer{.raised = verifying(GetParam().error)}));
 }
 
-TEST_P(IndexWithLists, ZeroAndBelowAddTheListsAlone) {
+TEST_P(IndexWithLists, ZeroAndBelowAddOnlyTheLists) {
     for (const int index : {0, -1, -32768}) {
         EXPECT_EQ(GetParam().asked(integer(index)), (Answer{.added = wholeLists})) << index;
         EXPECT_EQ(GetParam().asked(text(std::to_string(index))), (Answer{.added = wholeLists})) << index;
     }
 }
 
-TEST_P(IndexWithLists, WhatIsNoIntegerFailsWithNothingAdded) {
+TEST_P(IndexWithLists, AValueThatIsNotAnIntegerFailsWithNothingAdded) {
     EXPECT_EQ(GetParam().asked(text("x")), (Answer{.raised = failing(Failure::TypeMismatch)}));
     EXPECT_EQ(GetParam().asked(text(" ")), (Answer{.raised = failing(Failure::TypeMismatch)}));
     EXPECT_EQ(GetParam().asked(text("2.0")), (Answer{.raised = failing(Failure::TypeMismatch)}));
@@ -110,7 +110,7 @@ TEST_P(IndexWithLists, AFailedIndexLeavesTheObjectsListsFilled) {
     EXPECT_EQ(parser.list("str" + GetParam().prefix + "Text"), (Texts{"", "A", "B", "C"}));
 }
 
-TEST_P(IndexWithLists, AnEmptyDisplayHandsOutTheListsOfTheCallBefore) {
+TEST_P(IndexWithLists, AnEmptyDisplayReturnsTheListsOfTheEarlierCall) {
     Parser parser;
     parser.query(GetParam().three, GetParam().prefix);
     EXPECT_EQ(parser.query(u"", GetParam().prefix), (Answer{.added = wholeLists}));
@@ -198,7 +198,7 @@ TEST_P(IndexAlone, TheLowestIndexOverflows) {
     EXPECT_EQ(GetParam().asked(text("-32768")), (Answer{.raised = failing(Failure::Overflow)}));
 }
 
-TEST_P(IndexAlone, WhatIsNoIntegerFails) {
+TEST_P(IndexAlone, AValueThatIsNotAnIntegerFails) {
     EXPECT_EQ(GetParam().asked(text("x")), (Answer{.raised = failing(Failure::TypeMismatch)}));
     EXPECT_EQ(GetParam().asked(text("")), (Answer{.raised = failing(Failure::TypeMismatch)}));
     EXPECT_EQ(GetParam().asked(text("2.0")), (Answer{.raised = failing(Failure::TypeMismatch)}));
@@ -223,7 +223,7 @@ TEST_P(IndexAlone, TheIndexIsConvertedBeforeTheDisplayIsRead) {
     }
 }
 
-TEST_P(IndexAlone, TheListsOfACallBeforeAreNotHandedOut) {
+TEST_P(IndexAlone, TheListsOfAnEarlierCallAreNotReturned) {
     Parser parser;
     parser.query(GetParam().three, wanting(GetParam().prefix, integer(1)));
     EXPECT_EQ(parser.query(ended({"NO SECTION"}), wanting(GetParam().prefix, integer(1))),
@@ -232,7 +232,7 @@ TEST_P(IndexAlone, TheListsOfACallBeforeAreNotHandedOut) {
 
 // Whole lists
 
-TEST(ListOutput, WithoutElementsBothListsAreAddedAllTheSame) {
+TEST(ListOutput, WithoutElementsBothListsAreStillAdded) {
     const Answer emptyLists{.added = {{"strKeyElement()", "['']"}, {"strKeyElementNr()", "['']"}}};
     for (const std::string prefix : {"PHI", "PPH", "PCI", "PPC", "PPA", "PPK", "PPI", "PXC", "PXA", "PXK", "PSH", "PSC",
                                      "PPT", "PXT", "PAS", "PIV", "PCE", "PID", "PFO"}) {
@@ -241,7 +241,7 @@ TEST(ListOutput, WithoutElementsBothListsAreAddedAllTheSame) {
     }
 }
 
-TEST(ListOutput, AnIndexIsNotReadAndNotNeeded) {
+TEST(ListOutput, AnIndexIsNeitherReadNorNeeded) {
     const Text hotel = prefixed("------- TRAVEL POLICIES - HOTEL", "PPH");
     const Answer both{.added = wholeLists};
     EXPECT_EQ(Parser().query(hotel, "PPH"), both);

@@ -6,7 +6,7 @@ namespace vantro::test {
 
 namespace {
 
-/// A call in two parts: "line" and "3", "text" and "strKeyName".
+/// A call in two parts: "line" and "3", or "text" and "strKeyName".
 struct Step {
     std::string kind;
     std::string object;
@@ -16,7 +16,7 @@ bool startsWith(const std::string& text, const std::string& start) { return text
 
 std::string after(const std::string& call, const std::string& word) { return call.substr(word.size()); }
 
-// How the value of an item was asked for, by the call that comes after `Item`.
+// How the value of an item was read: the call that follows `Item` says so.
 std::string kindOfRead(const std::string& call) {
     if (call == "ItemText") return "text";
     if (call == "ItemBoolean") return "flag";
@@ -48,7 +48,7 @@ std::vector<Step> stepsOf(const std::vector<std::string>& calls) {
     return steps;
 }
 
-/// Lines as ranges: "1-9".
+/// Lines written as ranges: "1-9".
 class Lines {
 public:
     void add(int line) {

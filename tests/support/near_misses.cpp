@@ -6,7 +6,7 @@ namespace vantro::test {
 
 namespace {
 
-// What the readers tell apart: blanks, letters, digits, and the characters of their marks.
+// The characters that readers distinguish: blanks, letters, digits, and those of the marks.
 constexpr TextView replacements = u" X7->/:*";
 
 class Varied {
@@ -30,7 +30,7 @@ public:
     }
 
 private:
-    // Calls the visitor with the lines as `change` leaves them.
+    // Calls the visitor with the lines after `change`.
     template <class Change>
     void with(Change change) {
         if (isStopped_ || number_++ % variation_.every != variation_.offset) return;
@@ -68,7 +68,7 @@ private:
         const auto at = static_cast<std::ptrdiff_t>(line);
         with([&](std::vector<Text>& lines) { lines.erase(lines.begin() + at); });
         with([&](std::vector<Text>& lines) { std::swap(lines[line], lines[line + 1 < lines.size() ? line + 1 : 0]); });
-        constexpr std::size_t furthest = 26;  // one line further than any reader looks for a title or an entry
+        constexpr std::size_t furthest = 26;  // one line more than any reader searches for a title or an entry
         for (std::size_t count = 1; count <= furthest; ++count) {
             with([&](std::vector<Text>& lines) { insert(lines, at, count, Text(variation_.width, u' ')); });
             with([&](std::vector<Text>& lines) { insert(lines, at, count, filler()); });
@@ -87,7 +87,7 @@ private:
         return line;
     }
 
-    // The text ends inside the line; where whole lines stand under it, the line alone is cut.
+    // The text ends inside the line. Where complete lines follow, only this line is cut.
     void cutShort(std::size_t line) {
         for (std::size_t length = 0; length < lines_[line].size(); ++length) {
             with([&](std::vector<Text>& lines) {

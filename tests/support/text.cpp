@@ -30,7 +30,7 @@ void appendBytes(std::string& bytes, char32_t character) {
     for (int byte = following - 1; byte >= 0; --byte) push(0x80 | ((character >> (6 * byte)) & 0x3F));
 }
 
-// Bytes that follow the lead byte, or -1 when it leads nothing.
+// The number of bytes that follow the lead byte; -1 when it is not a lead byte.
 int followingBytes(unsigned char lead) {
     if (lead < 0x80) return 0;
     if (lead >= 0xC2 && lead < 0xE0) return 1;
