@@ -28,7 +28,7 @@ std::string joined(const std::vector<std::string>& lines) {
     return text;
 }
 
-// The columns at which readers look, and those at which a line, a machine word or two of them end.
+// The columns that readers use, and those at which a line, a machine word or two of them end.
 constexpr std::array<std::size_t, 22> columns{0,  1,  2,  3,  4,  5,  6,  7,  8,  11, 12,
                                               13, 14, 16, 17, 20, 28, 34, 63, 64, 76, 79};
 constexpr std::array<std::size_t, 6> farColumns{80, 96, 120, 126, 127, 128};
@@ -110,7 +110,7 @@ void LineMutator::changeLine(std::string& line) {
         case 0: line.resize(below(line.size() + 1)); return;
         case 1:
         case 2:
-            // A mark at the end of a line lacks its last character then.
+            // This removes the last character of a mark at the end of a line.
             line.resize(line.size() - std::min<std::size_t>(line.size(), 1));
             return;
         case 3: shiftColumns(line); return;
@@ -126,7 +126,7 @@ void LineMutator::changeCharacter(std::string& line) {
         line.push_back(character());
         return;
     }
-    // A blank is changed less often than what stands between blanks.
+    // Blanks are changed less often than the text between them.
     std::size_t place = below(line.size());
     if (line[place] == ' ') place = std::min(line.find_first_not_of(' ', place), line.size() - 1);
     switch (below(4)) {

@@ -1,4 +1,4 @@
-// Changes inputs as a person with a pencil would change a screen: line by line.
+// Mutates inputs line by line, as a person would edit a screen.
 #pragma once
 
 #include "fuzz/targets.h"
@@ -17,7 +17,7 @@ public:
     /// The input with a few changes.
     std::string mutated(Bytes input);
 
-    /// The head of one input and lines of both.
+    /// The head of one input with lines of both.
     std::string crossed(Bytes input, Bytes other);
 
 private:
