@@ -138,12 +138,12 @@ std::string batchLines(Bytes input) {
     if (responses.size() != requests.size()) {
         return std::to_string(responses.size()) + " responses to " + std::to_string(requests.size()) + " requests\n";
     }
-    for (std::size_t place = 0; place < requests.size(); ++place) {
+    for (std::size_t index = 0; index < requests.size(); ++index) {
         Document response;
-        std::string message = formOf(responses[place], response);
-        if (message.empty()) message = mismatch(requests[place], response);
+        std::string message = formOf(responses[index], response);
+        if (message.empty()) message = mismatch(requests[index], response);
         if (!message.empty())
-            return message + "\nrequest  " + requests[place] + "\nresponse " + responses[place] + "\n";
+            return message + "\nrequest  " + requests[index] + "\nresponse " + responses[index] + "\n";
     }
     return {};
 }

@@ -122,9 +122,9 @@ std::vector<std::string> sampleSeeds(std::string_view target) {
 
 std::vector<KeptInput> keptInputs(std::string_view folder, std::string_view target) {
     std::vector<KeptInput> inputs;
-    const fs::path place = root / "fuzz" / folder / target;
-    if (!fs::is_directory(place)) return inputs;
-    for (const auto& entry : fs::directory_iterator(place)) {
+    const fs::path position = root / "fuzz" / folder / target;
+    if (!fs::is_directory(position)) return inputs;
+    for (const auto& entry : fs::directory_iterator(position)) {
         inputs.push_back({entry.path().filename().string(), contents(entry.path())});
     }
     std::ranges::sort(inputs, {}, &KeptInput::name);

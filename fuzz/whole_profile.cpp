@@ -146,9 +146,9 @@ private:
         if (texts.size() != elements.size() + 1 || numbers.size() != texts.size()) {
             return part(family.prefix, std::to_string(elements.size()) + " elements for " + shown(texts));
         }
-        for (std::size_t place = 0; place < elements.size(); ++place) {
-            check(family.prefix, texts[place + 1], elements[place].text);
-            check(family.prefix, numbers[place + 1], elements[place].number);
+        for (std::size_t position = 0; position < elements.size(); ++position) {
+            check(family.prefix, texts[position + 1], elements[position].text);
+            check(family.prefix, numbers[position + 1], elements[position].number);
         }
     }
 
@@ -176,8 +176,8 @@ private:
         if (list->size() != elements.size()) {
             return part(query, std::to_string(elements.size()) + " elements for " + shown(*list));
         }
-        for (std::size_t place = 0; place < elements.size(); ++place) {
-            check(query, (*list)[place], elements[place].*member);
+        for (std::size_t position = 0; position < elements.size(); ++position) {
+            check(query, (*list)[position], elements[position].*member);
         }
     }
 
@@ -193,12 +193,12 @@ private:
         if (texts.size() != profile_.notes.size() + 1) {
             return part(u"ProfileNotes", std::to_string(profile_.notes.size()) + " notes for " + shown(texts));
         }
-        for (std::size_t place = 0; place < profile_.notes.size(); ++place) {
-            const Note& note = profile_.notes[place];
+        for (std::size_t position = 0; position < profile_.notes.size(); ++position) {
+            const Note& note = profile_.notes[position];
             const std::string spelled = std::to_string(note.number);
-            check(u"ProfileNotes", texts[place + 1], note.text);
-            check(u"ProfileNotes", numbers[place + 1], Text(spelled.begin(), spelled.end()));
-            check(u"ProfileNotes", qualifiers[place + 1], note.qualifier);
+            check(u"ProfileNotes", texts[position + 1], note.text);
+            check(u"ProfileNotes", numbers[position + 1], Text(spelled.begin(), spelled.end()));
+            check(u"ProfileNotes", qualifiers[position + 1], note.qualifier);
         }
     }
 

@@ -54,8 +54,8 @@ inline std::size_t findUnit(View text, char16_t unit, std::size_t index = 0) {
     while (at < end) {
         at = static_cast<const char*>(std::memchr(at, unit, static_cast<std::size_t>(end - at)));
         if (at == nullptr) break;
-        const std::size_t place = static_cast<std::size_t>(at - begin) / sizeof(char16_t);
-        if (text[place] == unit) return place;
+        const std::size_t position = static_cast<std::size_t>(at - begin) / sizeof(char16_t);
+        if (text[position] == unit) return position;
         ++at;
     }
     return View::npos;

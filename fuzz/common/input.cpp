@@ -40,9 +40,9 @@ char16_t unitOf(unsigned char byte) {
 
 Text rawUnits(std::string_view bytes) {
     Text text;
-    for (std::size_t place = 0; place + 1 < bytes.size(); place += 2) {
-        const auto low = static_cast<unsigned char>(bytes[place]);
-        const auto high = static_cast<unsigned char>(bytes[place + 1]);
+    for (std::size_t position = 0; position + 1 < bytes.size(); position += 2) {
+        const auto low = static_cast<unsigned char>(bytes[position]);
+        const auto high = static_cast<unsigned char>(bytes[position + 1]);
         text.push_back(static_cast<char16_t>(low | (high << 8)));
     }
     return text;

@@ -31,7 +31,7 @@ private:
     char character();
     void change(Lines& lines);
     void changeHead(std::string& head);
-    void changeOrder(Lines& lines, std::size_t place);
+    void changeOrder(Lines& lines, std::size_t position);
     void changeLine(std::string& line);
     void changeCharacter(std::string& line);
     void shiftColumns(std::string& line);

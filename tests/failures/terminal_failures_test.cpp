@@ -45,7 +45,7 @@ private:
         return {static_cast<int>(call) + 1, kind, reports};
     }
 
-    std::string place(std::size_t call, FailureKind kind) const {
+    std::string description(std::size_t call, FailureKind kind) const {
         return input_.name + ": call " + std::to_string(call + 1) + ", " + normal_.calls[call] + ", fails in way " +
                std::to_string(static_cast<int>(kind));
     }
@@ -53,7 +53,7 @@ private:
     void failCall(std::size_t call, FailureKind kind) {
         const Consequence expected = consequence(input_, normal_.calls, call);
         if (isReported(expected) && !normal_.reports.empty()) return;  // another failure prevents this one
-        SCOPED_TRACE(place(call, kind));
+        SCOPED_TRACE(description(call, kind));
         Calling calling(input_, failing(call, kind));
         const Outcome outcome = calling.call();
         ++tried_;
@@ -132,7 +132,7 @@ private:
         std::erase_if(*without.collection, [&](const Entry& entry) { return printedKey(entry) == key; });
         const Outcome outcome = Calling(input_, failing(call, FailureKind::AbsentItem)).call();
         ++tried_;
-        SCOPED_TRACE(place(call, FailureKind::AbsentItem));
+        SCOPED_TRACE(description(call, FailureKind::AbsentItem));
         Outcome expected = Calling(without).call();
         EXPECT_TRUE(outcome.sameAnswer(expected)) << outcome.thrown << " instead of " << expected.thrown;
         ASSERT_FALSE(testing::Test::HasFailure());
@@ -140,7 +140,7 @@ private:
 
     void failReports(std::size_t call, FailureKind kind, const Consequence& expected) {
         constexpr int all = 1000;
-        SCOPED_TRACE(place(call, kind) + ", and so does its report");
+        SCOPED_TRACE(description(call, kind) + ", and so does its report");
         const Outcome none = Calling(input_, failing(call, kind, all)).call();
         const Outcome firstReportFails = Calling(input_, failing(call, kind, 1)).call();
         tried_ += 2;

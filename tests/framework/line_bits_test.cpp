@@ -20,32 +20,32 @@ Written written(LineBits bits) {
 
 LineBits bitsOf(const Written& text) {
     LineBits bits;
-    for (std::size_t place = 0; place < text.size(); ++place) {
-        if (text[place] == '1') bits = bits | LineBits::range(place, 1);
+    for (std::size_t position = 0; position < text.size(); ++position) {
+        if (text[position] == '1') bits = bits | LineBits::range(position, 1);
     }
     return bits;
 }
 
 /// True when the text, followed by zeros, has these characters from a position on.
-bool stands(const Written& text, std::size_t place, const Written& wanted) {
+bool isAt(const Written& text, std::size_t position, const Written& wanted) {
     const Written padded = text + Written(LineBits::capacity, '0');
-    return padded.compare(place, wanted.size(), wanted) == 0;
+    return padded.compare(position, wanted.size(), wanted) == 0;
 }
 
 /// Every position of one of the wanted pieces.
 Written positionsOf(const Written& text, const Written& wanted) {
-    Written places(LineBits::capacity, '0');
-    for (std::size_t place = 0; place < places.size(); ++place) {
-        if (stands(text, place, wanted)) places[place] = '1';
+    Written positions(LineBits::capacity, '0');
+    for (std::size_t position = 0; position < positions.size(); ++position) {
+        if (isAt(text, position, wanted)) positions[position] = '1';
     }
-    return places;
+    return positions;
 }
 
 /// Sets of any density.
 Written randomSet(std::mt19937& engine) {
     Written text(LineBits::capacity, '0');
     const auto share = engine() % 10 + 1;
-    for (char& place : text) place = engine() % 10 < share ? '1' : '0';
+    for (char& position : text) position = engine() % 10 < share ? '1' : '0';
     return text;
 }
 
@@ -53,8 +53,8 @@ TEST(LineBits, ARangeIsThePositionsFromItsBegin) {
     for (std::size_t begin = 0; begin < 140; ++begin) {
         for (const std::size_t count : {std::size_t{0}, std::size_t{1}, std::size_t{6}, std::size_t{63}}) {
             Written expected(LineBits::capacity, '0');
-            for (std::size_t place = begin; place < begin + count && place < expected.size(); ++place) {
-                expected[place] = '1';
+            for (std::size_t position = begin; position < begin + count && position < expected.size(); ++position) {
+                expected[position] = '1';
             }
             EXPECT_EQ(written(LineBits::range(begin, count)), expected) << begin << ", " << count;
         }
@@ -90,9 +90,9 @@ TEST(LineGroups, ALineOfAnyLengthIsReadCharacterByCharacter) {
         for (char16_t& character : line) character = characters[engine() % characters.size()];
         Written blanks(LineBits::capacity, '1');
         Written slashes(LineBits::capacity, '0');
-        for (std::size_t place = 0; place < length; ++place) {
-            blanks[place] = line[place] == u' ' ? '1' : '0';
-            slashes[place] = line[place] == u'/' ? '1' : '0';
+        for (std::size_t position = 0; position < length; ++position) {
+            blanks[position] = line[position] == u' ' ? '1' : '0';
+            slashes[position] = line[position] == u'/' ? '1' : '0';
         }
         lookAtGroups(line, [&](const auto& groups) {
             EXPECT_EQ(written(groups.blanks()), blanks) << length;

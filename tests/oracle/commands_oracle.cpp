@@ -244,11 +244,11 @@ const std::map<std::string, Builder>& builders() {
 }  // namespace
 
 Text command(const std::string& className, const Collection* params) {
-    const auto place = builders().find(className);
-    if (place == builders().end()) {
+    const auto it = builders().find(className);
+    if (it == builders().end()) {
         throw std::invalid_argument(className);
     }
-    const Builder& builder = place->second;
+    const Builder& builder = it->second;
     if (builder.number == 0) {
         return builder.build(params);
     }

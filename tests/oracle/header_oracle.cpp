@@ -8,9 +8,9 @@ Text profileName(const Text& display) {
     Text name;
     for (int n = 1; n <= 20; ++n) {
         const Text line = screenLine(display, n);
-        const int place = found(line, u" NM ");
-        if (place > 0) {
-            name = trimmed(mid(line, place + 4));
+        const int position = found(line, u" NM ");
+        if (position > 0) {
+            name = trimmed(mid(line, position + 4));
             break;
         }
     }

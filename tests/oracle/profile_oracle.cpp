@@ -59,11 +59,11 @@ int ProfileOracle::count(const std::string& property, const Text& display) {
         {"PIDElementsCount", &ProfileOracle::PIDElementsCount},
         {"PFOElementsCount", &ProfileOracle::PFOElementsCount},
     };
-    const auto place = properties.find(property);
-    if (place == properties.end()) {
+    const auto it = properties.find(property);
+    if (it == properties.end()) {
         throw std::invalid_argument("no property " + property);
     }
-    return (this->*place->second)(display);
+    return (this->*it->second)(display);
 }
 
 // Cut back to entry 0, which keeps its content.

@@ -97,8 +97,8 @@ TEST_P(GoldenProfile, Elements) {
         const Json& golden = expected("elements")[prefix.c_str()];
         const std::span<const Element> elements = profile().elements(family.family);
         ASSERT_EQ(elements.size(), golden.Size());
-        for (rapidjson::SizeType place = 0; place < golden.Size(); ++place) {
-            EXPECT_EQ(fieldsOf(elements[place], furtherFields(prefix)), fieldsOf(golden[place])) << "at " << place;
+        for (rapidjson::SizeType index = 0; index < golden.Size(); ++index) {
+            EXPECT_EQ(fieldsOf(elements[index], furtherFields(prefix)), fieldsOf(golden[index])) << "at " << index;
         }
     }
 }
@@ -106,11 +106,11 @@ TEST_P(GoldenProfile, Elements) {
 TEST_P(GoldenProfile, Notes) {
     const Json& golden = expected("notes");
     ASSERT_EQ(profile().notes.size(), golden.Size());
-    for (rapidjson::SizeType place = 0; place < golden.Size(); ++place) {
-        const Note& note = profile().notes[place];
+    for (rapidjson::SizeType index = 0; index < golden.Size(); ++index) {
+        const Note& note = profile().notes[index];
         const Fields fields{
             {"number", std::to_string(note.number)}, {"qualifier", utf8(note.qualifier)}, {"text", utf8(note.text)}};
-        EXPECT_EQ(fields, fieldsOf(golden[place])) << "at " << place;
+        EXPECT_EQ(fields, fieldsOf(golden[index])) << "at " << index;
     }
 }
 

@@ -38,8 +38,8 @@ std::ostream& operator<<(std::ostream& out, const Outcome& outcome) {
 
 std::string listsOf(const std::vector<std::string>& names, const std::vector<const TextList*>& lists) {
     std::string text;
-    for (std::size_t place = 0; place < names.size(); ++place) {
-        text += "    " + names[place] + " = " + written(*lists[place]) + "\n";
+    for (std::size_t index = 0; index < names.size(); ++index) {
+        text += "    " + names[index] + " = " + written(*lists[index]) + "\n";
     }
     return text;
 }
@@ -120,8 +120,8 @@ Answer answerOf(const Request& request, const std::function<bool(oracle::Collect
     } catch (const oracle::Failure& failure) {
         answer.raised.number = failure.number;
     }
-    for (std::size_t place = request.given.size(); place < collection.entries.size(); ++place) {
-        const auto& [key, value] = collection.entries[place];
+    for (std::size_t index = request.given.size(); index < collection.entries.size(); ++index) {
+        const auto& [key, value] = collection.entries[index];
         answer.added.emplace_back(key, written(itemValue(value)));
     }
     return answer;

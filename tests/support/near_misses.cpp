@@ -43,14 +43,14 @@ private:
     }
 
     void varyCharacters(std::size_t line) {
-        for (std::size_t place = 0; place < lines_[line].size(); ++place) {
+        for (std::size_t position = 0; position < lines_[line].size(); ++position) {
             for (const char16_t other : replacements) {
-                if (other == lines_[line][place]) continue;
-                with([&](std::vector<Text>& lines) { lines[line][place] = other; });
+                if (other == lines_[line][position]) continue;
+                with([&](std::vector<Text>& lines) { lines[line][position] = other; });
             }
-            with([&](std::vector<Text>& lines) { lines[line].erase(place, 1).push_back(u' '); });
+            with([&](std::vector<Text>& lines) { lines[line].erase(position, 1).push_back(u' '); });
             with([&](std::vector<Text>& lines) {
-                lines[line].insert(place, 1, lines[line][place]);
+                lines[line].insert(position, 1, lines[line][position]);
                 lines[line].pop_back();
             });
         }
@@ -58,8 +58,8 @@ private:
 
     void plantMarks(std::size_t line) {
         for (const Text& mark : variation_.planted) {
-            for (std::size_t place = 0; place + mark.size() <= lines_[line].size(); ++place) {
-                with([&](std::vector<Text>& lines) { lines[line].replace(place, mark.size(), mark); });
+            for (std::size_t position = 0; position + mark.size() <= lines_[line].size(); ++position) {
+                with([&](std::vector<Text>& lines) { lines[line].replace(position, mark.size(), mark); });
             }
         }
     }
@@ -76,9 +76,9 @@ private:
         }
     }
 
-    static void insert(std::vector<Text>& lines, std::ptrdiff_t place, std::size_t count, const Text& line) {
+    static void insert(std::vector<Text>& lines, std::ptrdiff_t position, std::size_t count, const Text& line) {
         const Text added = line;
-        lines.insert(lines.begin() + place, count, added);
+        lines.insert(lines.begin() + position, count, added);
     }
 
     Text filler() const {

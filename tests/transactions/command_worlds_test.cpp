@@ -114,18 +114,18 @@ std::string expectedOf(const std::string& className, const Entries& params) {
 /// The parameters that have a value in this choice.
 Entries chosen(const CommandWorld& world, const std::vector<std::size_t>& choice) {
     Entries params;
-    for (std::size_t place = 0; place < choice.size(); ++place) {
-        const auto& value = world.parameters[place].values[choice[place]];
-        if (value) params.emplace_back(world.parameters[place].key, *value);
+    for (std::size_t index = 0; index < choice.size(); ++index) {
+        const auto& value = world.parameters[index].values[choice[index]];
+        if (value) params.emplace_back(world.parameters[index].key, *value);
     }
     return params;
 }
 
 /// Advances to the next choice of a value for each parameter; false after the last one.
 bool advance(const CommandWorld& world, std::vector<std::size_t>& choice) {
-    for (std::size_t place = 0; place < choice.size(); ++place) {
-        if (++choice[place] < world.parameters[place].values.size()) return true;
-        choice[place] = 0;
+    for (std::size_t index = 0; index < choice.size(); ++index) {
+        if (++choice[index] < world.parameters[index].values.size()) return true;
+        choice[index] = 0;
     }
     return false;
 }
