@@ -1,6 +1,6 @@
 """Writes docs/benchmarks.md, docs/benchmarks.svg and docs/growth.svg from the record of one run.
 
-Usage: report.py RECORD BUILD DOCS. RECORD holds tab-separated lines: "time", task, name, seconds; "ratio", task,
+Usage: report.py RECORD BUILD DOCS. RECORD contains tab-separated lines: "time", task, name, seconds; "ratio", task,
 contender, baseline, target (0: only shown); "figure", task, name, value, target. BUILD is the build folder.
 """
 
@@ -17,21 +17,21 @@ TASKS = {
     "whole_profile": (
         "Whole profile",
         "All 29 families, the header values and the notes of one display; the mean over 1,000 displays of 24 to 400 "
-        "lines. The contenders by hand make one pass; the regular expressions are matched once against each line.",
+        "lines. The hand-written contenders make one pass; the regular expressions are matched once per line.",
     ),
     "one_family": (
         "One family",
-        "One element family of one display: a call for one family (another one with each display), and a call for "
-        "each of 22 families. The straight port makes a fresh trimmed string of every line.",
+        "One element family of one display: one call (for another family with each display), and one call for each of "
+        "22 families. The line-by-line scan makes a new trimmed string of every line.",
     ),
     "list_screen": (
         "List screen and command",
-        "One list screen of 24 lines read into its results, and one name search command built.",
+        "Reading one list screen of 24 lines, and building one name search command.",
     ),
     "batch": (
         "Batch",
-        "Whole programs over the same file of requests, each with a display and one family (processor time a "
-        "request), and `parse` over 4,000 displays with one core and with two (wall time).",
+        "Whole programs reading the same file of requests, each with a display and one family (processor time per "
+        "request), and `parse` reading 4,000 displays with one core and with two (wall time).",
     ),
     "growth": (
         "Growth",
@@ -167,15 +167,15 @@ def document(record, build):
     lines = [
         "# Benchmarks",
         "",
-        "Written by `scripts/bench.sh`, which builds the preset `bench`, runs everything in one go and writes this",
-        "page and its pictures anew. It installs what the library is compared with; nothing else in the project",
-        "needs that. Figures vary between machines and from run to run: compare ratios of one run, not times of",
-        "two. One program alone: `build/bench/bin/bench_whole_profile`, with Google Benchmark's arguments.",
+        "This page and its pictures are written by `scripts/bench.sh`, which builds the preset `bench` and runs",
+        "everything at once. It installs the libraries compared with; nothing else in the project needs them.",
+        "Figures vary between machines and runs: compare ratios of one run, not times of two. To run a single",
+        "program: `build/bench/bin/bench_whole_profile`, with Google Benchmark's arguments.",
         "",
-        "Before a contender's time counts, its result is compared with the library's over all displays; a program",
-        "ends at the first difference. The displays are made up, the same in every run: 1,000 of 24 to 400 lines,",
-        "all families, wrapped and colon continuation lines, notes, one end marker each. Times are medians; those",
-        "of single calls are processor time.",
+        "Before a contender is timed, its results for all displays are compared with the library's; a program ends",
+        "at the first difference. The displays are synthetic and the same in every run: 1,000 displays of 24 to 400",
+        "lines, with all families, wrapped and colon continuation lines, notes, and one end marker each. Times are",
+        "medians; those of single calls are processor time.",
         "",
         "![Whole profile, contenders compared](benchmarks.svg)",
         "",
@@ -235,7 +235,7 @@ class Drawing:
 
 
 class LogScale:
-    """Places of powers of ten between two ends."""
+    """Positions of values on a logarithmic scale between two ends."""
 
     def __init__(self, values, begin, end):
         self.low = math.floor(math.log10(min(values)))
@@ -290,10 +290,10 @@ def growth(times):
         drawing.line(80, y(decade), 730, y(decade))
         drawing.text(72, y(decade) + 4, shown_time(decade), "end", 11, "#666666")
     drawing.text(405, 416, "lines of 80 characters", "middle", 12, "#666666")
-    for place, (name, colour) in enumerate(series.items()):
+    for index, (name, colour) in enumerate(series.items()):
         drawing.curve([(x(lines), y(value)) for lines, value in zip(lengths, values[name])], colour)
-        drawing.bar(80 + 210 * place, 64, 14, 10, colour)
-        drawing.text(100 + 210 * place, 73, labels.get(name, name), size=12)
+        drawing.bar(80 + 210 * index, 64, 14, 10, colour)
+        drawing.text(100 + 210 * index, 73, labels.get(name, name), size=12)
     return str(drawing)
 
 

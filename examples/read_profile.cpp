@@ -1,4 +1,4 @@
-// Reads the priority lines out of a displayed profile, given as a text file with a screen line a line.
+// Reads the priority lines of a displayed profile from a text file with one screen line per line.
 #include "vantro/built_in_terminal.h"
 #include "vantro/registry.h"
 
@@ -11,7 +11,7 @@ namespace {
 
 constexpr std::size_t lineWidth = 80;
 
-// The display as the terminal hands it over: every line filled up to 80 characters, no line ends.
+// The display as a terminal passes it: every line padded to 80 characters, no line ends.
 vantro::Text readDisplay(std::istream& file) {
     vantro::Text display;
     for (std::string line; std::getline(file, line);) {
@@ -38,7 +38,7 @@ int main(int argc, char** argv) {
     request->Add(u"strKeyPrefix", u"PPR");
     try {
         profile->profileGet()->ProfileElements(readDisplay(file), request);
-    } catch (const std::exception& error) {  // a line too long, or the library's own vantro::Error
+    } catch (const std::exception& error) {  // a line that is too long, or the library's own vantro::Error
         std::cerr << "read_profile: " << error.what() << '\n';
         return 1;
     }

@@ -1,4 +1,4 @@
-// A stream of bytes as a batch reads it: one response line a request line, whatever stands there.
+// A stream of bytes read as a batch: one response line per request line, whatever it contains.
 #include "cli/batch/backend.h"
 #include "cli/batch/line_reader.h"
 #include "cli/batch/request.h"
@@ -23,7 +23,7 @@ constexpr unsigned strict = rapidjson::kParseValidateEncodingFlag | rapidjson::k
 constexpr unsigned spelled = strict | rapidjson::kParseNumbersAsStringsFlag;
 constexpr std::string_view byteOrderMark = "\xEF\xBB\xBF";
 
-/// Bytes between the lines of the request, and the lines as a batch must see them.
+/// The request lines that a batch must read: the bytes between line ends.
 std::vector<std::string> linesOf(std::string_view text) {
     if (text.starts_with(byteOrderMark)) text.remove_prefix(byteOrderMark.size());
     std::vector<std::string> lines;
@@ -35,7 +35,7 @@ std::vector<std::string> linesOf(std::string_view text) {
     return lines;
 }
 
-/// The member that stands last under this name, as the protocol counts a member that is given twice.
+/// The last member with this name: where a request repeats a member, the last one counts.
 const rapidjson::Value* lastMember(const Document& object, std::string_view name) {
     const rapidjson::Value* found = nullptr;
     for (const auto& member : object.GetObject()) {
@@ -44,7 +44,7 @@ const rapidjson::Value* lastMember(const Document& object, std::string_view name
     return found;
 }
 
-/// Same values in the same order; numbers by their spelling, which is parsed as text.
+/// The same values in the same order; numbers are parsed as texts and compared by their spelling.
 bool sameJson(const rapidjson::Value& value, const rapidjson::Value& other) {
     if (value.IsArray() && other.IsArray()) {
         return std::equal(value.Begin(), value.End(), other.Begin(), other.End(), sameJson);
@@ -58,16 +58,17 @@ bool sameJson(const rapidjson::Value& value, const rapidjson::Value& other) {
     return value == other;
 }
 
-/// A response line's form: JSON in sound text, an object, a result or an error, an id first if there is one.
+/// Checks the form of a response line: valid JSON text, an object, a result or an error, the id first if there is one.
 std::string formOf(const std::string& line, Document& response) {
     if (line.find('\0') != std::string::npos) return "a zero byte";
     response.Parse<spelled>(line.data(), line.size());
     if (response.HasParseError()) return rapidjson::GetParseError_En(response.GetParseError());
-    if (!response.IsObject()) return "no object";
+    if (!response.IsObject()) return "not an object";
     const bool hasResult = response.HasMember("result");
-    if (hasResult == response.HasMember("error")) return "not either a result or an error";
+    if (hasResult == response.HasMember("error")) return "neither or both of a result and an error";
     if (response.HasMember("id") && response.MemberBegin()->name != "id") return "the id is not the first member";
-    if (!hasResult && !(response["error"].IsObject() && response["error"].MemberCount() == 3)) return "an odd error";
+    if (!hasResult && !(response["error"].IsObject() && response["error"].MemberCount() == 3))
+        return "an error without its three members";
     return {};
 }
 
@@ -76,30 +77,31 @@ bool isBadRequest(const Document& response) {
            response["error"]["source"] == "request";
 }
 
-/// What the request lets one say about the response.
-std::string apart(const std::string& line, const Document& response) {
+/// Checks the response against the request as far as the request determines it.
+std::string mismatch(const std::string& line, const Document& response) {
     const bool containsZero = line.find('\0') != std::string::npos;
     Document request;
     request.Parse<spelled>(line.data(), line.size());
-    // The library's own parser takes a byte order mark in front of any text; a batch takes one in front of the stream.
+    // The library's own parser accepts a byte order mark before any text; a batch accepts one only at the beginning of
+    // the stream.
     const bool containsMark = line.starts_with(byteOrderMark);
     if (containsZero || containsMark || request.HasParseError() || !request.IsObject()) {
-        return isBadRequest(response) ? std::string() : "something else than a bad request for no JSON object";
+        return isBadRequest(response) ? std::string() : "no bad request error for a line without a JSON object";
     }
     Document checked;
-    if (checked.Parse<strict>(line.data(), line.size()).HasParseError()) return {};  // a number beyond a double
+    if (checked.Parse<strict>(line.data(), line.size()).HasParseError()) return {};  // number out of range
     const rapidjson::Value* const id = lastMember(request, "id");
-    if ((id != nullptr) != response.HasMember("id")) return "the id is missing, or comes from nowhere";
-    // An escaped surrogate without its partner is read as U+FFFD, which this parser does not do.
-    const bool maybeMended = line.find("\\ud") != std::string::npos || line.find("\\uD") != std::string::npos;
-    if (maybeMended && isBadRequest(response)) return {};
-    if (id != nullptr && !sameJson(*id, response["id"])) return "the id is another one";
+    if ((id != nullptr) != response.HasMember("id")) return "the id is missing, or was not in the request";
+    // The tool reads an escaped unpaired surrogate as U+FFFD; this parser does not.
+    const bool mayBeReplaced = line.find("\\ud") != std::string::npos || line.find("\\uD") != std::string::npos;
+    if (mayBeReplaced && isBadRequest(response)) return {};
+    if (id != nullptr && !sameJson(*id, response["id"])) return "the id differs";
     return {};
 }
 
-/// The tool's loop over its input, as one text with the responses.
+/// Runs the tool's loop over its input and returns all responses as one text.
 std::string answered(Bytes input) {
-    // The first byte sizes the blocks in which the stream arrives.
+    // The first byte is the size of the blocks in which the stream arrives.
     const std::size_t block = input.empty() ? 1 : 1 + input.front() % 64;
     Bytes left = input;
     LineReader lines(
@@ -136,12 +138,12 @@ std::string batchLines(Bytes input) {
     if (responses.size() != requests.size()) {
         return std::to_string(responses.size()) + " responses to " + std::to_string(requests.size()) + " requests\n";
     }
-    for (std::size_t place = 0; place < requests.size(); ++place) {
+    for (std::size_t index = 0; index < requests.size(); ++index) {
         Document response;
-        std::string message = formOf(responses[place], response);
-        if (message.empty()) message = apart(requests[place], response);
+        std::string message = formOf(responses[index], response);
+        if (message.empty()) message = mismatch(requests[index], response);
         if (!message.empty())
-            return message + "\nrequest  " + requests[place] + "\nresponse " + responses[place] + "\n";
+            return message + "\nrequest  " + requests[index] + "\nresponse " + responses[index] + "\n";
     }
     return {};
 }

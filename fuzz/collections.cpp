@@ -1,4 +1,4 @@
-// The built-in collection against a list of pairs: keys and values as the bytes say, by one operation after the other.
+// The built-in collection against a list of pairs: the bytes are operations with keys and values.
 #include "framework/int16.h"
 #include "fuzz/common/compare.h"
 #include "fuzz/common/input.h"
@@ -9,7 +9,7 @@ namespace vantro::fuzz {
 
 namespace {
 
-/// A result, or the number of the error in its place.
+/// A result, or the error number instead.
 template <class Result>
 struct Outcome {
     Result result{};
@@ -36,14 +36,14 @@ public:
     std::string add(const std::string& key, const ItemValue& value) {
         collection_.Add(Text(key.begin(), key.end()), value);
         model_.add(key, oracleValue(value));
-        return same(&collection_, &model_) ? std::string() : apart("Add of " + key);
+        return same(&collection_, &model_) ? std::string() : mismatch("Add of " + key);
     }
 
     std::string look(const std::string& key) {
         const ItemPtr item = collection_.Item(Text(key.begin(), key.end()));
         const oracle::Value* const expected = model_.item(key);
-        if ((item == nullptr) != (expected == nullptr)) return apart("one alone has " + key);
-        if (item != nullptr && !same(item->Value(), *expected)) return apart("Item of " + key);
+        if ((item == nullptr) != (expected == nullptr)) return mismatch("only one has " + key);
+        if (item != nullptr && !same(item->Value(), *expected)) return mismatch("Item of " + key);
         return convert(item, expected, key);
     }
 
@@ -52,18 +52,18 @@ private:
         TerminalFunctions& functions = terminal_.functions();
         TextStore store;
         const auto text = outcomeOf([&] { return Text(functions.ItemText(item, store)); });
-        if (text != outcomeOf([&] { return oracle::itemText(expected); })) return apart("ItemText of " + key);
+        if (text != outcomeOf([&] { return oracle::itemText(expected); })) return mismatch("ItemText of " + key);
         const auto truth = outcomeOf([&] { return functions.ItemBoolean(item); });
-        if (truth != outcomeOf([&] { return oracle::itemBoolean(expected); })) return apart("ItemBoolean of " + key);
+        if (truth != outcomeOf([&] { return oracle::itemBoolean(expected); })) return mismatch("ItemBoolean of " + key);
         if (item == nullptr) return {};
         const auto number = outcomeOf([&] { return int{toInt16(item->Value())}; });
-        if (number != outcomeOf([&] { return oracle::toInteger16(*expected); })) return apart("toInt16 of " + key);
+        if (number != outcomeOf([&] { return oracle::toInteger16(*expected); })) return mismatch("toInt16 of " + key);
         return {};
     }
 
-    std::string apart(const std::string& what) const {
+    std::string mismatch(const std::string& what) const {
         const oracle::Collection held = oracleCollection(collection_);
-        return what + "\nthe collection holds " + shown(&held) + "\nexpected " + shown(&model_) + "\n";
+        return what + "\nthe collection contains " + shown(&held) + "\nexpected " + shown(&model_) + "\n";
     }
 
     BuiltInTerminal terminal_;
@@ -75,8 +75,8 @@ constexpr TextView valueKey[] = {u""};
 
 }  // namespace
 
-// Every line is an operation: a "+" adds, anything else looks; the key ends at a colon, and behind it stands the value
-// with its kind in front.
+// Every line is an operation: "+" adds, anything else reads. The key ends at a colon; the value follows, its kind
+// first.
 std::string collections(Bytes bytes) {
     std::string_view text(reinterpret_cast<const char*>(bytes.data()), bytes.size());
     Comparison comparison;

@@ -1,4 +1,4 @@
-// A query with its count property on one or more displays, by objects that live from display to display.
+// A query and a count property on one or more displays, with objects that are kept from display to display.
 #include "fuzz/common/compare.h"
 #include "fuzz/common/input.h"
 #include "tests/oracle/notes_oracle.h"
@@ -57,7 +57,7 @@ constexpr std::array<Query, 48> queries{{
     {"PSL"},
     {"ALL"},
     {"ProfileNotes", "ProfileNotes"},
-    // Longer and shorter than a prefix, other cases, blanks, nothing
+    // Longer and shorter than a prefix, another case, blanks, empty
     {"PCN/ X", "PPHold"},
     {"RCX"},
     {"PPRX", "PPR"},
@@ -81,7 +81,7 @@ std::string countName(std::string_view stem) {
     return std::string(stem) + "ElementsCount";
 }
 
-/// The lists of a family, by the name that both sides know.
+/// The lists of a family, by the name that both implementations use.
 std::vector<std::string> listNames(std::string_view stem) {
     if (stem == "ProfileNotes") return {"strNoteText", "strNoteNumber", "strNoteQualifier"};
     std::vector<std::string> names;
@@ -91,10 +91,10 @@ std::vector<std::string> listNames(std::string_view stem) {
     return names;
 }
 
-/// What is asked, apart from the display.
+/// The request, without the display.
 struct Asked {
     Query query;
-    bool ofNotes;  // the notes' class
+    bool ofNotes;  // sent to the notes class
     std::vector<Item> given;
     std::optional<TextList> selection;
     Text qualifier;
@@ -120,12 +120,12 @@ Asked askedBy(Input& input) {
     return asked;
 }
 
-/// One side's answers to both questions.
+/// The answers of one implementation to both calls.
 template <class Collection>
 struct Answer {
     int count = 0;
     int countError = 0;
-    bool gaveCollection = false;
+    bool returnedCollection = false;
     int error = 0;
     Collection collection{};
     std::optional<TextList> selection{};
@@ -145,7 +145,7 @@ void numbered(Result& error, Failing&& steps) {
     }
 }
 
-/// The second opinion's object.
+/// The oracle's object.
 class Opinion {
 public:
     explicit Opinion(const Asked& asked) : asked_(asked) {}
@@ -155,7 +155,7 @@ public:
         if (!asked_.query.stem.empty()) numbered(answer.countError, [&] { answer.count = count(display); });
         for (const auto& [key, value] : request()) answer.collection.add(key, value);
         answer.selection = asked_.selection;
-        numbered(answer.error, [&] { answer.gaveCollection = query(display, answer).returnedCollection; });
+        numbered(answer.error, [&] { answer.returnedCollection = query(display, answer).returnedCollection; });
         return answer;
     }
 
@@ -203,8 +203,8 @@ public:
         answer.selection = asked_.selection;
         TextList* const selection = answer.selection ? &*answer.selection : nullptr;
         numbered(answer.error, [&] {
-            answer.gaveCollection = object_->profileGet()->ProfileElements(display, answer.collection, selection,
-                                                                           asked_.qualifier) != nullptr;
+            answer.returnedCollection = object_->profileGet()->ProfileElements(display, answer.collection, selection,
+                                                                               asked_.qualifier) != nullptr;
         });
         return answer;
     }
@@ -225,24 +225,24 @@ private:
 template <class AnyAnswer>
 std::string told(const AnyAnswer& answer, const oracle::Collection& collection) {
     return "count " + std::to_string(answer.count) + ", error " + std::to_string(answer.countError) + "; " +
-           shown(&collection) + (answer.gaveCollection ? " given back" : "") + ", error " +
+           shown(&collection) + (answer.returnedCollection ? " returned" : "") + ", error " +
            std::to_string(answer.error) + ", selection " + shown(answer.selection.value_or(TextList{}));
 }
 
 bool agree(const Found& found, const Expected& expected) {
     return found.count == expected.count && found.countError == expected.countError &&
-           found.gaveCollection == expected.gaveCollection && found.error == expected.error &&
+           found.returnedCollection == expected.returnedCollection && found.error == expected.error &&
            found.selection == expected.selection && same(found.collection.get(), &expected.collection);
 }
 
-/// What the lists hold after the queries; empty when both sides hold the same.
-std::string listsApart(const Asked& asked, const Library& library, const Opinion& opinion) {
+/// Compares the lists after the queries; empty when both have the same.
+std::string listsApart(const Asked& asked, const Library& library, const Opinion& expecting) {
     if (asked.query.stem.empty()) return {};
     for (const std::string& name : listNames(asked.query.stem)) {
         const TextList* const list = library.list(name);
-        const auto expected = opinion.lists().find(name);
-        if (list == nullptr && expected == opinion.lists().end()) continue;
-        if (list == nullptr || expected == opinion.lists().end()) return "one alone has " + name + "\n";
+        const auto expected = expecting.lists().find(name);
+        if (list == nullptr && expected == expecting.lists().end()) continue;
+        if (list == nullptr || expected == expecting.lists().end()) return "only one has " + name + "\n";
         if (*list != expected->second) {
             return name + " is " + shown(*list) + "\nexpected " + shown(expected->second) + "\n";
         }
@@ -252,17 +252,17 @@ std::string listsApart(const Asked& asked, const Library& library, const Opinion
 
 std::string compare(const Asked& asked, const std::vector<Text>& displays, Terminal& terminal, std::size_t width) {
     const oracle::LineWidth lineWidth(static_cast<int>(width));
-    Opinion opinion(asked);
+    Opinion expecting(asked);
     Library library(asked, terminal);
     for (const Text& display : displays) {
-        const Expected expected = opinion.ask(display);
+        const Expected expected = expecting.ask(display);
         const Found found = library.ask(display);
         std::string message;
         if (!agree(found, expected)) {
             message = told(found, oracleCollection(*found.collection)) + "\nexpected " +
                       told(expected, expected.collection) + "\n";
         } else {
-            message = listsApart(asked, library, opinion);
+            message = listsApart(asked, library, expecting);
         }
         if (!message.empty()) return std::string(asked.query.prefix) + ": " + message + drawn(display, width);
     }
@@ -280,7 +280,7 @@ std::string profileQueries(Bytes bytes) {
 
     test::WideTerminal own(layout.width);
     if (std::string message = compare(asked, displays, own, layout.width); !message.empty()) {
-        return "lines of its own: " + message;
+        return "own lines: " + message;
     }
     if (layout.width != Layout().width) return {};
     BuiltInTerminal builtIn;

@@ -1,5 +1,5 @@
-// What the fuzzers run, run by the ordinary suite: over every find, over the seeds, and over changes of the seeds that
-// are the same in every run.
+// Runs the fuzz targets in the ordinary suite: over every earlier finding, over the seeds, and over mutations of the
+// seeds that are the same in every run.
 #include "fuzz/common/line_mutator.h"
 #include "fuzz/seeds.h"
 #include "tests/profile/effort.h"
@@ -25,7 +25,7 @@ protected:
 INSTANTIATE_TEST_SUITE_P(, FuzzTarget, testing::ValuesIn(targets().begin(), targets().end()),
                          [](const auto& test) { return std::string(test.param.name); });
 
-TEST_P(FuzzTarget, FindsNothingMoreInItsFinds) {
+TEST_P(FuzzTarget, NoLongerFailsOnEarlierFindings) {
     for (const KeptInput& find : keptInputs("finds", GetParam().name)) EXPECT_EQ(run(find.bytes), "") << find.name;
 }
 
@@ -34,13 +34,13 @@ TEST_P(FuzzTarget, FindsNothingInItsSeeds) {
     for (const std::string& seed : seeds()) ASSERT_EQ(run(seed), "") << seed;
 }
 
-TEST_P(FuzzTarget, TakesBytesOfAnyKind) {
+TEST_P(FuzzTarget, AcceptsArbitraryBytes) {
     for (const std::string_view input : {"", "\n", ";", "\f\n\f\n\f\n\f\n\f\n", "ZZZZ;;;;;\n\xFF\xFE\x80", "AAAP\n>"}) {
         EXPECT_EQ(run(input), "") << input;
     }
 }
 
-TEST_P(FuzzTarget, FindsNothingInChangedSeeds) {
+TEST_P(FuzzTarget, FindsNothingInMutatedSeeds) {
     const std::vector<std::string> all = seeds();
     for (std::uint32_t number = 0; number < effort(2000); ++number) {
         LineMutator mutator(number + 1, GetParam().marks);

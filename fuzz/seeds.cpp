@@ -18,7 +18,7 @@ namespace fs = std::filesystem;
 
 const fs::path root = VANTRO_SOURCE_DIR;
 
-/// A longer input is a slow one.
+/// Longer inputs are slow.
 constexpr std::size_t longest = 4000;
 
 std::string contents(const fs::path& file) {
@@ -30,8 +30,8 @@ std::string contents(const fs::path& file) {
 
 char letter(std::size_t choice) { return static_cast<char>('A' + choice); }
 
-/// No end is added: the eighth choice of three letters, the lines being the host's.
-constexpr std::string_view asItIs = "AHA";
+/// Adds no end and uses the host's line width: the eighth choice of three letters.
+constexpr std::string_view noEnd = "AHA";
 
 std::size_t numberOf(TextView className) {
     std::size_t number = 0;
@@ -60,7 +60,7 @@ std::string linesOf(TextView screen) {
     return lines;
 }
 
-// The keys that readers take from a state stand in the order of the target's list.
+// The keys that readers take from a state, in the order of the target's list.
 std::string fieldsOf(const test::Entries& params) {
     constexpr TextView keys[] = {u"blnKeyEndOfBlock", u"strKeyRecLocPos", u"strKeyIndex",  u"blnKeyUpdate",
                                  u"blnKeyExit",       u"blnKeyEnter",     u"blnKeyIgnore", u"strCommand"};
@@ -81,16 +81,16 @@ std::vector<std::string> seedsOfExchanges() {
         for (const test::ExchangeStep& step : test::readExchange(file)) {
             if (!step.screen) continue;
             const std::string lines = linesOf(*step.screen);
-            // A continuation is a screen behind the one before it.
+            // A continuation is a screen after the previous one.
             if (step.statePrevious && !seeds.empty()) seeds.push_back(seeds.back() + "\n\f\n" + lines);
-            seeds.push_back(letter(numberOf(step.className)) + std::string(asItIs) +
+            seeds.push_back(letter(numberOf(step.className)) + std::string(noEnd) +
                             (step.params ? fieldsOf(*step.params) : "") + "\n" + lines);
         }
     }
     return seeds;
 }
 
-/// Every display under every one of so many queries.
+/// Every display with each of this many queries.
 std::vector<std::string> seedsOfDisplays(std::size_t queries) {
     std::vector<std::string> seeds;
     for (const fs::path& file : test::filesIn(root / "samples" / "profiles", ".txt")) {
@@ -122,9 +122,9 @@ std::vector<std::string> sampleSeeds(std::string_view target) {
 
 std::vector<KeptInput> keptInputs(std::string_view folder, std::string_view target) {
     std::vector<KeptInput> inputs;
-    const fs::path place = root / "fuzz" / folder / target;
-    if (!fs::is_directory(place)) return inputs;
-    for (const auto& entry : fs::directory_iterator(place)) {
+    const fs::path position = root / "fuzz" / folder / target;
+    if (!fs::is_directory(position)) return inputs;
+    for (const auto& entry : fs::directory_iterator(position)) {
         inputs.push_back({entry.path().filename().string(), contents(entry.path())});
     }
     std::ranges::sort(inputs, {}, &KeptInput::name);

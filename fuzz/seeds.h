@@ -1,4 +1,4 @@
-// Where the fuzzers begin: inputs made of the samples, so that none of them is kept twice.
+// The fuzzers' first inputs, made from the samples so that none is stored twice.
 #pragma once
 
 #include "fuzz/targets.h"
@@ -9,10 +9,10 @@
 
 namespace vantro::fuzz {
 
-/// The inputs that the samples make for a target.
+/// The inputs that the samples provide for a target.
 std::vector<std::string> sampleSeeds(std::string_view target);
 
-/// The inputs that are kept for it in a folder of fuzz/, "seeds" or "finds", with their names.
+/// The inputs stored for a target in a folder of fuzz/, "seeds" or "finds", with their names.
 struct KeptInput {
     std::string name;
     std::string bytes;

@@ -1,6 +1,6 @@
-// What is fuzzed. A target takes any bytes, runs the library over what they stand for and says in words where it
-// parts from the slow second opinion; an empty text when it does not. libFuzzer calls it, and so does the ordinary
-// suite with the inputs that are kept.
+// The fuzz targets. A target accepts any bytes, runs the library on what they describe, and returns a message where the
+// result differs from the oracle's, or an empty text. libFuzzer calls it, and so does the ordinary suite with the
+// stored inputs.
 #pragma once
 
 #include <cstdint>
@@ -30,12 +30,12 @@ std::string collections(Bytes input);
 struct Target {
     std::string_view name;  ///< also of its folders and its program
     std::string (*run)(Bytes input);
-    std::span<const std::string_view> marks;  ///< what its lines are mutated with; none for plain bytes
+    std::span<const std::string_view> marks;  ///< for mutating its lines; none for plain bytes
 };
 
 std::span<const Target> targets();
 
-/// The target of this name, or null.
+/// The target with this name, or null.
 const Target* findTarget(std::string_view name);
 
 }  // namespace vantro::fuzz

@@ -1,5 +1,5 @@
-// A class, a state and one or more screens. Every screen after the first is read with what the one before it gave,
-// as a list is paged through.
+// A class, a state and one or more screens. Every screen after the first is read with the results of the previous one,
+// as when paging through a list.
 #include "fuzz/common/compare.h"
 #include "fuzz/common/input.h"
 #include "tests/oracle/screens_oracle.h"
@@ -30,7 +30,7 @@ const std::vector<Reader>& readers() {
     return all;
 }
 
-// Every key that a reader asks for or adds, and one that none knows.
+// Every key that a reader reads or adds, and one that none knows.
 constexpr std::array<TextView, 16> stateKeys{
     u"blnKeyEndOfBlock", u"strKeyRecLocPos",   u"strKeyIndex",      u"blnKeyUpdate",
     u"blnKeyExit",       u"blnKeyEnter",       u"blnKeyIgnore",     u"strCommand",
@@ -38,12 +38,12 @@ constexpr std::array<TextView, 16> stateKeys{
     u"intKeyIndex",      u"strKeyElement()",   u"blnkeyendofblock", u"",
 };
 
-/// What reading one screen came to.
+/// The outcome of reading one screen.
 struct Answer {
     std::shared_ptr<BuiltInCollection> results;
     int error = 0;
-    std::int16_t linked = 0;    // profiles that the count property of this class counts
-    std::vector<int> reported;  // numbers, in their order
+    std::int16_t linked = 0;    // profiles counted by the class's count property
+    std::vector<int> reported;  // error numbers, in order
 };
 
 struct Expected {
@@ -56,7 +56,7 @@ bool addsToState(const ClassRow& row) { return row.name == u"CProfileMode" || ro
 
 bool countsLinked(const ClassRow& row) { return row.name == u"CRLPTrans"; }
 
-/// An object of the class with a terminal of its own.
+/// An object of the class with its own terminal.
 template <class OfTerminal>
 class Library {
 public:
@@ -103,7 +103,7 @@ const oracle::Collection* pointer(const std::optional<oracle::Collection>& colle
     return collection ? &*collection : nullptr;
 }
 
-/// One run of all screens: what the first is read with, and how the screens are laid out.
+/// One run over all screens: the state of the first, and how the screens are laid out.
 struct Run {
     const Reader& reader;
     const std::vector<Item>& given;
@@ -119,8 +119,8 @@ std::shared_ptr<BuiltInCollection> firstState(const Run& run) {
     return state;
 }
 
-std::string parting(const Run& run, const Text& screen, const oracle::Collection* state, const Answer& answer,
-                    const Expected& expected) {
+std::string differenceMessage(const Run& run, const Text& screen, const oracle::Collection* state, const Answer& answer,
+                              const Expected& expected) {
     std::optional<oracle::Collection> results;
     if (answer.results) results = oracleCollection(*answer.results);
     const std::string name(run.reader.row->name.begin(), run.reader.row->name.end());
@@ -130,7 +130,7 @@ std::string parting(const Run& run, const Text& screen, const oracle::Collection
            shown(state) + "\nfor " + drawn(screen, run.width);
 }
 
-/// Reads the screens with both and compares screen by screen; gathers what was reported.
+/// Reads the screens with both implementations and compares screen by screen; collects what was reported.
 template <class OfLibrary>
 std::string compare(const Run& run, OfLibrary& library, std::vector<std::vector<int>>& reports) {
     const oracle::LineWidth width(static_cast<int>(run.width));
@@ -143,10 +143,10 @@ std::string compare(const Run& run, OfLibrary& library, std::vector<std::vector<
         reports.push_back(answer.reported);
         if (answer.error != expected.error || answer.linked != expected.linked ||
             !same(answer.results.get(), pointer(expected.results))) {
-            return parting(run, screen, pointer(expectedState), answer, expected);
+            return differenceMessage(run, screen, pointer(expectedState), answer, expected);
         }
         if (answer.results && (answer.results == state) != addsToState(*run.reader.row)) {
-            return "the collection that comes back is not the one that should\n" + drawn(screen, run.width);
+            return "the wrong collection was returned\n" + drawn(screen, run.width);
         }
         if (!addsToState(*run.reader.row) && !same(state.get(), pointer(expectedState))) {
             return "the state was changed\n" + drawn(screen, run.width);
@@ -174,13 +174,13 @@ std::string transactions(Bytes bytes) {
 
     std::vector<std::vector<int>> ownReports;
     Library<test::WideTerminal> own(*reader.row, layout.width);
-    if (std::string message = compare(run, own, ownReports); !message.empty()) return "lines of its own: " + message;
+    if (std::string message = compare(run, own, ownReports); !message.empty()) return "own lines: " + message;
     if (layout.width != Layout().width) return {};
 
     std::vector<std::vector<int>> reports;
     Library<BuiltInTerminal> builtIn(*reader.row);
     if (std::string message = compare(run, builtIn, reports); !message.empty()) return "built in: " + message;
-    return reports == ownReports ? std::string() : "two terminals had different errors reported";
+    return reports == ownReports ? std::string() : "the two terminals received different reports";
 }
 
 }  // namespace vantro::fuzz

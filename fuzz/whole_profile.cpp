@@ -1,4 +1,4 @@
-// The whole profile at once against the single queries, each value against what the query for it gives.
+// The whole profile against the single queries: each value is compared with what its query returns.
 #include "fuzz/common/compare.h"
 #include "fuzz/common/input.h"
 #include "vantro/profile.h"
@@ -11,7 +11,7 @@ namespace vantro::fuzz {
 
 namespace {
 
-/// What a single query gives: its collection without the request, and its error.
+/// The result of a single query: its collection without the request, and its error.
 struct Answer {
     std::shared_ptr<BuiltInCollection> collection = std::make_shared<BuiltInCollection>();
     int error = 0;
@@ -33,7 +33,7 @@ constexpr TextView number = u"strKeyElementNr";
 constexpr TextView elementList = u"strKeyElement()";
 constexpr TextView numberList = u"strKeyElementNr()";
 
-/// The families whose query gives one element by its index and no lists.
+/// The families whose query returns one element by index and no lists.
 struct SingleFamily {
     Family family;
     TextView stem;
@@ -65,7 +65,7 @@ public:
             }
         }
         compareNotes();
-        if (problems_ != profile_.problems.size()) part(u"problems", "there are other problems than the queries'");
+        if (problems_ != profile_.problems.size()) part(u"problems", "the problems are not those of the queries");
         return message_;
     }
 
@@ -91,14 +91,14 @@ private:
         if (TextView(expected) != value) part(query, shown(value) + " for " + shown(TextView(expected)));
     }
 
-    /// True when the query raised nothing; then there must be no problem, and otherwise the same one.
+    /// True when the query raised nothing. Then the profile must have no problem for it, otherwise the same one.
     bool answered(TextView query, const Answer& answer, int meant = 0) {
         const auto problem = std::ranges::find(profile_.problems, query, &Problem::query);
         const bool isProblem = problem != profile_.problems.end();
         if (isProblem) ++problems_;
         const bool raised = answer.error != 0 && answer.error != meant;
         if (raised != isProblem) {
-            part(query, "error " + std::to_string(answer.error) + " of the query, not of the profile or not the other");
+            part(query, "error " + std::to_string(answer.error) + " of the query; the profile has none or another one");
         } else if (isProblem && (problem->number != answer.error || problem->description != answer.description)) {
             part(query, "error " + std::to_string(problem->number) + " for " + std::to_string(answer.error));
         }
@@ -113,7 +113,7 @@ private:
         const Answer company = ask(*object_, u"PCN");
         answered(u"PCN", company);
         check(u"PCN", company.text(element), profile_.companyName.text);
-        if (company.has(number) != profile_.companyName.number.has_value()) part(u"PCN", "one alone has a number");
+        if (company.has(number) != profile_.companyName.number.has_value()) part(u"PCN", "only one has a number");
         check(u"PCN", company.text(number), profile_.companyName.number.value_or(TextView{}));
 
         const Answer pin = ask(*object_, u"PIN");
@@ -123,7 +123,7 @@ private:
 
         const Answer psl = ask(*object_, u"PSL");
         answered(u"PSL", psl);
-        if (psl.has(element) != profile_.psl.has_value()) part(u"PSL", "one alone has the line");
+        if (psl.has(element) != profile_.psl.has_value()) part(u"PSL", "only one has the line");
         check(u"PSL", psl.text(element), profile_.psl.value_or(Element{}).text);
         check(u"PSL", psl.text(number), profile_.psl.value_or(Element{}).number);
     }
@@ -138,7 +138,7 @@ private:
         const Answer answer = ask(*object_, family.prefix);
         const auto elements = profile_.elements(family.family);
         if (!answered(family.prefix, answer)) {
-            if (!elements.empty()) part(family.prefix, "elements beside a problem");
+            if (!elements.empty()) part(family.prefix, "elements in spite of a problem");
             return;
         }
         const TextList texts = answer.list(elementList);
@@ -146,18 +146,18 @@ private:
         if (texts.size() != elements.size() + 1 || numbers.size() != texts.size()) {
             return part(family.prefix, std::to_string(elements.size()) + " elements for " + shown(texts));
         }
-        for (std::size_t place = 0; place < elements.size(); ++place) {
-            check(family.prefix, texts[place + 1], elements[place].text);
-            check(family.prefix, numbers[place + 1], elements[place].number);
+        for (std::size_t position = 0; position < elements.size(); ++position) {
+            check(family.prefix, texts[position + 1], elements[position].text);
+            check(family.prefix, numbers[position + 1], elements[position].number);
         }
     }
 
-    /// An index of 0 is outside every list; the display is read before that shows, and the lists are there.
+    /// An index of 0 is outside every list; that is detected after the display has been read, so the lists are filled.
     void compareSingle(const FamilyName& family, TextView stem) {
         const Answer answer = ask(*object_, family.prefix, true);
         const auto elements = profile_.elements(family.family);
         if (!answered(family.prefix, answer, outOfRange)) {
-            if (!elements.empty()) part(family.prefix, "elements beside a problem");
+            if (!elements.empty()) part(family.prefix, "elements in spite of a problem");
             return;
         }
         compareList(family.prefix, stem, u"Text", elements, &Element::text);
@@ -176,15 +176,15 @@ private:
         if (list->size() != elements.size()) {
             return part(query, std::to_string(elements.size()) + " elements for " + shown(*list));
         }
-        for (std::size_t place = 0; place < elements.size(); ++place) {
-            check(query, (*list)[place], elements[place].*member);
+        for (std::size_t position = 0; position < elements.size(); ++position) {
+            check(query, (*list)[position], elements[position].*member);
         }
     }
 
     void compareNotes() {
         const Answer answer = ask(*notes_, u"ProfileNotes");
         if (!answered(u"ProfileNotes", answer)) {
-            if (!profile_.notes.empty()) part(u"ProfileNotes", "notes beside a problem");
+            if (!profile_.notes.empty()) part(u"ProfileNotes", "notes in spite of a problem");
             return;
         }
         const TextList texts = answer.list(elementList);
@@ -193,12 +193,12 @@ private:
         if (texts.size() != profile_.notes.size() + 1) {
             return part(u"ProfileNotes", std::to_string(profile_.notes.size()) + " notes for " + shown(texts));
         }
-        for (std::size_t place = 0; place < profile_.notes.size(); ++place) {
-            const Note& note = profile_.notes[place];
+        for (std::size_t position = 0; position < profile_.notes.size(); ++position) {
+            const Note& note = profile_.notes[position];
             const std::string spelled = std::to_string(note.number);
-            check(u"ProfileNotes", texts[place + 1], note.text);
-            check(u"ProfileNotes", numbers[place + 1], Text(spelled.begin(), spelled.end()));
-            check(u"ProfileNotes", qualifiers[place + 1], note.qualifier);
+            check(u"ProfileNotes", texts[position + 1], note.text);
+            check(u"ProfileNotes", numbers[position + 1], Text(spelled.begin(), spelled.end()));
+            check(u"ProfileNotes", qualifiers[position + 1], note.qualifier);
         }
     }
 

@@ -1,4 +1,4 @@
-// Writes the seeds of every target into a folder of its own: write_seeds FOLDER
+// Writes the seeds of every target into its own folder: write_seeds FOLDER
 #include "fuzz/seeds.h"
 
 #include <cstdio>

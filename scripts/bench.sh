@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
-# Builds the benchmarks, runs all of them in one go and writes docs/benchmarks.md and its pictures. Takes a few
-# minutes; nothing else should run on the machine meanwhile.
+# Builds and runs all benchmarks and writes docs/benchmarks.md and its pictures. Takes a few minutes; run nothing else
+# on the machine meanwhile.
 set -euo pipefail
 
 # shellcheck source=scripts/lib.sh

@@ -1,8 +1,8 @@
 #!/usr/bin/env bash
-# Runs the tests once with coverage counters and says which lines and branches of the library they leave out: the last
-# two lines are the figures. Fails when anything is left out. Branches that only an exception takes do not count. Code
-# that cannot run is marked in the source, with its reason: "// Not covered: REASON". Takes about five minutes. Installs
-# what is missing (Debian).
+# Runs the tests once with coverage counters and lists the lines and branches of the library that they do not run. The
+# last two lines are the totals. Fails when anything is not run. Branches that only an exception takes do not count.
+# Code that cannot run is marked in the source, with the reason: "// Not covered: REASON". Takes about five minutes.
+# Installs missing packages (Debian).
 set -euo pipefail
 cd "$(dirname "$0")/.."
 # shellcheck source=scripts/lib.sh

@@ -1,10 +1,10 @@
 #!/usr/bin/env python3
-"""Says which lines and branches of the library the tests leave out, from the counters in a build folder. The last two
-lines are the figures; the status is 1 when anything is left out.
+"""Lists the lines and branches of the library that the tests do not run, from the counters in a build folder. The last
+two lines are the totals; the exit status is 1 when anything is not run.
 
-gcov's JSON is read directly: the text that gcovr reads does not say of a branch that was never taken whether only an
-exception takes it. Such branches do not count, nor do closing braces. A line that ends in
-"// Not covered: REASON" is left out of the figures.
+gcov's JSON is read directly: the text that gcovr reads does not say whether a branch that was never taken is one that
+only an exception takes. Such branches do not count, nor do closing braces. A line that ends in
+"// Not covered: REASON" is excluded from the totals.
 """
 
 import gzip
@@ -24,7 +24,7 @@ EXCEPTION = re.compile(r"// Not covered: \w")
 class Counters:
     def __init__(self):
         self.lines = defaultdict(int)
-        self.branches = defaultdict(int)  # by file, line and place among the line's branches; a template's add up
+        self.branches = defaultdict(int)  # by file, line and index among the line's branches; those of a template's instances add up
 
     def add(self, report: dict, root: Path) -> None:
         folder = Path(report["current_working_directory"])
@@ -54,7 +54,7 @@ def excepted(root: Path, names) -> set:
     places = set()
     for name in names:
         for number, text in enumerate((root / name).read_text().splitlines(), 1):
-            # What a closing brace counts are the compiler's own clean-ups.
+            # The counters of a closing brace are those of the compiler's clean-up code.
             if EXCEPTION.search(text) or text.strip() in ("}", "};"):
                 places.add((name, number))
     return places
@@ -83,7 +83,7 @@ def main(build: str) -> int:
                          for name in {name for name, _ in counters.lines} for text in (root / name).read_text().splitlines())  # fmt: skip
     run = sum(count > 0 for count in lines.values())
     taken = sum(count > 0 for count in branches.values())
-    print(f"lines {run} of {len(lines)}, {100 * run / len(lines):.2f} %; excepted with a reason: {excepted_lines}")
+    print(f"lines {run} of {len(lines)}, {100 * run / len(lines):.2f} %; excluded with a reason: {excepted_lines}")
     print(f"branches {taken} of {len(branches)}, {100 * taken / len(branches):.2f} %")
     return int(run < len(lines) or taken < len(branches))
 

@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# Builds the tool and runs the main job on the shipped samples. Installs what is missing for that (Debian).
+# Builds the tool and shows its main job on the samples. Installs missing packages (Debian).
 set -euo pipefail
 cd "$(dirname "$0")/.."
 # shellcheck source=scripts/lib.sh
@@ -11,12 +11,12 @@ step "build" cmake --build --preset release
 
 tool=build/release/bin/vantro-profile
 
-# The first screen of a recorded exchange, as text lines.
-recorded_screen() {
+# The first screen of a sample exchange, as text lines.
+sample_screen() {
     awk '/^screen:/ { inside = 1; next } inside && /^\|/ { print substr($0, 2, length($0) - 2); next } inside { exit }' "$1"
 }
 
-# Prints the command line before it runs it.
+# Prints the command line, then runs it.
 show() {
     printf '\n$ %s\n' "$*"
     "$@"
@@ -31,12 +31,12 @@ show $tool command CPDNTrans strKeyCompany=KES
 echo
 echo "2. The host answers with this screen ($exchange):"
 echo
-recorded_screen $exchange | tee build/demo-screen.txt
+sample_screen $exchange | tee build/demo-screen.txt
 
 echo
-echo "3. What the screen says:"
+echo "3. The results read from the screen:"
 show $tool verify CPDNTrans --table --screen build/demo-screen.txt
 
 echo
-echo "4. A whole profile display, read into its elements:"
+echo "4. A whole profile display, split into its elements:"
 show $tool parse --table samples/profiles/traveller.txt

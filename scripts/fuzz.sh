@@ -1,11 +1,11 @@
 #!/usr/bin/env bash
-# Runs every fuzzer, two at a time, each from its seeds, its finds and what earlier runs met (build/fuzz/corpus).
+# Runs every fuzzer, two at a time, each on its seeds, its earlier findings and its corpus (build/fuzz/corpus).
 #
-#   scripts/fuzz.sh MINUTES             that many minutes for all of them together
-#   scripts/fuzz.sh --seconds-each N    N seconds for each
+#   scripts/fuzz.sh MINUTES             this many minutes in total
+#   scripts/fuzz.sh --seconds-each N    N seconds per fuzzer
 #
-# A find is copied to fuzz/finds/TARGET/, where the ordinary suite replays it, and fails the run. The last line counts
-# the fuzzers: "N passed, N failed, N skipped".
+# A finding is copied to fuzz/finds/TARGET/, where the ordinary suite replays it, and fails the run. The last line
+# counts the fuzzers: "N passed, N failed, N skipped".
 set -euo pipefail
 # shellcheck source=scripts/lib.sh
 source "$(dirname "${BASH_SOURCE[0]}")/lib.sh"
@@ -16,16 +16,16 @@ usage() {
     exit 2
 }
 
-# Every target with vector instructions, and those whose readers use them without as well.
+# Every target with vector instructions; those whose readers use them also without.
 fuzzers=(fuzz:transactions fuzz:profile_queries fuzz:whole_profile fuzz:batch_lines fuzz:collections
     fuzz-scalar:transactions fuzz-scalar:profile_queries fuzz-scalar:whole_profile)
 at_once=2
-# The host's displays are shorter, but for the long ones that tell nothing more.
+# Nearly all displays of the host are shorter, and longer ones find nothing new.
 longest_input=4096
-# A display without an end is read to line 32767 by every reader, and all that under sanitizers.
+# Every reader reads a display without an end up to line 32767, slowed down by the sanitizers.
 slowest_input=60
 
-# A short run, as the long checks make it, looks at the same inputs each time; 0 is another start each time.
+# Short runs, such as those of the long checks, use the same inputs each time; 0 means a new random seed each time.
 start=0
 case ${1:-} in
 --seconds-each) seconds=${2:-} start=1 ;;
@@ -37,7 +37,7 @@ corpora=$root/build/fuzz/corpus
 seeds=$root/build/fuzz/seeds
 runs=$root/build/fuzz/runs
 
-# Deep call stacks and much freed memory that is kept apart cost more time than they tell.
+# Deep call stacks and a large quarantine of freed memory cost more time than they are worth.
 export ASAN_OPTIONS=quarantine_size_mb=8:malloc_context_size=3
 
 # fuzz PRESET TARGET: one run; its files are under $runs.
@@ -46,33 +46,33 @@ fuzz() {
     rm -rf "$run"
     mkdir -p "$run/found" "$corpora/$2"
     if [[ -f fuzz/$2.dict ]]; then dictionary=("-dict=fuzz/$2.dict"); fi
-    # An input that fails at once, a find of old, ends the run as well.
+    # An earlier finding that still fails also ends the run.
     "build/$1/bin/fuzz_$2" -seed=$start -max_total_time="$seconds" -max_len=$longest_input -timeout=$slowest_input \
         -rss_limit_mb=2048 -entropic=0 -print_final_stats=1 -reload=10 -artifact_prefix="$run/found/" "${dictionary[@]}" \
         "$corpora/$2" "$seeds/$2" >"$run/log" 2>&1 </dev/null && echo 0 >"$run/status" || echo $? >"$run/status"
 }
 
-# statistic NAME LOG: a number of libFuzzer's closing lines; 0 when the run ended before them.
+# statistic NAME LOG: a number from libFuzzer's final statistics; 0 when the run ended before them.
 statistic() { sed -n "s/^stat::$1: *//p" "$2" | grep . || echo 0; }
 
-# report PRESET TARGET: keeps the finds, prints the run's line and counts it.
+# report PRESET TARGET: saves the findings, prints the run's line and counts it.
 report() {
     local run=$runs/$1-$2 found name finds=0 executions rate edges
     for found in "$run"/found/{crash,timeout,oom,leak}-*; do
         if [[ ! -f $found ]]; then continue; fi
         finds=$((finds + 1))
         mkdir -p "fuzz/finds/$2"
-        # The name says what is in it, so that the same find is the same file.
+        # The name is a hash of the contents, so the same finding is the same file.
         name=$(sha1sum "$found" | cut -c1-12)
         cp "$found" "fuzz/finds/$2/$name"
-        echo "          find: fuzz/finds/$2/$name" >&2
+        echo "          finding: fuzz/finds/$2/$name" >&2
     done
-    # libFuzzer begins its lines of progress with "#", and those tell the covered edges.
+    # libFuzzer's progress lines begin with "#" and contain the number of covered edges.
     edges=$(sed -n 's/^#[0-9].* cov: \([0-9]*\) .*/\1/p' "$run/log" | tail -n 1)
     executions=$(statistic number_of_executed_units "$run/log")
     if ((executions == 0)); then executions=$(sed -n 's/^#\([0-9]*\)\s.*/\1/p' "$run/log" | tail -n 1); fi
     rate=$((${executions:-0} / seconds))
-    printf '  %-28s %9d executions %5d s %7d exec/s %6d edges %3d finds\n' \
+    printf '  %-28s %9d executions %5d s %7d exec/s %6d edges %3d findings\n' \
         "$1:$2" "${executions:-0}" "$seconds" "$rate" "${edges:-0}" "$finds"
     if (($(<"$run/status") == 0 && finds == 0)); then
         passed=$((passed + 1))

@@ -1,5 +1,5 @@
 #!/usr/bin/env python3
-"""Changes the library one token at a time and sees whether the tests notice. scripts/mutate.sh starts it."""
+"""Changes the library one token at a time and checks whether the tests notice. Started by scripts/mutate.sh."""
 
 import sys
 
@@ -28,14 +28,14 @@ EXPLAINED = ROOT / "scripts" / "mutate-explained.txt"
 
 def arguments():
     parser = argparse.ArgumentParser(prog="scripts/mutate.sh", description=__doc__)
-    parser.add_argument("count", nargs="?", type=int, default=100, help="how many mutants (100)")
-    parser.add_argument("seed", nargs="?", type=int, default=1, help="the same seed gives the same mutants (1)")
+    parser.add_argument("count", nargs="?", type=int, default=100, help="number of mutants (default 100)")
+    parser.add_argument("seed", nargs="?", type=int, default=1, help="the same seed makes the same mutants (default 1)")
     parser.add_argument("--file", action="append", help="only this file of the library; may be repeated")
-    parser.add_argument("--at-least", type=float, default=98, help="percent that die, of those that are not explained (98)")
-    parser.add_argument("--jobs", type=int, default=os.cpu_count(), help="mutants at a time (one for each processor)")
+    parser.add_argument("--at-least", type=float, default=98, help="percent of the unexplained mutants that must be killed (default 98)")
+    parser.add_argument("--jobs", type=int, default=os.cpu_count(), help="mutants in parallel (default: one per processor)")
     parser.add_argument("--list", action="store_true", help="print the mutants and stop")
-    parser.add_argument("--one", type=int, metavar="K", help="only mutant K, with what the compiler and tests print")
-    parser.add_argument("--no-simd", action="store_true", help="the build without vector instructions, and its code")
+    parser.add_argument("--one", type=int, metavar="K", help="only mutant K, with the output of compiler and tests")
+    parser.add_argument("--no-simd", action="store_true", help="mutate and test the build without vector instructions")
     parser.add_argument("--self-test", action="store_true", help="check the tool itself")
     return parser.parse_args()
 
@@ -75,22 +75,22 @@ class Session:
         if not (mutated.compile(near) and mutated.link_library()):
             if verbose:
                 print(mutated.log)
-            return ("killed", "held by static_assert") if mutated.failed_by_static_check() else ("not compiling", "")
+            return ("killed", "caught by static_assert") if mutated.failed_by_static_check() else ("not compiling", "")
         killer = self.suite.run(mutated, mutant.file, verbose=verbose)
         if killer or not mutant.file.endswith(".h"):
             return ("killed", killer) if killer else ("survived", "")
-        # The tests' programs have their own copies of what stands in headers.
+        # The test programs have their own copies of inline functions in headers.
         others = [name for name in objects if name not in near] + self.build.other_objects(mutant.file)
         if not (mutated.compile(others) and mutated.link_library() and mutated.link_tests(others)):
             if verbose:
                 print(mutated.log)
-            return ("killed", "held by static_assert") if mutated.failed_by_static_check() else ("not compiling", "")
-        anew = {path.name for path in (mutated.folder / "bin").iterdir()}
-        killer = self.suite.run(mutated, mutant.file, only=anew, verbose=verbose)
+            return ("killed", "caught by static_assert") if mutated.failed_by_static_check() else ("not compiling", "")
+        relinked = {path.name for path in (mutated.folder / "bin").iterdir()}
+        killer = self.suite.run(mutated, mutant.file, only=relinked, verbose=verbose)
         return ("killed", killer) if killer else ("survived", "")
 
     def _reached(self, mutant, objects: list[str]) -> list[str]:
-        """The objects that can come out differently."""
+        """The objects that the change can affect."""
         if not mutant.file.endswith(".h"):
             return objects
         names = reached(mutant.file, mutant.start, self.texts, self.build.with_simd)
@@ -128,8 +128,8 @@ def report(mutants, at_least: float, seconds: float, folder: Path) -> int:
     killed = [m for m in mutants if m.outcome == "killed"]
     survived = [m for m in mutants if m.outcome == "survived"]
     counted = len(killed) + len(survived)
-    held = sum("static_assert" in m.detail for m in killed)
-    print(f"\n{held} of the killed are held by static_assert; {seconds / max(1, counted):.1f} CPU seconds per mutant; "
+    caught = sum("static_assert" in m.detail for m in killed)
+    print(f"\n{caught} of the killed were caught by static_assert; {seconds / max(1, counted):.1f} CPU seconds per mutant; "
           f"all outcomes: {folder / 'mutants.tsv'}")  # fmt: skip
     unexplained = [m for m in survived if not m.why]
     if unexplained:
@@ -137,10 +137,10 @@ def report(mutants, at_least: float, seconds: float, folder: Path) -> int:
     for mutant in unexplained:
         print(f"  #{mutant.number} {mutant.shown()}")
     explained = len(survived) - len(unexplained)
-    # A change that cannot be seen says nothing about the tests.
+    # A change that no test can notice says nothing about the tests.
     seen = counted - explained
     share = 100 * len(killed) / seen if seen else 100.0
-    print(f"mutants: {counted}, killed: {len(killed)} ({share:.1f} % of the {seen} that change something), "
+    print(f"mutants: {counted}, killed: {len(killed)} ({share:.1f} % of the {seen} that tests can notice), "
           f"survived: {len(survived)}, "
           f"of them explained: {explained}, not compiling: {len(mutants) - counted} (not counted)")  # fmt: skip
     return 0 if share >= at_least else 1
@@ -169,7 +169,7 @@ def main() -> int:
     if given.list:
         for mutant in mutants:
             print(f"#{mutant.number} {mutant.shown()}")
-        print(f"{len(mutants)} mutants of {len(places)} places")
+        print(f"{len(mutants)} mutants at {len(places)} possible places")
         return 0
     if given.one:
         mutants = [mutant for mutant in mutants if mutant.number == given.one]

@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
-# Makes the release archive of the COM server: build/release-archive/VantroProfileUtils-<version>.zip with both servers,
-# their manifests, the type library, the documents and checksums. Installs what is missing (Debian).
+# Builds the release archive of the COM server: build/release-archive/VantroProfileUtils-<version>.zip with both servers,
+# their manifests, the type library, the documents and checksums. Installs missing packages (Debian).
 set -euo pipefail
 cd "$(dirname "$0")/.."
 # shellcheck source=scripts/lib.sh
@@ -8,7 +8,7 @@ source scripts/lib.sh
 
 install_missing "${com_x64_packages[@]}" "${com_x86_packages[@]}" git zip
 
-# The same sources give the same archive: whoever builds it, and when, leaves no trace.
+# The same sources produce the same archive, whoever builds it and when.
 SOURCE_DATE_EPOCH=${SOURCE_DATE_EPOCH:-$(git log -1 --format=%ct)}
 export SOURCE_DATE_EPOCH TZ=UTC LC_ALL=C
 umask 022

@@ -1,4 +1,4 @@
-"""The batch with Python's json and re: one family of a display a request.
+"""The batch with Python's json and re: one family of a display per request.
 
 Usage: python_json_re.py REQUESTS. Writes the same lines as `vantro-profile batch`.
 """
@@ -60,7 +60,7 @@ def elements(display, family):
                 if not collecting:
                     break
         elif collecting and family == "PPC" and len(found[1]) == 1:
-            collecting = False  # one blank too few for this family alone
+            collecting = False  # one blank too few for this family only
         if collecting:
             numbers.append(found[1])
             texts.append((found[3] or "").strip(" "))

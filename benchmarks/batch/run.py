@@ -1,7 +1,7 @@
 """Times whole programs over the same files and adds the medians to the record.
 
-Usage: run.py BIN INPUTS RECORD. BIN holds the built programs, INPUTS what bench_write_inputs wrote. Every program's
-output is compared with that of the tool before its time counts.
+Usage: run.py BIN INPUTS RECORD. BIN is the folder of the built programs, INPUTS that of bench_write_inputs. Every
+program's output is compared with the tool's before it is timed.
 """
 
 import contextlib
@@ -19,7 +19,7 @@ REPETITIONS = 15
 
 
 class Program:
-    """A command line, or several that run side by side."""
+    """A command line, or several that run in parallel."""
 
     def __init__(self, name, *commands, source=None):
         self.name = name
@@ -29,14 +29,14 @@ class Program:
         self.wall = []
 
     def run(self):
-        """The output; processor and wall time are kept."""
+        """Returns the output; records processor and wall time."""
         before = resource.getrusage(resource.RUSAGE_CHILDREN)
         with contextlib.ExitStack() as files:
-            # Into files: who reads a pipe would share the processor with the program.
+            # Into files: reading pipes would take processor time from the programs.
             outputs = [files.enter_context(tempfile.TemporaryFile()) for _ in self.commands]
-            given = files.enter_context(open(self.source or os.devnull, "rb"))
+            standard_input = files.enter_context(open(self.source or os.devnull, "rb"))
             start = time.perf_counter()
-            running = [subprocess.Popen(command, stdin=given, stdout=output)
+            running = [subprocess.Popen(command, stdin=standard_input, stdout=output)
                        for command, output in zip(self.commands, outputs)]
             statuses = [program.wait() for program in running]
             self.wall.append(time.perf_counter() - start)
@@ -51,7 +51,7 @@ class Program:
 
 
 def measure(programs):
-    """Runs all in turn, so that a slow moment of the machine meets each of them."""
+    """Runs all in turn, so that a slow moment of the machine affects each of them."""
     expected = programs[0].run()
     for program in programs:
         if program.run() != expected:
@@ -100,12 +100,12 @@ def batch(binaries, inputs, record):
 
 
 def parse(binaries, inputs, record):
-    def command(files, threads):  # so many files that the start of a program does not count
+    def command(files, threads):  # enough files that starting the program does not count
         return [binaries / "vantro-profile", "parse", *[inputs / "screens.txt"] * files, f"-j{threads}"]
 
     one = Program("vantro-profile parse -j1", command(4, 1))
     two = Program("vantro-profile parse -j2", command(4, 2))
-    # What two cores of the machine give at most, in the same minutes.
+    # The most that two cores of this machine achieve, measured at the same time.
     halves = Program("two parse -j1, half each", command(2, 1), command(2, 1))
     programs = [one, two, halves]
     measure(programs)

@@ -1,5 +1,5 @@
-// The baseline of the batch: simdjson for the requests, the hand-written scanner for the family, the answers put
-// together by hand. Reads the file named by its argument and writes the same lines as `vantro-profile batch`.
+// The baseline of the batch: simdjson for the requests, the hand-written scanner for the family, hand-written answers.
+// Reads the file named by its argument and writes the same lines as `vantro-profile batch`.
 #include "common/element_set.h"
 #include "one_family/scanner.h"
 
@@ -46,7 +46,7 @@ public:
     }
 };
 
-/// The lines of a file, with the room behind each that simdjson reads into.
+/// The lines of a file, each followed by the padding that simdjson needs.
 class Lines {
 public:
     explicit Lines(std::FILE* file) : file_(file), buffer_(std::size_t{1} << 20) {}

@@ -1,4 +1,4 @@
-// Linked into a program, counts its allocations through `new`.
+// When linked into a program, counts its allocations with `new`.
 #pragma once
 
 #include <cstddef>

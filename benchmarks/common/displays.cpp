@@ -27,7 +27,7 @@ constexpr string_view words[] = {
 };
 constexpr string_view carriers[] = {"XQ", "ZJ", "QV", "KV"};
 
-/// Whole numbers that are the same wherever the program is built; the standard distributions are not.
+/// Whole numbers that are the same on every platform; those of the standard distributions are not.
 class Dice {
 public:
     explicit Dice(unsigned seed) : engine_(seed) {}
@@ -51,7 +51,7 @@ struct Section {
     string_view header;
     Kind kind;
     std::span<const string_view> families;
-    std::size_t share;  ///< how many of a display's lines the section gets, against the others
+    std::size_t share;  ///< the section's share of a display's lines, relative to the others
 };
 
 constexpr string_view priority[] = {"PPR"};
@@ -80,13 +80,13 @@ constexpr Section sections[] = {
 /// Writes one display line by line.
 class Printer {
 public:
-    Printer(std::size_t lines, unsigned seed) : dice_(seed), lines_(lines) {}
+    Printer(std::size_t lines, unsigned seed) : random_(seed), lines_(lines) {}
 
     string print() {
-        const bool transferableFirst = dice_.oneIn(2);
+        const bool transferableFirst = random_.oneIn(2);
         printHead(transferableFirst);
         printSections(transferableFirst);
-        text_ += dice_.oneIn(2) ? ">" : "END OF DISPLAY";
+        text_ += random_.oneIn(2) ? ">" : "END OF DISPLAY";
         return std::move(text_);
     }
 
@@ -102,14 +102,14 @@ private:
         string text;
         for (std::size_t i = 0; i < wordCount; ++i) {
             if (i > 0) text += ' ';
-            text += dice_.pick(words);
+            text += random_.pick(words);
         }
         return text;
     }
 
     string locator() {
         string text;
-        for (int i = 0; i < 6; ++i) text += "ABCDEFGHJKLMNPQRSTUVWXYZ23456789"[dice_.below(32)];
+        for (int i = 0; i < 6; ++i) text += "ABCDEFGHJKLMNPQRSTUVWXYZ23456789"[random_.below(32)];
         return text;
     }
 
@@ -122,26 +122,26 @@ private:
 
     void printHead(bool shortOfficeRule) {
         line("PDR/" + locator());
-        if (dice_.oneIn(10)) line("PF24 REQST UMSG");
-        const bool company = dice_.oneIn(4);
+        if (random_.oneIn(10)) line("PF24 REQST UMSG");
+        const bool company = random_.oneIn(4);
         string mark = company ? "*C* " + phrase(3) : string("*T* TRAVELLER PROFILE");
         mark.resize(74, ' ');
         line(mark + locator());
-        // A rule of six hyphens and more already ends the search for confidential remarks.
+        // A rule of at least six hyphens would end the search for confidential remarks.
         string rule = shortOfficeRule ? "----- CREATED 04FEB   OFFICE" : "--------------- CREATED 04FEB   OFFICE";
         rule.resize(55, ' ');
-        line(rule + "NCEVN" + std::to_string(1000 + dice_.below(9000)));
+        line(rule + "NCEVN" + std::to_string(1000 + random_.below(9000)));
         if (!company) line(number(4) + " NM " + phrase(1) + "/" + phrase(1) + " MR");
         printCompanyName();
-        if (!dice_.oneIn(5)) line(number(4) + " PIN/ " + std::to_string(1000 + dice_.below(9000)));
-        if (!dice_.oneIn(5)) line(number(4) + "     PSL/ " + std::to_string(dice_.below(9)));
+        if (!random_.oneIn(5)) line(number(4) + " PIN/ " + std::to_string(1000 + random_.below(9000)));
+        if (!random_.oneIn(5)) line(number(4) + "     PSL/ " + std::to_string(random_.below(9)));
     }
 
     void printCompanyName() {
-        if (dice_.oneIn(5)) return;
-        const bool wraps = dice_.oneIn(3);
+        if (random_.oneIn(5)) return;
+        const bool wraps = random_.oneIn(3);
         string name = number(4) + " PCN/ " + phrase(wraps ? 9 : 3);
-        if (wraps && dice_.oneIn(2)) name = name.substr(0, 63) + "S";  // 64 characters: broken inside a word
+        if (wraps && random_.oneIn(2)) name = name.substr(0, 63) + "S";  // 64 characters: broken inside a word
         line(name.substr(0, 64));
         if (wraps) line(string(14, ' ') + phrase(2));
     }
@@ -167,7 +167,8 @@ private:
     std::vector<Section> chosenSections() {
         std::vector<Section> chosen(std::begin(sections), std::end(sections));
         const std::size_t wanted = std::clamp<std::size_t>(lines_ / 8, 4, chosen.size());
-        while (chosen.size() > wanted) chosen.erase(chosen.begin() + static_cast<long>(dice_.below(chosen.size() - 1)));
+        while (chosen.size() > wanted)
+            chosen.erase(chosen.begin() + static_cast<long>(random_.below(chosen.size() - 1)));
         return chosen;
     }
 
@@ -184,29 +185,29 @@ private:
         }
     }
 
-    /// Prefixed elements, wrapped ones among them, each with up to `followers - 1` unprefixed ones.
+    /// Prefixed elements, some of them wrapped, each followed by up to `followers - 1` unprefixed ones.
     void printPrefixed(const Section& section, std::size_t end, std::size_t followers) {
         while (printed() < end) {
-            const string_view family = section.families[dice_.below(section.families.size())];
-            line(number(4).append(" ").append(family).append("/ ").append(phrase(dice_.between(2, 8))));
+            const string_view family = section.families[random_.below(section.families.size())];
+            line(number(4).append(" ").append(family).append("/ ").append(phrase(random_.between(2, 8))));
             printContinuations(end);
-            for (std::size_t i = dice_.below(followers); i > 0 && printed() < end; --i) {
-                line(number(4) + "      " + phrase(dice_.between(1, 5)));
+            for (std::size_t i = random_.below(followers); i > 0 && printed() < end; --i) {
+                line(number(4) + "      " + phrase(random_.between(1, 5)));
             }
         }
     }
 
     void printContinuations(std::size_t end) {
-        if (!dice_.oneIn(9)) return;
-        for (std::size_t i = dice_.between(1, 2); i > 0 && printed() < end; --i) {
-            line(string(10, ' ') + (dice_.oneIn(3) ? "AT:" : "") + phrase(dice_.between(1, 4)));
+        if (!random_.oneIn(9)) return;
+        for (std::size_t i = random_.between(1, 2); i > 0 && printed() < end; --i) {
+            line(string(10, ' ') + (random_.oneIn(3) ? "AT:" : "") + phrase(random_.between(1, 4)));
         }
     }
 
     void printRun(string_view family, std::size_t end) {
         if (printed() >= end) return;
         line(number(4).append(" ").append(family).append("/ ").append(phrase(2)));
-        while (printed() < end) line(number(4) + "      " + phrase(dice_.between(1, 4)));
+        while (printed() < end) line(number(4) + "      " + phrase(random_.between(1, 4)));
     }
 
     void printDocuments(const Section& section, std::size_t end) {
@@ -220,31 +221,31 @@ private:
 
     void printTransferable(const Section& section, std::size_t end) {
         while (printed() < end) {
-            const string_view code = section.families[dice_.below(section.families.size())];
-            line(string(dice_.oneIn(2) ? "S" : "A") + number(7) + string(5, ' ') + string(code) + " " + detail(code));
-            if (!dice_.oneIn(9)) continue;
-            for (std::size_t i = dice_.between(1, 2); i > 0 && printed() < end; --i) {
-                line(string(18, ' ') + phrase(dice_.between(1, 4)));
+            const string_view code = section.families[random_.below(section.families.size())];
+            line(string(random_.oneIn(2) ? "S" : "A") + number(7) + string(5, ' ') + string(code) + " " + detail(code));
+            if (!random_.oneIn(9)) continue;
+            for (std::size_t i = random_.between(1, 2); i > 0 && printed() < end; --i) {
+                line(string(18, ' ') + phrase(random_.between(1, 4)));
             }
         }
     }
 
     string detail(string_view code) {
-        const string carrier(dice_.pick(carriers));
-        const string account = std::to_string(1000000 + dice_.below(9000000));
-        if (code == "FFN") return carrier + "-" + account + (dice_.oneIn(3) ? "    GOLD" : "");
-        if (code == "ST ") return "NSSW/" + std::to_string(dice_.between(1, 40)) + "A";
+        const string carrier(random_.pick(carriers));
+        const string account = std::to_string(1000000 + random_.below(9000000));
+        if (code == "FFN") return carrier + "-" + account + (random_.oneIn(3) ? "    GOLD" : "");
+        if (code == "ST ") return "NSSW/" + std::to_string(random_.between(1, 40)) + "A";
         if (code == "AP ") return "NCE 04 " + account + "-B";
-        if (code != "SR ") return phrase(dice_.between(2, 6));
-        if (dice_.oneIn(3)) return "FQTV" + carrier + " " + account + "-" + phrase(1);
-        return dice_.oneIn(2) ? "*VGML-" + phrase(2) : string("WCHS");
+        if (code != "SR ") return phrase(random_.between(2, 6));
+        if (random_.oneIn(3)) return "FQTV" + carrier + " " + account + "-" + phrase(1);
+        return random_.oneIn(2) ? "*VGML-" + phrase(2) : string("WCHS");
     }
 
     void printNotes(std::size_t end) {
-        while (printed() < end) line(string(1, "ABM"[dice_.below(3)]) + " " + phrase(dice_.between(2, 8)));
+        while (printed() < end) line(string(1, "ABM"[random_.below(3)]) + " " + phrase(random_.between(2, 8)));
     }
 
-    Dice dice_;
+    Dice random_;
     std::size_t lines_;
     std::size_t number_ = 0;
     string text_;

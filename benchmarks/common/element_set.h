@@ -1,4 +1,4 @@
-// What a contender found in a display, in one form for all of them, so that the results can be compared.
+// What a contender found in a display, in one form for all contenders, so that results can be compared.
 #pragma once
 
 #include "vantro/profile.h"
@@ -36,10 +36,10 @@ struct ElementSet {
 
 ElementSet elementSetOf(const Profile& profile);
 
-/// The first difference in words, empty when there is none.
+/// The first difference as text, empty when there is none.
 std::string difference(const ElementSet& ours, const ElementSet& theirs);
 
-/// Ends the program when a contender's result for a display is not ours.
+/// Ends the program when a contender's result for a display differs from the library's.
 void requireEqual(std::string_view contender, std::size_t display, const std::string& difference);
 
 /// For error messages; everything here is ASCII.

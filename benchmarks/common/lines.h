@@ -1,4 +1,4 @@
-// What the hand-written scanners share: trimming, cutting, and the marks of a line.
+// Shared by the hand-written scanners: trimming, cutting, and the marks of a line.
 #pragma once
 
 #include <algorithm>
@@ -12,12 +12,12 @@ namespace vantro::bench {
 
 using View = std::u16string_view;
 
-/// A part of a text that is known to be there.
+/// A part of a text that is known to exist.
 inline View slice(View text, std::size_t index, std::size_t count) { return {text.data() + index, count}; }
 inline View slice(View text, std::size_t index) { return {text.data() + index, text.size() - index}; }
 
-/// Four characters as one number that is 0 when all are blanks. The character at the lower index is in the
-/// lower bits (little-endian machines, which is what the benchmarks run on).
+/// Four characters as one number that is 0 when all are blanks. The character with the lower index is in the lower
+/// bits: the benchmarks run on little-endian machines.
 inline std::uint64_t fourWithoutBlanks(const char16_t* text) {
     constexpr std::uint64_t fourBlanks = 0x0020'0020'0020'0020;
     std::uint64_t four = 0;
@@ -45,8 +45,8 @@ inline View leftTrimmed(View text) {
     return slice(text, first);
 }
 
-/// The place of an ASCII character from an index on, found with the library's byte search; the bytes around a
-/// hit tell whether it is the character.
+/// The index of an ASCII character at or after an index, found with the standard library's byte search; the bytes
+/// around a hit decide whether it is the character.
 inline std::size_t findUnit(View text, char16_t unit, std::size_t index = 0) {
     const char* const begin = reinterpret_cast<const char*>(text.data());
     const char* const end = begin + text.size() * sizeof(char16_t);
@@ -54,8 +54,8 @@ inline std::size_t findUnit(View text, char16_t unit, std::size_t index = 0) {
     while (at < end) {
         at = static_cast<const char*>(std::memchr(at, unit, static_cast<std::size_t>(end - at)));
         if (at == nullptr) break;
-        const std::size_t place = static_cast<std::size_t>(at - begin) / sizeof(char16_t);
-        if (text[place] == unit) return place;
+        const std::size_t position = static_cast<std::size_t>(at - begin) / sizeof(char16_t);
+        if (text[position] == unit) return position;
         ++at;
     }
     return View::npos;
@@ -63,7 +63,7 @@ inline std::size_t findUnit(View text, char16_t unit, std::size_t index = 0) {
 
 inline View trimmed(View text) { return leftTrimmed(rightTrimmed(text)); }
 
-/// The text from an index (from 0) on; empty past the end.
+/// The text from an index (from 0); empty past the end.
 inline View from(View text, std::size_t index, std::size_t count = View::npos) {
     if (index >= text.size()) return {};
     return slice(text, index, std::min(count, text.size() - index));
@@ -71,10 +71,10 @@ inline View from(View text, std::size_t index, std::size_t count = View::npos) {
 
 inline bool isBlank(View text) { return leftTrimmed(text).empty(); }
 
-/// A line of which the first `count` characters, or all where there are fewer, are blanks.
+/// True if the first `count` characters of a line, or all when there are fewer, are blanks.
 inline bool beginsBlank(View line, std::size_t count) { return isBlank(line.substr(0, count)); }
 
-/// Five blanks at an index.
+/// True for five blanks at an index.
 inline bool fiveBlanks(View text, std::size_t index) {
     return text.size() >= index + 5 && isBlank(text.substr(index, 5));
 }
@@ -89,21 +89,21 @@ inline std::size_t lineCount(View text) { return (text.size() + 79) / 80; }
 inline constexpr View endOfDisplay = u"END OF DISPLAY";
 inline constexpr View sectionRule = u"-------";
 
-/// What can end a search or a section.
+/// The marks that can end a search or a section.
 struct Marks {
     bool prompt = false;  ///< ">"
     bool end = false;     ///< "END OF DISPLAY"
     bool rule = false;    ///< seven hyphens
 };
 
-/// What one look at a whole line tells.
+/// The result of looking at a whole line once.
 struct Sweep {
-    bool mayHoldMark = false;  ///< false: no mark in it
+    bool mayContainMark = false;  ///< false: no mark in it
     unsigned slashes = 0;
 };
 
-/// Looks at all 80 places of a line and two behind it, without an early way out: the compiler turns this into
-/// wide compares. Of the end text it looks for "F D", of a rule for two hyphens.
+/// Tests all 80 columns of a line and two more without an early exit: the compiler turns this into wide compares. It
+/// looks for "F D" of the end text and for two hyphens of a rule.
 inline Sweep sweep(const char16_t* c) {
     std::uint16_t hit = 0;
     std::uint16_t slashes = 0;

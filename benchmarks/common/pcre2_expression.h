@@ -13,13 +13,13 @@ class Pcre2Expression {
 public:
     enum class Anchored : bool { No, Yes };
 
-    /// Ends the program when the source, which is ASCII, is no expression.
+    /// Ends the program when the ASCII source is not a valid expression.
     Pcre2Expression(std::string_view source, Anchored anchored);
     ~Pcre2Expression();
     Pcre2Expression(const Pcre2Expression&) = delete;
     Pcre2Expression& operator=(const Pcre2Expression&) = delete;
 
-    /// The number of the last group that took part, plus 1; below 1 when nothing matched.
+    /// The number of the last group that matched, plus 1; below 1 when nothing matched.
     int match(std::u16string_view text) const {
         return pcre2_jit_match(code_, reinterpret_cast<PCRE2_SPTR>(text.data()), text.size(), 0, 0, data_, nullptr);
     }
@@ -30,7 +30,7 @@ public:
         return {text.data() + begin(group), offsets_[2 * group + 1] - begin(group)};
     }
 
-    /// Where the first match begins; the text's size when there is none.
+    /// The index of the first match; the text's size when there is none.
     std::size_t find(std::u16string_view text) const { return match(text) > 0 ? begin(0) : text.size(); }
 
 private:

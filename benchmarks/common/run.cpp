@@ -10,7 +10,7 @@ namespace vantro::bench {
 
 namespace {
 
-/// The console's table; the medians, or the single times where nothing is repeated, are kept by name.
+/// The console's table. Keeps the medians by name, or the single times where nothing is repeated.
 class CollectingReporter final : public benchmark::ConsoleReporter {
 public:
     CollectingReporter() : ConsoleReporter(OO_Tabular) {}
@@ -32,7 +32,7 @@ public:
     }
 
 private:
-    // With a "display" counter the time of one display, else of one iteration.
+    // With a "display" counter the time per display, else per iteration.
     static double perItem(const Run& run) {
         const auto counter = run.counters.find("display");
         if (counter != run.counters.end()) return counter->second.value;
@@ -55,7 +55,7 @@ std::vector<Figure>& figures() {
     return all;
 }
 
-/// The `--record=FILE` argument, taken out of the others.
+/// The `--record=FILE` argument, removed from the arguments.
 std::string takeRecordArgument(int& argc, char** argv) {
     constexpr std::string_view option = "--record=";
     std::string file;

@@ -1,4 +1,4 @@
-// Runs the benchmarks of a program and prints, under Google Benchmark's own table, what was measured against what.
+// Runs the benchmarks of a program and prints the ratios after Google Benchmark's own table.
 #pragma once
 
 #include <span>
@@ -8,19 +8,19 @@
 
 namespace vantro::bench {
 
-/// "Contender takes at most `target` times the baseline"; both are names of benchmarks.
+/// "The contender takes at most `target` times as long as the baseline"; both are names of benchmarks.
 struct Ratio {
     std::string_view contender;
     std::string_view baseline;
     double target;  ///< 0 for a ratio that is only shown
 };
 
-/// Takes Google Benchmark's arguments and `--record=FILE`, which adds the times and ratios to a file of tab-separated
-/// lines for the report. Times are medians over the repetitions.
+/// Accepts Google Benchmark's arguments and `--record=FILE`, which appends the times and ratios to a file of
+/// tab-separated lines for the report. Times are medians over the repetitions.
 int run(std::string_view task, int argc, char** argv, std::span<const Ratio> ratios);
 
-/// Registers a benchmark whose iteration is one pass over all displays; what is shown and compared is the time
-/// of one display. `pass` takes no argument.
+/// Registers a benchmark whose iteration is one pass over all displays; shown and compared is the time per display.
+/// `pass` takes no argument.
 template <class Pass>
 benchmark::internal::Benchmark* overDisplays(const char* name, double displayCount, Pass pass) {
     return benchmark::RegisterBenchmark(name,
@@ -33,7 +33,7 @@ benchmark::internal::Benchmark* overDisplays(const char* name, double displayCou
         ->Unit(benchmark::kMillisecond);
 }
 
-/// A line of the record beside times and ratios: a figure that is not a time, with what it may be at most.
+/// Appends a figure that is not a time to the record, with its highest allowed value.
 void recordFigure(std::string_view name, double value, double target);
 
 /// Processor time of this process in seconds.

@@ -1,8 +1,8 @@
-// Writes the displays and what is in them for the contenders that run as programs of their own:
-//   displays.txt     one display a line
-//   screens.txt      the displays one after the other, a screen line a line
-//   elements.txt     what parseProfile finds in each, one display a line, parts separated by U+001F and U+001E
-//   requests.jsonl   one request a line for `vantro-profile batch`: a display and a family
+// Writes the displays and their elements for the contenders that are separate programs:
+//   displays.txt     one display per line
+//   screens.txt      all displays, one screen line per line
+//   elements.txt     what parseProfile finds in each, one display per line, parts separated by U+001F and U+001E
+//   requests.jsonl   one request per line for `vantro-profile batch`: a display and a family
 #include "common/displays.h"
 #include "common/element_set.h"
 #include "one_family/scanner.h"

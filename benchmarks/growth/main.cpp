@@ -1,4 +1,4 @@
-// Time against the length of the display, and what a display without an end marker costs.
+// Time against the length of the display, and the cost of a display without an end marker.
 #include "common/displays.h"
 #include "common/element_set.h"
 #include "common/lines.h"
@@ -26,7 +26,7 @@ const Display& displayOf(std::size_t lines) {
     return found != made.end() ? found->second : made.emplace(lines, displayOfLines(lines, 7)).first->second;
 }
 
-/// A display without its last line, which holds the end marker.
+/// A display without its last line, which has the end marker.
 const Text& endlessDisplay() {
     static const Text text = [] {
         Text display = displayOf(200).utf16;
@@ -36,13 +36,13 @@ const Text& endlessDisplay() {
     return text;
 }
 
-/// Nothing but the first lines of a display: every query goes on to the last line number.
+/// Only the first lines of a display: every query runs on to the last line number.
 const Text& brokenOffDisplay() {
     static const Text text = endlessDisplay().substr(0, std::size_t{4} * 80);
     return text;
 }
 
-/// An object of a class that counts.
+/// An object of a class with count properties.
 class Counting {
 public:
     explicit Counting(TextView className) : row_(*findClass(className)), object_(createObject(row_, terminal_)) {}
@@ -72,8 +72,8 @@ Counting& profileNotes() {
     return the;
 }
 
-/// All 16-bit line numbers, each line fetched, trimmed and looked at: what a display without an end costs at
-/// least whoever goes on to the last line number.
+/// Fetches, trims and tests all 16-bit line numbers: the least that a search costs which runs on to the last line
+/// number of a display without an end.
 std::size_t sweepEmptyLines(View display) {
     std::size_t empty = 0;
     for (std::int32_t number = 0; number <= 32767; ++number) {
@@ -93,7 +93,7 @@ void checkAll() {
         scanProfile(display, scanned);
         requireEqual("by hand", lines, difference(elementSetOf(parseProfile(display)), elementSetOf(scanned)));
     }
-    // Past the end every line is blank, so that only the overflowing line number ends a search.
+    // Past the end every line is blank, so only the overflow of the line number ends a search.
     const bool fails = profiles().count(u"PPRElementsCount", brokenOffDisplay()) == -1 &&
                        profileNotes().count(u"ProfileNotesElementsCount", endlessDisplay()) == -1 &&
                        !parseProfile(endlessDisplay()).problems.empty() &&
@@ -134,9 +134,8 @@ void registerAll() {
     add("no end, 199 lines: parseProfile", [] { benchmark::DoNotOptimize(parseProfile(endlessDisplay())); });
 }
 
-// Linear is the factor between the numbers of lines. Short displays stay in the nearest cache and hold fewer
-// sections, so that the comparison begins with the longest ordinary ones, and twice the factor is allowed for the
-// caches.
+// Linear growth is the ratio of the numbers of lines. Short displays stay in the nearest cache and have fewer sections,
+// so the comparison begins with the longest ordinary ones and allows twice the ratio for the caches.
 constexpr Ratio ratios[] = {
     {"parseProfile, 30000 lines", "parseProfile, 400 lines", 75 * 2.0},
     {"parseProfile, 30000 lines", "parseProfile, 3000 lines", 10 * 2.0},

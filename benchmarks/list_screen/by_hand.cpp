@@ -22,7 +22,7 @@ void trimInPlace(std::u16string& text) {
     text.erase(0, text.size() - leftTrimmed(text).size());
 }
 
-/// The companies under the header.
+/// The companies after the header.
 void collectCompanies(View screen, std::size_t n, CompanyList& list) {
     const auto column = static_cast<std::size_t>(list.locatorColumn);
     for (;; ++n) {

@@ -136,7 +136,7 @@ void checkAll() {
                 companyScreens().size(), travellerScreens().size());
 }
 
-/// Allocations that a call makes; its result is kept until they are counted.
+/// The number of allocations of a call; its result is kept until they are counted.
 template <class Call>
 double allocationsOf(Call call) {
     const std::size_t before = allocationCount();

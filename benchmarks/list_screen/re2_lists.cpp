@@ -24,7 +24,7 @@ struct Re2Lists::Expression {
         std::exit(1);
     }
 
-    /// The group that took part, 0 when nothing matched.
+    /// The group that matched, 0 when nothing matched.
     int groupIn(std::string_view line, int groupCount) {
         const re2::StringPiece piece(line.data(), line.size());
         if (!re2.Match(piece, 0, line.size(), RE2::ANCHOR_START, groups, groupCount)) return 0;
@@ -34,7 +34,7 @@ struct Re2Lists::Expression {
         return 0;
     }
 
-    /// Where the first match begins; the text's size when there is none.
+    /// The index of the first match; the text's size when there is none.
     std::size_t find(std::string_view text) {
         const re2::StringPiece piece(text.data(), text.size());
         if (!re2.Match(piece, 0, piece.size(), RE2::UNANCHORED, groups, 1)) return text.size();

@@ -1,5 +1,5 @@
-// What the contenders find on a list screen, and the contenders: code written for the two screens alone, and
-// regular expressions a line.
+// What the contenders find on a list screen, and the contenders: code written only for these two screens, and regular
+// expressions per line.
 #pragma once
 
 #include "common/pcre2_expression.h"
@@ -41,19 +41,20 @@ struct TravellerList {
 CompanyList companiesByHand(std::u16string_view screen);
 TravellerList travellersByHand(std::u16string_view screen);
 
-/// The groups that both line expressions have first, and those of each.
+/// The groups that both line expressions begin with, and those of each.
 enum ListGroup : int {
     listTitle = 1,
     otherTitle,
     listHeader,
     companyName,  ///< of a numbered line
-    companyRest,  ///< of a line that goes on with the name above
+    companyRest,  ///< of a line that continues the name above
     companyGroups,
     travellerLocator = companyName,
     travellerGroups
 };
 
-/// Searched for once: the lines of a list go on up to the one that holds this. The host prints one block a screen.
+/// Searched once per screen: the lines of a list end at the first one that contains this. The host prints one block per
+/// screen.
 inline constexpr char listEndExpression[] = ">|END OF BLOCK - USE PDMD";
 
 inline constexpr char companyExpression[] =
@@ -69,7 +70,7 @@ inline constexpr char travellerExpression[] =
     "|     NAME {19}(RECLOC )"
     "|  (?: \\d|\\d\\d) .{23}([A-Z0-9]{6}) *$";
 
-/// A line's matches put together, by either library.
+/// Collects the matches of the lines, for either library.
 struct CompanyAssembler {
     CompanyList list;
     bool inBlock = false;

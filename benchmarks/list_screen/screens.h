@@ -1,4 +1,4 @@
-// Two list screens of 24 lines, as the host prints them, in some variety.
+// Two kinds of list screens of 24 lines, as the host prints them, with some variety.
 #pragma once
 
 #include <string>

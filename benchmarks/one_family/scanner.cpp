@@ -24,7 +24,7 @@ public:
 private:
     View raw(std::size_t number) const { return screenLine(display_, number); }
 
-    /// Fetches and trims a line; one sweep tells whether it needs a closer look.
+    /// Fetches and trims a line; one sweep decides whether the line needs a closer look.
     void read(std::size_t number) {
         number_ = number;
         line_ = trimmed(raw(number));
@@ -33,10 +33,10 @@ private:
 
     bool atEnd() const { return number_ >= count_; }
 
-    /// Stops at the next line from `number` on that holds the header; false at the end of the display.
+    /// Stops at the next line from `number` on that contains the header; false at the end of the display.
     bool seekHeader(std::size_t number) {
         for (; number < count_; ++number) {
-            if (!sweepLine(display_, number).mayHoldMark) continue;
+            if (!sweepLine(display_, number).mayContainMark) continue;
             const View line = raw(number);
             const Marks marks = marksOf(line);
             if (marks.prompt || marks.end) return false;
@@ -49,11 +49,11 @@ private:
     }
 
     bool endsSection() const {
-        return sweep_.mayHoldMark && (line_.starts_with(u'>') || line_.find(sectionRule) != View::npos ||
-                                      line_.find(endOfDisplay) != View::npos);
+        return sweep_.mayContainMark && (line_.starts_with(u'>') || line_.find(sectionRule) != View::npos ||
+                                         line_.find(endOfDisplay) != View::npos);
     }
 
-    bool lineHoldsPrefix(std::size_t index) const { return sweep_.slashes != 0 && containsPrefix(line_, index); }
+    bool lineContainsPrefix(std::size_t index) const { return sweep_.slashes != 0 && containsPrefix(line_, index); }
 
     bool containsPrefix(View line, std::size_t index) const {
         for (std::size_t slash = findUnit(line, u'/', index + 3); slash != View::npos;
@@ -63,7 +63,7 @@ private:
         return false;
     }
 
-    /// The line with the continuation lines under it, which are used up.
+    /// The line joined with its continuation lines; `number_` moves past them.
     View join() {
         if (number_ + 1 >= count_ || !beginsBlank(raw(number_ + 1), 9)) return line_;
         std::u16string joined(line_);
@@ -83,7 +83,7 @@ private:
         for (bool found = seekHeader(0); found; found = seekHeader(number_ + 1)) {
             do {
                 read(number_ + 1);
-            } while (!atEnd() && !endsSection() && !lineHoldsPrefix(0));
+            } while (!atEnd() && !endsSection() && !lineContainsPrefix(0));
             if (atEnd() || endsSection()) continue;
             for (; !atEnd() && !endsSection(); read(number_ + 1)) store(join(), 7);
             return;
@@ -94,7 +94,7 @@ private:
         if (!seekHeader(0)) return;
         bool collecting = false;
         for (read(number_ + 1); !atEnd() && !endsSection(); read(number_ + 1)) {
-            if (!collecting && !lineHoldsPrefix(rules_.searchFrom)) continue;
+            if (!collecting && !lineContainsPrefix(rules_.searchFrom)) continue;
             const View whole = join();
             collecting = isBlank(from(whole, 2, rules_.tagWidth)) || containsPrefix(whole, 2);
             if (collecting) store(whole, 7);
@@ -104,7 +104,7 @@ private:
     void scanGlobalSearch() {
         for (bool found = seekHeader(0); found; found = seekHeader(number_ + 1)) {
             read(number_ + 1);
-            if (!lineHoldsPrefix(2)) continue;
+            if (!lineContainsPrefix(2)) continue;
             store(line_, 7);
             for (int i = 0; i < 10; ++i) {
                 read(number_ + 1);
@@ -118,16 +118,16 @@ private:
     void scanDocuments() {
         if (!seekHeader(1)) return;
         for (read(number_ + 1); !atEnd(); read(number_ + 1)) {
-            if (lineHoldsPrefix(0)) {
+            if (lineContainsPrefix(0)) {
                 do {
-                    const std::size_t at = lineHoldsPrefix(0) ? findUnit(line_, u'/') : line_.find(u"     ");
+                    const std::size_t at = lineContainsPrefix(0) ? findUnit(line_, u'/') : line_.find(u"     ");
                     store(line_, at + 1);
                     read(number_ + 1);
                 } while (fiveBlanks(line_, 1) || fiveBlanks(line_, 2));
                 return;
             }
             if (line_.starts_with(u"-----")) return;
-            if (!sweep_.mayHoldMark) continue;
+            if (!sweep_.mayContainMark) continue;
             const Marks marks = marksOf(line_);
             if (marks.prompt || marks.end) return;
         }

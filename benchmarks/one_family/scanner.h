@@ -1,5 +1,4 @@
-// The hand-written baselines for one family of a display: the 17 prefixed families and the five of documents and
-// follow-up.
+// Hand-written code for one family of a display: the 17 prefixed families and the five of documents and follow-up.
 #pragma once
 
 #include "vantro/profile.h"
@@ -24,7 +23,7 @@ struct FamilyRules {
     std::size_t tagWidth = 0;
 };
 
-/// The 22 families that one call each is measured for.
+/// The 22 families that are measured.
 const std::array<FamilyRules, 22>& familyRules();
 
 /// Number and text, views of the display or of a joined line.
@@ -42,14 +41,14 @@ struct FamilyItems {
     }
 };
 
-/// Written for speed: marks are searched for across lines, a line is cut when it counts.
+/// Written for speed: marks are searched across lines, and only lines that matter are cut.
 void scanFamily(const FamilyRules& rules, std::u16string_view display, FamilyItems& result);
 
 struct OwnedItem {
     std::u16string number, text;
 };
 
-/// The steps one by one as they are told, each line a fresh string of its own.
-std::vector<OwnedItem> portFamily(const FamilyRules& rules, const std::u16string& display);
+/// Written step by step, with a new string for each line.
+std::vector<OwnedItem> scanLineByLine(const FamilyRules& rules, const std::u16string& display);
 
 }  // namespace vantro::bench

@@ -6,7 +6,7 @@ namespace vantro::bench {
 
 namespace {
 
-/// ASCII text against a text of either kind.
+/// Compares ASCII text with a text of either kind.
 template <class Char>
 bool is(std::basic_string_view<Char> text, std::string_view ascii) {
     return std::equal(text.begin(), text.end(), ascii.begin(), ascii.end());
@@ -120,7 +120,7 @@ void Assembler<Char>::takeNumbered(const MatchedLine<Char>& matched) {
     if (matched.has(tagGroup)) {
         family_ = familyOf(matched.groups[tagGroup]);
     } else if (family_ == indexOf(Family::PPC) && number.size() == 1) {
-        family_ = familyCount;  // six blanks after a one-digit number are one too few for PPC alone
+        family_ = familyCount;  // six blanks after a one-digit number are one too few for PPC only
     }
     if (family_ == familyCount) return;
     result_.families[family_].push_back({number, text});

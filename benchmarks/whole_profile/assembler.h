@@ -1,4 +1,4 @@
-// What a user of regular expressions writes around them: the expression says what a line is and cuts it, the
+// The code that a user of regular expressions writes around them: the expression recognises and cuts a line, the
 // assembler puts the lines together.
 #pragma once
 
@@ -8,7 +8,7 @@
 
 namespace vantro::bench {
 
-/// The groups of the expression that is matched against one line, from its first character on, in order:
+/// The groups of the expression that is matched against one line, from its first character, in order:
 enum Group : int {
     titleGroup = 1,      ///< a section's title
     numberGroup,         ///< a numbered line's number,
@@ -23,7 +23,7 @@ enum Group : int {
     groupCount
 };
 
-/// Searched for once: the lines of a display go on up to the one that holds this.
+/// Searched once per display: the lines end at the first one that contains this.
 inline constexpr char endExpression[] = ">|END OF DISPLAY";
 
 inline constexpr char lineExpression[] =
@@ -34,7 +34,7 @@ inline constexpr char lineExpression[] =
     "|\\*[CT]\\* .*([^ ]{6}) *$"
     "|-{5,} .*([^ ]{9}) *$";
 
-/// One matched line; a group that took no part is a view without data.
+/// One matched line; a group that did not match is a view without data.
 template <class Char>
 struct MatchedLine {
     std::basic_string_view<Char> line;
@@ -50,7 +50,7 @@ public:
 
     explicit Assembler(Scanned<View>& result) : result_(result) {}
 
-    /// Takes a line; `matched` has no group set for one of no known form.
+    /// Adds a line; `matched` has no group set for a line of no known form.
     void take(const MatchedLine<Char>& matched);
 
     /// After the last line.
@@ -71,12 +71,12 @@ private:
     Section section_ = Section::Head;
     bool sawRule_ = false;
     int noteNumber_ = 0;
-    int joinsLeft_ = 0;                 ///< continuation lines that the last element still takes
+    int joinsLeft_ = 0;                 ///< number of continuation lines that still belong to the last element
     View* text_ = nullptr;              ///< the last element's text
     bool brokenWord_ = false;           ///< the company name broke inside a word
     bool isCompany_ = false;            ///< the last element is the company name
     std::size_t family_ = familyCount;  ///< the last element's family
-    bool unsplit_ = false;              ///< the last element is a transferable one still to be split
+    bool unsplit_ = false;              ///< the last element is a transferable one that is not split yet
 };
 
 }  // namespace vantro::bench

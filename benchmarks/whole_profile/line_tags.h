@@ -1,4 +1,4 @@
-// The titles and prefixes that the hand-written scanner knows.
+// The titles and prefixes that the hand-written scanner recognises.
 #pragma once
 
 #include "common/lines.h"
@@ -22,7 +22,7 @@ inline constexpr FamilyBits documentFamilies =
 enum class SectionKind : std::uint8_t { Head, Whole, Global, Policy, Transferable, Documents, Notes };
 
 struct SectionTitle {
-    View header;  ///< behind the seven hyphens
+    View header;  ///< after the seven hyphens
     SectionKind kind;
     FamilyBits families;
 };
@@ -73,8 +73,7 @@ inline FamilyBits familyOfTag(View letters) {
     }
 }
 
-/// The families whose prefix stands in a line without the blanks in front: anywhere, and from the third
-/// character on.
+/// The families whose prefix is in a line without its leading blanks: anywhere, and from the third character.
 struct Tags {
     FamilyBits anywhere = 0;
     FamilyBits fromThird = 0;

@@ -80,8 +80,8 @@ void parseCopies() {
     for (const Display& display : displays()) benchmark::DoNotOptimize(parseProfile(display.utf16));
 }
 
-/// The texts are handed over, so each pass needs new ones; making them is not timed. One text more, the last, stays
-/// alive meanwhile, or the allocator would give the memory of all back to the system inside the timed part.
+/// The texts are moved in, so each pass needs new ones; making them is not timed. One more text stays alive meanwhile;
+/// otherwise the allocator would return the memory of all of them to the system within the timed part.
 void parseMoved(benchmark::State& state) {
     for (auto _ : state) {
         std::vector<std::u16string> texts;

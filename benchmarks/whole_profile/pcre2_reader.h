@@ -1,4 +1,4 @@
-// The 16-bit PCRE2 library with its just-in-time compiler, on UTF-16 as it is.
+// The 16-bit PCRE2 library with its just-in-time compiler, directly on UTF-16.
 #pragma once
 
 #include "common/pcre2_expression.h"

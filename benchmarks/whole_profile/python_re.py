@@ -33,7 +33,7 @@ SECTIONS = {
 
 
 class Reader:
-    """The lines of one display put together."""
+    """Puts the lines of one display together."""
 
     def __init__(self):
         self.name = self.locator = self.office = self.company_number = self.company = ""
@@ -148,7 +148,7 @@ class Reader:
             yield number, text, code, airline, account, free
 
     def result(self):
-        """Everything as plain values, the splits made."""
+        """Everything as plain values, with the elements split."""
         return [list(self.elements(family)) for family in FAMILIES]
 
     def written(self):

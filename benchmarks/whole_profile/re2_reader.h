@@ -1,4 +1,4 @@
-// RE2, which reads UTF-8 alone.
+// RE2, which reads only UTF-8.
 #pragma once
 
 #include "whole_profile/scanner.h"

@@ -10,10 +10,10 @@ namespace vantro::bench {
 
 namespace {
 
-/// A line, fetched and looked through once.
+/// A line, fetched and searched for marks once.
 struct Line {
     View raw;
-    View text;  ///< without blanks behind
+    View text;  ///< without trailing blanks
     View core;  ///< without blanks at both ends
     Marks marks;
     Tags tags;
@@ -53,7 +53,7 @@ private:
         line.number = number;
         line.exists = true;
         const Sweep seen = sweepLine(display_, number);
-        if (seen.mayHoldMark) line.marks = marksOf(line.text);
+        if (seen.mayContainMark) line.marks = marksOf(line.text);
         if (seen.slashes != 0) readSlashes(line, seen.slashes);
         return line;
     }
@@ -115,7 +115,7 @@ private:
         }
     }
 
-    /// Company name, PIN and PSL may stand on any line before the end of the display.
+    /// Company name, PIN and PSL may be on any line before the end of the display.
     void readNumberedHead(const Line& line, std::size_t slash) {
         if ((hasCompany_ && hasPin_ && hasPsl_) || slash < 3 || line.marks.prompt || line.marks.end) return;
         const View tag = slice(line.text, slash - 3, 3);
@@ -205,7 +205,7 @@ private:
         }
     }
 
-    /// The line and the continuation lines under it, which are used up.
+    /// The line and its continuation lines, which are skipped afterwards.
     View join(View first, bool colonJoining) {
         if (!isContinuation()) return first;
         joined_.assign(first);
@@ -218,7 +218,7 @@ private:
         return sealed();
     }
 
-    /// The joined line as it is stored from: owned texts are cut out of it at once, views need one that stays.
+    /// The joined line: owned texts are cut out of it at once, views need a copy that stays.
     View sealed() {
         if constexpr (std::is_same_v<String, View>)
             return result_.joined.emplace_front(joined_);
@@ -249,9 +249,8 @@ private:
         if (--globalLeft_ == 0) kind_ = SectionKind::Head;
     }
 
-    /// One element line with its continuation lines, for all families of the section: a family that is
-    /// collecting takes the line unless another family's prefix is in it; one that is looking starts with its
-    /// prefix.
+    /// One element line with its continuation lines, for all families of the section. A family that is collecting takes
+    /// the line unless it has another family's prefix; one that is still searching starts with its own prefix.
     void readPolicyLines() {
         const View first = line_.core;
         const Tags firstTags = line_.tags;
@@ -285,7 +284,7 @@ private:
         }
     }
 
-    /// Each line is looked at by itself with the line under it, which is looked at again in its turn.
+    /// Each line is tested together with the line after it, which is then tested by itself.
     void readTransferableLine() {
         const bool wraps = next_.exists && next_.raw.size() >= 17 && beginsBlank(next_.raw, 17);
         if (!wraps) {
@@ -383,7 +382,7 @@ private:
     bool hasCompany_ = false;
     bool hasPin_ = false;
     bool hasPsl_ = false;
-    bool sawRule_ = false;  ///< a section before the transferable one: no confidential remarks then
+    bool sawRule_ = false;  ///< a section before the transferable one: there are no confidential remarks then
     bool sawTransferable_ = false;
     std::u16string joined_;
 };

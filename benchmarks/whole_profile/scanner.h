@@ -1,4 +1,4 @@
-// The hand-written baseline: one pass over the lines for all families, header values and notes.
+// The hand-written contender: one pass over the lines for all families, header values and notes.
 #pragma once
 
 #include "common/element_set.h"
@@ -31,28 +31,28 @@ struct Scanned {
     };
 
     String name, recordLocator, officeIdentifier;
-    std::optional<String> companyNumber = String();  ///< empty without a company name, none without a number
+    std::optional<String> companyNumber = String();  ///< empty without a company name, nullopt without a number
     String companyName;
     Item pin;
     std::optional<Item> psl;
     std::array<std::vector<Item>, familyCount> families;
-    std::vector<FlyerParts> flyers;      ///< beside the frequent flyers
-    std::vector<RequestParts> requests;  ///< beside the service requests
-    std::vector<String> remarkDetails;   ///< beside the confidential remarks
+    std::vector<FlyerParts> flyers;      ///< parallel to the frequent flyers
+    std::vector<RequestParts> requests;  ///< parallel to the service requests
+    std::vector<String> remarkDetails;   ///< parallel to the confidential remarks
     std::vector<NoteLine> notes;
 
-    /// Joined lines that views point into.
+    /// Joined lines that views refer to.
     std::forward_list<std::basic_string<typename String::value_type>> joined;
 
-    /// Empties everything and keeps the room, for the next display.
+    /// Clears everything but keeps the memory, for the next display.
     void clear();
 };
 
 using ScannedViews = Scanned<std::u16string_view>;
 using ScannedTexts = Scanned<std::u16string>;
 
-/// Reads what the host prints: sections once each, the prompt or the end text on a line of its own, no prefix in a
-/// wrapped line.
+/// Reads what the host prints: each section once, the prompt or the end text on its own line, no prefix in a wrapped
+/// line.
 void scanProfile(std::u16string_view display, ScannedViews& result);
 void scanProfile(std::u16string_view display, ScannedTexts& result);
 

@@ -1,4 +1,4 @@
-// The library's values beside the second opinion's, and both in words.
+// Compares the library's values with the oracle's, and prints both.
 #pragma once
 
 #include "tests/oracle/collection.h"
@@ -10,13 +10,13 @@ namespace vantro::fuzz {
 
 bool same(const ItemValue& value, const oracle::Value& expected);
 
-/// Same keys, same values, same order; null stands for no collection on either side.
+/// Same keys, same values, same order; null means no collection on either side.
 bool same(const BuiltInCollection* collection, const oracle::Collection* expected);
 
 oracle::Value oracleValue(const ItemValue& value);
 oracle::Collection oracleCollection(const BuiltInCollection& collection);
 
-/// In words, for messages.
+/// As text, for messages.
 std::string shown(TextView text);
 std::string shown(const TextList& list);
 std::string shown(const oracle::Value& value);

@@ -1,4 +1,4 @@
-// What libFuzzer calls; compiled once a target with VANTRO_FUZZ_TARGET as its name.
+// The functions that libFuzzer calls; compiled once per target with its name as VANTRO_FUZZ_TARGET.
 #include "fuzz/common/line_mutator.h"
 #include "fuzz/targets.h"
 
@@ -17,7 +17,7 @@ const vantro::fuzz::Target& target() {
 }
 
 #ifdef VANTRO_FUZZ_LINES
-std::size_t handOver(const std::string& text, std::uint8_t* data, std::size_t room) {
+std::size_t copyOut(const std::string& text, std::uint8_t* data, std::size_t room) {
     const std::size_t size = std::min(text.size(), room);
     std::memcpy(data, text.data(), size);
     return size;
@@ -39,12 +39,12 @@ int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
 }
 
 #ifdef VANTRO_FUZZ_LINES
-// One change in four is libFuzzer's own; the others know lines.
+// One mutation in four is libFuzzer's own; the others work on lines.
 std::size_t LLVMFuzzerCustomMutator(std::uint8_t* data, std::size_t size, std::size_t room, unsigned seed);
 std::size_t LLVMFuzzerCustomMutator(std::uint8_t* data, std::size_t size, std::size_t room, unsigned seed) {
     if (seed % 4 == 0) return LLVMFuzzerMutate(data, size, room);
     vantro::fuzz::LineMutator mutator(seed, target().marks);
-    return handOver(mutator.mutated(Bytes(data, size)), data, room);
+    return copyOut(mutator.mutated(Bytes(data, size)), data, room);
 }
 
 std::size_t LLVMFuzzerCustomCrossOver(const std::uint8_t* data, std::size_t size, const std::uint8_t* other,
@@ -52,7 +52,7 @@ std::size_t LLVMFuzzerCustomCrossOver(const std::uint8_t* data, std::size_t size
 std::size_t LLVMFuzzerCustomCrossOver(const std::uint8_t* data, std::size_t size, const std::uint8_t* other,
                                       std::size_t otherSize, std::uint8_t* out, std::size_t room, unsigned seed) {
     vantro::fuzz::LineMutator mutator(seed, target().marks);
-    return handOver(mutator.crossed(Bytes(data, size), Bytes(other, otherSize)), out, room);
+    return copyOut(mutator.crossed(Bytes(data, size), Bytes(other, otherSize)), out, room);
 }
 #endif
 }

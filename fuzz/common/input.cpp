@@ -11,7 +11,7 @@ constexpr char lineEnd = '\n';
 constexpr char fieldMark = ';';
 constexpr std::string_view screenMark = "\f\n";
 
-/// More than a handful of screens tell nothing that fewer do not.
+/// More screens than these find nothing new.
 constexpr std::size_t mostScreens = 4;
 
 std::vector<std::string_view> split(std::string_view text, char mark) {
@@ -24,7 +24,7 @@ std::vector<std::string_view> split(std::string_view text, char mark) {
     }
 }
 
-constexpr std::array<char16_t, 32> strangers{
+constexpr std::array<char16_t, 32> unusualUnits{
     0x0009, 0x000A, 0x000D, 0x0000, 0x001F, 0x007F, 0x0080, 0x00A0, 0x00AD, 0x00C4, 0x0131,
     0x017F, 0x0660, 0x0661, 0x1680, 0x2000, 0x202F, 0x2028, 0x3000, 0x2F2F, 0x2D2D, 0x3E3E,
     0x2A2A, 0x8020, 0xFF0F, 0xFF10, 0xFF2F, 0xFEFF, 0xD83D, 0xDE00, 0xDC20, 0xFFFF,
@@ -32,17 +32,17 @@ constexpr std::array<char16_t, 32> strangers{
 
 char16_t unitOf(unsigned char byte) {
     if (byte < 0x80) return byte;
-    // The low byte of a blank, a digit or a letter under another high byte, and such a byte above a zero.
+    // The low byte of a blank, a digit or a letter with another high byte, then such a byte as the high byte.
     if (byte < 0xC0) return static_cast<char16_t>(0x0120 + (byte & 0x3F));
     if (byte < 0xE0) return static_cast<char16_t>((0x20 + (byte & 0x1F)) << 8);
-    return strangers[byte & 0x1F];
+    return unusualUnits[byte & 0x1F];
 }
 
 Text rawUnits(std::string_view bytes) {
     Text text;
-    for (std::size_t place = 0; place + 1 < bytes.size(); place += 2) {
-        const auto low = static_cast<unsigned char>(bytes[place]);
-        const auto high = static_cast<unsigned char>(bytes[place + 1]);
+    for (std::size_t position = 0; position + 1 < bytes.size(); position += 2) {
+        const auto low = static_cast<unsigned char>(bytes[position]);
+        const auto high = static_cast<unsigned char>(bytes[position + 1]);
         text.push_back(static_cast<char16_t>(low | (high << 8)));
     }
     return text;
@@ -131,7 +131,7 @@ Text screenOf(std::string_view lines, const Layout& layout) {
             if (line + 1 < parts.size()) {
                 addLine(screen, text, layout.width);
             } else {
-                screen.append(text);  // a last line is as long as it is
+                screen.append(text);  // a last line is not padded
             }
         }
     }

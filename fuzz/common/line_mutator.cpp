@@ -28,7 +28,7 @@ std::string joined(const std::vector<std::string>& lines) {
     return text;
 }
 
-// The columns at which readers look, and those at which a line, a machine word or two of them end.
+// The columns that readers use, and those at which a line, a machine word or two of them end.
 constexpr std::array<std::size_t, 22> columns{0,  1,  2,  3,  4,  5,  6,  7,  8,  11, 12,
                                               13, 14, 16, 17, 20, 28, 34, 63, 64, 76, 79};
 constexpr std::array<std::size_t, 6> farColumns{80, 96, 120, 126, 127, 128};
@@ -48,8 +48,8 @@ std::string LineMutator::crossed(Bytes input, Bytes other) {
     const std::size_t first = 1 + below(others.size() - 1);
     const std::size_t count = 1 + below(others.size() - first);
     const auto from = others.begin() + static_cast<std::ptrdiff_t>(first);
-    const auto place = lines.begin() + static_cast<std::ptrdiff_t>(1 + below(lines.size()));
-    lines.insert(std::min(place, lines.end()), from, from + static_cast<std::ptrdiff_t>(count));
+    const auto position = lines.begin() + static_cast<std::ptrdiff_t>(1 + below(lines.size()));
+    lines.insert(std::min(position, lines.end()), from, from + static_cast<std::ptrdiff_t>(count));
     return joined(lines);
 }
 
@@ -59,11 +59,11 @@ void LineMutator::change(Lines& lines) {
         lines.push_back(newLine());
         return;
     }
-    const std::size_t place = 1 + below(lines.size() - 1);
+    const std::size_t position = 1 + below(lines.size() - 1);
     if (oneIn(2)) {
-        changeOrder(lines, place);
+        changeOrder(lines, position);
     } else {
-        changeLine(lines[place]);
+        changeLine(lines[position]);
     }
 }
 
@@ -90,8 +90,8 @@ void LineMutator::changeHead(std::string& head) {
     }
 }
 
-void LineMutator::changeOrder(Lines& lines, std::size_t place) {
-    const auto at = lines.begin() + static_cast<std::ptrdiff_t>(place);
+void LineMutator::changeOrder(Lines& lines, std::size_t position) {
+    const auto at = lines.begin() + static_cast<std::ptrdiff_t>(position);
     switch (below(5)) {
         case 0: lines.erase(at); return;
         case 1: {
@@ -110,7 +110,7 @@ void LineMutator::changeLine(std::string& line) {
         case 0: line.resize(below(line.size() + 1)); return;
         case 1:
         case 2:
-            // A mark at the end of a line lacks its last character then.
+            // This removes the last character of a mark at the end of a line.
             line.resize(line.size() - std::min<std::size_t>(line.size(), 1));
             return;
         case 3: shiftColumns(line); return;
@@ -126,16 +126,16 @@ void LineMutator::changeCharacter(std::string& line) {
         line.push_back(character());
         return;
     }
-    // A blank is changed less often than what stands between blanks.
-    std::size_t place = below(line.size());
-    if (line[place] == ' ') place = std::min(line.find_first_not_of(' ', place), line.size() - 1);
+    // Blanks are changed less often than the text between them.
+    std::size_t position = below(line.size());
+    if (line[position] == ' ') position = std::min(line.find_first_not_of(' ', position), line.size() - 1);
     switch (below(4)) {
-        case 0: line.erase(place, 1); return;
-        case 1: line.insert(place, 1, character()); return;
+        case 0: line.erase(position, 1); return;
+        case 1: line.insert(position, 1, character()); return;
         case 2:
-            if (place + 1 < line.size()) std::swap(line[place], line[place + 1]);
+            if (position + 1 < line.size()) std::swap(line[position], line[position + 1]);
             return;
-        default: line[place] = character(); return;
+        default: line[position] = character(); return;
     }
 }
 

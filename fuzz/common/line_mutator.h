@@ -1,4 +1,4 @@
-// Changes inputs as a person with a pencil would change a screen: line by line.
+// Mutates inputs line by line, as a person would edit a screen.
 #pragma once
 
 #include "fuzz/targets.h"
@@ -17,7 +17,7 @@ public:
     /// The input with a few changes.
     std::string mutated(Bytes input);
 
-    /// The head of one input and lines of both.
+    /// The head of one input with lines of both.
     std::string crossed(Bytes input, Bytes other);
 
 private:
@@ -31,7 +31,7 @@ private:
     char character();
     void change(Lines& lines);
     void changeHead(std::string& head);
-    void changeOrder(Lines& lines, std::size_t place);
+    void changeOrder(Lines& lines, std::size_t position);
     void changeLine(std::string& line);
     void changeCharacter(std::string& line);
     void shiftColumns(std::string& line);

@@ -1,5 +1,5 @@
-"""The build of the mutants: one tree of unchanged sources, built once. A mutant compiles what it changes into a
-folder of its own, reads the changed file in place of the real one, and takes every other object from that tree."""
+"""The build of the mutants: one tree of unchanged sources, built once. A mutant compiles the objects that it changes
+into its own folder, with the changed file instead of the real one, and takes all other objects from that tree."""
 
 import json
 import re
@@ -10,7 +10,7 @@ from pathlib import Path
 
 CORE = ("include/vantro/", "src/")
 CORE_OBJECTS = "CMakeFiles/vantro_profile_utils.dir/"
-FLAGS = "-O1 -w -fvisibility-inlines-hidden"  # the tests' inline functions never stand in for the library's
+FLAGS = "-O1 -w -fvisibility-inlines-hidden"  # the tests' copies of inline functions never replace the library's
 LIBRARY = "libVantroProfileUtils.so"
 STATIC_CHECK = re.compile(
     r"error: (static_assert|static assertion|constexpr variable '.*' must be initialized by a constant expression)"
@@ -34,7 +34,7 @@ class Build:
         self.with_simd = with_simd
 
     def copy_sources(self) -> None:
-        """The files of the working tree, with what is not committed; only what differs is written."""
+        """Copies the files of the working tree, uncommitted ones included; writes only those that differ."""
         listed = run(
             ["git", "ls-files", "-z", "--cached", "--others", "--exclude-standard"],
             cwd=self.root, check=True, capture_output=True,
@@ -87,7 +87,7 @@ class Build:
         self.test_links = {test: self._link_command(f"bin/{test}") for test in self.tests}
 
     def _link_command(self, output: str) -> list[str]:
-        """The command line of the link step whose output begins like this."""
+        """The command line of the link step whose output begins with this text."""
         target = output if output.startswith("bin/") else LIBRARY
         listing = run(["ninja", "-t", "commands", target], cwd=self.tree, check=True, capture_output=True).stdout
         for line in reversed(listing.splitlines()):
@@ -97,7 +97,7 @@ class Build:
         raise CannotBuild(f"no link step for {output}")
 
     def core_objects(self, file: str) -> list[str]:
-        """The library's objects that the file goes into; the source of the same name first."""
+        """The library's objects that include the file; the one of the same name first."""
         objects = [o for o in self.dependents.get(file, []) if o.startswith(CORE_OBJECTS)]
         stem = file.rsplit(".", 1)[0].removeprefix("include/vantro/")
         return sorted(objects, key=lambda name: (stem not in name, name))
@@ -111,7 +111,7 @@ class Build:
 
 
 class MutantBuild:
-    """The objects and programs of one mutant, in a folder of its own."""
+    """The objects and programs of one mutant, in its own folder."""
 
     def __init__(self, build: Build, folder: Path, file: str, text: str, execute):
         self.build, self.folder, self.file, self.execute = build, folder, file, execute
@@ -159,12 +159,12 @@ class MutantBuild:
         return self._link(self.build.library_link, self.folder / soname)
 
     def link_tests(self, objects: list[str]) -> bool:
-        """Links anew those test programs that one of the objects goes into, by itself or from an archive."""
+        """Relinks the test programs that contain one of the objects, directly or from an archive."""
         (self.folder / "bin").mkdir(exist_ok=True)
         for test, command in self.build.test_links.items():
             own = [o for o in objects if o in command]
             archives = {Path(word).parent for word in command if word.endswith(".a")}
-            # An archive's member stays out when what it defines is there already.
+            # The linker skips an archive member whose definitions it already has.
             from_archives = [
                 o for o in objects if "/CMakeFiles/" in o and Path(o.split("/CMakeFiles/")[0]) in archives
                 and o not in command

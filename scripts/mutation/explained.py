@@ -1,12 +1,11 @@
-"""The survivors that are known to change nothing that can be seen. An entry holds on by the text of the line, not by
-its number:
+"""The survivors that no test can notice. An entry identifies its line by the text, not by the number:
 
     file: src/display/display.cpp
     line: constexpr std::size_t usualMarks = 32;  // room
     to:   *
-    why:  only how much memory is asked for at first
+    why:  affects only the size of the first allocation
 
-"to" is the changed line, or "*" for any change of that line. Entries are parted by blank lines; "#" opens a comment.
+"to" is the changed line, or "*" for any change of that line. Entries are separated by blank lines; "#" begins a comment.
 """
 
 import sys

@@ -1,4 +1,4 @@
-"""The places of a source file that can be changed, and the changes for each."""
+"""The places of a source file that can be changed, and the changes for each place."""
 
 import bisect
 import random
@@ -49,7 +49,7 @@ OPERATORS = [
     ("relational", RELATIONAL), ("logical", LOGICAL), ("arithmetic", ARITHMETIC), ("assignment", ASSIGNING),
     ("bitwise", BITWISE),
 ]  # fmt: skip
-# In formatted code these are binary only between blanks.
+# In formatted code these operators are binary only between blanks.
 SPACED = {"<", ">", "&&", "+", "-", "*", "/", "%", "&", "|", "^", "<<", ">>"}
 AFTER_BODY_HEAD = {")", "]", "else", "do", "try", "const", "noexcept", "override", "mutable"}
 EXPRESSION = re.compile(r"(\+\+|--|\*|\(|(this->)?[A-Za-z_]\w*(::\w+)*(<[^;{}]*?>)?(\(|\.|->|=(?!=)|\+=|-=|\|=|&=|\+\+|--|\[))")
@@ -173,7 +173,7 @@ class Scanner:
         if not units:
             self._replace(token, "string", f'{prefix}"x"')
             return
-        middle = (token.start * 7) % len(units)  # any place, always the same one
+        middle = (token.start * 7) % len(units)  # any place, but always the same one
         other = "." if units[middle] == " " else "#" if units[middle] == "." else " " if middle % 3 == 0 else "Q"
         other = "X" if units[middle] == other else other
         for new in dict.fromkeys([
@@ -308,7 +308,7 @@ class Scanner:
 
 
 def siblings_in(texts: dict[str, str]) -> dict[str, dict[str, list[str]]]:
-    """What may stand for "X::y": the other enumerators of X, the constants of the same type in namespace X."""
+    """The replacements of "X::y": the other enumerators of X, or the constants of the same type in namespace X."""
     found: dict[str, dict[str, list[str]]] = {}
     for text in texts.values():
         text = re.sub(r"//[^\n]*", "", text)
@@ -333,7 +333,7 @@ def places_in(texts: dict[str, str], with_simd: bool = True) -> list[Place]:
 
 
 def chosen(places: list[Place], count: int, seed: int) -> list[Mutant]:
-    """One change at each of `count` places; where these are fewer, further changes at the same ones."""
+    """One change at each of `count` places; if there are fewer places, further changes at the same ones."""
     choice = random.Random(seed)
     rest = [(place, choice.sample(place.mutants, len(place.mutants))) for place in places]
     found: list[Mutant] = []

@@ -1,5 +1,5 @@
-"""Which sources a change in a header can reach. A source that names neither what is changed nor anything whose
-declaration names it, and so on, compiles to the same code."""
+"""Which sources a change in a header can affect. A source that uses neither the changed name nor, directly or
+indirectly, a declaration that uses it compiles to the same code."""
 
 from functools import lru_cache
 
@@ -77,7 +77,7 @@ def words_of(text: str) -> frozenset[str]:
 
 
 def reached(file: str, place: int, texts: dict[str, str], with_simd: bool) -> set[str]:
-    """The names that a change at this place of a header can give another meaning."""
+    """The names whose meaning can change with this place of a header."""
     names = {item.name for item in items_of(texts[file], with_simd) if item.start <= place < item.end}
     headers = [item for name, text in texts.items() if name.endswith(".h") for item in items_of(text, with_simd)]
     grows = True

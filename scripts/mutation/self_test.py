@@ -1,4 +1,4 @@
-"""Checks of the tokeniser and of what it is used for; scripts/mutate.sh --self-test."""
+"""Tests of the tokeniser and its users; scripts/mutate.sh --self-test."""
 
 import tempfile
 import unittest

@@ -1,4 +1,4 @@
-"""The test programs, cut into portions: first the many quick tests of every program, then the slow ones by one."""
+"""The test programs, divided into portions: first the many quick tests of every program, then each slow one."""
 
 import json
 import os
@@ -11,7 +11,7 @@ from pathlib import Path
 
 SLOW = 0.04  # seconds of a test
 MEMORY = 4 << 30
-OUTPUT = 1 << 17  # bytes of a program's output that are looked at, at its start and at its end
+OUTPUT = 1 << 17  # bytes of a program's output that are kept, from the start and from the end
 
 
 class Runner:
@@ -51,7 +51,7 @@ class Runner:
                 raise KeyboardInterrupt
             size = out.seek(0, os.SEEK_END)
             out.seek(0)
-            shown = out.read(OUTPUT)  # the failure comes first, then every test that is left out after it
+            shown = out.read(OUTPUT)  # the failure comes first, then every test that is skipped after it
             if size > 2 * OUTPUT:
                 out.seek(size - OUTPUT)
             return status, (shown + out.read()).decode("utf-8", "replace")
@@ -78,12 +78,12 @@ class Suite:
     def __init__(self, build, runner: Runner):
         self.build, self.runner = build, runner
         self.lock = threading.Lock()
-        self.killers: dict[str, list[tuple[str, str]]] = {}  # file -> the last tests that killed there
+        self.killers: dict[str, list[tuple[str, str]]] = {}  # file -> the tests that last killed a mutant of it
         self.kills: Counter = Counter()
         self.portions: list[Portion] = []
 
     def measure(self) -> list[str]:
-        """Runs the unchanged programs once and cuts them into portions. Returns the failing tests."""
+        """Runs the unchanged programs once and divides them into portions. Returns the failing tests."""
         failing = []
         for program in self.build.tests:
             report = self.build.folder / f"{program}.json"
@@ -131,7 +131,7 @@ class Suite:
         return first + sorted(self.portions, key=rank)
 
     def run(self, mutant_build, file: str, only=None, verbose: bool = False) -> str:
-        """What killed the mutant, or nothing."""
+        """The test that killed the mutant, or nothing."""
         temporary = mutant_build.folder / "tmp"
         temporary.mkdir(exist_ok=True)
         env = dict(os.environ, LD_LIBRARY_PATH=str(mutant_build.folder), TMPDIR=str(temporary))

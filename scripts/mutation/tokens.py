@@ -1,5 +1,5 @@
-"""Splits C++ source into tokens. Comments and preprocessor lines are left out, and so is what stands under
-"#if VANTRO_SSE2" and its "#else" where the build does not compile it."""
+"""Splits C++ source into tokens. Leaves out comments, preprocessor lines, and the branch of "#if VANTRO_SSE2" that the
+build does not compile."""
 
 import re
 from typing import NamedTuple
@@ -47,7 +47,7 @@ def tokens_of(text: str, with_simd: bool = True) -> list[Token]:
         kind = "raw" if match.group("raw") is not None else kind
         if kind == "blank":
             line_begins = "\n" in match.group()
-            if line_begins:  # back to the start of the line, where a directive may stand
+            if line_begins:  # back to the start of the line, where a directive may begin
                 place = match.start() + match.group().rfind("\n") + 1
                 if not _DIRECTIVE.match(text, place):
                     place, line_begins = match.end(), False
@@ -73,7 +73,7 @@ def _follow(directive: str, branches: list[bool], with_simd: bool) -> None:
 
 
 def closing_brackets(tokens: list[Token]) -> dict[int, int]:
-    """The index of the closing bracket for that of each opening one."""
+    """Maps the index of each opening bracket to that of its closing one."""
     pairs = {")": "(", "]": "[", "}": "{"}
     closing: dict[int, int] = {}
     open_ones: list[int] = []

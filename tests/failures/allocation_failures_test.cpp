@@ -1,4 +1,4 @@
-// Memory that runs out at the k-th allocation, k = 1, 2, 3, ... until the operation needs no further one.
+// The k-th allocation fails, k = 1, 2, 3, ... until the operation needs no further one.
 #include "tests/failures/allocations.h"
 #include "tests/failures/outcome.h"
 #include "tests/support/text.h"
@@ -15,10 +15,10 @@ using Extent = FailingAllocation::Extent;
 
 const std::string badAlloc = thrownAs(FailureKind::OutOfMemory);
 
-/// Every number up to 400, every 17th behind it.
+/// Every number up to 400, every 17th after that.
 long after(long number) { return number < 400 ? number + 1 : number + 17; }
 
-/// The numbers reported; it allocates nothing.
+/// The reported numbers; it does not allocate.
 class Numbers {
 public:
     void add(const Error& error) {
@@ -38,13 +38,13 @@ struct Result {
     Text command;
     int count = 0;
     TextList selection;
-    bool gaveCollection = false;
+    bool returnedCollection = false;
     std::vector<int> reported;
     long asked = 0;
 
     bool sameAnswer(const Result& other) const {
         return thrown == other.thrown && results == other.results && given == other.given && command == other.command &&
-               count == other.count && selection == other.selection && gaveCollection == other.gaveCollection &&
+               count == other.count && selection == other.selection && returnedCollection == other.returnedCollection &&
                reported == other.reported;
     }
 };
@@ -68,7 +68,7 @@ public:
             test::call(*object_, input_, given, answer);
         });
         result.asked = FailingAllocation::asked();
-        result.gaveCollection = answer.collection != nullptr;
+        result.returnedCollection = answer.collection != nullptr;
         if (given) result.given = entriesOf(given);
         if (answer.collection) result.results = entriesOf(answer.collection);
         result.command = answer.command;
@@ -85,7 +85,7 @@ private:
     std::unique_ptr<ProfileObject> object_;
 };
 
-/// What may come out of an operation, whichever of its steps fails.
+/// The possible outcomes of an operation, whichever of its steps fails.
 struct Allowed {
     std::vector<std::string> thrown;
     Reader reader = Reader::None;  ///< its failures may be reported instead
@@ -113,8 +113,8 @@ Allowed allowedFor(const Input& input) {
         case Operation::Count: break;
     }
     if (of == "RecLocCount") return {{badAlloc}, Reader::FillsResults};
-    const Consequence due = countConsequence(of);
-    return {{raised(due.number, due.description)}};
+    const Consequence expected = countConsequence(of);
+    return {{raised(expected.number, expected.description)}};
 }
 
 bool isBeginningOf(const Entries& begun, const Entries& whole) {
@@ -124,10 +124,10 @@ bool isBeginningOf(const Entries& begun, const Entries& whole) {
 class Starved {
 public:
     explicit Starved(const Input& input)
-        : input_(input), allowed_(allowedFor(input)), sound_(Called(input).call(0, Extent::One)) {}
+        : input_(input), allowed_(allowedFor(input)), normal_(Called(input).call(0, Extent::One)) {}
 
     void failEveryAllocation(Extent extent) {
-        for (long failing = 1; failing <= sound_.asked; failing = after(failing)) {
+        for (long failing = 1; failing <= normal_.asked; failing = after(failing)) {
             const long live = liveAllocations();
             ASSERT_NO_FATAL_FAILURE(fail(failing, extent)) << input_.name << ", allocation " << failing;
             ASSERT_EQ(liveAllocations(), live) << input_.name << ", allocation " << failing;
@@ -135,8 +135,8 @@ public:
         }
     }
 
-    /// The samples also hold calls that fail without any help.
-    bool isSound() const { return sound_.thrown.empty() && sound_.reported.empty(); }
+    /// The samples also contain calls that fail anyway.
+    bool succeedsNormally() const { return normal_.thrown.empty() && normal_.reported.empty(); }
 
     long tried() const { return tried_; }
 
@@ -148,13 +148,13 @@ private:
             ASSERT_NO_FATAL_FAILURE(expectReported(result));
         } else {
             const bool isAllowed = std::ranges::count(allowed_.thrown, result.thrown) > 0;
-            // Without any memory left there is none for an error's texts.
+            // Without any memory left an error cannot have texts.
             ASSERT_TRUE(isAllowed || (extent == Extent::AllFrom && result.thrown == badAlloc)) << result.thrown;
             ASSERT_TRUE(result.reported.empty());
-            ASSERT_FALSE(result.gaveCollection);
+            ASSERT_FALSE(result.returnedCollection);
         }
-        ASSERT_TRUE(isBeginningOf(result.given, sound_.given));
-        ASSERT_TRUE(called.call(0, extent).sameAnswer(sound_)) << "the failure left something behind";
+        ASSERT_TRUE(isBeginningOf(result.given, normal_.given));
+        ASSERT_TRUE(called.call(0, extent).sameAnswer(normal_)) << "the failure had a lasting effect";
     }
 
     void expectReported(const Result& result) {
@@ -166,18 +166,18 @@ private:
             ASSERT_EQ(result.count, 0);
             return;
         }
-        ASSERT_TRUE(result.gaveCollection);
-        const bool hasAllKeys = result.results.size() == sound_.results.size();
+        ASSERT_TRUE(result.returnedCollection);
+        const bool hasAllKeys = result.results.size() == normal_.results.size();
         ASSERT_TRUE(hasAllKeys || allowed_.reader == Reader::FillsResults);
-        ASSERT_TRUE(std::ranges::equal(result.results, std::span(sound_.results).first(result.results.size()), {},
+        ASSERT_TRUE(std::ranges::equal(result.results, std::span(normal_.results).first(result.results.size()), {},
                                        &Entry::key, &Entry::key));
-        const bool keysAreWhole = allowed_.reader == Reader::FillsResults && !allowed_.hasInnerReader;
-        ASSERT_TRUE(!keysAreWhole || isBeginningOf(result.results, sound_.results));
+        const bool keysAreComplete = allowed_.reader == Reader::FillsResults && !allowed_.hasInnerReader;
+        ASSERT_TRUE(!keysAreComplete || isBeginningOf(result.results, normal_.results));
     }
 
     const Input& input_;
     Allowed allowed_;
-    Result sound_;
+    Result normal_;
     long tried_ = 0;
 };
 
@@ -185,7 +185,7 @@ void starve(const std::vector<Input>& inputs, Extent extent) {
     long tried = 0;
     for (const Input& input : inputs) {
         Starved one(input);
-        if (!one.isSound()) continue;
+        if (!one.succeedsNormally()) continue;
         ASSERT_NO_FATAL_FAILURE(one.failEveryAllocation(extent));
         tried += one.tried();
     }

@@ -54,7 +54,7 @@ long FailingAllocation::asked() { return counted.asked; }
 
 }  // namespace vantro::test
 
-// The forms that take an alignment keep the standard library's own: nothing here is aligned beyond the usual.
+// The aligned forms stay the standard library's: nothing here needs more than the default alignment.
 void* operator new(std::size_t size) { return vantro::test::allocate(size); }
 void* operator new[](std::size_t size) { return vantro::test::allocate(size); }
 void operator delete(void* memory) noexcept { vantro::test::release(memory); }

@@ -1,4 +1,4 @@
-// This program's own operator new: it counts the allocations of a thread and can let one of them fail.
+// This program's own operator new: it counts a thread's allocations and can make one of them fail.
 #pragma once
 
 namespace vantro::test {
@@ -6,20 +6,21 @@ namespace vantro::test {
 /// Allocations of the calling thread that are not freed yet.
 long liveAllocations();
 
-/// While one lives, allocations of this thread are counted, and those to fail throw std::bad_alloc.
+/// While an object of this class exists, allocations of this thread are counted, and the chosen ones throw
+/// std::bad_alloc.
 class FailingAllocation {
 public:
-    /// Which ones fail: the one with the chosen number, or that and all behind it.
+    /// Which ones fail: only the one with the chosen number, or that one and all later ones.
     enum class Extent { One, AllFrom };
 
-    /// The allocation with this number, from 1, fails; 0 lets none fail.
+    /// The allocation with this number, from 1, fails; 0 makes none fail.
     explicit FailingAllocation(long number, Extent extent = Extent::One);
     ~FailingAllocation();
 
     FailingAllocation(const FailingAllocation&) = delete;
     FailingAllocation& operator=(const FailingAllocation&) = delete;
 
-    /// Allocations asked for since it was made.
+    /// Allocations attempted since construction.
     static long asked();
 };
 

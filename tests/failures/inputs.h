@@ -1,4 +1,4 @@
-// The calls that failures are tried on: every operation of every class, over inputs that take different ways through
+// The calls whose failures are tested: every operation of every class, over inputs that take different paths through
 // it. They come from the samples.
 #pragma once
 
@@ -21,9 +21,9 @@ struct Input {
     Text of;                            ///< the prefix of a query, the name of a count property
     std::optional<Entries> collection;  ///< parameters, state or request
     Text screen;                        ///< screen or display
-    TextList selection = {};            ///< of the prefix "ALL", as is the qualifier
+    TextList selection = {};            ///< for the prefix "ALL", like the qualifier
     Text qualifier = {};
-    Text searchString = {};  ///< of the notes' count
+    Text searchString = {};  ///< for the count of notes
 };
 
 /// A display of samples/profiles as the host shows it, or one without any text.
@@ -33,21 +33,21 @@ Text sampleDisplay(const std::string& sample);
 /// The commands and screens of samples/exchanges, and the counts of linked profiles.
 std::vector<Input> exchangeInputs();
 
-/// Every prefix, for one display of samples/profiles; with an index those that have one.
+/// Every prefix, for one display of samples/profiles; those that take an index also with one.
 std::vector<Input> queryInputs(const std::string& sample);
 
 /// Every count property of the parsers, for one display.
 std::vector<Input> countInputs(const std::string& sample);
 
-/// What a call is given, and its value.
+/// The arguments of a call, and its result.
 struct Answer {
-    TextList selection;  ///< of the prefix "ALL"; changed by it
+    TextList selection;  ///< for the prefix "ALL"; changed by it
     CollectionPtr collection;
     Text command;
     int count = 0;
 };
 
-/// Calls the operation with this collection and the selection of `answer`, and puts the value there. Does nothing else.
+/// Only calls the operation with this collection and the selection of `answer`, and stores the result there.
 void call(ProfileObject& object, const Input& input, const CollectionPtr& collection, Answer& answer);
 
 }  // namespace vantro::test

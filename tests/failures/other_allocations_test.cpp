@@ -1,5 +1,5 @@
-// Memory that runs out outside of the operations: in collections, while an object is created, while one of its lists is
-// asked for, and in `parseProfile`.
+// Running out of memory outside the operations: in collections, while an object is created, while one of its lists is
+// read, and in `parseProfile`.
 #include "tests/failures/allocations.h"
 #include "tests/failures/inputs.h"
 #include "tests/failures/profile_text.h"
@@ -16,8 +16,8 @@
 namespace vantro::test {
 namespace {
 
-/// Runs the steps with their first allocation failing, then with their second, until none fails. True while they
-/// failed; they then did so with std::bad_alloc and left nothing allocated.
+/// Runs the steps with allocation `failing` (from 1) failing. True if they then threw std::bad_alloc; it is a test
+/// failure if the steps swallow that.
 bool runsOut(long failing, const std::function<void()>& steps) {
     try {
         const FailingAllocation armed(failing);
@@ -29,7 +29,7 @@ bool runsOut(long failing, const std::function<void()>& steps) {
     return false;
 }
 
-// More keys than a search from front to back is meant for, each too long for a text without memory of its own.
+// More keys than a linear search is meant for, each too long for the small-string buffer.
 constexpr int keys = 40;
 Text keyOf(int number) { return u"strKeyWithALongName" + wide(std::to_string(number)); }
 ItemValue valueOf(int number) { return wide("the value number " + std::to_string(number)); }
@@ -56,7 +56,7 @@ void addStarved(int amount) {
             const Text key = keyOf(amount);
             ItemValue value = valueOf(amount);
             failed = runsOut(failing, [&] { collection.Add(key, std::move(value)); });
-            // The key is not added, or it is, and nothing else has changed.
+            // Either the key is added or it is not; nothing else has changed.
             if (failed && collection.entries().size() == static_cast<std::size_t>(amount)) {
                 ASSERT_NO_FATAL_FAILURE(expectKeys(collection, amount)) << "allocation " << failing;
                 collection.Add(key, valueOf(amount));
@@ -113,8 +113,8 @@ TEST(StarvedObject, IsCreatedOrNot) {
     }
 }
 
-// The lists of a new object hold an empty entry 0, however often asking for them failed.
-TEST(StarvedObject, GivesAListOrNone) {
+// The lists of a new object have an empty entry 0, however often reading them failed.
+TEST(StarvedObject, ReturnsAListOrNone) {
     BuiltInTerminal terminal;
     for (const TextView name : {u"strPPRText", u"strPPRNumber", u"strPASText", u"strPASNumber"}) {
         for (long failing = 1;; ++failing) {
@@ -161,7 +161,7 @@ TEST(StarvedObject, StoresAllEndlessNotesOrNone) {
     EXPECT_GT(failing, 4);
 }
 
-TEST(StarvedProfile, IsReadWhollyOrNotAtAll) {
+TEST(StarvedProfile, IsReadCompletelyOrNotAtAll) {
     long tried = 0;
     for (const char* const sample : {"every_family", "header_pf24", "odd", "wrapped", "minimal"}) {
         const Text display = sampleDisplay(sample);

@@ -18,7 +18,7 @@ ScreenLines linesOf(TextView screen) {
     return lines;
 }
 
-/// The linked profile that is asked for; 0 where the index is none, since no reader is reached then.
+/// The requested linked profile; 0 when the index is not a number, because then no reader runs.
 int indexIn(const Input& input) {
     int index = 0;
     for (const Entry& entry : input.collection.value_or(Entries{})) {
@@ -67,8 +67,8 @@ std::string reportedAs(FailureKind kind) {
 
 bool Outcome::sameAnswer(const Outcome& other) const {
     return thrown == other.thrown && command == other.command && count == other.count && selection == other.selection &&
-           gaveCollection == other.gaveCollection && results == other.results && added == other.added &&
-           reports == other.reports && givenToReports == other.givenToReports;
+           returnedCollection == other.returnedCollection && results == other.results && added == other.added &&
+           reports == other.reports && reportArguments == other.reportArguments;
 }
 
 Outcome Calling::call() {
@@ -84,8 +84,8 @@ Outcome Calling::call() {
         outcome.command = answer.command;
         outcome.count = answer.count;
         outcome.selection = answer.selection;
-        outcome.gaveCollection = answer.collection != nullptr;
-        if (outcome.gaveCollection && answer.collection != watched) outcome.results = entriesOf(answer.collection);
+        outcome.returnedCollection = answer.collection != nullptr;
+        if (outcome.returnedCollection && answer.collection != watched) outcome.results = entriesOf(answer.collection);
     });
     if (given) {
         outcome.added = entriesOf(given);
@@ -97,7 +97,7 @@ Outcome Calling::call() {
     for (std::size_t report = reportsBefore; report < terminal_.reports().size(); ++report) {
         const Report& made = terminal_.reports()[report];
         outcome.reports.push_back(described(made.current));
-        outcome.givenToReports.push_back(made.given ? described(*made.given) : std::string());
+        outcome.reportArguments.push_back(made.given ? described(*made.given) : std::string());
     }
     return outcome;
 }

@@ -1,4 +1,4 @@
-// One call with a terminal that fails, and what came of it.
+// One call with a failing terminal, and its outcome.
 #pragma once
 
 #include "tests/failures/inputs.h"
@@ -16,11 +16,11 @@ namespace vantro::test {
 std::string described(const Error& error);
 std::string described(int number, std::string_view source, std::string_view description);
 
-/// What comes out of the steps, in one line: an error as above, "std::bad_alloc", "std::runtime_error: ...", "int 42";
-/// empty when they end well.
+/// The outcome of the steps in one line: an error as above, "std::bad_alloc", "std::runtime_error: ...", "int 42";
+/// empty when they succeed.
 std::string thrownBy(const std::function<void()>& steps);
 
-/// What a failure of this kind is when it passes, and as what it is reported.
+/// How a failure of this kind appears when it passes unchanged, and when it is reported.
 std::string thrownAs(FailureKind kind);
 std::string reportedAs(FailureKind kind);
 
@@ -29,11 +29,11 @@ struct Outcome {
     Text command;
     int count = 0;
     TextList selection;
-    bool gaveCollection = false;
+    bool returnedCollection = false;
     Entries results;  ///< of a collection that the call created
-    Entries added;    ///< to the given collection
+    Entries added;    ///< to the collection passed in
     std::vector<std::string> reports;
-    std::vector<std::string> givenToReports;  ///< empty texts where the reports' arguments were left out
+    std::vector<std::string> reportArguments;  ///< empty texts where the report had no arguments
     Calls calls;
 
     bool sameAnswer(const Outcome& other) const;
@@ -45,7 +45,7 @@ public:
     explicit Calling(const Input& input, const Failing& failing = {})
         : input_(input), terminal_(failing), object_(createObject(*findClass(input.className), terminal_)) {}
 
-    /// Makes the call; once more each time.
+    /// Makes the call; again each time it is called.
     Outcome call();
 
 private:
@@ -54,7 +54,7 @@ private:
     std::unique_ptr<ProfileObject> object_;
 };
 
-/// The consequence that the rules give for the failure of call `failing` (from 0).
+/// The outcome that the rules state for the failure of call `failing` (from 0).
 Consequence consequence(const Input& input, const Calls& calls, std::size_t failing);
 
 }  // namespace vantro::test

@@ -1,4 +1,4 @@
-// A whole profile written out, so that two can be compared.
+// A whole profile as text, for comparing two.
 #pragma once
 
 #include "vantro/profile.h"

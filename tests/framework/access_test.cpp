@@ -30,9 +30,9 @@ TEST_F(ParametersTest, AbsentIntegerRaises91) {
     EXPECT_EQ(raisedNumber([&] { parameters().read(number); }), 91);
 }
 
-TEST_F(ParametersTest, AbsentIntegersTextIsEmpty) { EXPECT_EQ(parameters().readAsText(number), u""); }
+TEST_F(ParametersTest, TheTextOfAnAbsentIntegerIsEmpty) { EXPECT_EQ(parameters().readAsText(number), u""); }
 
-TEST_F(ParametersTest, ReadsATextAsItIs) {
+TEST_F(ParametersTest, ReadsATextUnchanged) {
     given(u"strKeyName", Text(u" SMITH/ANNA "));
     EXPECT_EQ(parameters().read(text), u" SMITH/ANNA ");
 }
@@ -103,7 +103,7 @@ TEST_F(ParametersTest, AnAbsentListRaises91) {
     EXPECT_EQ(raisedNumber([&] { parameters().readEntry(list, 0); }), 91);
 }
 
-TEST_F(ParametersTest, AListKeyThatHoldsNoListRaises13) {
+TEST_F(ParametersTest, AListKeyWithAnotherValueRaises13) {
     given(u"strKeyElement()", Text(u"AISLE"));
     EXPECT_EQ(raisedNumber([&] { parameters().readEntry(list, 0); }), 13);
     given(u"strKeyElement()", std::int16_t{1});
@@ -139,13 +139,13 @@ TEST(ResultsTest, AddsEachKindUnderItsKeyInOrder) {
     EXPECT_EQ(collection.entries()[3].Value(), ItemValue(std::int16_t{38}));
 }
 
-TEST(ResultsTest, TakesATextOver) {
+TEST(ResultsTest, TakesOverAText) {
     BuiltInCollection collection;
     Results(collection).add(text, Text(u"KESTREL"));
     EXPECT_EQ(collection.entries()[0].Value(), ItemValue(Text(u"KESTREL")));
 }
 
-// A list whose lower bound is above 0, as a terminal can store one.
+// A list with a lower bound above 0, as a terminal may store one.
 class RaisedList final : public KeyedCollection, public KeyedItem {
 public:
     void Add(TextView /*key*/, ItemValue /*value*/) override {}

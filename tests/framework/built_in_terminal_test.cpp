@@ -7,7 +7,7 @@
 namespace vantro {
 namespace {
 
-/// A stored item with this value, as an item operation receives it.
+/// A stored item with this value, as item operations receive it.
 ItemPtr itemOf(ItemValue value) { return std::make_shared<BuiltInCollection::Entry>(u"key", std::move(value)); }
 
 // The collection
@@ -26,7 +26,7 @@ TEST(BuiltInCollection, KeysKeepTheOrderOfTheirFirstAdd) {
     EXPECT_EQ(collection.entries()[2].key(), u"c");
 }
 
-TEST(BuiltInCollection, AnAbsentKeyGivesAnAbsentItem) {
+TEST(BuiltInCollection, AnAbsentKeyReturnsAnAbsentItem) {
     BuiltInCollection collection;
     collection.Add(u"strKeyName", Text(u"SMITH"));
     EXPECT_EQ(collection.Item(u"strKeyCompany"), nullptr);
@@ -34,7 +34,7 @@ TEST(BuiltInCollection, AnAbsentKeyGivesAnAbsentItem) {
     EXPECT_EQ(collection.Item(u""), nullptr);
 }
 
-TEST(BuiltInCollection, AnItemHoldsTheStoredValue) {
+TEST(BuiltInCollection, AnItemContainsTheStoredValue) {
     BuiltInCollection collection;
     collection.Add(u"strKeyElement()", TextList{u"", u"AISLE"});
     const ItemPtr item = collection.Item(u"strKeyElement()");
@@ -47,7 +47,7 @@ TEST(BuiltInCollection, AnItemHoldsTheStoredValue) {
 class BuiltInFunctions : public testing::Test {
 protected:
     TextView textOf(ItemValue value) { return functions.ItemText(itemOf(std::move(value)), store); }
-    bool truthOf(TextView text) { return functions.ItemBoolean(itemOf(Text(text))); }
+    bool booleanOf(TextView text) { return functions.ItemBoolean(itemOf(Text(text))); }
 
     BuiltInTerminal terminal;
     TerminalFunctions& functions = terminal.functions();
@@ -56,7 +56,7 @@ protected:
 
 TEST_F(BuiltInFunctions, ItemTextOfAnAbsentItemIsEmpty) { EXPECT_EQ(functions.ItemText(nullptr, store), u""); }
 
-TEST_F(BuiltInFunctions, ItemTextGivesATextAsItIs) {
+TEST_F(BuiltInFunctions, ItemTextReturnsATextUnchanged) {
     BuiltInCollection collection;
     collection.Add(u"strKeyName", Text(u" smith/ANNA "));
     const ItemPtr item = collection.Item(u"strKeyName");
@@ -64,7 +64,7 @@ TEST_F(BuiltInFunctions, ItemTextGivesATextAsItIs) {
     EXPECT_EQ(functions.ItemText(item, store).data(), std::get<Text>(item->Value()).data()) << "a view, not a copy";
 }
 
-TEST_F(BuiltInFunctions, ItemTextSpellsOtherKinds) {
+TEST_F(BuiltInFunctions, ItemTextConvertsOtherKinds) {
     EXPECT_EQ(textOf(true), u"True");
     EXPECT_EQ(textOf(false), u"False");
     EXPECT_EQ(textOf(std::int16_t{0}), u"0");
@@ -90,23 +90,23 @@ TEST_F(BuiltInFunctions, ItemBooleanTakesBooleansAndIntegers) {
 }
 
 TEST_F(BuiltInFunctions, ItemBooleanTakesTruthWordsInAnyCase) {
-    for (const TextView text : {u"True", u"true", u"TRUE", u"tRuE"}) EXPECT_TRUE(truthOf(text));
-    for (const TextView text : {u"False", u"false", u"FALSE", u"fAlSe"}) EXPECT_FALSE(truthOf(text));
+    for (const TextView text : {u"True", u"true", u"TRUE", u"tRuE"}) EXPECT_TRUE(booleanOf(text));
+    for (const TextView text : {u"False", u"false", u"FALSE", u"fAlSe"}) EXPECT_FALSE(booleanOf(text));
 }
 
 TEST_F(BuiltInFunctions, ItemBooleanTakesWholeNumbersOfAnyLength) {
     for (const TextView text : {u"1", u"-1", u"+1", u"0001", u"10", u"100000000000000000000000000000"}) {
-        EXPECT_TRUE(truthOf(text));
+        EXPECT_TRUE(booleanOf(text));
     }
-    for (const TextView text : {u"0", u"-0", u"+0", u"000000000000000000000000000000"}) EXPECT_FALSE(truthOf(text));
+    for (const TextView text : {u"0", u"-0", u"+0", u"000000000000000000000000000000"}) EXPECT_FALSE(booleanOf(text));
 }
 
-TEST_F(BuiltInFunctions, ItemBooleanOfTheEmptyTextIsFalse) { EXPECT_FALSE(truthOf(u"")); }
+TEST_F(BuiltInFunctions, ItemBooleanOfTheEmptyTextIsFalse) { EXPECT_FALSE(booleanOf(u"")); }
 
 TEST_F(BuiltInFunctions, ItemBooleanOfAnyOtherTextRaises13) {
     for (const TextView text : {u" ", u" True", u"True ", u" 1", u"1 ", u"Yes", u"T", u"Tru", u"Truer", u"+", u"-",
                                 u"--1", u"+ 1", u"1.0", u"0x1", u"-True"}) {
-        EXPECT_EQ(raisedNumber([&] { truthOf(text); }), 13) << Text(text).size();
+        EXPECT_EQ(raisedNumber([&] { booleanOf(text); }), 13) << Text(text).size();
     }
 }
 
@@ -136,7 +136,7 @@ TEST_F(BuiltInFunctions, ScreenLineBelowZeroRaises5) {
     EXPECT_EQ(raisedNumber([&] { functions.ScreenLine(u"SCREEN", -1, store); }), 5);
 }
 
-TEST_F(BuiltInFunctions, FindMarkerLooksAtTheWholeScreenWhateverTheLine) {
+TEST_F(BuiltInFunctions, FindMarkerSearchesTheWholeScreenWhateverTheLine) {
     const Text screen = Text(800, u' ') + u"*T*";
     for (const auto line : std::initializer_list<std::int16_t>{0, 4, 6, 10, 32767, -1}) {
         EXPECT_TRUE(functions.FindMarker(screen, u"*T*", line)) << line;
@@ -177,7 +177,7 @@ INSTANTIATE_TEST_SUITE_P(Fields, BuiltInTextField,
                                          FieldCase{"NegativeNumber", u"A B", -1, u" ", u""}),
                          [](const auto& test) { return std::string(test.param.rule); });
 
-TEST_P(BuiltInTextField, GivesTheFieldOrNothing) {
+TEST_P(BuiltInTextField, ReturnsTheFieldOrEmpty) {
     BuiltInTerminal terminal;
     TextStore store;
     const FieldCase& test = GetParam();
@@ -186,14 +186,14 @@ TEST_P(BuiltInTextField, GivesTheFieldOrNothing) {
 
 // Reported errors
 
-TEST(BuiltInReporter, HandsTheCurrentErrorToTheSink) {
+TEST(BuiltInReporter, PassesTheCurrentErrorToTheSink) {
     std::vector<int> numbers;
     BuiltInTerminal terminal([&](const Error& error) { numbers.push_back(error.number()); });
     terminal.errorReporter().ReportError(Error(13, u"here", u"wrong kind"), nullptr);
     EXPECT_EQ(numbers, std::vector<int>{13});
 }
 
-TEST(BuiltInReporter, HandsTheGivenErrorToTheSinkInstead) {
+TEST(BuiltInReporter, PassesAnExplicitErrorToTheSinkInstead) {
     std::vector<Error> errors;
     BuiltInTerminal terminal([&](const Error& error) { errors.push_back(error); });
     const Error given(5130, u"title", u"text");

@@ -40,7 +40,7 @@ TEST_P(FailingStep, HasItsNumberTheLibrarysSourceAndADescription) {
     EXPECT_FALSE(error->description().empty());
 }
 
-TEST(Error, HoldsNumberSourceAndDescription) {
+TEST(Error, ContainsNumberSourceAndDescription) {
     const Error error(5075, u"source", u"description");
     EXPECT_EQ(error.number(), 5075);
     EXPECT_EQ(error.source(), u"source");
@@ -52,12 +52,12 @@ TEST(Error, TheLogLineIsPlainAscii) {
     EXPECT_EQ(std::string_view(Error(7, u"", u"a\u00E9\nb").what()), "error 7: a??b");
 }
 
-TEST(ErrorFrame, GivesTheResultOfAnOperationThatEndsWell) {
+TEST(ErrorFrame, ReturnsTheResultOfASuccessfulOperation) {
     EXPECT_EQ(raiseAs(5010, u"text", [] { return 42; }), 42);
     EXPECT_EQ(raiseAs(TransErrors::passesThrough, u"text", [] { return 42; }), 42);
 }
 
-TEST(ErrorFrame, TurnsAnyFailureIntoTheOperationsOwn) {
+TEST(ErrorFrame, TurnsAnyFailureIntoTheOperationsError) {
     for (const Failure failure : {Failure::InvalidProcedureCall, Failure::Overflow, Failure::ObjectNotSet}) {
         const auto error = raised([&] { raiseAs(5010, u"text", [&]() -> int { fail(failure); }); });
         ASSERT_TRUE(error);
@@ -67,7 +67,7 @@ TEST(ErrorFrame, TurnsAnyFailureIntoTheOperationsOwn) {
     }
 }
 
-TEST(ErrorFrame, WithoutANumberTheStepsOwnErrorPasses) {
+TEST(ErrorFrame, WithoutANumberTheStepsErrorPassesUnchanged) {
     const auto error = raised([] {
         raiseAs(TransErrors::passesThrough, u"text", []() -> int { throw Error(1234, u"elsewhere", u"its text"); });
     });
@@ -77,7 +77,7 @@ TEST(ErrorFrame, WithoutANumberTheStepsOwnErrorPasses) {
     EXPECT_EQ(error->description(), u"its text");
 }
 
-TEST(ErrorFrame, TheInnermostOperationsNumberIsReplacedByTheOuters) {
+TEST(ErrorFrame, TheInnerOperationsNumberIsReplacedByTheOuterOne) {
     EXPECT_EQ(raisedNumber([] {
                   raiseAs(5500, u"outer",
                           [] { return raiseAs(5505, u"inner", []() -> int { fail(Failure::Overflow); }); });
@@ -92,7 +92,7 @@ TEST(ReportedErrors, AFailingReaderIsReportedOnceAndSwallowed) {
     EXPECT_EQ(reported, std::vector<int>{13});
 }
 
-TEST(ReportedErrors, AReaderThatEndsWellReportsNothing) {
+TEST(ReportedErrors, ASuccessfulReaderReportsNothing) {
     std::vector<int> reported;
     BuiltInTerminal terminal([&](const Error& error) { reported.push_back(error.number()); });
     bool ran = false;

@@ -36,8 +36,8 @@ class NoNumberInText : public testing::TestWithParam<RaisingCase> {};
 
 INSTANTIATE_TEST_SUITE_P(
     Int16, NoNumberInText,
-    testing::Values(RaisingCase{"Empty", u"", 13}, RaisingCase{"BlanksAlone", u"   ", 13},
-                    RaisingCase{"SignAlone", u"-", 13}, RaisingCase{"TwoSigns", u"--1", 13},
+    testing::Values(RaisingCase{"Empty", u"", 13}, RaisingCase{"OnlyBlanks", u"   ", 13},
+                    RaisingCase{"OnlyASign", u"-", 13}, RaisingCase{"TwoSigns", u"--1", 13},
                     RaisingCase{"BlankAfterTheSign", u"- 1", 13}, RaisingCase{"BlankInside", u"1 2", 13},
                     RaisingCase{"Letters", u"A1", 13}, RaisingCase{"Point", u"1.0", 13},
                     RaisingCase{"TruthWord", u"True", 13}, RaisingCase{"Tab", u"\t1", 13},
@@ -50,7 +50,7 @@ TEST_P(NoNumberInText, Raises) {
     EXPECT_EQ(raisedNumber([] { toInt16(GetParam().text); }), GetParam().number);
 }
 
-TEST(Int16, AnIntegerStaysAsItIs) {
+TEST(Int16, AnIntegerIsUnchanged) {
     EXPECT_EQ(toInt16(ItemValue(std::int16_t{-32768})), -32768);
     EXPECT_EQ(toInt16(ItemValue(std::int16_t{32767})), 32767);
 }
@@ -78,7 +78,7 @@ TEST(Int16, ANumberOutside16BitsRaises6) {
     EXPECT_EQ(raisedNumber([] { toInt16(-32769LL); }), 6);
 }
 
-TEST(Counter, StartsAtZeroUnlessTold) {
+TEST(Counter, StartsAtZeroByDefault) {
     EXPECT_EQ(Counter().value(), 0);
     EXPECT_EQ(Counter(4).value(), 4);
 }

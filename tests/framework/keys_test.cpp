@@ -1,4 +1,4 @@
-// What a key's spelling allows is decided while compiling; these tests ask the compiler.
+// The spelling of a key decides at compile time what it allows; these tests ask the compiler.
 #include "framework/keys.h"
 #include "framework/access.h"
 
@@ -20,7 +20,7 @@ struct Spelling {
     constexpr TextView view() const { return {characters, N - 1}; }
 };
 
-/// True when a key of this type may be spelled so.
+/// True when a key of this type may have this spelling.
 template <class T, Spelling spelling>
 concept Spellable = requires {
     typename std::bool_constant<(Key<T>{spelling.view()}, true)>;
@@ -33,7 +33,7 @@ TEST(Keys, ABooleanBeginsWithBln) {
     EXPECT_FALSE((Spellable<bool, u"KeyError">));
 }
 
-TEST(Keys, ATextBeginsWithStrAndIsNoList) {
+TEST(Keys, ATextBeginsWithStrAndIsNotAList) {
     EXPECT_TRUE((Spellable<Text, u"strKeyName">));
     EXPECT_FALSE((Spellable<Text, u"blnKeyName">));
     EXPECT_FALSE((Spellable<Text, u"intKeyName">));
@@ -61,7 +61,7 @@ concept Addable = requires(Results results, const K& key, Value value) {
     results.add(key, value);
 };
 
-TEST(Keys, ResultsTakeAKeysOwnTypeOnly) {
+TEST(Keys, ResultsAcceptOnlyTheKeysType) {
     EXPECT_TRUE((Addable<Key<bool>, bool>));
     EXPECT_FALSE((Addable<Key<bool>, int>));
     EXPECT_FALSE((Addable<Key<bool>, const char16_t*>));
@@ -75,7 +75,7 @@ TEST(Keys, ResultsTakeAKeysOwnTypeOnly) {
 template <class T>
 using ReadType = decltype(std::declval<Parameters&>().read(std::declval<const Key<T>&>()));
 
-TEST(Keys, ReadingGivesTheKeysType) {
+TEST(Keys, ReadingReturnsTheKeysType) {
     EXPECT_TRUE((std::same_as<ReadType<bool>, bool>));
     EXPECT_TRUE((std::same_as<ReadType<Text>, TextView>));
     EXPECT_TRUE((std::same_as<ReadType<std::int16_t>, std::int16_t>));

@@ -8,7 +8,7 @@
 namespace vantro {
 namespace {
 
-/// A set of places written out, "1" for a place that is in it.
+/// A set of positions written as text: "1" for a position that is in the set.
 using Written = std::string;
 
 Written written(LineBits bits) {
@@ -19,41 +19,41 @@ Written written(LineBits bits) {
 
 LineBits bitsOf(const Written& text) {
     LineBits bits;
-    for (std::size_t place = 0; place < text.size(); ++place) {
-        if (text[place] == '1') bits = bits | LineBits::range(place, 1);
+    for (std::size_t position = 0; position < text.size(); ++position) {
+        if (text[position] == '1') bits = bits | LineBits::range(position, 1);
     }
     return bits;
 }
 
-/// True when the text, and nothing but zeros behind it, has these characters from a place on.
-bool stands(const Written& text, std::size_t place, const Written& wanted) {
+/// True when the text, followed by zeros, has these characters from a position on.
+bool isAt(const Written& text, std::size_t position, const Written& wanted) {
     const Written padded = text + Written(LineBits::capacity, '0');
-    return padded.compare(place, wanted.size(), wanted) == 0;
+    return padded.compare(position, wanted.size(), wanted) == 0;
 }
 
-/// Every place at which one of the wanted pieces stands.
-Written placesOf(const Written& text, const Written& wanted) {
-    Written places(LineBits::capacity, '0');
-    for (std::size_t place = 0; place < places.size(); ++place) {
-        if (stands(text, place, wanted)) places[place] = '1';
+/// Every position of one of the wanted pieces.
+Written positionsOf(const Written& text, const Written& wanted) {
+    Written positions(LineBits::capacity, '0');
+    for (std::size_t position = 0; position < positions.size(); ++position) {
+        if (isAt(text, position, wanted)) positions[position] = '1';
     }
-    return places;
+    return positions;
 }
 
 /// Sets of any density.
 Written randomSet(std::mt19937& engine) {
     Written text(LineBits::capacity, '0');
     const auto share = engine() % 10 + 1;
-    for (char& place : text) place = engine() % 10 < share ? '1' : '0';
+    for (char& position : text) position = engine() % 10 < share ? '1' : '0';
     return text;
 }
 
-TEST(LineBits, ARangeIsThePlacesFromItsBeginOn) {
+TEST(LineBits, ARangeIsThePositionsFromItsBegin) {
     for (std::size_t begin = 0; begin < 140; ++begin) {
         for (const std::size_t count : {std::size_t{0}, std::size_t{1}, std::size_t{6}, std::size_t{63}}) {
             Written expected(LineBits::capacity, '0');
-            for (std::size_t place = begin; place < begin + count && place < expected.size(); ++place) {
-                expected[place] = '1';
+            for (std::size_t position = begin; position < begin + count && position < expected.size(); ++position) {
+                expected[position] = '1';
             }
             EXPECT_EQ(written(LineBits::range(begin, count)), expected) << begin << ", " << count;
         }
@@ -66,7 +66,7 @@ TEST(LineBits, BlanksBeforeWordsOfALengthAreFound) {
         const Written text = randomSet(engine);
         for (const unsigned length : {1U, 2U, 3U, 4U}) {
             const Written word = "1" + Written(length, '0') + "1";
-            EXPECT_EQ(written(bitsOf(text).beforeWords(length)), placesOf(text, word)) << text;
+            EXPECT_EQ(written(bitsOf(text).beforeWords(length)), positionsOf(text, word)) << text;
         }
     }
 }
@@ -76,12 +76,12 @@ TEST(LineBits, RunsOfALengthAreFound) {
     for (int round = 0; round < 500; ++round) {
         const Written text = randomSet(engine);
         for (const unsigned length : {2U, 5U, 7U}) {
-            EXPECT_EQ(written(bitsOf(text).runs(length)), placesOf(text, Written(length, '1'))) << text;
+            EXPECT_EQ(written(bitsOf(text).runs(length)), positionsOf(text, Written(length, '1'))) << text;
         }
     }
 }
 
-TEST(LineCharacters, OfALineOfAnyLengthAreComparedOneByOne) {
+TEST(LineCharacters, AreComparedOneByOneInALineOfAnyLength) {
     std::mt19937 engine(3);
     const Text alphabet = u" /->F\u00AF\u012F\u202F\uFF2F";  // some share their low byte with the slash
     for (std::size_t length = 0; length <= LineBits::capacity; ++length) {
@@ -89,9 +89,9 @@ TEST(LineCharacters, OfALineOfAnyLengthAreComparedOneByOne) {
         for (char16_t& character : line) character = alphabet[engine() % alphabet.size()];
         Written blanks(LineBits::capacity, '1');
         Written slashes(LineBits::capacity, '0');
-        for (std::size_t place = 0; place < length; ++place) {
-            blanks[place] = line[place] == u' ' ? '1' : '0';
-            slashes[place] = line[place] == u'/' ? '1' : '0';
+        for (std::size_t position = 0; position < length; ++position) {
+            blanks[position] = line[position] == u' ' ? '1' : '0';
+            slashes[position] = line[position] == u'/' ? '1' : '0';
         }
         withCharacters(line, [&](const auto& characters) {
             EXPECT_EQ(written(characters.blanks()), blanks) << length;

@@ -1,4 +1,4 @@
-// What the framework's tests share.
+// Helpers of the framework tests.
 #pragma once
 
 #include "vantro/error.h"
@@ -8,7 +8,7 @@
 
 namespace vantro {
 
-/// The error that the steps raise, or nothing when they end well.
+/// The error that the steps raise, or nothing.
 template <class Steps>
 std::optional<Error> raised(Steps&& steps) {
     try {
@@ -19,7 +19,7 @@ std::optional<Error> raised(Steps&& steps) {
     return std::nullopt;
 }
 
-/// The number of the error that the steps raise, or 0 when they end well.
+/// The number of the error that the steps raise, or 0 for none.
 template <class Steps>
 int raisedNumber(Steps&& steps) {
     const auto error = raised(std::forward<Steps>(steps));

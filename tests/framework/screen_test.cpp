@@ -10,8 +10,8 @@
 namespace vantro {
 namespace {
 
-/// A terminal library that stands around the built-in one, writes down which lines are fetched and which markers
-/// are looked for, and hands out lines of its own making, as a remote terminal does.
+/// Wraps the built-in terminal, notes which lines are fetched and which markers are searched, and returns lines of its
+/// own, as a remote terminal does.
 class WatchingTerminal final : public Terminal, private TerminalFunctions {
 public:
     TerminalFunctions& functions() override { return *this; }
@@ -41,7 +41,7 @@ private:
     BuiltInTerminal inner_;
 };
 
-/// The lines, each filled up with blanks to the width of the screen.
+/// The lines, each padded with blanks to the width of the screen.
 Text screenOf(std::initializer_list<TextView> lines) {
     Text text;
     for (const TextView line : lines) {
@@ -88,7 +88,7 @@ TEST(ScreenOnAnotherTerminal, FetchesEachLineOnce) {
     EXPECT_EQ(terminal.linesFetched, (std::vector<int>{1, 0, 5}));
 }
 
-TEST(ScreenOnAnotherTerminal, FetchedLinesLiveAsLongAsTheScreen) {
+TEST(ScreenOnAnotherTerminal, FetchedLinesStayValidAsLongAsTheScreen) {
     WatchingTerminal terminal;
     const Text text = screenOf({u"FIRST", u"SECOND"});
     Screen screen(terminal, text);
@@ -135,19 +135,19 @@ TEST(FindShown, TheFirstLineThatMatchesDecides) {
     EXPECT_EQ(trimmed(seen.line), u"*C* TOOLS");
 }
 
-TEST(FindShown, OnOneLineTheTablesOrderDecides) {
+TEST(FindShown, OnOneLineTheOrderOfTheTableDecides) {
     BuiltInTerminal terminal;
     Screen screen(terminal, u"*T* AND *C*");
     EXPECT_EQ(findShown(screen, {0, 0}, kinds, Shown::Nothing).shown, Shown::Traveller);
 }
 
-TEST(FindShown, AMarkThatStartsALineIsNotFoundInIt) {
+TEST(FindShown, AMarkThatMustStartALineIsNotFoundInsideIt) {
     BuiltInTerminal terminal;
     Screen screen(terminal, u" *T*");
     EXPECT_EQ(findShown(screen, {0, 0}, kinds, Shown::Nothing).shown, Shown::Nothing);
 }
 
-TEST(FindShown, LooksAtBothEndsOfTheRangeAndNoFurther) {
+TEST(FindShown, TestsBothEndsOfTheRangeAndNothingBeyond) {
     BuiltInTerminal terminal;
     const Text text = screenOf({u"*T* A", u"", u"", u"*T* B"});
     Screen screen(terminal, text);
@@ -156,7 +156,7 @@ TEST(FindShown, LooksAtBothEndsOfTheRangeAndNoFurther) {
     EXPECT_EQ(findShown(screen, {1, 2}, kinds, Shown::Nothing).shown, Shown::Nothing);
 }
 
-TEST(FindShown, WithoutAMatchTheLastLineLookedAtIsGiven) {
+TEST(FindShown, WithoutAMatchTheLastTestedLineIsReturned) {
     BuiltInTerminal terminal;
     const Text text = screenOf({u"A", u"B", u"C", u"D"});
     Screen screen(terminal, text);

@@ -55,7 +55,7 @@ TEST(TextOps, ResultsAreViewsOfTheArgument) {
     EXPECT_EQ(right(text, Width{3}).data(), text.data() + 8);
 }
 
-TEST(TextOps, LeftAndRightGiveWhatThereIs) {
+TEST(TextOps, LeftAndRightReturnAtMostTheText) {
     EXPECT_EQ(left(u"KQ4R7T", Width{2}), u"KQ");
     EXPECT_EQ(left(u"KQ", Width{6}), u"KQ");
     EXPECT_EQ(left(u"KQ", Width{0}), u"");
@@ -65,7 +65,7 @@ TEST(TextOps, LeftAndRightGiveWhatThereIs) {
     EXPECT_EQ(right(u"", Width{6}), u"");
 }
 
-TEST(TextOps, TrimmingTakesBlanksOffBothEnds) {
+TEST(TextOps, TrimmingRemovesBlanksAtBothEnds) {
     EXPECT_EQ(trimmed(u"  A B  "), u"A B");
     EXPECT_EQ(trimmed(u"AB"), u"AB");
     EXPECT_EQ(trimmed(u"    "), u"");
@@ -82,13 +82,13 @@ TEST(TextOps, OnlyU0020IsABlank) {
     EXPECT_FALSE(isBlank(u"\u3000"));
 }
 
-TEST(TextOps, BlankIsEmptyOrNothingButBlanks) {
+TEST(TextOps, BlankMeansEmptyOrOnlyBlanks) {
     EXPECT_TRUE(isBlank(u""));
     EXPECT_TRUE(isBlank(u"     "));
     EXPECT_FALSE(isBlank(u"    ."));
 }
 
-TEST(TextOps, FindGivesTheColumnOfTheFirstPlace) {
+TEST(TextOps, FindReturnsTheFirstColumn) {
     EXPECT_EQ(find(u"PX3 PX4", u"PX"), Column{1});
     EXPECT_EQ(find(u"PX3 PX4", u"PX4"), Column{5});
     EXPECT_EQ(find(u"PX3 PX4", u"PX5"), Column{0});
@@ -112,14 +112,14 @@ TEST(TextOps, FindBelowColumn1Raises5) {
     EXPECT_EQ(raisedNumber([] { find(u"PX", u"X", Column{0}); }), 5);
 }
 
-TEST(TextOps, HoldsLooksAnywhereOrFromAColumn) {
+TEST(TextOps, HoldsSearchesEverywhereOrFromAColumn) {
     EXPECT_TRUE(contains(u" 12 PPR/AISLE", u"PPR/"));
     EXPECT_FALSE(contains(u" 12 PPR/AISLE", u"PPS/"));
     EXPECT_TRUE(containsFrom(u" 12 PPR/AISLE", u"PPR/", Column{5}));
     EXPECT_FALSE(containsFrom(u" 12 PPR/AISLE", u"PPR/", Column{6}));
 }
 
-TEST(TextOps, NumericIsOneOrMoreDigitsAndNothingElse) {
+TEST(TextOps, NumericMeansOneOrMoreDigitsAndNothingElse) {
     for (const TextView text : {u"0", u"9", u"007", u"123456789012345678901234567890"}) {
         EXPECT_TRUE(isNumeric(text)) << Text(text).size();
     }
@@ -134,13 +134,13 @@ TEST(TextOps, ACharacterIsOneCodeUnit) {
     EXPECT_EQ(mid(pair, Column{3}, Width{1}), u"X");
 }
 
-TEST(TextOps, JoinedPutsThePartsOneAfterTheOther) {
+TEST(TextOps, JoinedConcatenatesItsParts) {
     EXPECT_EQ(concat({u"PDN", u"/", u"", u"KES"}), u"PDN/KES");
     EXPECT_EQ(concat({}), u"");
     EXPECT_EQ(concat({u"PX", onlyIf(true, u"3"), onlyIf(false, u"4")}), u"PX3");
 }
 
-TEST(TextOps, ColumnsCountOnByCharacters) {
+TEST(TextOps, ColumnsAdvanceByCharacters) {
     EXPECT_EQ(Column{5} + 80, Column{85});
     EXPECT_LT(Column{5}, Column{6});
 }

@@ -19,15 +19,15 @@ constexpr Key<bool> secondKey{u"blnSecond"};
 
 using Step = void (*)();
 
-/// A transaction that does what the test tells it.
+/// A transaction whose behaviour the test sets.
 class Probe final : public Transaction {
 public:
     Probe(Terminal& terminal, const TransErrors& errors) : Transaction(terminal, errors), terminal_(terminal) {}
 
-    bool failing = false;      ///< every operation fails
-    Step step = {};            ///< what the reader does between its two results
-    bool reporting = false;    ///< the reader reports its failure instead of raising it
-    bool failingHalf = false;  ///< the reader fails between its two results
+    bool failing = false;       ///< every operation fails
+    Step step = {};             ///< what the reader does between its two results
+    bool reporting = false;     ///< the reader reports its failure instead of raising it
+    bool failsHalfway = false;  ///< the reader fails between its two results
 
 private:
     Text IProfileTrans_CreateCommand(const CollectionPtr& params) override {
@@ -39,7 +39,7 @@ private:
         if (failing) fail(Failure::Overflow);
         const auto read = [this](Screen& screen, Results& results) {
             results.add(firstKey, screen.line(std::int16_t{0}) == u"YES");
-            if (failingHalf) fail(Failure::TypeMismatch);
+            if (failsHalfway) fail(Failure::TypeMismatch);
             if (step) step();
             results.add(secondKey, true);
         };
@@ -66,7 +66,7 @@ protected:
     Probe probe{terminal, numbered};
 };
 
-TEST_F(TransactionTest, CreateCommandGivesTheClasssText) {
+TEST_F(TransactionTest, CreateCommandReturnsTheClasssText) {
     const CollectionPtr params = terminal.createCollection();
     params->Add(u"strKeyName", Text(u"SMITH"));
     EXPECT_EQ(probe.CreateCommand(params), u"SMITH");
@@ -90,20 +90,20 @@ TEST_F(TransactionTest, AFailureInVerifyResponseRaisesTheClasssNumber) {
     EXPECT_EQ(error->source(), u"VantroProfileUtils");
 }
 
-TEST_F(TransactionTest, WithoutNumbersTheStepsOwnErrorsPass) {
+TEST_F(TransactionTest, WithoutNumbersTheStepsErrorsPassUnchanged) {
     Probe plain(terminal, TransErrors{});
     EXPECT_EQ(raisedNumber([&] { plain.CreateCommand(nullptr); }), 91);
     plain.failing = true;
     EXPECT_EQ(raisedNumber([&] { plain.VerifyResponse(u"YES", nullptr); }), 6);
 }
 
-TEST_F(TransactionTest, AnEmptyResponseGivesNoCollection) {
+TEST_F(TransactionTest, AnEmptyResponseReturnsNoCollection) {
     EXPECT_EQ(probe.VerifyResponse(u"", nullptr), nullptr);
     probe.reporting = true;
     EXPECT_EQ(probe.VerifyResponse(u"", nullptr), nullptr);
 }
 
-TEST_F(TransactionTest, ResultsComeInANewCollection) {
+TEST_F(TransactionTest, ResultsAreReturnedInANewCollection) {
     const CollectionPtr given = terminal.createCollection();
     const CollectionPtr results = probe.VerifyResponse(u"YES", given);
     ASSERT_NE(results, nullptr);
@@ -114,14 +114,14 @@ TEST_F(TransactionTest, ResultsComeInANewCollection) {
     EXPECT_EQ(results->Item(u"blnSecond")->Value(), ItemValue(true));
 }
 
-TEST_F(TransactionTest, AFailingReaderNeverGivesAPartialResult) {
-    probe.failingHalf = true;
+TEST_F(TransactionTest, AFailingReaderNeverReturnsAPartialResult) {
+    probe.failsHalfway = true;
     EXPECT_EQ(raisedNumber([&] { probe.VerifyResponse(u"YES", nullptr); }), 7002);
     EXPECT_TRUE(reported.empty());
 }
 
 TEST_F(TransactionTest, AReportingReaderKeepsWhatItHadAdded) {
-    probe.failingHalf = true;
+    probe.failsHalfway = true;
     probe.reporting = true;
     const CollectionPtr results = probe.VerifyResponse(u"YES", nullptr);
     ASSERT_NE(results, nullptr);
@@ -130,7 +130,7 @@ TEST_F(TransactionTest, AReportingReaderKeepsWhatItHadAdded) {
     EXPECT_EQ(reported, std::vector<int>{13});
 }
 
-// A terminal that is no C++ of ours may throw what it likes.
+// A terminal that is not written in this project's C++ may throw anything.
 struct Thrown {
     Step step;
     int number;
@@ -178,7 +178,7 @@ TEST_P(ForeignException, PassesUnchangedWhereTheOperationHasNoNumber) {
     EXPECT_TRUE(isOther);
 }
 
-TEST_F(TransactionTest, HasTheTransactionInterfaceAndNoOther) {
+TEST_F(TransactionTest, HasOnlyTheTransactionInterface) {
     EXPECT_EQ(probe.profileTrans(), static_cast<IProfileTrans*>(&probe));
     EXPECT_EQ(probe.profileGet(), nullptr);
     EXPECT_EQ(probe.list(u"strPPRText"), nullptr);

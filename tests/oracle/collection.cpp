@@ -39,7 +39,7 @@ Text itemText(const Value* item) {
 
 namespace {
 
-// The digits that follow an optional sign; empty when the text is anything else.
+// The digits after an optional sign; empty when the text is anything else.
 Text digitsOf(const Text& text) {
     const Text first = mid(text, 1, 1);
     const Text digits = (first == u"+" || first == u"-") ? mid(text, 2) : text;

@@ -69,7 +69,7 @@ Text similarNames(const Collection* params) {
     if (company.empty() && !name.empty()) {
         result = result + u"-" + name;
     }
-    // With both given nothing follows the slash.
+    // With both, nothing follows the slash.
     return result;
 }
 
@@ -213,7 +213,7 @@ Text linkedProfiles(const Collection*) { return u"RLP"; }
 
 struct Builder {
     Text (*build)(const Collection* params);
-    // 0 for a class whose failures are the failing step's own.
+    // 0 for a class without a number: the failing step's own passes.
     int number;
 };
 
@@ -244,11 +244,11 @@ const std::map<std::string, Builder>& builders() {
 }  // namespace
 
 Text command(const std::string& className, const Collection* params) {
-    const auto place = builders().find(className);
-    if (place == builders().end()) {
+    const auto it = builders().find(className);
+    if (it == builders().end()) {
         throw std::invalid_argument(className);
     }
-    const Builder& builder = place->second;
+    const Builder& builder = it->second;
     if (builder.number == 0) {
         return builder.build(params);
     }

@@ -1,6 +1,6 @@
 #pragma once
 
-// The command lines of all transactions, put together step by step.
+// The commands of all transactions, built step by step.
 
 #include "collection.h"
 #include "steps.h"
@@ -9,8 +9,8 @@
 
 namespace oracle {
 
-// The command of the class of that name; std::invalid_argument when there is no such transaction. A null
-// collection is an absent one. Throws the class's own number, or the failing step's where it has none.
+// The command of the class with that name; std::invalid_argument when there is no such transaction. A null collection
+// means an absent one. Throws the class's own number, or the failing step's when the class has none.
 Text command(const std::string& className, const Collection* params);
 
 }  // namespace oracle

@@ -1,6 +1,6 @@
 #include "profile_oracle.h"
 
-// From the wanted family to its reader, and from the reader's lists to the request.
+// From the requested family to its reader, and from the reader's lists to the request.
 
 namespace oracle {
 
@@ -100,7 +100,7 @@ void ProfileOracle::confidentialRemarkOutput(const Text& display, Collection& re
     request.add("strKeyFreeText", entry(lists["strRemarkConfDetail"], p));
 }
 
-// The families named by a whole word, as far as "OFFID".
+// The families named by a whole word, up to "OFFID".
 bool ProfileOracle::wholeWords(const Text& prefix, const Text& working, Collection& request) {
     if (prefix == u"NM") {
         request.add(elementKey, profileName(working));

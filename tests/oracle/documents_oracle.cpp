@@ -1,6 +1,6 @@
 #include "profile_oracle.h"
 
-// Documents and follow-up: the first element of a family carries its prefix, those under it are indented.
+// Documents and follow-up: the first element of a family has the prefix, those after it are indented.
 //
 //   ------- DOCUMENTS ----------------------------
 //   1 PAS/GB-123456789

@@ -1,6 +1,6 @@
 #include "screens_oracle.h"
 
-// The screens of which little more than flags is read:
+// The screens from which little more than flags is read:
 //
 //   PD3
 //   *T*  SMITH/ANNA MS                    KQ4R7T     *MRG*
@@ -15,7 +15,7 @@ bool begins(const Text& line, const Text& marker) { return mid(line, 1, static_c
 
 }  // namespace
 
-// Lines by position, line 0 included; the first line that begins with any of the markers decides.
+// Lines by position, including line 0; the first line that begins with any of the markers decides.
 std::optional<Collection> verifyCPDTrans(const Text& response, const Collection*) {
     if (response.empty()) {
         return std::nullopt;
@@ -101,7 +101,7 @@ std::optional<Collection> verifyCPDTTrans(const Text& response, const Collection
     return collection;
 }
 
-// The merge mark counts in the traveller's own line; the refusals by their rank, anywhere.
+// The merge mark counts only in the traveller's own line. The refusals may be anywhere; the first in this order counts.
 std::optional<Collection> verifyCPDRTrans(const Text& response, const Collection*) {
     if (response.empty()) {
         return std::nullopt;

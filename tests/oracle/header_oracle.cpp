@@ -8,9 +8,9 @@ Text profileName(const Text& display) {
     Text name;
     for (int n = 1; n <= 20; ++n) {
         const Text line = screenLine(display, n);
-        const int place = found(line, u" NM ");
-        if (place > 0) {
-            name = trimmed(mid(line, place + 4));
+        const int position = found(line, u" NM ");
+        if (position > 0) {
+            name = trimmed(mid(line, position + 4));
             break;
         }
     }
@@ -56,7 +56,7 @@ Text officeIdentifier(const Text& display) {
 
 namespace {
 
-// The element under way with the text of the lines that continue it, from column p + 1 of each.
+// The element, extended by the lines that continue it, each from column p + 1.
 Text withContinuations(const Text& display, int companyLine, int p, bool fullLine, Text element) {
     int k = 1;
     while (true) {
@@ -75,7 +75,7 @@ Text withContinuations(const Text& display, int companyLine, int p, bool fullLin
 
 }  // namespace
 
-// Number, one blank and element; "X" stands for an element without number.
+// Number, one blank and element; "X" means an element without a number.
 Text companyNameLine(const Text& display) {
     int n = 1;
     while (true) {

@@ -1,9 +1,9 @@
 #include "screens_oracle.h"
 
-// The profiles linked to a booking:
+// The profiles linked to a PNR:
 //
 //   >RLP
-//   RP/NYCXX2345
+//   RP/NYCVN2345
 //   T/ABC123 /P1                                       locator in columns 3-8, passenger after "/P"
 //   C/XYZ789
 
@@ -103,7 +103,7 @@ std::optional<Collection> verifyCRLPTrans(const Text& response, const Collection
         try {
             readLinkedProfile(response, index, collection);
         } catch (const Failure&) {
-            // Reported to the host; the keys not yet added are missing.
+            // Reported to the terminal; the keys not yet added are missing.
         }
         return std::optional<Collection>(collection);
     });

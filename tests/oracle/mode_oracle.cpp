@@ -2,7 +2,7 @@
 
 #include <map>
 
-// The answers that say whether a step was taken, and line 1, which says it in the host's words:
+// The answers that show whether a step was taken, and line 1, the host's message about it:
 //
 //   PIE
 //   IGNORED
@@ -18,11 +18,11 @@ const Text modeExited = u"PROFILE MODE EXITED     ";
 const Text modeIgnored = u"IGNORED     ";
 
 bool ignoredAndExited(const Text& response) {
-    const int place = found(response, modeIgnored);
-    if (place == 0) {
+    const int position = found(response, modeIgnored);
+    if (position == 0) {
         return false;
     }
-    return found(response, modeExited, add16(place, 80)) > 0;
+    return found(response, modeExited, add16(position, 80)) > 0;
 }
 
 bool stepConfirmed(const Text& response, bool update, bool exit, bool enter, bool ignore) {
@@ -72,7 +72,7 @@ std::optional<Collection> verifyCProfileMode(const Text& response, const Collect
         try {
             accepted = stepConfirmed(response, update, exit, enter, ignore);
         } catch (const Failure&) {
-            // Reported to the host; the step counts as not confirmed.
+            // Reported to the terminal; the step counts as not confirmed.
         }
         return std::optional<Collection>(answered(response, *state, accepted));
     });
@@ -106,8 +106,8 @@ Verify verifyOf(const std::string& className) {
         {"CPLTTrans", verifyCPLTTrans}, {"CProfileMode", verifyCProfileMode}, {"CPXTrans", verifyCPXTrans},
         {"CRLPTrans", verifyCRLPTrans}, {"CPTTrans", verifyCPTTrans},         {"CProfileNotes", verifyCProfileNotes},
     };
-    const auto place = readers.find(className);
-    return place == readers.end() ? nullptr : place->second;
+    const auto it = readers.find(className);
+    return it == readers.end() ? nullptr : it->second;
 }
 
 }  // namespace oracle

@@ -28,11 +28,11 @@ struct NameSearch {
     bool merge = false;
     Text names;
     bool endOfBlock = false;
-    // A text that came in, or the integer that this reading found.
+    // The incoming text, or the integer found by this reading.
     Value recLocPos = Text();
 };
 
-// Which screen it is; the line that told, or line 9.
+// Sets the flag of the screen's kind; returns the line that decided it, or line 9.
 Text readScreenKind(const Text& response, NameSearch& result) {
     Text line;
     for (int n = 1; n <= 9; ++n) {
@@ -60,7 +60,7 @@ Text readScreenKind(const Text& response, NameSearch& result) {
     return line;
 }
 
-// The entries of one block; the line that ended it.
+// Reads the entries of one block; returns the line that ended it.
 Text readSearchEntries(const Text& response, int& n, NameSearch& result) {
     while (true) {
         n = add16(n, 1);
@@ -140,7 +140,7 @@ std::optional<Collection> verifyCPDNTrans(const Text& response, const Collection
         try {
             parseNameSearch(response, result);
         } catch (const Failure&) {
-            // Reported to the host; what was found so far goes out.
+            // Reported to the terminal; what was found so far is returned.
         }
         Collection collection;
         collection.add("blnKeyTrList", result.travellerList);
@@ -165,7 +165,7 @@ struct SimilarNames {
     Text names;
 };
 
-// Which screen it is; the line that told, or line 5.
+// Sets the flag of the screen's kind; returns the line that decided it, or line 5.
 Text readSimilarKind(const Text& response, SimilarNames& result) {
     Text line;
     for (int n = 0; n <= 5; ++n) {
@@ -190,7 +190,7 @@ Text readSimilarKind(const Text& response, SimilarNames& result) {
     return line;
 }
 
-// The entries of one block; the line that ended it.
+// Reads the entries of one block; returns the line that ended it.
 Text readSimilarEntries(const Text& response, int& n, bool& keepCounter, Text& names, bool& endOfBlock) {
     while (true) {
         if (keepCounter) {
@@ -219,7 +219,7 @@ Text readSimilarEntries(const Text& response, int& n, bool& keepCounter, Text& n
 
 void readSimilarNames(const Text& response, Text line, bool incoming, Text& names, bool& endOfBlock) {
     int n = 1;
-    // Once in a call: the first round of a continuation screen reads the line the counter stands at.
+    // Only once per call: the first round of a continuation screen reads the line at the counter.
     bool keepCounter = incoming;
     while (usable(line)) {
         n = add16(n, 1);
@@ -261,7 +261,7 @@ std::optional<Collection> verifyCPDATrans(const Text& response, const Collection
     return raising(5105, [&] {
         Collection collection;
         bool endOfBlock = false;
-        // The flag is read before the response is looked at.
+        // The flag is read before the response is tested.
         if (state != nullptr) {
             endOfBlock = itemBoolean(state->item("blnKeyEndOfBlock"));
         }
@@ -271,7 +271,7 @@ std::optional<Collection> verifyCPDATrans(const Text& response, const Collection
         try {
             parseSimilarNames(response, collection, endOfBlock);
         } catch (const Failure&) {
-            // Reported to the host; the keys not yet added are missing.
+            // Reported to the terminal; the keys not yet added are missing.
         }
         return std::optional<Collection>(collection);
     });

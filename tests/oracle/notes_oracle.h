@@ -1,6 +1,6 @@
 #pragma once
 
-// The reader of a profile's notes, written out step by step.
+// The reader of a profile's notes, written step by step.
 
 #include "profile_oracle.h"
 
@@ -11,7 +11,7 @@ class NotesOracle {
 public:
     NotesOracle();
 
-    // Throws 5505. An empty search or qualifier filters nothing.
+    // Throws 5505. An empty search text or qualifier filters nothing.
     int ProfileNotesElementsCount(const Text& display, const Text& search, const Text& qualifier);
 
     Outcome profileElements(const Text& display, Collection& request);

@@ -25,7 +25,7 @@ struct OfficeList {
     std::vector<Text> withoutCompany = {Text()};
 };
 
-// Which screen it is; the line that told, or line 9.
+// Sets the flag of the screen's kind; returns the line that decided it, or line 9.
 Text readOfficeKind(const Text& response, OfficeList& result) {
     Text line;
     for (int n = 1; n <= 9; ++n) {
@@ -57,7 +57,7 @@ Text readOfficeKind(const Text& response, OfficeList& result) {
     return line;
 }
 
-// The marker line is tested for use only; the lines that count are 3, 4, 5 and so on.
+// The marker line is only tested for being usable; names are read from lines 3, 4, 5 and so on.
 Text readCompanyNames(const Text& response, const Text& markerLine) {
     Text names;
     int collected = 0;
@@ -127,7 +127,7 @@ void parseOfficeList(const Text& response, Collection& collection) {
         try {
             collectNoCompanyRecLocs(response, result.withoutCompany);
         } catch (const Failure&) {
-            // Reported to the host; the locators found so far go out.
+            // Reported to the terminal; the locators found so far are returned.
         }
     }
     collection.add("blnKeyTravellerList", result.travellerList);
@@ -150,7 +150,7 @@ std::optional<Collection> verifyCPLTTrans(const Text& response, const Collection
     try {
         parseOfficeList(response, collection);
     } catch (const Failure&) {
-        // Reported to the host; the keys not yet added are missing.
+        // Reported to the terminal; the keys not yet added are missing.
     }
     return collection;
 }

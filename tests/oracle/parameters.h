@@ -1,6 +1,6 @@
 #pragma once
 
-// The parameters of a command; a null collection is an absent one and fails at the first read.
+// The parameters of a command; a null collection means an absent one and fails at the first read.
 
 #include "collection.h"
 
@@ -19,7 +19,7 @@ inline Text text(const Collection* params, const std::string& key) { return item
 
 inline bool flag(const Collection* params, const std::string& key) { return itemBoolean(item(params, key)); }
 
-// The transfer into a booking, the one command that reads lists.
+// The transfer into a PNR, the only command that reads lists.
 Text transferCommand(const Collection* params);
 
 }  // namespace oracle

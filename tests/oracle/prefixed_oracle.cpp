@@ -1,6 +1,6 @@
 #include "profile_oracle.h"
 
-// Elements shown as prefixed lines under a titled section:
+// Elements printed as prefixed lines in a titled section:
 //
 //   ------- PRIORITY ------------------------------
 //   10 PPR/ELEMENT TEXT                                trimmed: number in columns 1-2, text from 8
@@ -10,7 +10,7 @@ namespace oracle {
 
 namespace {
 
-enum class Step { SearchHeader, LookForElement, Elements, Stopped };
+enum class Step { SearchHeader, SearchElement, Elements, Stopped };
 
 const Text hotel = u"------- TRAVEL POLICIES - HOTEL";
 const Text car = u"------- TRAVEL POLICIES - CAR";
@@ -24,7 +24,7 @@ bool endsSection(const Text& line) {
 
 bool isContinuation(const Text& line) { return trimmed(mid(line, 1, 9)).empty(); }
 
-// The search for the header: the next step, with the line counter where that step begins.
+// The search for the header: returns the next step, with `n` at the line where that step begins.
 Step searchHeader(const Text& display, const Text& header, int& n) {
     const Text line = rightTrimmed(screenLine(display, n));
     if (endsDisplay(line)) {
@@ -34,7 +34,7 @@ Step searchHeader(const Text& display, const Text& header, int& n) {
         n = add16(n, 1);
         return Step::SearchHeader;
     }
-    return Step::LookForElement;
+    return Step::SearchElement;
 }
 
 void joinContinuations(const Text& display, Text& current, int& n, bool colonJoining) {
@@ -73,7 +73,7 @@ int plain(const Text& display, const Text& header, const Text& prefix, bool colo
     while (step != Step::Stopped) {
         if (step == Step::SearchHeader) {
             step = searchHeader(display, header, n);
-        } else if (step == Step::LookForElement) {
+        } else if (step == Step::SearchElement) {
             n = add16(n, 1);
             const Text line = trimmed(screenLine(display, n));
             if (endsSection(line)) {
@@ -104,7 +104,7 @@ int policy(const Text& display, const Text& header, const Text& prefix, int star
     while (step != Step::Stopped) {
         if (step == Step::SearchHeader) {
             step = searchHeader(display, header, n);
-        } else if (step == Step::LookForElement) {
+        } else if (step == Step::SearchElement) {
             n = add16(n, 1);
             const Text line = trimmed(screenLine(display, n));
             if (endsSection(line)) {
@@ -119,7 +119,7 @@ int policy(const Text& display, const Text& header, const Text& prefix, int star
             } else {
                 joinContinuations(display, current, n, true);
                 if (!trimmed(mid(current, 3, width)).empty() && found(current, prefix, 3) == 0) {
-                    step = Step::LookForElement;
+                    step = Step::SearchElement;
                 } else {
                     store(current, 8, count, texts, numbers);
                     n = add16(n, 1);
@@ -130,7 +130,7 @@ int policy(const Text& display, const Text& header, const Text& prefix, int star
     return count;
 }
 
-// Up to ten unprefixed lines under the first one.
+// Up to ten unprefixed lines after the first one.
 void globalSearchFollowers(const Text& display, int n, int& count, std::vector<Text>& texts,
                            std::vector<Text>& numbers) {
     const int last = add16(n, 10);
@@ -208,7 +208,7 @@ int ProfileOracle::PHIElementsCount(const Text& display) {
     });
 }
 
-// The members that cut their lists back before they look at the display.
+// The families that cut their lists back before they test for an empty display.
 int ProfileOracle::policyMember(const Text& display, const Text& header, const std::string& family, int start,
                                 int width, int number) {
     return raising(number, [&] {

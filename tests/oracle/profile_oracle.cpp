@@ -4,7 +4,7 @@
 
 namespace oracle {
 
-// A new reader: the lists that leave entry 0 empty hold just that entry, the transferable ones nothing.
+// A new reader: the lists with an empty entry 0 have only that entry, the transferable ones have none.
 ProfileOracle::ProfileOracle() {
     for (const char* family : {"PPR", "PGL", "PPS", "PHI", "PCI", "PPC", "PPH", "PPA", "PPK", "PPI", "PXC",
                                "PXA", "PXK", "PSH", "PSC", "PPT", "PXT", "PAS", "PIV", "PCE", "PID", "PFO"}) {
@@ -59,14 +59,14 @@ int ProfileOracle::count(const std::string& property, const Text& display) {
         {"PIDElementsCount", &ProfileOracle::PIDElementsCount},
         {"PFOElementsCount", &ProfileOracle::PFOElementsCount},
     };
-    const auto place = properties.find(property);
-    if (place == properties.end()) {
+    const auto it = properties.find(property);
+    if (it == properties.end()) {
         throw std::invalid_argument("no property " + property);
     }
-    return (this->*place->second)(display);
+    return (this->*it->second)(display);
 }
 
-// Down to entry 0, which keeps its content.
+// Cut back to entry 0, which keeps its content.
 void ProfileOracle::cutBack(const std::string& family) {
     lists["str" + family + "Text"].resize(1);
     lists["str" + family + "Number"].resize(1);

@@ -1,6 +1,6 @@
 #pragma once
 
-// The profile reader, written out step by step as a person would follow the display with a finger.
+// The profile reader, written step by step.
 
 #include "collection.h"
 #include "steps.h"
@@ -15,8 +15,8 @@ struct Outcome {
     bool returnedCollection;
 };
 
-// One reader object: its lists live from call to call. Every property returns the number of elements
-// and throws the Failure of its own number; profileElements throws 5065, a 52xx or the failing step's.
+// One reader object: its lists are kept from call to call. Every property returns the number of elements and throws the
+// Failure with its own number; profileElements throws 5065, a 52xx or the failing step's.
 class ProfileOracle {
 public:
     ProfileOracle();
@@ -54,11 +54,11 @@ public:
     int PIDElementsCount(const Text& display);
     int PFOElementsCount(const Text& display);
 
-    // The property of that name; std::invalid_argument when there is none.
+    // The property with that name; std::invalid_argument when there is none.
     int count(const std::string& property, const Text& display);
 
-    // A null selection is an absent one. The entries of a given selection are changed as the scan of
-    // family ALL changes them. Keys added before a failure stay in the request.
+    // A null selection means an absent one. The scan of family ALL changes the entries of a given selection. Keys added
+    // before a failure stay in the request.
     Outcome profileElements(const Text& display, Collection& request, std::vector<Text>* selection,
                             const Text& qualifier);
 
@@ -85,7 +85,7 @@ private:
     void listOutput(const Text& display, const std::string& family, Collection& request);
     void indexedWithLists(const Text& display, const std::string& family, int number, Collection& request);
 
-    // Adds the element and its number; returns the list position of the element.
+    // Adds the element and its number; returns the index of the element in the lists.
     int indexedSingle(const Text& display, const std::string& stem, int number, Collection& request);
     void serviceRequestOutput(const Text& display, Collection& request);
     void frequentFlyerOutput(const Text& display, Collection& request);

@@ -66,7 +66,7 @@ bool isTaken(const Element& element, const Selected& selected, const Text& quali
     return false;
 }
 
-// The line of the section's header; below 0 when the display ends before it.
+// The line number of the section's header; negative when the display ends before it.
 int headerLine(const Text& display) {
     int n = 0;
     while (true) {

@@ -84,27 +84,27 @@ int found(const Text& text, const Text& needle, int start) {
     if (from >= text.size()) {
         return 0;
     }
-    const std::size_t place = text.find(needle, from);
-    if (place == Text::npos) {
+    const std::size_t position = text.find(needle, from);
+    if (position == Text::npos) {
         return 0;
     }
-    return static_cast<int>(place) + 1;
+    return static_cast<int>(position) + 1;
 }
 
 Text textField(const Text& text, int n, const Text& separator) {
     Text rest = text;
     for (int field = 1; field < n; ++field) {
-        const int place = found(rest, separator);
-        if (place == 0) {
+        const int position = found(rest, separator);
+        if (position == 0) {
             return Text();
         }
-        rest = mid(rest, place + static_cast<int>(separator.size()));
+        rest = mid(rest, position + static_cast<int>(separator.size()));
     }
-    const int place = found(rest, separator);
-    if (place == 0) {
+    const int position = found(rest, separator);
+    if (position == 0) {
         return rest;
     }
-    return mid(rest, 1, place - 1);
+    return mid(rest, 1, position - 1);
 }
 
 bool isNumeric(const Text& text) {

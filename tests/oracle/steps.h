@@ -1,7 +1,7 @@
 #pragma once
 
-// The small steps that the literal readers are made of. A slow second opinion for the tests: it shares
-// no code with the library, fetches a fresh copy of every line and takes nothing for granted.
+// The small steps that the oracle's readers are made of. The oracle is slow and literal: it shares no code with the
+// library and fetches a fresh copy of every line.
 
 #include <string>
 #include <vector>
@@ -10,7 +10,7 @@ namespace oracle {
 
 using Text = std::u16string;
 
-// The step that failed, by its Automation number or by the number a property raises.
+// The step that failed, by its automation error number or by the number that a property raises.
 struct Failure {
     int number;
 };
@@ -24,10 +24,10 @@ constexpr int objectNotSet = 91;
 // Line n, from 0, of 80 characters; fewer on the last line, empty past the end.
 Text screenLine(const Text& text, int n);
 
-// The same of 80 characters whatever the terminal.
+// The same, always with 80 characters per line, whatever the terminal.
 Text lineByPosition(const Text& text, int n);
 
-// While it lives, lines are of this many characters: those of a terminal that makes lines of its own.
+// While an object of this class exists, lines have this many characters, as from a terminal that makes its own lines.
 class LineWidth {
 public:
     explicit LineWidth(int width);
@@ -42,37 +42,37 @@ private:
 Text trimmed(const Text& text);
 Text rightTrimmed(const Text& text);
 
-// Characters from position p, from 1; an n below 1 and a p past the end give empty text.
+// Characters from position p (from 1); an n below 1 or a p past the end returns the empty text.
 Text mid(const Text& text, int p);
 Text mid(const Text& text, int p, int n);
 
 // The rightmost n characters; all of them when there are fewer.
 Text right(const Text& text, int n);
 
-// Position, from 1, of the needle at or after the start; 0 when it is not there.
+// Position (from 1) of the needle at or after the start; 0 when it is not found.
 int found(const Text& text, const Text& needle, int start = 1);
 
-// The n-th field, from 1; empty where there is none.
+// The n-th field (from 1); empty where there is none.
 Text textField(const Text& text, int n, const Text& separator);
 
 // One or more of the digits 0 to 9, nothing else.
 bool isNumeric(const Text& text);
 
-// Letters a to z become A to Z, everything else stays.
+// Letters a to z become A to Z; everything else is unchanged.
 Text upperCase(const Text& text);
 
 Text decimal(int number);
 
-// The text of plain letters, digits and signs.
+// The text of ASCII letters, digits and signs.
 Text wide(const std::string& plain);
 
 // The sum as a signed 16-bit integer.
 int add16(int left, int right);
 
-// Entry of a list; an index outside it is a subscript out of range.
+// Entry of a list; an index outside the list fails with "subscript out of range".
 const Text& entry(const std::vector<Text>& list, int index);
 
-// Runs the steps; whatever fails in them leaves as the given number.
+// Runs the steps; any failure in them is thrown with the given number.
 template <typename Steps>
 auto raising(int number, Steps steps) {
     try {

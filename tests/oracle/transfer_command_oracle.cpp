@@ -10,7 +10,7 @@ struct Groups {
     std::vector<Text> passengers;
 };
 
-// The list is fetched anew for every entry.
+// The list is read anew for every entry.
 Text listEntry(const Collection* params, const std::string& key, int index) {
     const Value& value = itemValue(item(params, key));
     const std::vector<Text>* list = std::get_if<std::vector<Text>>(&value);
@@ -20,7 +20,7 @@ Text listEntry(const Collection* params, const std::string& key, int index) {
     return entry(*list, index);
 }
 
-// Entries 0 to the highest index; lists cannot end before their entry 0.
+// Entries 0 to the highest index; a list cannot end before entry 0.
 Groups readGroups(const Collection* params, int highest) {
     if (highest < 0) {
         throw Failure{outOfRange};

@@ -1,6 +1,6 @@
 #include "profile_oracle.h"
 
-// Elements of the section that is copied into a booking:
+// Elements of the section that is copied into a PNR:
 //
 //            1         2
 //   12345678901234567890123456
@@ -16,7 +16,7 @@ const Text seventeenBlanks(17, u' ');
 
 }  // namespace
 
-// The list at the size for one more element, that element's entry empty whatever stood there before.
+// The list resized for one more element, whose entry is empty whatever it contained before.
 std::vector<Text>& ProfileOracle::emptied(const std::string& name, int count) {
     std::vector<Text>& list = lists[name];
     list.resize(static_cast<std::size_t>(count) + 1);
@@ -118,7 +118,7 @@ int ProfileOracle::transferable(const Text& display, Kind kind) {
             return count;
         }
         const bool containsHeader = found(line, u"------- PNR TRANSFERABLE DATA") > 0;
-        // Confidential remarks know no section: every line from the top is examined.
+        // Confidential remarks ignore sections: every line from the top is tested.
         if (kind != Kind::RemarkConf && !containsHeader && !inSection) {
             n = add16(n, 1);
             continue;
@@ -130,7 +130,7 @@ int ProfileOracle::transferable(const Text& display, Kind kind) {
         const Text following = screenLine(display, add16(n, 1));
         if (mid(following, 1, 17) == seventeenBlanks) {
             line = line + trimmed(following);
-            // Remarks alone wrap onto a third line.
+            // Only remarks wrap onto a third line.
             if (kind == Kind::Remark) {
                 const Text third = screenLine(display, add16(n, 2));
                 if (mid(third, 1, 17) == seventeenBlanks) {

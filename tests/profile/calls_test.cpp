@@ -1,5 +1,5 @@
-// Which calls of the terminal each query and count of a display makes: a line that the answer does not need is not
-// asked for, and the lines come in the order in which they are looked at.
+// Which calls each query and count of a display makes to the terminal: lines that the answer does not need are not
+// fetched, and the others are fetched in the order in which they are read.
 #include "tests/support/call_summary.h"
 #include "tests/support/collections.h"
 #include "tests/support/failing_terminal.h"
@@ -53,7 +53,7 @@ Entries wanting(const char16_t* prefix, const char16_t* index) {
     return {{u"strKeyPrefix", prefix}, {u"intKeyIndex", index}};
 }
 
-// Every query looks at line 1 for a host line first.
+// Every query first tests line 1 for a host line.
 const std::string entry = "text strKeyPrefix; line 1";
 const std::string lists = "; add strKeyElement() strKeyElementNr()";
 const std::string single = "; add strKeyElement strKeyElementNr";
@@ -76,7 +76,7 @@ INSTANTIATE_TEST_SUITE_P(
                     DisplayCalls{"PPA", wanting(u"PPA"), entry + " 0-18" + lists},
                     DisplayCalls{"RM", wanting(u"RM", u"1"), entry + "; value intKeyIndex; line 0-14" + single},
                     DisplayCalls{"AP", wanting(u"AP", u"1"), entry + "; value intKeyIndex; line 0-14"},
-                    // Confidential remarks are looked for above the first section alone.
+                    // Confidential remarks are searched only above the first section.
                     DisplayCalls{"RC", wanting(u"RC", u"1"), entry + "; value intKeyIndex; line 0-2"},
                     DisplayCalls{"PAS", wanting(u"PAS"), entry + " 1-16" + lists},
                     DisplayCalls{"PIV", wanting(u"PIV"), entry + " 1-16" + lists},
@@ -94,12 +94,12 @@ TEST_P(QueryCallsOf, AreThoseThatItsAnswerNeeds) {
     try {
         object->profileGet()->ProfileElements(display, terminal.watched(collection(GetParam().request)));
     } catch (const Error&) {
-        // An empty prefix, and an index beyond the count: what was asked for up to then counts.
+        // An empty prefix, and an index beyond the count: the calls made before the error count.
     }
     EXPECT_EQ(summaryOf(terminal.calls()), GetParam().calls);
 }
 
-TEST(QueryCalls, AQualifierAsksForTheCodeOfEachElement) {
+TEST(QueryCalls, AQualifierNeedsTheCodeOfEachElement) {
     FailingTerminal terminal;
     TextList selection{u"RM"};
     createObject(u"CProfile", terminal)

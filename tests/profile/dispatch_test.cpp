@@ -10,7 +10,7 @@
 namespace vantro {
 namespace {
 
-/// A display in which every prefix finds one value that no other finds.
+/// A display in which every prefix finds one value that no other prefix finds.
 const Text everything = ended({
     "PDR/ABC123",
     "*T* SMITH                                          ABC123",
@@ -137,7 +137,7 @@ Answer asked(const std::string& prefix) {
     return Parser().query(everything, request);
 }
 
-const Answer unknown{.gaveCollection = true};
+const Answer unknown{.returnedCollection = true};
 
 TEST(Dispatch, Knows36Prefixes) { EXPECT_EQ(rows.size(), 36U); }
 
@@ -200,11 +200,11 @@ class DispatchRow : public testing::TestWithParam<Row> {};
 INSTANTIATE_TEST_SUITE_P(Every, DispatchRow, testing::ValuesIn(rows),
                          [](const auto& test) { return test.param.prefix; });
 
-TEST_P(DispatchRow, GivesNoObjectAndAddsItsKeysInOrder) {
+TEST_P(DispatchRow, ReturnsNoObjectAndAddsItsKeysInOrder) {
     EXPECT_EQ(asked(GetParam().prefix), Answer{.added = GetParam().added});
 }
 
-TEST_P(DispatchRow, LettersAfterThePrefixCountForWholeWordsOnly) {
+TEST_P(DispatchRow, LettersAfterThePrefixMatterForWholeWordsOnly) {
     const Answer answer{.added = GetParam().added};
     for (const std::string after : {" ", "/", "/ ", "X", "XYZ", "X/ TEXT"}) {
         EXPECT_EQ(asked(GetParam().prefix + after), GetParam().compared == Whole ? unknown : answer) << after;
@@ -218,23 +218,23 @@ TEST_P(DispatchRow, LowerCaseIsUnknown) {
     EXPECT_EQ(asked(GetParam().prefix.substr(0, 2) + lower.substr(2) + "x"), unknown);
 }
 
-TEST_P(DispatchRow, ABlankInFrontIsUnknown) { EXPECT_EQ(asked(" " + GetParam().prefix), unknown); }
+TEST_P(DispatchRow, ALeadingBlankIsUnknown) { EXPECT_EQ(asked(" " + GetParam().prefix), unknown); }
 
-TEST_P(DispatchRow, ItsFirstTwoLettersAloneAreUnknown) {
+TEST_P(DispatchRow, ItsFirstTwoLettersAreUnknown) {
     if (GetParam().prefix.size() > 2) {
         EXPECT_EQ(asked(GetParam().prefix.substr(0, 2)), unknown);
     }
     EXPECT_EQ(asked(GetParam().prefix.substr(0, 1)), unknown);
 }
 
-TEST(Dispatch, UnknownPrefixesGiveTheCollectionBackWithNothingAdded) {
+TEST(Dispatch, UnknownPrefixesReturnTheCollectionWithNothingAdded) {
     for (const std::string prefix :
          {"XYZ", "RCX", "RECLO", "ALLX", "AL", "FF", "FFNX", "NMX", "PP", "P", " ", "PR", "PRP", "ProfileNotes"}) {
         EXPECT_EQ(asked(prefix), unknown) << prefix;
     }
 }
 
-TEST(Dispatch, AWholeWordIsNoPrefixOfTheOthers) {
+TEST(Dispatch, ThreeLetterRowsIgnoreWhatFollows) {
     EXPECT_EQ(asked("PCNXYZ"), (Answer{.added = numbered("ACME", "2")}));
     EXPECT_EQ(asked("PHI/ ANYTHING"), (Answer{.added = lists("OF PHI", "12")}));
 }
@@ -248,21 +248,21 @@ TEST(EmptyPrefix, Raises5065) {
     }
 }
 
-TEST(Prefix, MayBeAnyValueThatReadsAsText) {
+TEST(Prefix, MayBeAnyValueThatConvertsToText) {
     Request request{.given = {{"strKeyPrefix", ItemValue(true)}}};
     EXPECT_EQ(Parser().query(everything, request), unknown);
     request.given = {{"strKeyPrefix", ItemValue(TextList{u"NM"})}};
     EXPECT_EQ(Parser().query(everything, request).raised.number, 13);
 }
 
-TEST(Prefix, WithoutACollectionTheReadFails) {
+TEST(Prefix, WithoutACollectionReadingFails) {
     Parser parser;
     IProfileGet& profile = *parser.object().profileGet();
     EXPECT_EQ(numberRaisedBy([&] { profile.ProfileElements(everything, nullptr); }), 91);
     EXPECT_EQ(numberRaisedBy([&] { profile.ProfileElements(u"", nullptr); }), 91);
 }
 
-TEST(Query, AddsToTheKeysThatAreThere) {
+TEST(Query, AddsToTheExistingKeys) {
     Request request = wanting("NM");
     request.given.emplace_back("strKeyElement", ItemValue(Text(u"OLD")));
     request.given.emplace_back("strKeyOther", ItemValue(Text(u"KEPT")));
@@ -271,7 +271,7 @@ TEST(Query, AddsToTheKeysThatAreThere) {
 
 // The host's own line above the display
 
-TEST(HostLine, Line1ThatBeginsWithItCostsTheDisplayItsFirst80Characters) {
+TEST(HostLine, ItsMarkAtTheBeginningOfLine1CutsTheFirst80Characters) {
     for (const std::string line : {"PF24 REQST UMSG", "4505 MESSAGE", "   PF24", "  4505", "PF24X", "45051"}) {
         EXPECT_EQ(Parser().query(display({"", line + "  1 NM ON/LINE 0 NOW", "  1 NM ON/LINE 1 NOW"}), "NM"),
                   (Answer{.added = value("ON/LINE 1 NOW")}))
@@ -304,7 +304,7 @@ TEST(HostLine, TheCountPropertiesCutNothing) {
               (Answer{.added = {{"strKeyElement()", "['']"}, {"strKeyElementNr()", "['']"}}}));
 }
 
-TEST(HostLine, EveryPrefixSeesTheCutDisplay) {
+TEST(HostLine, EveryPrefixReadsTheCutDisplay) {
     Text shown = everything;
     shown.replace(0, 4, u"PF24");
     for (const Row& row : rows) {

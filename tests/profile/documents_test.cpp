@@ -1,4 +1,4 @@
-// Documents and follow-up: one run of lines a family.
+// Documents and follow-up: one run of lines per family.
 #include "tests/profile/parser.h"
 
 #include <gtest/gtest.h>
@@ -8,12 +8,12 @@ namespace {
 
 const std::string header = "------- DOCUMENTS";
 
-/// The passports under these lines, which begin at line 1.
+/// The passports of these lines, which begin at line 1.
 Elements passports(const Lines& lines) { return collected("PAS", ended(Lines{"LINE 0"} + lines)); }
 
 const Elements nothing{0, {""}, {""}};
 
-TEST(Documents, AHeaderOnLine0IsNeverSeen) {
+TEST(Documents, AHeaderOnLine0IsIgnored) {
     EXPECT_EQ(collected("PAS", ended({header, "  1 PAS/ A"})), nothing);
     EXPECT_EQ(collected("PAS", ended({"LINE 0", header, "  1 PAS/ A"})), (Elements{1, {"", "A"}, {"", "1"}}));
 }
@@ -25,18 +25,18 @@ TEST(Documents, ASectionWithoutThePrefixEndsAtItsEnd) {
     EXPECT_EQ(passports({header, "  1 PIV/ A", "----", "X -----", "  2 PAS/ B"}), (Elements{1, {"", "B"}, {"", "2"}}));
 }
 
-TEST(Documents, TheLineWithThePrefixIsTakenWhateverElseItHolds) {
+TEST(Documents, TheLineWithThePrefixIsAnElementWhateverElseItContains) {
     EXPECT_EQ(passports({header, "----- PAS/ A > END OF DISPLAY"}),
               (Elements{1, {"", "A > END OF DISPLAY"}, {"", "--"}}));
 }
 
-TEST(Documents, IndentedLinesUnderTheFirstAreElements) {
+TEST(Documents, IndentedLinesAfterTheFirstElementAreElements) {
     EXPECT_EQ(passports({header, "  1 PAS/ A", "  2      B", " 13      C", "  4     D"}),
               (Elements{4, {"", "A", "B", "C", "D"}, {"", "1", "2", "13", "4"}}));
 }
 
 TEST(Documents, FiveBlanksFromColumn2OrFromColumn3AreNeeded) {
-    // Trimmed "2    B" has four blanks in 2 to 5, "33    B" four in 3 to 6, "444     B" five from 4 on.
+    // Trimmed, "2    B" has four blanks in columns 2 to 5, "33    B" four in 3 to 6, "444     B" five from column 4.
     for (const std::string last : {"  2    B", " 33    B", "444     B", "", "2", "X"}) {
         EXPECT_EQ(passports({header, "  1 PAS/ A", last, "  3      C"}), (Elements{1, {"", "A"}, {"", "1"}})) << last;
     }
@@ -62,7 +62,7 @@ TEST(Documents, TheTextOfThePrefixedLineIsCutAtTheFirstSlashOfTheLine) {
 TEST(Documents, AnotherFamilysLineEndsTheRun) {
     EXPECT_EQ(passports({header, "  1 PAS/ A", "  2 PIV/ B", "  3 PAS/ NOT REACHED"}),
               (Elements{1, {"", "A"}, {"", "1"}}));
-    // Indented, it belongs to the run.
+    // When indented it belongs to the run.
     EXPECT_EQ(passports({header, "  1 PAS/ A", "  2      PIV/ B"}), (Elements{2, {"", "A", "PIV/ B"}, {"", "1", "2"}}));
 }
 
@@ -82,12 +82,12 @@ TEST(Documents, AnEndMarkAboveTheHeaderEndsTheSearch) {
     EXPECT_EQ(passports({"END OF DISPLAY", header, "  1 PAS/ NOT REACHED"}), nothing);
 }
 
-TEST(Documents, AnEndMarkOnLine0IsNotSeen) {
+TEST(Documents, AnEndMarkOnLine0IsIgnored) {
     EXPECT_EQ(collected("PAS", ended({"PDR > END OF DISPLAY", header, "  1 PAS/ A"})),
               (Elements{1, {"", "A"}, {"", "1"}}));
 }
 
-TEST(Documents, UnderAHeaderLineWithAnEndMarkOneLineIsStillLookedAt) {
+TEST(Documents, AfterAHeaderWithAnEndMarkOneMoreLineIsRead) {
     for (const std::string mark : {" >", " END OF DISPLAY"}) {
         EXPECT_EQ(passports({header + mark, "  1 PAS/ A", "  2      B"}),
                   (Elements{2, {"", "A", "B"}, {"", "1", "2"}}));
@@ -95,11 +95,11 @@ TEST(Documents, UnderAHeaderLineWithAnEndMarkOneLineIsStillLookedAt) {
     }
 }
 
-TEST(Documents, TheHeaderMayStandAnywhereInItsLine) {
+TEST(Documents, TheHeaderMayBeAnywhereInItsLine) {
     EXPECT_EQ(passports({"XX ------- DOCUMENTS YY", "  1 PAS/ A"}), (Elements{1, {"", "A"}, {"", "1"}}));
 }
 
-TEST(Documents, ThePrefixMayStandAnywhereInItsLine) {
+TEST(Documents, ThePrefixMayBeAnywhereInItsLine) {
     EXPECT_EQ(passports({header, "PAS/ A"}), (Elements{1, {"", "A"}, {"", "PA"}}));
     EXPECT_EQ(passports({header, "  1 SEE PAS/ A"}), (Elements{1, {"", "A"}, {"", "1"}}));
 }

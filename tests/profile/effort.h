@@ -1,4 +1,4 @@
-// How long the searching tests may take.
+// How much time the exhaustive tests may take.
 #pragma once
 
 #include <cstddef>
@@ -6,7 +6,7 @@
 
 namespace vantro {
 
-/// One of so many near misses is looked at: all of them with a VANTRO_TEST_EFFORT of 1000 or in an optimised build.
+/// One near miss of this many is visited; all of them with a VANTRO_TEST_EFFORT of 1000 or in an optimised build.
 inline std::size_t share() {
 #ifdef NDEBUG
     return 1;
@@ -18,8 +18,8 @@ inline std::size_t share() {
 #endif
 }
 
-/// The number for an optimised build, a fraction of it for others, which also run under sanitizers. The environment
-/// variable VANTRO_TEST_EFFORT multiplies it, in percent: 1000 looks ten times as far.
+/// The number for an optimised build, a fraction of it for other builds, which also run under sanitizers. The
+/// environment variable VANTRO_TEST_EFFORT multiplies it, in percent: 1000 means ten times as many.
 inline std::size_t effort(std::size_t optimised) {
 #ifdef NDEBUG
     constexpr std::size_t share = 1;

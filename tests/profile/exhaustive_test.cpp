@@ -1,6 +1,6 @@
-// Small worlds, searched through: every sequence of a few lines of the kinds that matter to a reader, read by the
-// library and by the slow second opinion. The objects live through the whole search, so that what one display leaves
-// in the lists meets the next.
+// Small worlds of displays: every sequence of a few lines of the kinds that matter to a reader. The library's results
+// are compared with the oracle's. The objects are reused for the whole search, so that what one display leaves in the
+// lists is there for the next.
 #include "tests/profile/effort.h"
 #include "tests/profile/oracle_match.h"
 #include "tests/profile/scanned_notes.h"
@@ -12,8 +12,7 @@ namespace {
 
 const Lines end{"END OF DISPLAY", ">"};
 
-/// The longest sequences that are searched through: four lines, five in an optimised build, one more with ten times
-/// the effort.
+/// The length of the longest sequences: four lines, five in an optimised build, one more with ten times the effort.
 std::size_t length() {
     std::size_t longest = 4;
     for (std::size_t reach = effort(100); reach > 50; reach /= 10) ++longest;
@@ -27,15 +26,15 @@ struct World {
     Lines above = {};  // where a reader begins further down
 };
 
-/// The sequences of at most `longest` things of so many kinds.
+/// The number of sequences of at most `longest` items of this many kinds.
 std::size_t sequencesOf(std::size_t kinds, std::size_t longest) {
     std::size_t sequences = 1;
     for (std::size_t length = 0; length < longest; ++length) sequences = sequences * kinds + 1;
     return sequences;
 }
 
-/// Calls `visit` with every sequence of at most `longest` of a world's lines, with the lines of `under` under it.
-/// Stops at the first message.
+/// Calls `visit` with every sequence of at most `longest` lines of a world, followed by the lines of `under`. Stops at
+/// the first message.
 template <class Visit>
 void searchThrough(const World& world, std::size_t longest, const Lines& under, Visit&& visit) {
     std::vector<Text> lines;
@@ -50,7 +49,7 @@ void searchThrough(const World& world, std::size_t longest, const Lines& under, 
         const std::string message = visit(text);
         ASSERT_TRUE(message.empty()) << message;
 
-        // The next sequence: one line more, or else the last line's next kind.
+        // The next sequence: one line longer, or the last line's next kind.
         if (sequence.size() < longest) {
             sequence.push_back(0);
             continue;
@@ -65,7 +64,7 @@ void searchThrough(const World& world, std::size_t longest, const Lines& under, 
 
 const auto nameOf = [](const auto& test) { return test.param.name; };
 
-/// The lines of a family with a prefix: `sibling` is another one of the same section.
+/// The lines of a prefixed family: `sibling` is another family of the same section.
 World prefixed(const std::string& family, const std::string& sibling, const std::string& header) {
     return {family,
             {
@@ -151,7 +150,7 @@ TEST_P(SmallWorldOfAFamily, WithoutAnEndFailsAsTheOracleDoes) {
     searchThrough(GetParam(), 1, {"NO END"}, [&](const Text& text) { return match.count(property, text); });
 }
 
-// The header values and the transferable scanner, by their prefixes
+// The header values and the transferable scanner, by prefix
 
 class SmallWorldOfAQuery : public testing::TestWithParam<World> {};
 

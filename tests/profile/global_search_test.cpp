@@ -1,4 +1,4 @@
-// The global search: the line under its header and at most ten unprefixed lines under that.
+// The global search: the line after its header and at most ten unprefixed lines after that.
 #include "tests/profile/parser.h"
 
 #include <gtest/gtest.h>
@@ -19,7 +19,7 @@ Lines numbered(int first, int last) {
     return lines;
 }
 
-TEST(GlobalSearch, TwelveLinesGiveElevenElements) {
+TEST(GlobalSearch, TwelveLinesYieldElevenElements) {
     const Elements eleven{
         11,
         {"", "FIRST", "NAME2", "NAME3", "NAME4", "NAME5", "NAME6", "NAME7", "NAME8", "NAME9", "NAME10", "NAME11"},
@@ -30,14 +30,14 @@ TEST(GlobalSearch, TwelveLinesGiveElevenElements) {
     EXPECT_EQ(collected("PGL", ended(first + numbered(2, 14))), eleven);
 }
 
-TEST(GlobalSearch, OnlyTheLineDirectlyUnderTheHeaderIsTried) {
+TEST(GlobalSearch, OnlyTheLineRightAfterTheHeaderIsTested) {
     EXPECT_EQ(collected("PGL", ended({globalSearch, "  1 REM/ A", "  2 PGL/ B"})), nothing);
     EXPECT_EQ(collected("PGL", ended({globalSearch, "  1 REM/ A", globalSearch, "  2 PGL/ B"})),
               (Elements{1, {"", "B"}, {"", "2"}}));
 }
 
-TEST(GlobalSearch, TheLineUnderTheHeaderIsUsedUpByItsTest) {
-    // It is neither the end nor a header any more.
+TEST(GlobalSearch, TheLineAfterTheHeaderIsNotTestedAgain) {
+    // It no longer counts as the end or as a header.
     EXPECT_EQ(collected("PGL", ended({globalSearch, ">", globalSearch, "  2 PGL/ B"})),
               (Elements{1, {"", "B"}, {"", "2"}}));
     EXPECT_EQ(collected("PGL", ended({globalSearch, globalSearch, "  2 PGL/ B"})), nothing);
@@ -57,7 +57,7 @@ TEST(GlobalSearch, AnEndMarkInThePrefixedLineIsText) {
 }
 
 TEST(GlobalSearch, FollowersHaveFiveBlanksFromColumn3) {
-    // Trimmed "12     ABC" and "3      D": blanks in 3 to 7. Trimmed "4     E": blanks in 2 to 6 alone.
+    // Trimmed, "12     ABC" and "3      D" have blanks in columns 3 to 7; "4     E" only in columns 2 to 6.
     EXPECT_EQ(collected("PGL", ended({globalSearch, " 11 PGL/ A", " 12     ABC", "  3      D", "  4     E"})),
               (Elements{3, {"", "A", "ABC", "D"}, {"", "11", "12", "3"}}));
 }

@@ -1,4 +1,4 @@
-// Every display in samples/profiles against what it holds by samples/expected.
+// Every display in samples/profiles is compared with its expected elements in samples/expected.
 #include "tests/profile/samples.h"
 #include "vantro/profile.h"
 
@@ -16,7 +16,7 @@ namespace {
 
 using Json = rapidjson::Value;
 
-/// The fields of an element that a family has beside number and text, as its golden elements name them.
+/// The fields that a family's elements have besides number and text, as the golden files name them.
 std::vector<std::string> furtherFields(const std::string& family) {
     if (family == "SR") return {"code", "airline", "frequentFlyerNumber", "freeText", "asterisk"};
     if (family == "FFN") return {"airline", "frequentFlyerNumber"};
@@ -24,7 +24,7 @@ std::vector<std::string> furtherFields(const std::string& family) {
     return {};
 }
 
-/// Fields by name; a boolean as "true" or "false", null as nothing.
+/// Fields by name; a boolean as "true" or "false", null as nullopt.
 using Fields = std::map<std::string, std::optional<std::string>>;
 
 Fields fieldsOf(const Json& object) {
@@ -68,7 +68,7 @@ private:
 INSTANTIATE_TEST_SUITE_P(Sample, GoldenProfile, testing::ValuesIn(sampleNames()),
                          [](const auto& test) { return test.param; });
 
-TEST(GoldenFiles, EveryDisplayHasOneAndTheOtherWayRound) {
+TEST(GoldenFiles, EveryDisplayHasOneAndEveryOneHasADisplay) {
     EXPECT_EQ(sampleNames(), expectedNames());
     EXPECT_GE(sampleNames().size(), 6U);
 }
@@ -104,8 +104,8 @@ TEST_P(GoldenProfile, Elements) {
         ++membersSeen;
         const Json& golden = member->value;
         ASSERT_EQ(elements.size(), golden.Size());
-        for (rapidjson::SizeType place = 0; place < golden.Size(); ++place) {
-            EXPECT_EQ(fieldsOf(elements[place], furtherFields(prefix)), fieldsOf(golden[place])) << "at " << place;
+        for (rapidjson::SizeType index = 0; index < golden.Size(); ++index) {
+            EXPECT_EQ(fieldsOf(elements[index], furtherFields(prefix)), fieldsOf(golden[index])) << "at " << index;
         }
     }
     EXPECT_EQ(membersSeen, expected("elements").MemberCount()) << "a member is no family";
@@ -114,11 +114,11 @@ TEST_P(GoldenProfile, Elements) {
 TEST_P(GoldenProfile, Notes) {
     const Json& golden = expected("notes");
     ASSERT_EQ(profile().notes.size(), golden.Size());
-    for (rapidjson::SizeType place = 0; place < golden.Size(); ++place) {
-        const Note& note = profile().notes[place];
+    for (rapidjson::SizeType index = 0; index < golden.Size(); ++index) {
+        const Note& note = profile().notes[index];
         const Fields fields{
             {"number", std::to_string(note.number)}, {"qualifier", utf8(note.qualifier)}, {"text", utf8(note.text)}};
-        EXPECT_EQ(fields, fieldsOf(golden[place])) << "at " << place;
+        EXPECT_EQ(fields, fieldsOf(golden[index])) << "at " << index;
     }
 }
 
@@ -127,7 +127,7 @@ TEST_P(GoldenProfile, EveryQueryIsAnswered) {
         ADD_FAILURE() << utf8(problem.query) << " raised " << problem.number;
 }
 
-// What the samples are there for
+// What the samples must cover
 
 TEST(GoldenFiles, EveryFamilyHasElementsInSomeSample) {
     for (const FamilyName& family : familyNames()) {

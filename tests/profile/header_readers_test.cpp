@@ -22,13 +22,13 @@ Lines blankLines(std::size_t count) { return Lines(count, ""); }
 
 Answer name(const Lines& lines) { return asked("NM", display(lines)); }
 
-TEST(Name, StandsAfterItsTag) {
+TEST(Name, FollowsItsTag) {
     EXPECT_EQ(name({"", " 1 NM SMITH/JOHN MR"}), element("SMITH/JOHN MR"));
     EXPECT_EQ(name({"", "XY NM SMITH/JOHN MR"}), element("SMITH/JOHN MR"));
     EXPECT_EQ(name({"", " NM   SMITH/JOHN MR   "}), element("SMITH/JOHN MR"));
 }
 
-TEST(Name, IsLookedForInLines1To20) {
+TEST(Name, IsSearchedInLines1To20) {
     EXPECT_EQ(name({"  1 NM ON/LINE 0", ""}), element(""));
     EXPECT_EQ(name(blankLines(20) + Lines{"  1 NM ON/LINE 20"}), element("ON/LINE 20"));
     EXPECT_EQ(name(blankLines(21) + Lines{"  1 NM ON/LINE 21"}), element(""));
@@ -49,27 +49,27 @@ TEST(Name, EndMarksDoNotEndTheSearch) {
     EXPECT_EQ(name({"", ">", "END OF DISPLAY", "  1 NM SMITH/A"}), element("SMITH/A"));
 }
 
-TEST(Name, WithoutATagIsTheCompanysFromColumn4) {
+TEST(Name, WithoutATagIsTheCompanysNameFromColumn4) {
     const std::string company = "*C*ABCDEFGHIJKLMNOPQRSTUVWXYZ123456789BEYOND";
     EXPECT_EQ(name({"", "", "", company}), element("ABCDEFGHIJKLMNOPQRSTUVWXYZ123456789"));
     EXPECT_EQ(name({"", "*C*  ACME  "}), element("ACME"));
-    // The mark may stand anywhere; the columns are the line's.
+    // The mark may be anywhere in the line; the columns are counted from the line's beginning.
     EXPECT_EQ(name({"", "AB ACME *C*"}), element("ACME *C*"));
 }
 
-TEST(Name, TheCompanyMarkIsLookedForInLines1To10) {
+TEST(Name, TheCompanyMarkIsSearchedInLines1To10) {
     EXPECT_EQ(name({"*C*ON LINE 0", ""}), element(""));
     EXPECT_EQ(name(blankLines(10) + Lines{"*C*ON LINE 10"}), element("ON LINE 10"));
     EXPECT_EQ(name(blankLines(11) + Lines{"*C*ON LINE 11"}), element(""));
 }
 
-TEST(Name, AnEmptyNameGivesWayToTheCompanysAndEndsTheSearchForNames) {
+TEST(Name, AnEmptyNameEndsTheNameSearchAndTheCompanysNameIsUsed) {
     EXPECT_EQ(name({"", "  1 NM ", "  2 NM SECOND/B", "*C*ACME"}), element("ACME"));
     EXPECT_EQ(name({"", "  1 NM ", "  2 NM SECOND/B"}), element(""));
     EXPECT_EQ(name({"", "*C*ACME", "  2 NM SECOND/B"}), element("SECOND/B"));
 }
 
-TEST(Name, OfAnEmptyDisplayIsEmptyAndAddedAllTheSame) { EXPECT_EQ(asked("NM", u""), element("")); }
+TEST(Name, OfAnEmptyDisplayIsEmptyAndStillAdded) { EXPECT_EQ(asked("NM", u""), element("")); }
 
 // Record locator
 
@@ -83,7 +83,7 @@ TEST(RecordLocator, IsTheEndOfLine1) {
     EXPECT_EQ(locator({"", "ABC     12"}), element("12"));
 }
 
-TEST(RecordLocator, UnderAHostLineIsTheEndOfLine2) {
+TEST(RecordLocator, IsTheEndOfLine2AfterAHostLine) {
     EXPECT_EQ(locator({"", "MSG PF24 REQST UMSG XYZ789", "*T*  LMN456"}), element("LMN456"));
     EXPECT_EQ(locator({"", "X 4505 XYZ789", "*T*  LMN456"}), element("LMN456"));
     EXPECT_EQ(locator({"", "", "*T*  LMN456  "}), element("LMN456"));
@@ -94,7 +94,7 @@ TEST(RecordLocator, AHostWordThatIsNotTheWholeMarkDoesNotCount) {
     EXPECT_EQ(locator({"", "X 450 5 XYZ789", "*T*  LMN456"}), element("XYZ789"));
 }
 
-TEST(RecordLocator, OfADisplayWithoutThatLineIsEmpty) {
+TEST(RecordLocator, IsEmptyForADisplayWithoutThatLine) {
     EXPECT_EQ(asked("RECLOC", u""), element(""));
     EXPECT_EQ(locator({"XYZ789"}), element(""));
     EXPECT_EQ(locator({"XYZ789", "4505"}), element(""));
@@ -116,7 +116,7 @@ TEST(Office, TheMarkIsTheLinesFirstWord) {
     EXPECT_EQ(office({"", "*t* SMITH", "----- NCEVN0900"}), element(""));
 }
 
-TEST(Office, TheMarkIsLookedForInLines1To6) {
+TEST(Office, TheMarkIsSearchedInLines1To6) {
     const Lines marked{"*T* SMITH", "----- NCEVN0900"};
     EXPECT_EQ(office(marked), element(""));
     EXPECT_EQ(office(blankLines(6) + marked), element("NCEVN0900"));
@@ -129,11 +129,11 @@ TEST(Office, WithoutARuleUnderTheMarkTheSearchGoesOn) {
     EXPECT_EQ(office({"", "*T* A", "*T* B", "----- LYSVN1111"}), element("LYSVN1111"));
 }
 
-TEST(Office, AnIdentifierOfAnotherLengthIsNoneAndEndsTheSearch) {
+TEST(Office, AnIdentifierOfAnotherLengthIsDroppedAndEndsTheSearch) {
     EXPECT_EQ(office({"", "*T* A", "-----  NCEVN090", "*T* B", "----- LYSVN1111"}), element(""));
     EXPECT_EQ(office({"", "*T* A", "-----"}), element(""));
-    EXPECT_EQ(office({"", "*T* A", "----- OFFICE CE1A0900"}), element(""));
-    // Nine characters are enough: they need not be one word, nor stand apart from the rule.
+    EXPECT_EQ(office({"", "*T* A", "----- OFFICE CEVN0900"}), element(""));
+    // Nine characters are enough: they need not be one word or be separated from the rule.
     EXPECT_EQ(office({"", "*T* A", "-----NCEV 0900"}), element("NCEV 0900"));
     EXPECT_EQ(office({"", "*T* A", "---------"}), element("---------"));
 }
@@ -144,29 +144,29 @@ TEST(Office, OfAnEmptyDisplayIsEmpty) { EXPECT_EQ(asked("OFFID", u""), element("
 
 Answer company(const Lines& lines) { return asked("PCN", display(lines + Lines{"END OF DISPLAY"})); }
 
-TEST(CompanyName, WithoutANumberGivesTheElementAlone) {
+TEST(CompanyName, WithoutANumberOnlyTheElementIsReturned) {
     EXPECT_EQ(company({"", "     PCN/ ACME"}), element("ACME"));
     EXPECT_EQ(company({"", "  PCN/ ACME"}), element("ACME"));
-    // Two columns are cut off in front: what is left of a tag further left is none.
+    // The first two columns are cut off, so a tag that begins there is not found.
     EXPECT_EQ(company({"", " PCN/ ACME"}), elementAndNumber("", ""));
 }
 
-TEST(CompanyName, WithANumberGivesBoth) {
+TEST(CompanyName, WithANumberBothAreReturned) {
     EXPECT_EQ(company({"", "   1 PCN/ ACME"}), elementAndNumber("ACME", "1"));
     EXPECT_EQ(company({"", "  1 PCN/ ACME  TRADING  "}), elementAndNumber("ACME  TRADING", "1"));
 }
 
-TEST(CompanyName, ANumberOfTwoDigitsIsGivenWhole) {
+TEST(CompanyName, ANumberOfTwoDigitsIsReturnedWhole) {
     EXPECT_EQ(company({"", "  12 PCN/ ACME"}), elementAndNumber("ACME", "12"));
 }
 
-TEST(CompanyName, WithoutSuchALineBothAreEmpty) {
+TEST(CompanyName, WithoutTheLineBothAreEmpty) {
     EXPECT_EQ(company({"", "NO NAME"}), elementAndNumber("", ""));
     EXPECT_EQ(company({"  1 PCN/ ON LINE 0", ""}), elementAndNumber("", ""));
     EXPECT_EQ(company({"", "  1 PCN/ACME", "  2 PCN/"}), elementAndNumber("", ""));
 }
 
-TEST(CompanyName, AnEndMarkAboveEndsTheSearch) {
+TEST(CompanyName, AnEndMarkAboveTheLineEndsTheSearch) {
     for (const std::string end : {"A > B", ")>", "THE END OF DISPLAY"}) {
         EXPECT_EQ(company({"", end, "  1 PCN/ ACME"}), elementAndNumber("", "")) << end;
     }
@@ -207,15 +207,16 @@ TEST(CompanyName, ALineOf64CharactersIsJoinedWithoutABlank) {
     EXPECT_EQ(company({"", full.substr(0, 63), from(15, "ORKS")}), elementAndNumber(name.substr(1) + " ORKS", "1"));
 }
 
-TEST(CompanyName, TheFirstLineAloneDecidesHowLinesAreJoined) {
+TEST(CompanyName, OnlyTheFirstLineDecidesHowLinesAreJoined) {
     const std::string full = from(15, std::string(50, 'W'));
     ASSERT_EQ(full.size(), 64U);
     EXPECT_EQ(company({"", "  1 PCN/ ACME", full, from(15, "ORKS")}),
               elementAndNumber("ACME " + std::string(50, 'W') + " ORKS", "1"));
 }
 
-TEST(CompanyName, ContinuationLinesAreCutWhereTheSlashStoodInTheCutLine) {
-    // The slash is the 20th character of the line without its margin, so the continuation begins at its column 21.
+TEST(CompanyName, ContinuationLinesAreCutAtTheSlashColumnOfTheCutLine) {
+    // After the first two columns are cut off, the slash is the 20th character, so the continuation begins in column
+    // 21.
     const std::string first = "  " + std::string(16, 'N') + "PCN/ ACME";
     EXPECT_EQ(company({"", first, from(15, "LOST  KEPT")}), elementAndNumber("ACME KEPT", "NN"));
 }
@@ -230,12 +231,12 @@ TEST(CompanyName, ADisplayWithoutAnEndOverflows) {
 
 Answer pin(const Lines& lines) { return asked("PIN", display(lines + Lines{"END OF DISPLAY"})); }
 
-TEST(PinLine, GivesElementAndNumber) {
+TEST(PinLine, ReturnsElementAndNumber) {
     EXPECT_EQ(pin({"", "   4 PIN/ 9017"}), elementAndNumber("9017", "4"));
     EXPECT_EQ(pin({"", "  14 PIN/9017"}), elementAndNumber("9017", "14"));
 }
 
-TEST(PinLine, MayStandOnLine0) { EXPECT_EQ(pin({"  4 PIN/ 9017"}), elementAndNumber("9017", "4")); }
+TEST(PinLine, MayBeOnLine0) { EXPECT_EQ(pin({"  4 PIN/ 9017"}), elementAndNumber("9017", "4")); }
 
 TEST(PinLine, WithoutANumberHasAnEmptyOne) {
     EXPECT_EQ(pin({"    PIN/ 9017"}), elementAndNumber("9017", ""));
@@ -243,7 +244,7 @@ TEST(PinLine, WithoutANumberHasAnEmptyOne) {
     EXPECT_EQ(pin({"  A/B PIN/ 9017"}), elementAndNumber("B PIN/ 9017", ""));
 }
 
-TEST(PinLine, TwoColumnsAreCutOffInFront) { EXPECT_EQ(pin({" PIN/ 9017"}), elementAndNumber("", "")); }
+TEST(PinLine, TheFirstTwoColumnsAreCutOff) { EXPECT_EQ(pin({" PIN/ 9017"}), elementAndNumber("", "")); }
 
 TEST(PinLine, AnEndMarkEndsTheSearch) {
     for (const std::string end : {"A > B", ")>", "THE END OF DISPLAY", "  4 PIN/ > 9017"}) {
@@ -265,17 +266,17 @@ TEST(PinLine, ADisplayWithoutAnEndOverflows) {
 
 Answer psl(const Lines& lines) { return asked("PSL", display(lines + Lines{"END OF DISPLAY"})); }
 
-TEST(PslLine, GivesElementAndFirstNineCharacters) {
+TEST(PslLine, ReturnsElementAndFirstNineCharacters) {
     EXPECT_EQ(psl({"", "  7 PSL/ B"}), elementAndNumber("B", "7 PSL/"));
     EXPECT_EQ(psl({"", "     7   PSL/ B"}), elementAndNumber("B", "7"));
     EXPECT_EQ(psl({"PSL/GOLD"}), elementAndNumber("GOLD", "PSL/GOLD"));
 }
 
-TEST(PslLine, IsCutAtItsFirstSlashWithItsFrontKept) {
+TEST(PslLine, IsCutAtItsFirstSlashAndKeepsItsFirstColumns) {
     EXPECT_EQ(psl({"  A/B PSL/ C"}), elementAndNumber("B PSL/ C", "A/B PSL"));
 }
 
-TEST(PslLine, WithoutSuchALineNothingIsAdded) {
+TEST(PslLine, WithoutTheLineNothingIsAdded) {
     EXPECT_EQ(psl({"  7 PSL B", "SLASH/"}), Answer{});
     EXPECT_EQ(asked("PSL", u""), Answer{});
 }

@@ -1,4 +1,4 @@
-// The element at an index: with the whole lists beside it, or alone.
+// The element at an index: together with the whole lists, or alone.
 #include "tests/profile/parser.h"
 
 #include <gtest/gtest.h>
@@ -52,26 +52,26 @@ Entries before(Entries first, const Entries& then) {
     return first;
 }
 
-class IndexWithLists : public testing::TestWithParam<Row> {};
-INSTANTIATE_TEST_SUITE_P(Every, IndexWithLists, testing::ValuesIn(withLists), nameOf);
+class IndexedElementWithLists : public testing::TestWithParam<Row> {};
+INSTANTIATE_TEST_SUITE_P(Every, IndexedElementWithLists, testing::ValuesIn(withLists), nameOf);
 
-TEST_P(IndexWithLists, WithoutAnIndexAddsTheListsAlone) {
+TEST_P(IndexedElementWithLists, WithoutAnIndexOnlyTheListsAreAdded) {
     EXPECT_EQ(Parser().query(GetParam().three, GetParam().prefix), (Answer{.added = wholeLists}));
     EXPECT_EQ(GetParam().asked(text("")), (Answer{.added = wholeLists}));
 }
 
-TEST_P(IndexWithLists, AnIndexAddsTheElementInFrontOfTheLists) {
+TEST_P(IndexedElementWithLists, AnIndexAddsTheElementBeforeTheLists) {
     for (const ItemValue& two : {integer(2), text("2"), text("+2"), text("  02 ")}) {
         EXPECT_EQ(GetParam().asked(two), (Answer{.added = before(GetParam().second, wholeLists)})) << written(two);
     }
 }
 
-TEST_P(IndexWithLists, TheLastElementIsTheCount) {
+TEST_P(IndexedElementWithLists, TheLastElementIsTheCount) {
     const Entries third{{"strKeyElement", "'C'"}, {"strKeyElementNr", "'3'"}};
     EXPECT_EQ(GetParam().asked(integer(3)), (Answer{.added = before(third, wholeLists)}));
 }
 
-TEST_P(IndexWithLists, BeyondTheCountRaisesItsNumberAndAddsNothing) {
+TEST_P(IndexedElementWithLists, BeyondTheCountRaisesItsNumberAndAddsNothing) {
     for (const int index : {4, 32767}) {
         EXPECT_EQ(GetParam().asked(integer(index)), (Answer{.raised = verifying(GetParam().error)})) << index;
     }
@@ -79,14 +79,14 @@ TEST_P(IndexWithLists, BeyondTheCountRaisesItsNumberAndAddsNothing) {
               (Answer{.raised = verifying(GetParam().error)}));
 }
 
-TEST_P(IndexWithLists, ZeroAndBelowAddTheListsAlone) {
+TEST_P(IndexedElementWithLists, ZeroAndBelowAddOnlyTheLists) {
     for (const int index : {0, -1, -32768}) {
         EXPECT_EQ(GetParam().asked(integer(index)), (Answer{.added = wholeLists})) << index;
         EXPECT_EQ(GetParam().asked(text(std::to_string(index))), (Answer{.added = wholeLists})) << index;
     }
 }
 
-TEST_P(IndexWithLists, WhatIsNoIntegerFailsWithNothingAdded) {
+TEST_P(IndexedElementWithLists, AValueThatIsNotAnIntegerFailsWithNothingAdded) {
     EXPECT_EQ(GetParam().asked(text("x")), (Answer{.raised = failing(Failure::TypeMismatch)}));
     EXPECT_EQ(GetParam().asked(text(" ")), (Answer{.raised = failing(Failure::TypeMismatch)}));
     EXPECT_EQ(GetParam().asked(text("2.0")), (Answer{.raised = failing(Failure::TypeMismatch)}));
@@ -96,7 +96,7 @@ TEST_P(IndexWithLists, WhatIsNoIntegerFailsWithNothingAdded) {
     EXPECT_EQ(GetParam().asked(text("-32769")), (Answer{.raised = failing(Failure::Overflow)}));
 }
 
-TEST_P(IndexWithLists, TheDisplayIsReadBeforeTheIndexIsConverted) {
+TEST_P(IndexedElementWithLists, TheDisplayIsReadBeforeTheIndexIsConverted) {
     const Text endless = display({"NO SECTION", "NO END"});
     for (const ItemValue& index : {text("x"), text("32768"), text("99")}) {
         EXPECT_EQ(Parser().query(endless, wanting(GetParam().prefix, index)),
@@ -104,13 +104,13 @@ TEST_P(IndexWithLists, TheDisplayIsReadBeforeTheIndexIsConverted) {
     }
 }
 
-TEST_P(IndexWithLists, AFailedIndexLeavesTheObjectsListsFilled) {
+TEST_P(IndexedElementWithLists, AFailedIndexLeavesTheObjectsListsFilled) {
     Parser parser;
     EXPECT_EQ(parser.query(GetParam().three, wanting(GetParam().prefix, text("x"))).raised.number, 13);
     EXPECT_EQ(parser.list("str" + GetParam().prefix + "Text"), (Texts{"", "A", "B", "C"}));
 }
 
-TEST_P(IndexWithLists, AnEmptyDisplayHandsOutTheListsOfTheCallBefore) {
+TEST_P(IndexedElementWithLists, AnEmptyDisplayReturnsTheListsOfTheEarlierCall) {
     Parser parser;
     parser.query(GetParam().three, GetParam().prefix);
     EXPECT_EQ(parser.query(u"", GetParam().prefix), (Answer{.added = wholeLists}));
@@ -154,16 +154,16 @@ const std::vector<Row> alone{
      5260},
 };
 
-class IndexAlone : public testing::TestWithParam<Row> {};
-INSTANTIATE_TEST_SUITE_P(Every, IndexAlone, testing::ValuesIn(alone), nameOf);
+class IndexedElement : public testing::TestWithParam<Row> {};
+INSTANTIATE_TEST_SUITE_P(Every, IndexedElement, testing::ValuesIn(alone), nameOf);
 
-TEST_P(IndexAlone, AddsTheElementAndItsPartsInOrder) {
+TEST_P(IndexedElement, AddsTheElementAndItsPartsInOrder) {
     for (const ItemValue& two : {integer(2), text("2"), text("+2"), text("  02 ")}) {
         EXPECT_EQ(GetParam().asked(two), (Answer{.added = GetParam().second})) << written(two);
     }
 }
 
-TEST_P(IndexAlone, TheFirstIsAt1AndTheLastAtTheCount) {
+TEST_P(IndexedElement, TheFirstIsAt1AndTheLastAtTheCount) {
     const Answer first = GetParam().asked(integer(1));
     const Answer last = GetParam().asked(integer(3));
     ASSERT_EQ(first.added.size(), GetParam().second.size());
@@ -172,7 +172,7 @@ TEST_P(IndexAlone, TheFirstIsAt1AndTheLastAtTheCount) {
     EXPECT_EQ(last.added[1], (std::pair<std::string, std::string>("strKeyElementNr", "'3'")));
 }
 
-TEST_P(IndexAlone, BeyondTheCountRaisesItsNumberAndAddsNothing) {
+TEST_P(IndexedElement, BeyondTheCountRaisesItsNumberAndAddsNothing) {
     for (const int index : {4, 32767}) {
         EXPECT_EQ(GetParam().asked(integer(index)), (Answer{.raised = verifying(GetParam().error)})) << index;
     }
@@ -182,7 +182,7 @@ TEST_P(IndexAlone, BeyondTheCountRaisesItsNumberAndAddsNothing) {
     }
 }
 
-TEST_P(IndexAlone, ZeroAndBelowAreOutsideTheList) {
+TEST_P(IndexedElement, ZeroAndBelowAreOutsideTheList) {
     for (const int index : {0, -1, -32767}) {
         EXPECT_EQ(GetParam().asked(integer(index)), (Answer{.raised = failing(Failure::SubscriptOutOfRange)})) << index;
         EXPECT_EQ(Parser().query(u"", wanting(GetParam().prefix, integer(index))),
@@ -193,12 +193,12 @@ TEST_P(IndexAlone, ZeroAndBelowAreOutsideTheList) {
     EXPECT_EQ(GetParam().asked(ItemValue(true)), (Answer{.raised = failing(Failure::SubscriptOutOfRange)}));
 }
 
-TEST_P(IndexAlone, TheLowestIndexOverflows) {
+TEST_P(IndexedElement, TheLowestIndexOverflows) {
     EXPECT_EQ(GetParam().asked(integer(-32768)), (Answer{.raised = failing(Failure::Overflow)}));
     EXPECT_EQ(GetParam().asked(text("-32768")), (Answer{.raised = failing(Failure::Overflow)}));
 }
 
-TEST_P(IndexAlone, WhatIsNoIntegerFails) {
+TEST_P(IndexedElement, AValueThatIsNotAnIntegerFails) {
     EXPECT_EQ(GetParam().asked(text("x")), (Answer{.raised = failing(Failure::TypeMismatch)}));
     EXPECT_EQ(GetParam().asked(text("")), (Answer{.raised = failing(Failure::TypeMismatch)}));
     EXPECT_EQ(GetParam().asked(text("2.0")), (Answer{.raised = failing(Failure::TypeMismatch)}));
@@ -207,11 +207,11 @@ TEST_P(IndexAlone, WhatIsNoIntegerFails) {
     EXPECT_EQ(GetParam().asked(text("-32769")), (Answer{.raised = failing(Failure::Overflow)}));
 }
 
-TEST_P(IndexAlone, AnAbsentIndexFails) {
+TEST_P(IndexedElement, AnAbsentIndexFails) {
     EXPECT_EQ(Parser().query(GetParam().three, GetParam().prefix), (Answer{.raised = failing(Failure::ObjectNotSet)}));
 }
 
-TEST_P(IndexAlone, TheIndexIsConvertedBeforeTheDisplayIsRead) {
+TEST_P(IndexedElement, TheIndexIsConvertedBeforeTheDisplayIsRead) {
     const Text endless = display({"NO SECTION", "NO END"});
     EXPECT_EQ(Parser().query(endless, wanting(GetParam().prefix, text("x"))).raised.number, 13);
     EXPECT_EQ(Parser().query(endless, wanting(GetParam().prefix, text("32768"))).raised.number, 6);
@@ -223,7 +223,7 @@ TEST_P(IndexAlone, TheIndexIsConvertedBeforeTheDisplayIsRead) {
     }
 }
 
-TEST_P(IndexAlone, TheListsOfACallBeforeAreNotHandedOut) {
+TEST_P(IndexedElement, TheListsOfAnEarlierCallAreNotReturned) {
     Parser parser;
     parser.query(GetParam().three, wanting(GetParam().prefix, integer(1)));
     EXPECT_EQ(parser.query(ended({"NO SECTION"}), wanting(GetParam().prefix, integer(1))),
@@ -232,7 +232,7 @@ TEST_P(IndexAlone, TheListsOfACallBeforeAreNotHandedOut) {
 
 // Whole lists
 
-TEST(ListOutput, WithoutElementsBothListsAreAddedAllTheSame) {
+TEST(ListOutput, WithoutElementsBothListsAreStillAdded) {
     const Answer emptyLists{.added = {{"strKeyElement()", "['']"}, {"strKeyElementNr()", "['']"}}};
     for (const std::string prefix : {"PHI", "PPH", "PCI", "PPC", "PPA", "PPK", "PPI", "PXC", "PXA", "PXK", "PSH", "PSC",
                                      "PPT", "PXT", "PAS", "PIV", "PCE", "PID", "PFO"}) {
@@ -241,7 +241,7 @@ TEST(ListOutput, WithoutElementsBothListsAreAddedAllTheSame) {
     }
 }
 
-TEST(ListOutput, AnIndexIsNotReadAndNotNeeded) {
+TEST(ListOutput, AnIndexIsNeitherReadNorNeeded) {
     const Text hotel = prefixed("------- TRAVEL POLICIES - HOTEL", "PPH");
     const Answer both{.added = wholeLists};
     EXPECT_EQ(Parser().query(hotel, "PPH"), both);

@@ -1,5 +1,5 @@
-// Every family and every header value on displays that differ by little from one that shows them, read by the library
-// and by the slow second opinion.
+// Every family and every header value on displays that differ slightly from one that contains them. The library's
+// results are compared with the oracle's.
 #include "tests/support/near_misses.h"
 #include "tests/profile/effort.h"
 #include "tests/profile/oracle_match.h"
@@ -14,18 +14,18 @@ namespace {
 using test::forEachNearMiss;
 using test::Variation;
 
-/// A display that shows a family or a value at its edges, and what is asked of it.
+/// A display that shows a family or a value at its edges, and what is read from it.
 struct Shown {
     std::string name;
     Lines lines;
-    std::string property = {};  ///< a count property's stem
-    std::string prefix = {};    ///< a query's
+    std::string property = {};  ///< stem of a count property
+    std::string prefix = {};    ///< of a query
     std::vector<std::string> planted = {};
 };
 
 const auto nameOf = [](const auto& test) { return test.param.name; };
 
-// In the rest of a display, under what a reader looks for: the end as most readers see it, and as contacts do.
+// The rest of a display: the end as most readers recognise it, and as contacts do.
 const Lines end{"END OF DISPLAY", ">"};
 
 Shown prefixed(const std::string& family, const std::string& sibling, const std::string& header) {
@@ -40,7 +40,7 @@ Shown prefixed(const std::string& family, const std::string& sibling, const std:
                 from(10, "09:30"),
                 " 13      WITHOUT A PREFIX",
                 "  4       MORE",
-                // The prefix comes about where two lines are joined.
+                // Joining the two lines forms the prefix.
                 "  5 " + sibling + "/ ENDS IN " + family,
                 from(12, "/ A"),
                 "  6 " + sibling + "/ ENDS IN " + family.substr(0, 2),
@@ -49,7 +49,7 @@ Shown prefixed(const std::string& family, const std::string& sibling, const std:
                 from(12, family.substr(1) + "/ C"),
                 family + "/ IN COLUMN 1",
                 "  5 " + sibling + "/ ANOTHER SIBLING",
-                // Where the search begins in column 1 this line is one with the line under it, elsewhere it is passed.
+                // Families searched from column 1 join this line with the next one, all others skip it.
                 family + "/ IN COLUMN 1",
                 from(12, "WRAPPED " + family + "/ AND MORE"),
                 "------- FOLLOW UP",
@@ -87,7 +87,7 @@ std::vector<Shown> prefixedFamilies() {
 
 Shown transferableFamily(const std::string& stem, const std::string& code, const std::string& text) {
     const std::string header = "------- PNR TRANSFERABLE DATA";
-    // A contact's code begins a column earlier than the others': it fills columns 12 to 17.
+    // A contact's code begins a column earlier than the others: it fills columns 12 to 17.
     return {stem,
             {
                 "PDR/KQ4R7T",
@@ -179,7 +179,8 @@ std::vector<Shown> values() {
         {"PslOnLine0", Lines{"1 PSL/ 3", "2 PSL/ LOST"}, "", "PSL", {}}};
 }
 
-// Lines of the host's own width, and of terminals that print wider ones: those that a reader holds at once, and longer.
+// The host's own line width and those of terminals with wider lines: up to 128 characters a line is read at once, a
+// longer one is not.
 struct Terminals {
     const char* name;
     std::size_t width;
@@ -194,8 +195,8 @@ std::unique_ptr<Terminal> terminalOf(const Terminals& kind) {
     return std::make_unique<test::WideTerminal>(kind.width);
 }
 
-/// Lines of a width, joined without separators.
-Text joinedLines(const Lines& lines, std::size_t width) {
+/// Lines of this width, joined without separators.
+Text concatLines(const Lines& lines, std::size_t width) {
     Text text;
     for (const std::string& line : lines) {
         text += wide(line);
@@ -238,7 +239,7 @@ TEST_P(NearMiss, IsReadAsTheOracleReadsIt) {
             if (message.empty() && property == nullptr && !kind.areSlices) message = match.query(text, request);
             return message.empty();
         };
-        const Text text = joinedLines(shown.lines + end, kind.width);
+        const Text text = concatLines(shown.lines + end, kind.width);
         ASSERT_GT(forEachNearMiss(text, variationOf(shown, kind), isSame), 0U);
         ASSERT_TRUE(message.empty()) << message;
     }
@@ -278,7 +279,7 @@ TEST_P(NearMissOfScanner, IsReadAsTheOracleReadsIt) {
         request.selection = &selection;
         request.qualifier = GetParam().qualifier;
         std::string message;
-        const Text text = joinedLines(shown.lines + end, kind.width);
+        const Text text = concatLines(shown.lines + end, kind.width);
         forEachNearMiss(text, variationOf(shown, kind), [&](const Text& display) {
             message = match.query(display, request);
             return message.empty();
@@ -287,7 +288,7 @@ TEST_P(NearMissOfScanner, IsReadAsTheOracleReadsIt) {
     }
 }
 
-// The selection's own near misses: what is asked for, not what is displayed.
+// Near misses of the selection itself, not of the display.
 TEST(NearMissOfSelection, IsReadAsTheOracleReadsIt) {
     OracleMatch match;
     const Text text =
@@ -335,7 +336,7 @@ TEST_P(NearMissOfNotes, IsReadAsTheOracleReadsIt) {
         Parser parser(u"CProfileNotes", terminalOf(kind));
         oracle::NotesOracle known;
         std::string message;
-        const Text text = joinedLines(shown.lines + end, kind.width);
+        const Text text = concatLines(shown.lines + end, kind.width);
         forEachNearMiss(text, variationOf(shown, kind), [&](const Text& display) {
             message = matchNotes(display, GetParam().search, GetParam().qualifier, parser, known);
             return message.empty();

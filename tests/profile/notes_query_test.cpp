@@ -24,10 +24,10 @@ Request filtered(const std::string& prefix, ItemValue search, ItemValue qualifie
 Answer asked(const Text& text, const Request& request) { return Parser(u"CProfileNotes").query(text, request); }
 Answer asked(const Text& text, const std::string& prefix) { return asked(text, wanting(prefix)); }
 
-const Answer unknown{.gaveCollection = true};
+const Answer unknown{.returnedCollection = true};
 const Answer readingFailed{.raised = {5500, "VantroProfileUtils", "An error has occurred while reading Profile Notes"}};
 
-TEST(NotesQuery, AddsThreeListsAndGivesNoObject) {
+TEST(NotesQuery, AddsThreeListsAndReturnsNoObject) {
     EXPECT_EQ(asked(shown, "ProfileNotes"),
               (Answer{.added = lists("['', 'LIKES ROW 1', 'PREFERS AISLE']", "['', '1', '2']", "['', 'A ', 'B ']")}));
 }
@@ -43,11 +43,11 @@ TEST(NotesQuery, ItsDescriptionNamesItsKeys) {
 TEST(NotesQuery, BlanksAroundThePrefixDoNotMatter) {
     for (const std::string prefix : {" ProfileNotes", "ProfileNotes   ", "  ProfileNotes  "}) {
         EXPECT_EQ(asked(shown, prefix).added.size(), 3U) << prefix;
-        EXPECT_FALSE(asked(shown, prefix).gaveCollection) << prefix;
+        EXPECT_FALSE(asked(shown, prefix).returnedCollection) << prefix;
     }
 }
 
-TEST(NotesQuery, AnyOtherPrefixGivesTheCollectionBack) {
+TEST(NotesQuery, AnyOtherPrefixReturnsTheCollection) {
     for (const std::string prefix :
          {"profilenotes", "PROFILENOTES", "ProfileNote", "ProfileNotesX", "Profile Notes", "NM", " "}) {
         EXPECT_EQ(asked(shown, prefix), unknown) << prefix;
@@ -69,19 +69,19 @@ TEST(NotesQuery, ReadsItsFilters) {
               (Answer{.added = lists("['']", "['']", "['']")}));
 }
 
-TEST(NotesQuery, AFilterMayBeAnyValueThatReadsAsText) {
+TEST(NotesQuery, AFilterMayBeAnyValueThatConvertsToText) {
     EXPECT_EQ(asked(shown, filtered("ProfileNotes", ItemValue(std::int16_t{1}), Text())).added[0].second,
               "['', 'LIKES ROW 1']");
     EXPECT_EQ(asked(shown, filtered("ProfileNotes", TextList{u"ROW"}, Text())).raised.number, 13);
     EXPECT_EQ(asked(shown, filtered("XYZ", Text(), TextList{u"A"})).raised.number, 13);
 }
 
-TEST(NotesQuery, WithoutACollectionTheReadFails) {
+TEST(NotesQuery, WithoutACollectionReadingFails) {
     Parser parser(u"CProfileNotes");
     EXPECT_EQ(numberRaisedBy([&] { parser.object().profileGet()->ProfileElements(shown, nullptr); }), 91);
 }
 
-TEST(NotesQuery, WithoutNotesTheListsHoldTheEmptyEntryAlone) {
+TEST(NotesQuery, WithoutNotesTheListsHaveOnlyTheEmptyEntry) {
     const Answer nothing{.added = lists("['']", "['']", "['']")};
     EXPECT_EQ(asked(display({"LINE 0", "NO NOTES", "END OF DISPLAY"}), "ProfileNotes"), nothing);
     EXPECT_EQ(asked(Text(), "ProfileNotes"), nothing);
@@ -96,8 +96,8 @@ TEST(NotesQuery, ASecondQueryReplacesTheLists) {
     EXPECT_EQ(parser.list("strNoteNumber"), (Texts{"", "2"}));
 }
 
-TEST(NotesQuery, AHostLineCostsTheDisplayItsFirst80Characters) {
-    // A header beside the host's mark stands on line 0 then, and is not seen.
+TEST(NotesQuery, AHostLineCutsTheFirst80Characters) {
+    // A notes header on the same line as the host's mark moves to line 0, where it is ignored.
     const auto texts = [](const std::string& line) {
         return asked(display({"LINE 0", line + header, "A ONE", ">", header, "B TWO", "END OF DISPLAY"}),
                      "ProfileNotes")
@@ -110,7 +110,7 @@ TEST(NotesQuery, AHostLineCostsTheDisplayItsFirst80Characters) {
               "['', 'ONE']");
 }
 
-TEST(NotesQuery, AFailingScanRaises5500AndTheCountItself5505) {
+TEST(NotesQuery, AFailingScanRaises5500AndTheCountProperty5505) {
     const Text endless = display({"LINE 0", header, "A ONE"});
     EXPECT_EQ(asked(endless, "ProfileNotes"), readingFailed);
     Parser parser(u"CProfileNotes");
@@ -131,7 +131,7 @@ TEST(NotesQuery, RandomDisplaysAreReadAsTheOracleReadsThem) {
         const Answer expected = answerOf(request, [&](oracle::Collection& collection) {
             return known.profileElements(text, collection).returnedCollection;
         });
-        ASSERT_EQ(answer, expected) << parting(text, "notes", answer, expected);
+        ASSERT_EQ(answer, expected) << differenceMessage(text, "notes", answer, expected);
     }
 }
 

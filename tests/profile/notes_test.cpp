@@ -21,14 +21,14 @@ const ScannedNotes none;
 
 // The search for the header
 
-TEST(NotesHeader, IsNeverSeenOnLine0) { EXPECT_EQ(scannedNotes(display({header, "A NOTE", "END OF DISPLAY"})), none); }
+TEST(NotesHeader, IsIgnoredOnLine0) { EXPECT_EQ(scannedNotes(display({header, "A NOTE", "END OF DISPLAY"})), none); }
 
 TEST(NotesHeader, ABlankLineAboveItEndsTheScan) {
     EXPECT_EQ(scanned({"", header, "A NOTE", "END OF DISPLAY"}), none);
     EXPECT_EQ(scanned({"X", "   ", header, "A NOTE", "END OF DISPLAY"}), none);
 }
 
-TEST(NotesHeader, ABlankOrMarkedLine0IsNotSeen) {
+TEST(NotesHeader, ABlankOrMarkedLine0IsIgnored) {
     for (const std::string above : {"", ">", "END OF DISPLAY"}) {
         EXPECT_EQ(scannedNotes(display({above, header, "A NOTE", "END OF DISPLAY"})),
                   found({"", "NOTE"}, {"", "1"}, {"", "A "}))
@@ -44,20 +44,20 @@ TEST(NotesHeader, TheEndTextAboveItEndsTheScan) {
     EXPECT_EQ(scanned({"THE END OF DISPLAY", header, "A NOTE", "END OF DISPLAY"}), none);
 }
 
-TEST(NotesHeader, MayStandAnywhereInItsLine) {
+TEST(NotesHeader, MayBeAnywhereInItsLine) {
     EXPECT_EQ(scanned({"XX ------- PROFILE NOTES XX", "A NOTE", "END OF DISPLAY"}),
               found({"", "NOTE"}, {"", "1"}, {"", "A "}));
 }
 
 TEST(NotesHeader, WithAPromptIsAnEnd) { EXPECT_EQ(scanned({header + " >", "A NOTE", "END OF DISPLAY"}), none); }
 
-TEST(NotesHeader, WithTheEndTextIsAHeaderAllTheSame) {
-    // Only the line that the scan came from is tested for the end text, and that is the section's last.
+TEST(NotesHeader, WithTheEndTextIsStillAHeader) {
+    // Only the line that the scan comes back with is tested for the end text, and that is the last line of the section.
     EXPECT_EQ(scanned({header + " END OF DISPLAY", "A NOTE", "END OF DISPLAY"}),
               found({"", "NOTE"}, {"", "1"}, {"", "A "}));
 }
 
-TEST(NotesHeader, WithoutOneTheListsHoldTheEmptyEntryAlone) {
+TEST(NotesHeader, WithoutItTheListsHaveOnlyTheEmptyEntry) {
     EXPECT_EQ(scanned({"A NOTE", "END OF DISPLAY"}), none);
     EXPECT_EQ(scannedNotes(u""), none);
     EXPECT_EQ(scanned({"A NOTE"}), none);
@@ -65,7 +65,7 @@ TEST(NotesHeader, WithoutOneTheListsHoldTheEmptyEntryAlone) {
 
 // Notes
 
-TEST(Note, IsTakenApartAtItsThirdCharacter) {
+TEST(Note, IsSplitAtItsThirdCharacter) {
     EXPECT_EQ(scanned({header, "A CALLS BACK", "BB   TWO  ", "C", " D", "", "EFG", "END OF DISPLAY"}),
               found({"", "CALLS BACK", "TWO", "", "", "", "G"}, {"", "1", "2", "3", "4", "5", "6"},
                     {"", "A ", "BB", "C ", " D", "  ", "EF"}));
@@ -80,12 +80,12 @@ TEST(Note, ItsOwnHeaderInsideTheSectionIsANote) {
     EXPECT_EQ(scanned({header, header, "END OF DISPLAY"}), found({"", "----- PROFILE NOTES"}, {"", "1"}, {"", "--"}));
 }
 
-TEST(Notes, TheLineWithTheEndTextIsNoneAndEndsTheScan) {
+TEST(Notes, TheLineWithTheEndTextIsNotANoteAndEndsTheScan) {
     EXPECT_EQ(scanned({header, "A NOTE", "B THE END OF DISPLAY", header, "C LATER", "END OF DISPLAY"}),
               found({"", "NOTE"}, {"", "1"}, {"", "A "}));
 }
 
-TEST(Notes, UnderAPromptTheSearchForAnotherHeaderGoesOn) {
+TEST(Notes, AfterAPromptTheSearchForAnotherHeaderGoesOn) {
     EXPECT_EQ(scanned({header, "A ONE", "B > NOT A NOTE", "C NO NOTE", header, "D TWO", "END OF DISPLAY"}),
               found({"", "ONE", "TWO"}, {"", "1", "3"}, {"", "A ", "D "}));
     EXPECT_EQ(scanned({header, "A ONE", ">", "", header, "D TWO", "END OF DISPLAY"}),
@@ -98,7 +98,7 @@ TEST(Notes, ALineWithBothEndMarksEndsTheScan) {
               found({"", "ONE"}, {"", "1"}, {"", "A "}));
 }
 
-TEST(Notes, AreNumberedOnThroughASecondSection) {
+TEST(Notes, NumberingContinuesInASecondSection) {
     EXPECT_EQ(scanned({header, "A ONE", "B TWO", ">", header, "A THREE", "END OF DISPLAY"}, u"", u"A"),
               found({"", "ONE", "THREE"}, {"", "1", "4"}, {"", "A ", "A "}));
 }
@@ -129,23 +129,23 @@ TEST(NoteFilter, ABlankIsAQualifier) {
               found({"", "", ""}, {"", "1", "3"}, {"", " A", "  "}));
 }
 
-TEST(NoteFilter, TheSearchTextMayStandAnywhereInTheLine) {
+TEST(NoteFilter, TheSearchTextMayBeAnywhereInTheLine) {
     EXPECT_EQ(scanned(four, u"AISLE"),
               found({"", "LIKES AISLE", "PREFERS AISLE", "AISLE"}, {"", "1", "2", "4"}, {"", "A ", "B ", "AB"}));
     EXPECT_EQ(scanned(four, u"B "),
               found({"", "PREFERS AISLE", "PREFERS ROW 1", "AISLE"}, {"", "2", "3", "4"}, {"", "B ", "B ", "AB"}));
     EXPECT_EQ(scanned(four, u"aisle"), none);
-    // The line is searched as read, trailing blanks and all.
+    // The line is searched as read, including trailing blanks.
     EXPECT_EQ(scanned(four, u"1   "), found({"", "PREFERS ROW 1"}, {"", "3"}, {"", "B "}));
 }
 
-TEST(NoteFilter, BothTogetherMustHold) {
+TEST(NoteFilter, BothTogetherMustMatch) {
     EXPECT_EQ(scanned(four, u"AISLE", u"B"), found({"", "PREFERS AISLE"}, {"", "2"}, {"", "B "}));
     EXPECT_EQ(scanned(four, u"ROW", u"A"), none);
     EXPECT_EQ(scanned(four, u"AISLE", u"AB"), none);
 }
 
-TEST(NoteFilter, EndsAreSeenWhateverTheFilter) {
+TEST(NoteFilter, EndsCountWhateverTheFilter) {
     EXPECT_EQ(scanned({header, "A ONE", "X > X", header, "A TWO", "X END OF DISPLAY"}, u"T", u"A"),
               found({"", "TWO"}, {"", "3"}, {"", "A "}));
 }

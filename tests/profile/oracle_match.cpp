@@ -38,8 +38,8 @@ std::ostream& operator<<(std::ostream& out, const Outcome& outcome) {
 
 std::string listsOf(const std::vector<std::string>& names, const std::vector<const TextList*>& lists) {
     std::string text;
-    for (std::size_t place = 0; place < names.size(); ++place) {
-        text += "    " + names[place] + " = " + written(*lists[place]) + "\n";
+    for (std::size_t index = 0; index < names.size(); ++index) {
+        text += "    " + names[index] + " = " + written(*lists[index]) + "\n";
     }
     return text;
 }
@@ -55,7 +55,7 @@ OracleMatch::OracleMatch(std::unique_ptr<Terminal> terminal) : parser_(u"CProfil
             const std::string name = "str" + stem + content;
             const auto expected = oracle_.lists.find(name);
             const TextList* const list = parser_.object().list(wide(name));
-            if ((expected == oracle_.lists.end()) != (list == nullptr)) throw std::logic_error("one alone has " + name);
+            if ((expected == oracle_.lists.end()) != (list == nullptr)) throw std::logic_error("only one has " + name);
             if (list == nullptr) continue;
             matched.lists.push_back(list);
             matched.expected.push_back(&expected->second);
@@ -105,7 +105,7 @@ std::string OracleMatch::query(const Text& display, const Request& request) {
             .returnedCollection;
     });
     const std::string what = request.given.empty() ? "no prefix" : written(request.given.front().second);
-    if (answer != expected) return parting(display, what, answer, expected);
+    if (answer != expected) return differenceMessage(display, what, answer, expected);
     if (selection && changed != *selection)
         return "the selection became " + written(changed) + " for " + drawn(display);
     return {};
@@ -116,12 +116,12 @@ Answer answerOf(const Request& request, const std::function<bool(oracle::Collect
     for (const auto& [key, value] : request.given) collection.add(key, oracleValue(value));
     Answer answer;
     try {
-        answer.gaveCollection = ask(collection);
+        answer.returnedCollection = ask(collection);
     } catch (const oracle::Failure& failure) {
         answer.raised.number = failure.number;
     }
-    for (std::size_t place = request.given.size(); place < collection.entries.size(); ++place) {
-        const auto& [key, value] = collection.entries[place];
+    for (std::size_t index = request.given.size(); index < collection.entries.size(); ++index) {
+        const auto& [key, value] = collection.entries[index];
         answer.added.emplace_back(key, written(itemValue(value)));
     }
     return answer;
@@ -132,7 +132,8 @@ Answer bare(Answer answer) {
     return answer;
 }
 
-std::string parting(const Text& display, const std::string& what, const Answer& answer, const Answer& expected) {
+std::string differenceMessage(const Text& display, const std::string& what, const Answer& answer,
+                              const Answer& expected) {
     std::ostringstream message;
     message << what << ": " << answer << "\n  expected " << expected << "\n  for " << drawn(display);
     return message.str();

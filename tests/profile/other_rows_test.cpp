@@ -1,4 +1,4 @@
-// One test case a family and rule for the transferable section, documents and follow-up: count, lists, error number,
+// One test case per family and rule for the transferable section, documents and follow-up: count, lists, error number,
 // empty display, a second call.
 #include "tests/profile/parser.h"
 
@@ -18,8 +18,8 @@ Text withoutEnd(const Lines& lines) { return display(lines + Lines{"NEITHER PROM
 
 struct TransferableRow {
     std::string name;
-    std::string prefix;  // as the queries know it
-    std::string code;    // in front of the element's text
+    std::string prefix;  // as queries name it
+    std::string code;    // before the element's text
     int error;
     std::vector<std::string> furtherLists;
 
@@ -103,7 +103,7 @@ TEST_P(TransferableFamilyRow, ADisplayWithoutAnEndRaisesItsNumber) {
     EXPECT_EQ(texts(), Texts{});
 }
 
-TEST_P(TransferableFamilyRow, AFailureKeepsWhatWasStoredUpToIt) {
+TEST_P(TransferableFamilyRow, AFailureKeepsTheElementsStoredBefore) {
     EXPECT_EQ(raisedBy([&] {
                   count(withoutEnd({transferableData, row().line("1", "FIRST")}));
               }),
@@ -115,7 +115,7 @@ TEST_P(TransferableFamilyRow, AFailureKeepsWhatWasStoredUpToIt) {
 TEST_P(TransferableFamilyRow, RaisesItsNumberThroughProfileElementsToo) {
     const Request request = wanting(row().prefix, ItemValue(std::int16_t{1}));
     EXPECT_EQ(parser_.query(withoutEnd({"NO SECTION"}), request),
-              (Answer{.added = {}, .gaveCollection = false, .raised = verifying(row().error)}));
+              (Answer{.added = {}, .returnedCollection = false, .raised = verifying(row().error)}));
 }
 
 // Documents and follow-up
@@ -151,18 +151,18 @@ INSTANTIATE_TEST_SUITE_P(Every, DocumentFamilyRow, testing::ValuesIn(documentRow
 
 TEST(FamilyRows, ThereAre5OfDocumentsAndFollowUp) { EXPECT_EQ(documentRows.size(), 5U); }
 
-TEST_P(DocumentFamilyRow, ANewObjectHasListsWithTheEmptyEntryAlone) {
+TEST_P(DocumentFamilyRow, ANewObjectHasListsWithOnlyTheEmptyEntry) {
     EXPECT_EQ(texts(), (Texts{""}));
     EXPECT_EQ(numbers(), (Texts{""}));
 }
 
-TEST_P(DocumentFamilyRow, KeepsElementKAtIndexKUnderAnEmptyEntry) {
+TEST_P(DocumentFamilyRow, KeepsElementKAtIndexKAfterAnEmptyEntry) {
     EXPECT_EQ(count(twoElements()), 2);
     EXPECT_EQ(texts(), (Texts{"", "FIRST", "SECOND"}));
     EXPECT_EQ(numbers(), (Texts{"", "1", "2"}));
 }
 
-TEST_P(DocumentFamilyRow, ItsOwnHeaderIsNeeded) {
+TEST_P(DocumentFamilyRow, NeedsItsOwnHeader) {
     const std::string other = row().name == "PFO" ? documents : "------- FOLLOW UP";
     EXPECT_EQ(count(ended({"LINE 0", other, row().line("1", "ELSEWHERE")})), 0);
     EXPECT_EQ(texts(), (Texts{""}));
@@ -175,7 +175,7 @@ TEST_P(DocumentFamilyRow, ASecondCallReplacesTheLists) {
     EXPECT_EQ(numbers(), (Texts{"", "7"}));
 }
 
-TEST_P(DocumentFamilyRow, AnEmptyDisplayGives0AndCutsTheLists) {
+TEST_P(DocumentFamilyRow, AnEmptyDisplayReturns0AndCutsTheLists) {
     count(twoElements());
     EXPECT_EQ(count(u""), 0);
     EXPECT_EQ(texts(), (Texts{""}));
@@ -191,7 +191,7 @@ TEST_P(DocumentFamilyRow, ADisplayWithoutAnEndRaisesItsNumber) {
 
 TEST_P(DocumentFamilyRow, RaisesItsNumberThroughProfileElementsToo) {
     EXPECT_EQ(parser_.query(withoutEnd({"NO SECTION"}), row().name),
-              (Answer{.added = {}, .gaveCollection = false, .raised = verifying(row().error)}));
+              (Answer{.added = {}, .returnedCollection = false, .raised = verifying(row().error)}));
 }
 
 }  // namespace

@@ -12,14 +12,14 @@ namespace {
 constexpr std::size_t width = 80;
 constexpr std::size_t lastLine = 32767;
 
-/// A display whose lines are all blank but for some of the text, from the line with this number on.
+/// A display of blank lines, with the text starting at this line.
 Text farDown(std::size_t line, const Lines& lines) {
     Text text(line * width, u' ');
     return text += display(lines);
 }
 
 /// The same with a word in every line above.
-Text farDownUnderText(std::size_t line, const Lines& lines) {
+Text farDownAfterText(std::size_t line, const Lines& lines) {
     Text text;
     text.reserve((line + lines.size()) * width);
     Text filler(u"FILLER");
@@ -36,30 +36,30 @@ int counted(const std::string& family, const Text& text) {
 }
 
 TEST(LineCounter, ReachesLine32767) {
-    EXPECT_EQ(counted("PPR", farDownUnderText(lastLine, {"END OF DISPLAY"})), 0);
-    EXPECT_EQ(counted("PPR", farDownUnderText(lastLine + 1, {"END OF DISPLAY"})), 5266);
-    EXPECT_EQ(counted("Remark", farDownUnderText(lastLine, {">"})), 0);
-    EXPECT_EQ(counted("Remark", farDownUnderText(lastLine + 1, {">"})), 5260);
-    EXPECT_EQ(counted("PAS", farDownUnderText(lastLine, {">"})), 0);
-    EXPECT_EQ(counted("PAS", farDownUnderText(lastLine + 1, {">"})), 5287);
+    EXPECT_EQ(counted("PPR", farDownAfterText(lastLine, {"END OF DISPLAY"})), 0);
+    EXPECT_EQ(counted("PPR", farDownAfterText(lastLine + 1, {"END OF DISPLAY"})), 5266);
+    EXPECT_EQ(counted("Remark", farDownAfterText(lastLine, {">"})), 0);
+    EXPECT_EQ(counted("Remark", farDownAfterText(lastLine + 1, {">"})), 5260);
+    EXPECT_EQ(counted("PAS", farDownAfterText(lastLine, {">"})), 0);
+    EXPECT_EQ(counted("PAS", farDownAfterText(lastLine + 1, {">"})), 5287);
 }
 
-TEST(LineCounter, AnElementNeedsTheLineUnderIt) {
+TEST(LineCounter, AnElementNeedsTheLineAfterIt) {
     const Lines element{"------- PRIORITY", "  1 PPR/ A", "END OF DISPLAY"};
-    EXPECT_EQ(counted("PPR", farDownUnderText(lastLine - 2, element)), 1);
-    EXPECT_EQ(counted("PPR", farDownUnderText(lastLine - 1, element)), 5266);
+    EXPECT_EQ(counted("PPR", farDownAfterText(lastLine - 2, element)), 1);
+    EXPECT_EQ(counted("PPR", farDownAfterText(lastLine - 1, element)), 5266);
     const Lines remark{"------- PNR TRANSFERABLE DATA", transferable('S', "1", "RM  A"), ">"};
-    EXPECT_EQ(counted("Remark", farDownUnderText(lastLine - 2, remark)), 1);
-    EXPECT_EQ(counted("Remark", farDownUnderText(lastLine - 1, remark)), 5260);
+    EXPECT_EQ(counted("Remark", farDownAfterText(lastLine - 2, remark)), 1);
+    EXPECT_EQ(counted("Remark", farDownAfterText(lastLine - 1, remark)), 5260);
     const Lines passport{"------- DOCUMENTS", "  1 PAS/ A", "X"};
-    EXPECT_EQ(counted("PAS", farDownUnderText(lastLine - 2, passport)), 1);
-    EXPECT_EQ(counted("PAS", farDownUnderText(lastLine - 1, passport)), 5287);
+    EXPECT_EQ(counted("PAS", farDownAfterText(lastLine - 2, passport)), 1);
+    EXPECT_EQ(counted("PAS", farDownAfterText(lastLine - 1, passport)), 5287);
 }
 
-TEST(LineCounter, TheGlobalSearchReckonsTenLinesAhead) {
+TEST(LineCounter, TheGlobalSearchCountsTenLinesAhead) {
     const Lines name{"------- GLOBAL SEARCH", "  1 PGL/ A", "X"};
-    EXPECT_EQ(counted("PGL", farDownUnderText(lastLine - 11, name)), 1);
-    EXPECT_EQ(counted("PGL", farDownUnderText(lastLine - 10, name)), 5267);
+    EXPECT_EQ(counted("PGL", farDownAfterText(lastLine - 11, name)), 1);
+    EXPECT_EQ(counted("PGL", farDownAfterText(lastLine - 10, name)), 5267);
 }
 
 TEST(LineCounter, ManyElementsAreCounted) {
@@ -68,7 +68,7 @@ TEST(LineCounter, ManyElementsAreCounted) {
     EXPECT_EQ(counted("PPR", ended(lines)), 5000);
 }
 
-TEST(LineCounter, AWholeCounterOfNotesOverflows) {
+TEST(LineCounter, NotesUpToTheCountersEndOverflow) {
     Text text = display({"LINE 0", "------- PROFILE NOTES", ""});
     Text note(u"A");
     note.resize(width, u' ');
@@ -77,7 +77,7 @@ TEST(LineCounter, AWholeCounterOfNotesOverflows) {
     EXPECT_EQ(scannedNotes(text + note + Text(u"END OF DISPLAY")).error, 5505);
 }
 
-/// A display at the counter's end, and what reads it.
+/// A display that ends where the counter does, and what reads it.
 struct Far {
     std::string name;
     Lines lines;
@@ -99,7 +99,7 @@ INSTANTIATE_TEST_SUITE_P(
 TEST_P(FarDown, IsReadAsTheOracleReadsIt) {
     const std::size_t step = effort(100) > 50 ? 1 : 3;
     for (std::size_t up = 0; up <= GetParam().lines.size(); up += step) {
-        const Text text = farDownUnderText(lastLine - up, GetParam().lines);
+        const Text text = farDownAfterText(lastLine - up, GetParam().lines);
         OracleMatch match;
         for (const std::string stem : {"PHI", "PPH", "Remark", "Contact", "PAS"}) {
             const std::string message = match.count(match.propertyOf(stem), text);
@@ -112,7 +112,7 @@ TEST_P(FarDown, IsReadAsTheOracleReadsIt) {
     }
 }
 
-// Without an end the search runs to the counter's end whatever stands in the display.
+// Without an end the search runs to the counter's end, whatever the display contains.
 
 TEST(Endless, EveryReaderFailsOnABlankDisplayOfAnyLength) {
     for (const std::size_t lines : {std::size_t{1}, std::size_t{2}, lastLine, lastLine + 1, lastLine + 2}) {
@@ -122,7 +122,7 @@ TEST(Endless, EveryReaderFailsOnABlankDisplayOfAnyLength) {
     }
 }
 
-TEST(Endless, AnEndMarkBeyondTheCounterIsNone) {
+TEST(Endless, AnEndMarkBeyondTheCounterIsNotFound) {
     const Profile profile = parseProfile(farDown(lastLine + 1, {"END OF DISPLAY", ">"}));
     EXPECT_EQ(profile.problems.size(), familyCount + 3);
 }

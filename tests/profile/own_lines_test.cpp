@@ -1,4 +1,4 @@
-// The parsers over terminals that show a display in their own way.
+// The parsers with terminals that make their own lines.
 #include "tests/profile/parser.h"
 #include "tests/support/failing_terminal.h"
 #include "tests/support/own_lines_terminal.h"
@@ -17,7 +17,7 @@ TEST(WatchedTerminal, AnEmptyDisplayIsCountedWithoutACall) {
     }
 }
 
-// A terminal that makes lines of its own
+// A terminal that makes its own lines
 
 /// Shows a host line as line 1 of any display.
 class HostLineTerminal final : public test::OwnLinesTerminal {
@@ -26,25 +26,25 @@ class HostLineTerminal final : public test::OwnLinesTerminal {
     }
 };
 
-Answer underAHostLine(TextView className, const Text& text, const std::string& prefix) {
+Answer withHostLine(TextView className, const Text& text, const std::string& prefix) {
     return Parser(className, std::make_unique<HostLineTerminal>()).query(text, prefix);
 }
 
 TEST(ShortDisplay, ItsFirst80CharactersCannotBeCutOff) {
     const Raised invalid = raisedBy([] { fail(Failure::InvalidProcedureCall); });
-    EXPECT_EQ(underAHostLine(u"CProfile", Text(79, u'X'), "RECLOC"), (Answer{.raised = invalid}));
-    EXPECT_EQ(underAHostLine(u"CProfile", Text(), "XYZ"), (Answer{.raised = invalid}));
-    // The cut comes before the look at the prefix.
-    EXPECT_EQ(underAHostLine(u"CProfile", Text(79, u'X'), ""), (Answer{.raised = invalid}));
-    EXPECT_EQ(underAHostLine(u"CProfile", Text(80, u'X'), "XYZ"), (Answer{.gaveCollection = true}));
-    EXPECT_EQ(underAHostLine(u"CProfile", Text(80, u'X'), "PSL"), Answer{});
+    EXPECT_EQ(withHostLine(u"CProfile", Text(79, u'X'), "RECLOC"), (Answer{.raised = invalid}));
+    EXPECT_EQ(withHostLine(u"CProfile", Text(), "XYZ"), (Answer{.raised = invalid}));
+    // The display is cut before the prefix is tested.
+    EXPECT_EQ(withHostLine(u"CProfile", Text(79, u'X'), ""), (Answer{.raised = invalid}));
+    EXPECT_EQ(withHostLine(u"CProfile", Text(80, u'X'), "XYZ"), (Answer{.returnedCollection = true}));
+    EXPECT_EQ(withHostLine(u"CProfile", Text(80, u'X'), "PSL"), Answer{});
 }
 
-TEST(ShortDisplay, TheNotesAreReadFromWhatIsLeftOfIt) {
+TEST(ShortDisplay, TheNotesAreReadFromWhatRemains) {
     const Answer nothing{
         .added = {{"strKeyElement()", "['']"}, {"strKeyElementNr()", "['']"}, {"strKeyQualifier()", "['']"}}};
-    EXPECT_EQ(underAHostLine(u"CProfileNotes", Text(79, u'X'), "ProfileNotes"), nothing);
-    EXPECT_EQ(underAHostLine(u"CProfileNotes", Text(80, u'X'), "ProfileNotes"), nothing);
+    EXPECT_EQ(withHostLine(u"CProfileNotes", Text(79, u'X'), "ProfileNotes"), nothing);
+    EXPECT_EQ(withHostLine(u"CProfileNotes", Text(80, u'X'), "ProfileNotes"), nothing);
 }
 
 }  // namespace

@@ -37,7 +37,8 @@ std::string written(const ItemValue& value) {
 
 std::ostream& operator<<(std::ostream& out, const Answer& answer) {
     for (const auto& [key, value] : answer.added) out << "\n    " << key << " = " << value;
-    return out << "\n    " << (answer.gaveCollection ? "gave the collection, " : "gave no object, ") << answer.raised;
+    return out << "\n    " << (answer.returnedCollection ? "returned the collection, " : "returned no object, ")
+               << answer.raised;
 }
 
 Request wanting(const std::string& prefix) { return {.given = {{"strKeyPrefix", wide(prefix)}}}; }
@@ -70,14 +71,14 @@ Answer Parser::query(TextView display, const Request& request) {
     answer.raised = raisedBy([&] {
         const CollectionPtr result =
             object_->profileGet()->ProfileElements(display, collection, request.selection, request.qualifier);
-        if (result != nullptr && result != collection) throw std::logic_error("gave another collection");
-        answer.gaveCollection = result != nullptr;
+        if (result != nullptr && result != collection) throw std::logic_error("returned another collection");
+        answer.returnedCollection = result != nullptr;
     });
     for (const BuiltInCollection::Entry& entry : collection->entries()) {
-        const auto isGiven = [&](const auto& given) {
+        const auto isInRequest = [&](const auto& given) {
             return wide(given.first) == entry.key() && given.second == entry.Value();
         };
-        if (std::ranges::any_of(request.given, isGiven)) continue;
+        if (std::ranges::any_of(request.given, isInRequest)) continue;
         answer.added.emplace_back(utf8(TextView(entry.key())), written(entry.Value()));
     }
     return answer;

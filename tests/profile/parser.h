@@ -1,4 +1,4 @@
-// The parser classes as a terminal uses them, with answers that print well.
+// The parser classes as a terminal uses them, with answers that can be printed.
 #pragma once
 
 #include "tests/profile/displays.h"
@@ -17,7 +17,7 @@ namespace vantro {
 
 using Texts = std::vector<std::string>;
 
-/// An error in plain characters; number 0 when nothing was raised.
+/// An error as ASCII texts; number 0 when nothing was raised.
 struct Raised {
     int number = 0;
     std::string source = {};
@@ -32,7 +32,7 @@ Raised raisedBy(const std::function<void()>& steps);
 /// A numbered error of the profile parser, and the error of a failing step.
 Raised verifying(int number);
 
-/// The number alone, 0 for none.
+/// Only the number, 0 for none.
 inline int numberRaisedBy(const std::function<void()>& steps) { return raisedBy(steps).number; }
 
 /// A value as a test writes it: 'text', ['', 'list'], True, 7.
@@ -40,18 +40,18 @@ std::string written(const ItemValue& value);
 
 using Entries = std::vector<std::pair<std::string, std::string>>;
 
-/// What a query left behind: the entries added to the request in their order, values as written above; whether
-/// the request's own collection came back; the error.
+/// The outcome of a query: the entries added to the request in order, with values written as above; whether the
+/// request's own collection was returned; the error.
 struct Answer {
     Entries added = {};
-    bool gaveCollection = false;
+    bool returnedCollection = false;
     Raised raised = {};
 
     friend bool operator==(const Answer&, const Answer&) = default;
 };
 std::ostream& operator<<(std::ostream& out, const Answer& answer);
 
-/// A query: entries of the request in their order, and the two arguments of the transferable scanner.
+/// A query: the entries of the request in order, and the two arguments of the transferable scanner.
 struct Request {
     std::vector<std::pair<std::string, ItemValue>> given;
     TextList* selection = nullptr;
@@ -68,11 +68,11 @@ public:
     explicit Parser(TextView className = u"CProfile") : Parser(className, std::make_unique<BuiltInTerminal>()) {}
     Parser(TextView className, std::unique_ptr<Terminal> terminal);
 
-    /// The count property's result; its error passes.
+    /// The result of a count property; errors pass through.
     int count(const std::string& property, const CountRequest& request);
     int count(const std::string& property, TextView display) { return count(property, CountRequest{display}); }
 
-    /// A list by its name; fails the test program for a name that the class does not know.
+    /// A list by its name; aborts the test program for a name that the class does not have.
     Texts list(const std::string& name) const;
 
     Answer query(TextView display, const Request& request);
@@ -86,7 +86,7 @@ private:
     std::unique_ptr<ProfileObject> object_;
 };
 
-/// What a count property of a new object finds: the count and its lists "str...Text" and "str...Number".
+/// The result of a count property on a new object: the count and its lists "str...Text" and "str...Number".
 struct Elements {
     int count;
     Texts texts;

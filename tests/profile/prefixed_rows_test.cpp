@@ -1,5 +1,5 @@
-// One test case a family with a prefix and rule: count, lists, error number, empty display, a second call. The numbers
-// and columns stand here as the host's terminals know them, not as the library's tables have them.
+// One test case per prefixed family and rule: count, lists, error number, empty display, a second call. Numbers and
+// columns are written here independently of the library's tables.
 #include "tests/profile/parser.h"
 
 #include <gtest/gtest.h>
@@ -22,14 +22,14 @@ const auto nameOf = [](const auto& test) { return test.param.name; };
 
 Text withoutEnd(const Lines& lines) { return display(lines + Lines{"NEITHER PROMPT NOR END"}); }
 
-// Families with a prefix
+// Prefixed families
 
 struct PrefixedRow {
     std::string name;
     std::string header;
     int error;
     EmptyDisplay emptyDisplay;
-    int blankColumns;  // from column 3 on, in a line without a prefix; 0: every line is taken
+    int blankColumns;  // from column 3 in a line without a prefix; 0: every line is collected
 
     std::string property() const { return name + "ElementsCount"; }
     std::string texts() const { return "str" + name + "Text"; }
@@ -68,7 +68,7 @@ protected:
     Texts texts() const { return parser_.list(row().texts()); }
     Texts numbers() const { return parser_.list(row().numbers()); }
 
-    /// Two elements; the second without a prefix, as the host shows it in every one of these sections.
+    /// Two elements; the second has no prefix, as the host prints it in each of these sections.
     Text twoElements() const { return ended({row().header, row().line("1", "FIRST"), "  2       SECOND"}); }
 
     Parser parser_;
@@ -78,18 +78,18 @@ INSTANTIATE_TEST_SUITE_P(Every, PrefixedFamilyRow, testing::ValuesIn(prefixedRow
 
 TEST(FamilyRows, ThereAre17WithAPrefix) { EXPECT_EQ(prefixedRows.size(), 17U); }
 
-TEST_P(PrefixedFamilyRow, ANewObjectHasListsWithTheEmptyEntryAlone) {
+TEST_P(PrefixedFamilyRow, ANewObjectHasListsWithOnlyTheEmptyEntry) {
     EXPECT_EQ(texts(), (Texts{""}));
     EXPECT_EQ(numbers(), (Texts{""}));
 }
 
-TEST_P(PrefixedFamilyRow, KeepsElementKAtIndexKUnderAnEmptyEntry) {
+TEST_P(PrefixedFamilyRow, KeepsElementKAtIndexKAfterAnEmptyEntry) {
     EXPECT_EQ(count(twoElements()), 2);
     EXPECT_EQ(texts(), (Texts{"", "FIRST", "SECOND"}));
     EXPECT_EQ(numbers(), (Texts{"", "1", "2"}));
 }
 
-TEST_P(PrefixedFamilyRow, ItsOwnHeaderIsNeeded) {
+TEST_P(PrefixedFamilyRow, NeedsItsOwnHeader) {
     for (const PrefixedRow& other : prefixedRows) {
         if (other.header == row().header) continue;
         EXPECT_EQ(count(ended({other.header, row().line("1", "ELSEWHERE")})), 0) << other.header;
@@ -100,10 +100,10 @@ TEST_P(PrefixedFamilyRow, ItsOwnHeaderIsNeeded) {
 TEST_P(PrefixedFamilyRow, TheBlankColumnsOfAnUnprefixedLineAreCounted) {
     const std::size_t blanks = static_cast<std::size_t>(row().blankColumns);
     const std::string enough = "12" + std::string(blanks, ' ') + "X";
-    const std::string tooFew = "34" + std::string(blanks - std::min<std::size_t>(blanks, 1), ' ') + "X";
+    const std::string tooFewBlanks = "34" + std::string(blanks - std::min<std::size_t>(blanks, 1), ' ') + "X";
     const bool takesEveryLine = blanks == 0;
     EXPECT_EQ(count(ended({row().header, row().line("1", "FIRST"), enough})), 2);
-    EXPECT_EQ(count(ended({row().header, row().line("1", "FIRST"), tooFew})), takesEveryLine ? 2 : 1);
+    EXPECT_EQ(count(ended({row().header, row().line("1", "FIRST"), tooFewBlanks})), takesEveryLine ? 2 : 1);
 }
 
 TEST_P(PrefixedFamilyRow, ASecondCallReplacesTheLists) {
@@ -113,7 +113,7 @@ TEST_P(PrefixedFamilyRow, ASecondCallReplacesTheLists) {
     EXPECT_EQ(numbers(), (Texts{"", "7"}));
 }
 
-TEST_P(PrefixedFamilyRow, LeavesTheListsOfTheOthersAlone) {
+TEST_P(PrefixedFamilyRow, LeavesOtherFamiliesListsUnchanged) {
     count(twoElements());
     for (const PrefixedRow& other : prefixedRows) {
         if (other.name != row().name) parser_.count(other.property(), ended({other.header}));
@@ -122,7 +122,7 @@ TEST_P(PrefixedFamilyRow, LeavesTheListsOfTheOthersAlone) {
     EXPECT_EQ(numbers(), (Texts{"", "1", "2"}));
 }
 
-TEST_P(PrefixedFamilyRow, AnEmptyDisplayGives0AndCutsTheListsOrLeavesThem) {
+TEST_P(PrefixedFamilyRow, AnEmptyDisplayReturns0AndCutsTheListsOrLeavesThem) {
     count(twoElements());
     EXPECT_EQ(count(u""), 0);
     const bool cut = row().emptyDisplay == Cuts;
@@ -133,16 +133,16 @@ TEST_P(PrefixedFamilyRow, AnEmptyDisplayGives0AndCutsTheListsOrLeavesThem) {
 TEST_P(PrefixedFamilyRow, ADisplayWithoutAnEndRaisesItsNumber) {
     count(twoElements());
     EXPECT_EQ(raisedBy([&] { count(withoutEnd({"NO SECTION"})); }), verifying(row().error));
-    // The lists were cut before the search began.
+    // The lists are cut before the search begins.
     EXPECT_EQ(texts(), (Texts{""}));
     EXPECT_EQ(numbers(), (Texts{""}));
 }
 
-TEST_P(PrefixedFamilyRow, AFailureKeepsWhatWasStoredUpToIt) {
+TEST_P(PrefixedFamilyRow, AFailureKeepsTheElementsStoredBefore) {
     const Text text = withoutEnd({row().header, row().line("1", "FIRST"), "  2       LAST"});
     const Raised raised = raisedBy([&] { count(text); });
-    // Past the end every line is blank and goes on with the line above, without end: that one is never stored.
-    // The global search alone needs no end once its line is found.
+    // Past the end every line is blank and continues the line above without end: that element is never stored. Only the
+    // global search needs no end once its line is found.
     EXPECT_EQ(raised, row().name == "PGL" ? Raised{} : verifying(row().error));
     EXPECT_EQ(texts(), (Texts{"", "FIRST", "LAST"}));
     EXPECT_EQ(numbers(), (Texts{"", "1", "2"}));
@@ -150,7 +150,7 @@ TEST_P(PrefixedFamilyRow, AFailureKeepsWhatWasStoredUpToIt) {
 
 TEST_P(PrefixedFamilyRow, RaisesItsNumberThroughProfileElementsToo) {
     const Answer answer = parser_.query(withoutEnd({"NO SECTION"}), row().name);
-    EXPECT_EQ(answer, (Answer{.added = {}, .gaveCollection = false, .raised = verifying(row().error)}));
+    EXPECT_EQ(answer, (Answer{.added = {}, .returnedCollection = false, .raised = verifying(row().error)}));
 }
 
 // The error numbers of the count properties as a whole

@@ -1,4 +1,4 @@
-// Families whose elements are lines with a prefix: the corners of the four ways of collecting them.
+// Prefixed families: the edge cases of the four ways of collecting them.
 #include "tests/profile/parser.h"
 
 #include <gtest/gtest.h>
@@ -21,7 +21,7 @@ class FamiliesThatKeepTheirLists : public testing::TestWithParam<std::string> {}
 INSTANTIATE_TEST_SUITE_P(Prefixed, FamiliesThatKeepTheirLists, testing::Values("PPR", "PGL", "PPS", "PHI"),
                          [](const auto& test) { return test.param; });
 
-TEST_P(FamiliesThatKeepTheirLists, AnEmptyDisplayLeavesThemUntouched) {
+TEST_P(FamiliesThatKeepTheirLists, AnEmptyDisplayLeavesThemUnchanged) {
     const std::string header = GetParam() == "PPR"   ? priority
                                : GetParam() == "PGL" ? globalSearch
                                : GetParam() == "PPS" ? preStored
@@ -51,7 +51,7 @@ TEST(Prefixed, TheRetiredHotelPropertyReadsNothing) {
     EXPECT_EQ(parser.list("strPPHText"), (Texts{"", "NO SMOKING"}));
 }
 
-// The end of the search and of a section
+// The end of the search and the end of a section
 
 TEST(Prefixed, APromptAnywhereAboveTheSectionEndsTheSearch) {
     for (const std::string above : {"NAME > SHOWN", ">", "TEXT>", "   ) >  "}) {
@@ -67,11 +67,11 @@ TEST(Prefixed, TheEndTextAnywhereAboveTheSectionEndsTheSearch) {
               (Elements{1, {"", "REACHED"}, {"", "1"}}));
 }
 
-TEST(Prefixed, AHeaderLineWithAPromptIsAnEndAndNoHeader) {
+TEST(Prefixed, AHeaderLineWithAPromptIsAnEndNotAHeader) {
     EXPECT_EQ(collected("PPR", ended({priority + " >", "  1 PPR/ NOT REACHED"})), nothing);
 }
 
-TEST(Prefixed, InsideTheSectionOnlyAPromptInTheFirstPlaceEndsIt) {
+TEST(Prefixed, InsideTheSectionOnlyAPromptAsFirstCharacterEndsIt) {
     EXPECT_EQ(collected("PPR", ended({priority, "  1 PPR/ A > B", "   > 2 PPR/ BEHIND THE PROMPT", "  3 PPR/ C"})),
               (Elements{1, {"", "A > B"}, {"", "1"}}));
     EXPECT_EQ(collected("PHI", ended({hotel, "  1 PPH/ A > B", "  2 PHI/ C>", ">", "  3 PHI/ D"})),
@@ -85,17 +85,17 @@ TEST(Prefixed, SevenHyphensAnywhereEndASection) {
               (Elements{3, {"", "ONE", "TWO------", "THREE"}, {"", "1", "2", "3"}}));
 }
 
-TEST(Prefixed, TheHeaderMayStandAnywhereInItsLine) {
+TEST(Prefixed, TheHeaderMayBeAnywhereInItsLine) {
     EXPECT_EQ(collected("PPR", ended({"XX ------- PRIORITY LINES", "  1 PPR/ ONE"})),
               (Elements{1, {"", "ONE"}, {"", "1"}}));
     EXPECT_EQ(collected("PPR", ended({"------ PRIORITY", "  1 PPR/ ONE"})), nothing);
 }
 
-TEST(Prefixed, TheHeaderOnLine0IsSeen) {
+TEST(Prefixed, TheHeaderMayBeOnLine0) {
     EXPECT_EQ(collected("PPS", ended({preStored, "  1 PPS/ ONE"})), (Elements{1, {"", "ONE"}, {"", "1"}}));
 }
 
-// The whole-section schemes
+// The schemes that collect the whole section
 
 TEST(WholeSection, ASectionWithoutAPrefixedLineDoesNotEndTheSearch) {
     EXPECT_EQ(collected("PPR", ended({priority, "  1 PGS/ OTHER", car, priority, "  2 PPR/ FOUND", hotel})),
@@ -104,8 +104,8 @@ TEST(WholeSection, ASectionWithoutAPrefixedLineDoesNotEndTheSearch) {
               (Elements{1, {"", "FOUND"}, {"", "2"}}));
 }
 
-TEST(WholeSection, TheLineThatEndedTheSectionIsNotExaminedAgain) {
-    // The second header ends the first section and is used up by that.
+TEST(WholeSection, TheLineThatEndedTheSectionIsNotTestedAgain) {
+    // The second header ends the first section and does not begin another one.
     EXPECT_EQ(collected("PPR", ended({priority, priority, "  1 PPR/ UNDER THE SECOND"})), nothing);
     EXPECT_EQ(collected("PPR", ended({priority, priority, priority, "  1 PPR/ UNDER THE THIRD"})),
               (Elements{1, {"", "UNDER THE THIRD"}, {"", "1"}}));
@@ -136,7 +136,7 @@ TEST(Continuation, WrappedTextIsJoinedWithoutABlank) {
     }
 }
 
-TEST(Continuation, AColonInThirdPlaceIsJoinedWithABlankButNotInThePrioritySection) {
+TEST(Continuation, ALineWithAColonAsThirdCharacterIsJoinedWithABlankExceptInThePrioritySection) {
     const auto lines = [](const std::string& header, const std::string& family) {
         return ended({header, "  1 " + family + "/ CALL", from(12, "09:30")});
     };
@@ -146,47 +146,47 @@ TEST(Continuation, AColonInThirdPlaceIsJoinedWithABlankButNotInThePrioritySectio
     EXPECT_EQ(collected("PPR", lines(priority, "PPR")), (Elements{1, {"", "CALL09:30"}, {"", "1"}}));
 }
 
-TEST(Continuation, OnlyAColonInThirdPlaceOfTheTrimmedLineCounts) {
+TEST(Continuation, OnlyAColonAsThirdCharacterOfTheTrimmedLineCounts) {
     EXPECT_EQ(collected("PPS", ended({preStored, "  1 PPS/ A", from(11, "T:1"), from(12, "123:"), from(20, "AB:")})),
               (Elements{1, {"", "AT:1123: AB:"}, {"", "1"}}));
 }
 
-TEST(Continuation, NineBlankColumnsMakeOne) {
+TEST(Continuation, NineBlankColumnsMakeAContinuationLine) {
     EXPECT_EQ(collected("PPR", ended({priority, "  1 PPR/ A", from(10, "B"), from(9, "C")})),
               (Elements{2, {"", "AB", ""}, {"", "1", "C"}}));
 }
 
-TEST(Continuation, ABlankLineIsOne) {
+TEST(Continuation, ABlankLineIsAContinuationLine) {
     EXPECT_EQ(collected("PPR", ended({priority, "  1 PPR/ A", "", from(10, "B")})),
               (Elements{1, {"", "AB"}, {"", "1"}}));
 }
 
-TEST(Continuation, APromptOrHyphensInALineThatIsJoinedDoNotEndTheSection) {
+TEST(Continuation, APromptOrHyphensInAJoinedLineDoNotEndTheSection) {
     EXPECT_EQ(collected("PPR", ended({priority, "  1 PPR/ A", from(10, "> B"), from(10, "------- C"), "  2 PPR/ D"})),
               (Elements{2, {"", "A> B------- C", "D"}, {"", "1", "2"}}));
 }
 
-TEST(Continuation, TheEndTextInAJoinedLineStopsTheJoining) {
-    // The joined line is stored; the next line stands for itself.
+TEST(Continuation, TheEndTextInAJoinedLineStopsJoining) {
+    // The joined line is stored; the next line is a line of its own.
     EXPECT_EQ(collected("PPR", ended({priority, "  1 PPR/ A", from(10, "END OF DISPLAY"), from(12, "BCDEFGHI"),
                                       "  2 PPR/ D"})),
               (Elements{3, {"", "AEND OF DISPLAY", "I", "D"}, {"", "1", "BC", "2"}}));
 }
 
-TEST(Continuation, TheEndTextMayComeAboutAcrossASeam) {
+TEST(Continuation, TheEndTextMayFormAcrossTwoJoinedLines) {
     EXPECT_EQ(collected("PPR", ended({priority, "  1 PPR/ AT THE END OF", from(10, "DISPLAY"), from(10, "BCDEFGHI")})),
               (Elements{1, {"", "AT THE END OFDISPLAYBCDEFGHI"}, {"", "1"}}));
     EXPECT_EQ(collected("PPR", ended({priority, "  1 PPR/ AT THE END OF DIS", from(10, "PLAY"), from(10, "BCDEFGHI")})),
               (Elements{2, {"", "AT THE END OF DISPLAY", "I"}, {"", "1", "BC"}}));
 }
 
-TEST(Continuation, InALineOfTheSearchItIsALineLikeAnyOther) {
+TEST(Continuation, BeforeTheFirstElementItIsAnOrdinaryLine) {
     EXPECT_EQ(collected("PPR", ended({priority, from(10, "1 PPR/ A")})), (Elements{1, {"", "A"}, {"", "1"}}));
 }
 
 // Numbers and texts
 
-TEST(Prefixed, NumberAndTextStandInFixedPlacesOfTheTrimmedLine) {
+TEST(Prefixed, NumberAndTextAreInFixedColumnsOfTheTrimmedLine) {
     EXPECT_EQ(
         collected("PPR", ended({priority, "1 PPR/ ONE", "      12 PPR/ TWELVE", "  3 PPR/TIGHT", " 123 PPR/ ABC"})),
         (Elements{4, {"", "ONE", "TWELVE", "IGHT", "/ ABC"}, {"", "1", "12", "3", "12"}}));
@@ -210,13 +210,14 @@ TEST(Policy, OtherFamiliesAreSkippedWithTheirContinuationLines) {
     const Text text = ended({hotel, "  1 PPH/ OTHER", from(10, "GOES ON"), "  2 PHI/ OWN", from(10, "GOES ON TOO"),
                              "  3 PSH/ OTHER", from(10, "5 PHI/ IN ITS TEXT"), "  4 PHI/ SECOND"});
     EXPECT_EQ(collected("PPH", text), (Elements{1, {"", "OTHERGOES ON"}, {"", "1"}}));
-    // The line is judged with its continuation: one that holds the own prefix makes it the family's.
+    // A line is tested together with its continuation: if that contains the family's prefix, the line is an element of
+    // it.
     EXPECT_EQ(collected("PHI", text),
               (Elements{3, {"", "OWNGOES ON TOO", "OTHER5 PHI/ IN ITS TEXT", "SECOND"}, {"", "2", "3", "4"}}));
     EXPECT_EQ(collected("PSH", text), (Elements{1, {"", "OTHER5 PHI/ IN ITS TEXT"}, {"", "3"}}));
 }
 
-TEST(Policy, AnotherFamilysLineUnderAnOwnElementIsSkippedWithItsContinuationLines) {
+TEST(Policy, AnotherFamilysLineAfterAnElementIsSkippedWithItsContinuationLines) {
     EXPECT_EQ(
         collected("PPA", ended({air, "  1 PPA/ A", "  2 PXA/ B", from(10, "NOT A LINE OF ITS OWN"), "  3 PPA/ C"})),
         (Elements{2, {"", "A", "C"}, {"", "1", "3"}}));
@@ -227,8 +228,8 @@ TEST(Policy, ALineWithBlankTagColumnsIsCollectedWithoutThePrefix) {
               (Elements{2, {"", "A", "B"}, {"", "1", "2"}}));
 }
 
-TEST(Policy, PpcLooksAtSixTagColumnsItsSiblingsAtFive) {
-    // Trimmed: number in 1, blanks in 2 to 7, text from 8.
+TEST(Policy, PpcTestsSixTagColumnsItsSiblingsFive) {
+    // Trimmed: number in column 1, blanks in 2 to 7, text from 8.
     EXPECT_EQ(collected("PCI", ended({car, "  1 PCI/ A", "  2      B"})),
               (Elements{2, {"", "A", "B"}, {"", "1", "2"}}));
     EXPECT_EQ(collected("PPC", ended({car, "  1 PPC/ A", "  2      B"})), (Elements{1, {"", "A"}, {"", "1"}}));
@@ -247,16 +248,16 @@ TEST(Policy, ASectionWithoutALineOfTheFamilyEndsTheSearch) {
     EXPECT_EQ(collected("PHI", ended({hotel, "  1 PPH/ OTHER", car, hotel, "  2 PHI/ NOT REACHED"})), nothing);
 }
 
-TEST(Policy, TheSearchOfHotelInclusionsAloneBeginsInTheFirstColumn) {
-    // Found there, the line is another family's all the same: its prefix does not stand from column 3 on.
+TEST(Policy, OnlyPhiIsSearchedFromTheFirstColumn) {
+    // The line is found, but counts as another family's, because its prefix is not found from column 3.
     EXPECT_EQ(collected("PHI", ended({hotel, "PHI/ A", "  1 PHI/ B"})), (Elements{1, {"", "B"}, {"", "1"}}));
-    // What shows is the line under it: joined by the one, a line of its own for the other.
+    // The difference shows in the next line: one family joins it, for the other it is a line of its own.
     EXPECT_EQ(collected("PHI", ended({hotel, "PHI/ A", from(10, "1 PHI/ B")})),
               (Elements{1, {"", "PHI/ B"}, {"", "PH"}}));
     EXPECT_EQ(collected("PPH", ended({hotel, "PPH/ A", from(10, "1 PPH/ B")})), (Elements{1, {"", "B"}, {"", "1"}}));
 }
 
-TEST(Policy, AnOwnPrefixAnywhereFromColumn3MakesALineOwn) {
+TEST(Policy, TheFamilysPrefixAnywhereFromColumn3MakesALineItsElement) {
     EXPECT_EQ(collected("PSC", ended({car, "  1 PXC/ SEE PSC/ TOO"})), (Elements{1, {"", "SEE PSC/ TOO"}, {"", "1"}}));
 }
 

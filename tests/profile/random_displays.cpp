@@ -37,8 +37,8 @@ constexpr std::array<TextView, 14> codes{
     u"FFN QV 12", u"FFN QV 1    ", u"SR  FQTVQV 12", u"SR  *WCHR-AB", u"SR  FQTV-QV", u"AP  ", u"XX ",
 };
 
-/// Code units whose low or high byte is that of a mark, and other strangers.
-constexpr std::array<char16_t, 16> strangers{
+/// Code units whose low or high byte is that of a mark, and other unusual ones.
+constexpr std::array<char16_t, 16> unusualUnits{
     0x0120, 0x2000, 0x202F, 0x012F, 0x2F2F, 0x2D00, 0x012D, 0x013E,
     0x3E3E, 0x0146, 0x0009, 0x00A0, 0x8020, 0xFF2F, 0xD83D, 0x0000,
 };
@@ -113,7 +113,7 @@ Text RandomDisplays::piece() {
         case 6: return blanks(below(20));
         case 7: return blanks(1 + below(3));
         case 8: return wide(std::to_string(below(130)));
-        case 9: return Text(1, strangers[below(strangers.size())]);
+        case 9: return Text(1, unusualUnits[below(unusualUnits.size())]);
         default: return Text(1 + below(3), static_cast<char16_t>(u'A' + below(26)));
     }
 }

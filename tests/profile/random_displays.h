@@ -1,4 +1,4 @@
-// Displays that no person would think of, the same ones in every run.
+// Displays that nobody would write by hand, the same ones in every run.
 #pragma once
 
 #include "tests/profile/displays.h"
@@ -16,14 +16,14 @@ public:
     std::size_t below(std::size_t bound) { return random_() % bound; }
     bool oneIn(std::size_t chances) { return below(chances) == 0; }
 
-    /// Sections with elements, wrapped lines and stray lines, and an end; lines of at most 76 characters, filled up
-    /// to 80.
+    /// Sections with elements, wrapped lines and stray lines, and an end; lines of at most 76 characters, padded to 80.
     Text sections();
 
-    /// Marks, prefixes, blanks, digits and slashes in any order, over the borders of lines, of any length; an end.
+    /// Marks, prefixes, blanks, digits and slashes in any order, of any length and across line ends, followed by an
+    /// end.
     Text soup();
 
-    /// Some text that a search or a selection could ask for.
+    /// A text that a search or a selection could use.
     Text word();
 
 private:

@@ -1,4 +1,4 @@
-// Every reader against the slow second opinion on displays of any kind.
+// Every reader is compared with the oracle on random displays.
 #include "tests/profile/random_displays.h"
 #include "tests/profile/effort.h"
 #include "tests/profile/oracle_match.h"
@@ -9,7 +9,7 @@
 namespace vantro {
 namespace {
 
-constexpr std::size_t callsOfAnObject = 40;  // displays after which new objects take over
+constexpr std::size_t callsOfAnObject = 40;  // the number of displays after which new objects are used
 
 const std::vector<std::string> prefixes{
     "NM",  "SR",  "RM",  "AP",  "OS",  "FFN", "ST",  "RECLOC", "OFFID", "PCN", "PHI", "PPH",
@@ -67,7 +67,7 @@ TEST(RandomDisplay, SectionsAreReadAsTheOracleReadsThem) { matchMany(1, effort(2
 
 TEST(RandomDisplay, SoupIsReadAsTheOracleReadsIt) { matchMany(2, effort(2000), builtIn, soup); }
 
-TEST(RandomDisplay, LinesThatAreNoSlicesAreReadTheSame) {
+TEST(RandomDisplay, LinesThatAreNotSlicesAreReadTheSame) {
     matchMany(3, effort(300), copying, sections);
     matchMany(4, effort(300), copying, soup);
 }

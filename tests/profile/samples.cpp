@@ -25,9 +25,9 @@ std::string contents(const fs::path& file) {
     return text.str();
 }
 
-std::vector<std::string> namesIn(const fs::path& place, const std::string& extension) {
+std::vector<std::string> namesIn(const fs::path& position, const std::string& extension) {
     std::vector<std::string> names;
-    for (const auto& entry : fs::directory_iterator(place)) {
+    for (const auto& entry : fs::directory_iterator(position)) {
         if (entry.path().extension() == extension) names.push_back(entry.path().stem().string());
     }
     std::ranges::sort(names);

@@ -1,4 +1,4 @@
-// The displays in samples/profiles and the files that say what they hold.
+// The displays in samples/profiles and the files with their expected elements.
 #pragma once
 
 #include "tests/profile/displays.h"
@@ -12,7 +12,7 @@ namespace vantro {
 std::vector<std::string> sampleNames();
 std::vector<std::string> expectedNames();
 
-/// The lines of a sample as the host shows them, each filled up to 80 characters but the last.
+/// The lines of a sample as the host shows them, each but the last padded to 80 characters.
 Text sampleDisplay(const std::string& name);
 
 std::string expectedJson(const std::string& name);

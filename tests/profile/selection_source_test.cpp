@@ -1,4 +1,4 @@
-// A selection that is made on demand: who asks for it, and in which order.
+// A selection that is made on demand: which queries read it, and in which order.
 #include "tests/profile/parser.h"
 #include "vantro/interfaces.h"
 
@@ -7,7 +7,7 @@
 namespace vantro {
 namespace {
 
-// Writes down what it is asked for; its second entry cannot be made when it is told so.
+// Records the calls; its second entry fails when `failing` is set.
 class WatchedSource final : public SelectionSource {
 public:
     std::size_t size() override {
@@ -64,7 +64,7 @@ TEST_F(SelectionSources, FailInTheMiddleOfTheWalk) {
     EXPECT_FALSE(request_->Item(u"strKeyElNbrsArray"));
 }
 
-TEST_F(SelectionSources, AreLeftAloneByEveryOtherPrefix) {
+TEST_F(SelectionSources, AreNotReadForAnyOtherPrefix) {
     for (const TextView prefix : {u"NM", u"RECLOC", u"PPA", u"PPR", u"ALL ", u"XYZ"}) raised(prefix);
     EXPECT_EQ(raised(u""), 5065);
     EXPECT_EQ(numberRaisedBy([&] { object_->profileGet()->ProfileElements(shown, nullptr, source_); }), 91);
@@ -74,7 +74,7 @@ TEST_F(SelectionSources, AreLeftAloneByEveryOtherPrefix) {
     EXPECT_EQ(source_.asked, Texts{});
 }
 
-TEST(FlagLists, AreKnownByTheirName) {
+TEST(FlagLists, AreFoundByTheirName) {
     BuiltInTerminal terminal;
     const auto object = createObject(*findClass(u"CProfile"), terminal);
     const Text requests = display({"PDR/KQ4R7T", "------- PNR TRANSFERABLE DATA", "S      3     SR VGML",

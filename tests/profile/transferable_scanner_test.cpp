@@ -17,7 +17,7 @@ Answer scanned(const Text& text, TextList* selection, TextView qualifier = {}) {
 
 std::string numbers(const Text& text, TextList selection, TextView qualifier = {}) {
     const Answer answer = scanned(text, &selection, qualifier);
-    if (answer.raised.number != 0 || answer.gaveCollection || answer.added.size() != 1) return "no single list";
+    if (answer.raised.number != 0 || answer.returnedCollection || answer.added.size() != 1) return "no single list";
     return answer.added.front().first == "strKeyElNbrsArray" ? answer.added.front().second : "another key";
 }
 
@@ -31,12 +31,12 @@ const Text shown = ended({
 
 // The selection
 
-TEST(Selection, NothingIsTakenWithoutOne) {
+TEST(Selection, WithoutOneNothingIsReturned) {
     EXPECT_EQ(scanned(shown, nullptr), (Answer{.added = {{"strKeyElNbrsArray", "['']"}}}));
     EXPECT_EQ(numbers(shown, {}), "['']");
 }
 
-TEST(Selection, NamesTheBeginningsOfTexts) {
+TEST(Selection, MatchesTheBeginningsOfTexts) {
     EXPECT_EQ(numbers(shown, {u"RM"}), "['', '1', '12']");
     EXPECT_EQ(numbers(shown, {u"RM  F"}), "['', '1']");
     EXPECT_EQ(numbers(shown, {u"M"}), "['']");
@@ -44,7 +44,7 @@ TEST(Selection, NamesTheBeginningsOfTexts) {
     EXPECT_EQ(numbers(shown, {u"RM  FIRST AND MORE"}), "['']");
 }
 
-TEST(Selection, KeepsTheOrderOfTheDisplayAndTakesEachElementOnce) {
+TEST(Selection, KeepsTheOrderOfTheDisplayAndReturnsEachElementOnce) {
     EXPECT_EQ(numbers(shown, {u"OS", u"RM", u"RM  F", u"OS"}), "['', '1', '12', '103']");
 }
 
@@ -67,7 +67,7 @@ TEST(Selection, IsChangedEvenWhereNothingIsRead) {
     EXPECT_EQ(selection, (TextList{u"RM"}));
 }
 
-TEST(Selection, OtherPrefixesLeaveItAlone) {
+TEST(Selection, OtherPrefixesLeaveItUnchanged) {
     TextList selection{u"s  rm"};
     Request request = wanting("NM");
     request.selection = &selection;
@@ -77,7 +77,7 @@ TEST(Selection, OtherPrefixesLeaveItAlone) {
 
 // Kinds
 
-TEST(Kinds, TwoBlanksBehindTheLetterNarrowTheScan) {
+TEST(Kinds, TwoBlanksAfterTheLetterNarrowTheScan) {
     EXPECT_EQ(numbers(shown, {u"S  RM"}), "['', '1']");
     EXPECT_EQ(numbers(shown, {u"A  RM"}), "['', '12']");
     EXPECT_EQ(numbers(shown, {u"a  rm"}), "['', '12']");
@@ -85,7 +85,7 @@ TEST(Kinds, TwoBlanksBehindTheLetterNarrowTheScan) {
     EXPECT_EQ(numbers(shown, {u"S  RM", u"A  RM"}), "['', '1', '12']");
 }
 
-TEST(Kinds, OneEntrysKindHoldsForAll) { EXPECT_EQ(numbers(shown, {u"OS", u"A  RM", u"AP"}), "['', '12', '4']"); }
+TEST(Kinds, TheKindOfOneEntryAppliesToAll) { EXPECT_EQ(numbers(shown, {u"OS", u"A  RM", u"AP"}), "['', '12', '4']"); }
 
 TEST(Kinds, OneBlankIsNotEnough) { EXPECT_EQ(numbers(shown, {u"S RM", u"A", u"AP"}), "['', '4']"); }
 
@@ -133,13 +133,13 @@ TEST(ScannedLine, AnyOtherLineEndsTheElement) {
     EXPECT_EQ(numbers(text, {u"RM  ONETWO"}), "['']");
 }
 
-TEST(ScannedLine, TheNumberStandsInColumns6To8) {
+TEST(ScannedLine, TheNumberIsInColumns6To8) {
     EXPECT_EQ(numbers(ended({header, "S   1234567  RM"}), {u"RM"}), "['', '234']");
     EXPECT_EQ(numbers(ended({header, transferable('S', "", "RM")}), {u"RM"}), "['', '']");
     EXPECT_EQ(numbers(ended({header, "S"}), {u""}), "['', '']");
 }
 
-TEST(ScannedLine, TheKindStandsInColumn1) {
+TEST(ScannedLine, TheKindIsInColumn1) {
     EXPECT_EQ(numbers(ended({header, " S  1      RM", "s    1     RM", "X    1     RM"}), {u"", u"RM"}), "['']");
     EXPECT_EQ(numbers(ended({header, "SOMETHING ELSE"}), {u"E"}), "['', 'HIN']");
 }
@@ -151,7 +151,7 @@ TEST(ScannedLine, TheTextIsTrimmedAndBeginsInColumn14) {
 
 // The section
 
-TEST(ScannedSection, BeginsUnderItsHeaderOnLine0OrLater) {
+TEST(ScannedSection, BeginsAfterItsHeaderOnLine0OrLater) {
     EXPECT_EQ(
         numbers(ended({"LINE 0", transferable('S', "9", "RM"), "XX " + header + " XX", transferable('S', "1", "RM")}),
                 {u"RM"}),

@@ -1,4 +1,4 @@
-// Families of the section whose elements are copied into a booking.
+// Families of the section whose elements are copied into a PNR.
 #include "tests/profile/parser.h"
 
 #include <gtest/gtest.h>
@@ -20,7 +20,7 @@ TEST(TransferableWrap, OneContinuationLineIsJoined) {
     EXPECT_EQ(collected("OtherService", text), (Elements{1, {"OS  VG PLEASEMEET"}, {"1"}}));
 }
 
-TEST(TransferableWrap, TheThirdLineIsJoinedForRemarksAlone) {
+TEST(TransferableWrap, OnlyRemarksJoinTheThirdLine) {
     const auto lines = [](const std::string& code) {
         return ended({header, shared("1", code + " ONE"), stops + "TWO", stops + "   THREE", stops + "FOUR"});
     };
@@ -43,8 +43,8 @@ TEST(TransferableWrap, ABlankLineIsAContinuationLine) {
     EXPECT_EQ(collected("Remark", text), (Elements{1, {"RM  ONETHREE"}, {"1"}}));
 }
 
-TEST(TransferableWrap, AJoinedLineIsExaminedAgainByItself) {
-    // Alone, the second line's text begins in column 14 as every line's does, and its number columns are blank.
+TEST(TransferableWrap, AJoinedLineIsAlsoTestedByItself) {
+    // By itself, the second line has its text from column 14 like any line, and blank number columns.
     const Text text = ended({header, shared("1", "RM  SEE"), stops + "THE RM LIST"});
     EXPECT_EQ(collected("Remark", text), (Elements{2, {"RM  SEETHE RM LIST", "THE RM LIST"}, {"1", ""}}));
 }
@@ -52,7 +52,7 @@ TEST(TransferableWrap, AJoinedLineIsExaminedAgainByItself) {
 TEST(TransferableWrap, AContinuationLineCanMakeALineAnElement) {
     const Text text = ended({header, shared("1", "XX  SEE"), stops + "   A RM LIST"});
     EXPECT_EQ(collected("Remark", text), (Elements{2, {"XX  SEEA RM LIST", "A RM LIST"}, {"1", ""}}));
-    // The blank in front of the code is trimmed off with the line's own: no code stands in the joined line.
+    // Trimming the joined line removes the blank before the code, so the joined line has no code.
     EXPECT_EQ(collected("Remark", ended({header, shared("1", "XX  SEE"), stops + " RM LIST"})),
               (Elements{1, {"RM LIST"}, {""}}));
 }
@@ -64,19 +64,19 @@ TEST(TransferableWrap, TheHeaderLineIsJoinedAndTestedLikeAnyOther) {
 
 // The section
 
-TEST(TransferableSection, OtherKindsArePassedOver) {
+TEST(TransferableSection, OtherFamiliesLinesAreSkipped) {
     const Text text = ended({header, shared("1", "OS  A"), shared("2", "SR  WCHR"), shared("3", "RM  B"), "NO CODE"});
     EXPECT_EQ(collected("ServiceRequest", text), (Elements{1, {"SR  WCHR"}, {"2"}}));
 }
 
-TEST(TransferableSection, SixHyphensAtALinesBeginningEndIt) {
+TEST(TransferableSection, SixHyphensAtTheBeginningOfALineEndIt) {
     EXPECT_EQ(collected("Seat", ended({header, shared("1", "ST  A"), "------X", shared("2", "ST  B")})),
               (Elements{1, {"ST  A"}, {"1"}}));
     EXPECT_EQ(collected("Seat", ended({header, shared("1", "ST  A"), "-----X", " -------", shared("2", "ST  B")})),
               (Elements{2, {"ST  A", "ST  B"}, {"1", "2"}}));
 }
 
-TEST(TransferableSection, ASecondHeaderOfItsOwnGoesOn) {
+TEST(TransferableSection, ASecondHeaderOfTheSectionContinuesIt) {
     EXPECT_EQ(collected("Seat", ended({header, shared("1", "ST  A"), header, shared("2", "ST  B")})),
               (Elements{2, {"ST  A", "ST  B"}, {"1", "2"}}));
 }
@@ -99,12 +99,12 @@ TEST(TransferableSection, APromptAboveItEndsTheSearch) {
     EXPECT_EQ(collected("Seat", ended({"NO END", header, shared("1", "ST  A")})), (Elements{1, {"ST  A"}, {"1"}}));
 }
 
-TEST(TransferableSection, TheCodeMayStandAnywhereFromColumn13On) {
+TEST(TransferableSection, TheCodeMayBeAnywhereFromColumn13) {
     EXPECT_EQ(collected("Seat", ended({header, from(12, " ST A")})), nothing);
     EXPECT_EQ(collected("Seat", ended({header, from(13, " ST A")})), (Elements{1, {"ST A"}, {""}}));
     EXPECT_EQ(collected("Seat", ended({header, shared("4", "RM  THE ST OF IT")})),
               (Elements{1, {"RM  THE ST OF IT"}, {"4"}}));
-    // Trailing blanks are off before the test: a code at the line's end is none.
+    // Trailing blanks are removed before the test, so a code at the end of a line is not found.
     EXPECT_EQ(collected("Seat", ended({header, shared("4", "ST")})), nothing);
 }
 
@@ -116,7 +116,7 @@ TEST(Contact, APromptInsideALineDoesNotEndTheScan) {
     EXPECT_EQ(collected("Contact", text), (Elements{2, {"AP  A > B", "AP  D"}, {"1", "2"}}));
 }
 
-TEST(Contact, APromptAloneHasNothingInFrontOfIt) {
+TEST(Contact, APromptLineEndsTheScanOnlyWithoutBlanksBeforeIt) {
     EXPECT_EQ(collected("Contact", ended({header, " >", shared("1", "AP  A")})), (Elements{1, {"AP  A"}, {"1"}}));
     EXPECT_EQ(collected("Contact", ended({header, ">     ", shared("1", "AP  A")})), nothing);
 }
@@ -125,7 +125,7 @@ TEST(Contact, TheEndTextAnywhereEndsTheScan) {
     EXPECT_EQ(collected("Contact", ended({header, "XEND OF DISPLAYX", shared("1", "AP  A")})), nothing);
 }
 
-TEST(Contact, ItsCodeStandsInColumns14And15BetweenTwoBlanksEach) {
+TEST(Contact, ItsCodeIsInColumns14And15BetweenTwoBlanksEach) {
     EXPECT_EQ(collected("Contact", ended({header, shared("1", "AP A"), from(13, "  AP  B"), from(11, "X  AP  C")})),
               (Elements{1, {"AP  C"}, {""}}));
 }
@@ -139,7 +139,7 @@ TEST(RemarkConf, FoundOnlyWhereTheTransferableSectionIsTheFirst) {
     EXPECT_EQ(collected("RemarkConf", ended(Lines{"------- PRIORITY"} + section)), nothing);
 }
 
-TEST(RemarkConf, TheOthersFindTheirLinesWhereverTheSectionStands) {
+TEST(RemarkConf, OtherFamiliesAreFoundWhereverTheSectionIs) {
     for (const auto& [stem, code] : std::vector<std::pair<std::string, std::string>>{{"Remark", "RM "},
                                                                                      {"Contact", "AP "},
                                                                                      {"OtherService", "OS "},
@@ -154,7 +154,7 @@ TEST(RemarkConf, TheOthersFindTheirLinesWhereverTheSectionStands) {
 TEST(RemarkConf, FoundAboveEverySectionHeader) {
     EXPECT_EQ(collected("RemarkConf", ended({from(13, " RC ABOVE"), "------- PRIORITY"})),
               (Elements{1, {"RC ABOVE"}, {""}}));
-    // The others need the section.
+    // The other families need the section.
     EXPECT_EQ(collected("Remark", ended({from(13, " RM ABOVE"), "------- PRIORITY"})), nothing);
 }
 
@@ -217,7 +217,7 @@ INSTANTIATE_TEST_SUITE_P(
         RequestCase{"FreeText", "SR  WCHR-TO THE DOOR - BOTH WAYS", "WCHR", "", "", "TO THE DOOR - BOTH WAYS"},
         RequestCase{"FrequentTraveller", "SR  FQTVQV 889900", "FQTV", "QV", "889900", ""},
         RequestCase{"FrequentTravellerWithText", "SR  FQTVQV 889900- GOLD", "FQTV", "QV", "889900- GOLD", "GOLD"},
-        // The code's place moves behind the star, carrier and account keep theirs.
+        // After a star the code moves, carrier and account do not.
         RequestCase{"Starred", "SR  *WCHR", "WCHR", "", "", ""},
         RequestCase{"StarredFrequentTraveller", "SR  *FQTVQV 556677", "FQTV", "VQ", "556677", ""},
         RequestCase{"StarElsewhere", "SR  W*HR", "W*HR", "", "", ""},
@@ -228,7 +228,7 @@ INSTANTIATE_TEST_SUITE_P(
 
 TEST_P(ServiceRequest, IsSplit) {
     Parser parser;
-    // What an earlier call stored in the same place is gone.
+    // Nothing remains of what an earlier call stored at the same index.
     parser.count("ServiceRequestElementsCount", ended({header, shared("9", "SR  FQTVZZ 111111-OLD")}));
     ASSERT_EQ(parser.count("ServiceRequestElementsCount", ended({header, shared("1", GetParam().shown)})), 1);
     EXPECT_EQ(parser.list("strServiceRequestText"), (Texts{GetParam().shown}));
@@ -238,7 +238,7 @@ TEST_P(ServiceRequest, IsSplit) {
     EXPECT_EQ(parser.list("strServiceRequestFreeText"), (Texts{GetParam().freeText}));
 }
 
-TEST(ServiceRequestLists, RequestsOfOtherKindsLeaveCarrierAndAccountEmpty) {
+TEST(ServiceRequestLists, RequestsOfOtherKindsHaveNoCarrierOrAccount) {
     Parser parser;
     ASSERT_EQ(parser.count(
                   "ServiceRequestElementsCount",

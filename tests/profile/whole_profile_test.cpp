@@ -1,4 +1,4 @@
-// The whole profile at once against the single queries: each value is what a query on a new object gives.
+// The whole profile is compared with the single queries: each value is what a query on a new object returns.
 #include "tests/profile/effort.h"
 #include "tests/profile/random_displays.h"
 #include "tests/profile/samples.h"
@@ -15,7 +15,7 @@ namespace {
 
 std::string quoted(TextView text) { return "'" + utf8(text) + "'"; }
 
-/// The problem of a query as an error, or nothing raised.
+/// The problem of a query as an error, or no error.
 Raised problemOf(const Profile& profile, TextView query) {
     const auto found = std::ranges::find(profile.problems, query, &Problem::query);
     if (found == profile.problems.end()) return {};
@@ -98,7 +98,7 @@ private:
     void compareSingle(const FamilyName& family) const {
         const std::string prefix = utf8(family.prefix);
         const Raised problem = problemOf(profile_, family.prefix);
-        // An index of 0 is outside every list; the display is read before that shows.
+        // An index of 0 is outside every list; that is detected only after the display has been read.
         const Raised outside = raisedBy([] { fail(Failure::SubscriptOutOfRange); });
         EXPECT_EQ(askedAt(prefix, 0), (Answer{.raised = problem.number != 0 ? problem : outside}));
         if (problem.number != 0) {
@@ -139,7 +139,7 @@ private:
                                                      {"strKeyQualifier()", written(qualifiers)}}));
     }
 
-    /// Every problem is some query's, and each is listed once.
+    /// Every problem belongs to a query, and each is listed once.
     void compareProblems() const {
         std::set<TextView> queries{u"NM", u"RECLOC", u"OFFID", u"PCN", u"PIN", u"PSL", u"ProfileNotes"};
         for (const FamilyName& family : familyNames()) queries.insert(family.prefix);
@@ -156,9 +156,9 @@ class WholeProfileOfASample : public testing::TestWithParam<std::string> {};
 INSTANTIATE_TEST_SUITE_P(Sample, WholeProfileOfASample, testing::ValuesIn(sampleNames()),
                          [](const auto& test) { return test.param; });
 
-TEST_P(WholeProfileOfASample, IsWhatTheSingleQueriesGive) { Comparison(sampleDisplay(GetParam())).run(); }
+TEST_P(WholeProfileOfASample, EqualsTheSingleQueries) { Comparison(sampleDisplay(GetParam())).run(); }
 
-TEST_P(WholeProfileOfASample, AlsoWhenItIsCutShort) {
+TEST_P(WholeProfileOfASample, EqualsTheSingleQueriesWhenCutShort) {
     const Text whole = sampleDisplay(GetParam());
     for (const std::size_t percent : {20U, 55U, 90U}) {
         const Text part = whole.substr(0, whole.size() * percent / 100);
@@ -166,7 +166,7 @@ TEST_P(WholeProfileOfASample, AlsoWhenItIsCutShort) {
     }
 }
 
-TEST(WholeProfile, OfGeneratedSectionsIsWhatTheSingleQueriesGive) {
+TEST(WholeProfile, OfGeneratedSectionsEqualsTheSingleQueries) {
     RandomDisplays random(21);
     for (std::size_t left = effort(1500); left > 0 && !testing::Test::HasFailure(); --left) {
         const Text text = random.sections();
@@ -174,7 +174,7 @@ TEST(WholeProfile, OfGeneratedSectionsIsWhatTheSingleQueriesGive) {
     }
 }
 
-TEST(WholeProfile, OfGeneratedSoupIsWhatTheSingleQueriesGive) {
+TEST(WholeProfile, OfGeneratedSoupEqualsTheSingleQueries) {
     RandomDisplays random(22);
     for (std::size_t left = effort(1500); left > 0 && !testing::Test::HasFailure(); --left) {
         const Text text = random.soup();
@@ -182,8 +182,8 @@ TEST(WholeProfile, OfGeneratedSoupIsWhatTheSingleQueriesGive) {
     }
 }
 
-// Close to the line counter's end the transferable families are read one by one.
-TEST(WholeProfile, OfADisplayAsLongAsTheLineCounterIsWhatTheSingleQueriesGive) {
+// Close to the end of the line counter the transferable families are read one by one.
+TEST(WholeProfile, OfADisplayAsLongAsTheLineCounterEqualsTheSingleQueries) {
     const std::size_t filler = std::size_t{32'010} * 80;
     Text above = sampleDisplay("every_family");
     above.resize((above.size() + 79) / 80 * 80, u' ');
@@ -193,7 +193,7 @@ TEST(WholeProfile, OfADisplayAsLongAsTheLineCounterIsWhatTheSingleQueriesGive) {
     Comparison(last).run();
 }
 
-TEST(WholeProfile, OfAnEmptyDisplayIsWhatTheSingleQueriesGive) {
+TEST(WholeProfile, OfAnEmptyDisplayEqualsTheSingleQueries) {
     const Text empty;
     Comparison(empty).run();
     const Profile profile = parseProfile(empty);
@@ -210,8 +210,8 @@ TEST(WholeProfile, WithoutAnEndEveryQueryThatNeedsOneIsAProblem) {
     EXPECT_EQ(profile.problems.size(), 3U + familyCount);
 }
 
-TEST(WholeProfile, AFamilyThatFailsLeavesTheOthersAnswered) {
-    // A priority section without a prefixed line uses up the end text; with no prompt under it the search runs on.
+TEST(WholeProfile, AFailingFamilyDoesNotAffectTheOthers) {
+    // A priority section without a prefixed line consumes the end text; without a prompt after it the search runs on.
     const Profile profile =
         parseProfile(display({"LINE 0", "------- FOLLOW UP", "  1 PFO/ A", "------- PRIORITY", "END OF DISPLAY"}));
     ASSERT_EQ(profile.problems.size(), 1U);
@@ -222,7 +222,7 @@ TEST(WholeProfile, AFamilyThatFailsLeavesTheOthersAnswered) {
     EXPECT_EQ(profile.elements(Family::PFO)[0].text, u"A");
 }
 
-TEST(WholeProfile, TextsLiveOnInAMovedOrCopiedProfile) {
+TEST(WholeProfile, TextsStayValidInAMovedOrCopiedProfile) {
     Profile first =
         parseProfile(ended({"LINE 0", "  1 NM SMITH/A", "  2 PCN/ ACME", from(15, "TRADING"), "------- PRIORITY",
                             "  1 PPR/ LONG TEXT THAT GOES", from(10, "ON AND ON AND ON")}));
@@ -237,21 +237,21 @@ TEST(WholeProfile, TextsLiveOnInAMovedOrCopiedProfile) {
     }
 }
 
-// The generator itself: a search among displays that hold nothing would find nothing.
+// Tests the generator: searching displays that contain nothing would find nothing.
 
-TEST(RandomDisplays, HoldElementsOfEveryFamilyAndEveryHeaderValue) {
+TEST(RandomDisplays, ContainElementsOfEveryFamilyAndEveryHeaderValue) {
     RandomDisplays random(31);
     std::set<TextView> seen;
-    std::set<TextView> seenTwice;
+    std::set<TextView> seenSeveralTimes;
     std::size_t joined = 0;
     for (int left = 1500; left > 0; --left) {
         const Text text = left % 4 == 0 ? random.soup() : random.sections();
         const Profile profile = parseProfile(text);
         for (const FamilyName& family : familyNames()) {
             if (!profile.elements(family.family).empty()) seen.insert(family.prefix);
-            if (profile.elements(family.family).size() > 1) seenTwice.insert(family.prefix);
+            if (profile.elements(family.family).size() > 1) seenSeveralTimes.insert(family.prefix);
             for (const Element& element : profile.elements(family.family)) {
-                joined += text.find(element.text) == Text::npos ? 1 : 0;  // put together from several lines
+                joined += text.find(element.text) == Text::npos ? 1 : 0;  // joined from several lines
             }
         }
         if (!profile.name.empty()) seen.insert(u"NM");
@@ -263,7 +263,7 @@ TEST(RandomDisplays, HoldElementsOfEveryFamilyAndEveryHeaderValue) {
     }
     EXPECT_EQ(seen.size(), familyCount + 6);
     for (const FamilyName& family : familyNames())
-        EXPECT_TRUE(seenTwice.contains(family.prefix)) << utf8(family.prefix);
+        EXPECT_TRUE(seenSeveralTimes.contains(family.prefix)) << utf8(family.prefix);
     EXPECT_GT(joined, 100U);
 }
 

@@ -6,7 +6,7 @@ namespace vantro::test {
 
 namespace {
 
-/// A call in two parts: "line" and "3", "text" and "strKeyName".
+/// A call in two parts: "line" and "3", or "text" and "strKeyName".
 struct Step {
     std::string kind;
     std::string object;
@@ -16,7 +16,7 @@ bool startsWith(const std::string& text, const std::string& start) { return text
 
 std::string after(const std::string& call, const std::string& word) { return call.substr(word.size()); }
 
-// How the value of an item was asked for, by the call that comes after `Item`.
+// How the value of an item was read: the call that follows `Item` says so.
 std::string kindOfRead(const std::string& call) {
     if (call == "ItemText") return "text";
     if (call == "ItemBoolean") return "flag";
@@ -35,20 +35,20 @@ Step stepOf(const std::string& call) {
 
 std::vector<Step> stepsOf(const std::vector<std::string>& calls) {
     std::vector<Step> steps;
-    for (std::size_t place = 0; place < calls.size(); ++place) {
-        const bool isRead = startsWith(calls[place], "Item ") && place + 1 < calls.size();
-        const std::string kind = isRead ? kindOfRead(calls[place + 1]) : std::string();
+    for (std::size_t position = 0; position < calls.size(); ++position) {
+        const bool isRead = startsWith(calls[position], "Item ") && position + 1 < calls.size();
+        const std::string kind = isRead ? kindOfRead(calls[position + 1]) : std::string();
         if (kind.empty()) {
-            steps.push_back(stepOf(calls[place]));
+            steps.push_back(stepOf(calls[position]));
         } else {
-            steps.push_back({kind, after(calls[place], "Item ")});
-            ++place;
+            steps.push_back({kind, after(calls[position], "Item ")});
+            ++position;
         }
     }
     return steps;
 }
 
-/// Lines as ranges: "1-9".
+/// Lines written as ranges: "1-9".
 class Lines {
 public:
     void add(int line) {
@@ -85,16 +85,16 @@ private:
 std::string summaryOf(const std::vector<std::string>& calls) {
     const std::vector<Step> steps = stepsOf(calls);
     std::string summary;
-    for (std::size_t place = 0; place < steps.size();) {
-        const std::string kind = steps[place].kind;
+    for (std::size_t position = 0; position < steps.size();) {
+        const std::string kind = steps[position].kind;
         if (!summary.empty()) summary += "; ";
         summary += kind;
         Lines lines;
-        for (; place < steps.size() && steps[place].kind == kind; ++place) {
+        for (; position < steps.size() && steps[position].kind == kind; ++position) {
             if (kind == "line") {
-                lines.add(std::stoi(steps[place].object));
-            } else if (!steps[place].object.empty()) {
-                summary += ' ' + steps[place].object;
+                lines.add(std::stoi(steps[position].object));
+            } else if (!steps[position].object.empty()) {
+                summary += ' ' + steps[position].object;
             }
         }
         summary += lines.written();

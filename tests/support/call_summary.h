@@ -1,4 +1,4 @@
-// The calls that a watching terminal noted, written short enough to be compared with a list made by hand.
+// The calls noted by a watching terminal, written in a short form that can be compared with a hand-written list.
 #pragma once
 
 #include <string>
@@ -6,9 +6,10 @@
 
 namespace vantro::test {
 
-/// The calls in their order: "text KEY" (`Item`, then `ItemText`), "flag KEY" (`Item`, then `ItemBoolean`), "value KEY"
+/// The calls in order: "text KEY" (`Item`, then `ItemText`), "flag KEY" (`Item`, then `ItemBoolean`), "value KEY"
 /// (`Item`, then `Value`), "line 1-3 5" (`ScreenLine`), "find MARK at 6" (`FindMarker`), "field" (`TextField` 1), "new"
-/// (a collection is created) and "add KEY". Calls of one kind in a row share their first word; other calls follow "; ".
+/// (`createCollection`) and "add KEY". Consecutive calls of one kind share their first word; others are separated by ";
+/// ".
 std::string summaryOf(const std::vector<std::string>& calls);
 
 }  // namespace vantro::test

@@ -1,4 +1,4 @@
-// Collections written down and read back as plain lists of entries.
+// Collections written and read as plain lists of entries.
 #pragma once
 
 #include "vantro/built_in_terminal.h"
@@ -33,19 +33,19 @@ void PrintTo(const Entry& entry, std::ostream* out);
 /// A value as JSON-like text, for messages.
 std::string printed(const ItemValue& value);
 
-/// A collection that holds the entries.
+/// A new collection with these entries.
 std::shared_ptr<BuiltInCollection> collection(const Entries& entries);
 
-/// The entries of a collection of the built-in terminal or of a failing one, in their order.
+/// The entries of a collection of the built-in terminal or of a failing one, in order.
 Entries entriesOf(const CollectionPtr& collection);
 
-/// Their keys alone.
+/// Only their keys.
 std::vector<std::string> keysOf(const CollectionPtr& collection);
 
-/// The keys of those entries that are the boolean True, in their order: the flags that a screen sets.
+/// The keys of the entries that are the boolean True, in order: the flags that a screen sets.
 std::vector<std::string> flagsOf(const CollectionPtr& collection);
 
-/// One value; raises std::out_of_range for a key that is absent.
+/// The value under a key; throws std::out_of_range when the key is absent.
 ItemValue valueOf(const CollectionPtr& collection, TextView key);
 
 }  // namespace vantro::test

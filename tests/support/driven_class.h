@@ -34,7 +34,7 @@ public:
 
     ProfileObject& object() { return *object_; }
 
-    std::vector<Error> reported;  ///< in the order of the reports
+    std::vector<Error> reported;  ///< in the order reported
 
 private:
     BuiltInTerminal terminal_;

@@ -19,7 +19,7 @@ namespace {
 constexpr std::size_t screenColumns = 80;
 constexpr std::size_t screenLines = 24;
 
-/// The sections in the order in which they may stand in a step.
+/// The sections of a step in their required order.
 enum class Section { Start, Params, Command, Screen, State, Count, Results, Reported };
 
 class Parser {

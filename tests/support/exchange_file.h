@@ -1,4 +1,4 @@
-// Recorded exchanges, as samples/README.md describes their files.
+// Sample exchanges; samples/README.md describes the files.
 #pragma once
 
 #include "tests/support/collections.h"
@@ -11,18 +11,18 @@
 
 namespace vantro::test {
 
-/// What reading a screen ends with.
+/// The outcome of reading a screen.
 struct ExpectedResults {
     enum class Kind { Collection, NoCollection, Raised };
 
     Kind kind = Kind::NoCollection;
     Entries entries;  ///< of a collection
-    int raised = 0;   ///< the error's number
+    int raised = 0;   ///< the error number
 };
 
 /// One step of an exchange: a command, a screen, or both.
 struct ExchangeStep {
-    int line = 0;  ///< of the file, from 1
+    int line = 0;  ///< line of the file, from 1
     Text className;
     std::optional<Entries> params;
     std::optional<Text> command;
@@ -36,14 +36,14 @@ struct ExchangeStep {
 
 using Exchange = std::vector<ExchangeStep>;
 
-/// The steps of an exchange. Raises std::runtime_error with the line's number for anything that is not of the
-/// described form, a screen line of another length than 80 included.
+/// The steps of an exchange. Throws std::runtime_error with the line number for anything that does not match the
+/// described format, including a screen line that is not 80 characters long.
 Exchange parseExchange(std::string_view text);
 
-/// The steps of a file; the error's text then begins with its name.
+/// The steps of a file; the text of an error begins with the file's name.
 Exchange readExchange(const std::filesystem::path& file);
 
-/// The files of a folder with this ending, sorted by name.
+/// The files of a folder with this extension, sorted by name.
 std::vector<std::filesystem::path> filesIn(const std::filesystem::path& folder, std::string_view ending);
 
 }  // namespace vantro::test

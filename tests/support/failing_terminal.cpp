@@ -9,7 +9,7 @@ namespace vantro::test {
 
 namespace {
 
-/// A copy of an entry, so that a view kept beyond the item's life is a view of nothing.
+/// A copy of an entry, so that a view kept longer than the item dangles and the sanitizer sees it.
 class WatchedItem final : public KeyedItem {
 public:
     WatchedItem(std::shared_ptr<CallLog> log, const KeyedItem& item)
@@ -27,11 +27,11 @@ private:
     std::shared_ptr<BuiltInCollection::Entry> entry_;
 };
 
-/// A value that no reader of the key can use: a text in place of a list, a list in place of anything else.
+/// A value that no reader of the key can use: a text instead of a list, a list instead of anything else.
 class WrongItem final : public KeyedItem {
 public:
-    explicit WrongItem(bool inPlaceOfList)
-        : value_(inPlaceOfList ? ItemValue(Text(u"no list")) : ItemValue(TextList{u"a list"})) {}
+    explicit WrongItem(bool insteadOfList)
+        : value_(insteadOfList ? ItemValue(Text(u"no list")) : ItemValue(TextList{u"a list"})) {}
 
     const ItemValue& Value() const override { return value_; }
 

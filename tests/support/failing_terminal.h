@@ -1,5 +1,5 @@
-// A terminal library that watches every call and fails at one of them. It is also a stranger to the library: its
-// screen lines are no slices, its texts live in the caller's store alone, and its items die with their pointer.
+// A terminal library that records every call and fails at one of them. It shares nothing with the library: its screen
+// lines are not slices, its texts live only in the caller's store, and its items die with their pointer.
 #pragma once
 
 #include "vantro/built_in_terminal.h"
@@ -12,32 +12,32 @@ namespace vantro::test {
 
 /// How a call fails.
 enum class FailureKind {
-    TerminalsError,     ///< an `Error` of the terminal's own
-    StandardException,  ///< std::runtime_error
-    NoException,        ///< an object of a type that is no exception
-    OutOfMemory,        ///< std::bad_alloc
-    WrongKind,          ///< `Item` alone: it gives a value that cannot be read as the wanted kind
-    AbsentItem,         ///< `Item` alone: it finds nothing
+    TerminalsError,     ///< throws the terminal's own `Error`
+    StandardException,  ///< throws std::runtime_error
+    NoException,        ///< throws an object of a type that is not an exception
+    OutOfMemory,        ///< throws std::bad_alloc
+    WrongKind,          ///< `Item` only: it returns a value that cannot be read as the wanted kind
+    AbsentItem,         ///< `Item` only: it finds nothing
 };
 
 /// What is to fail.
 struct Failing {
     int call = 0;  ///< the call with this number, from 1; 0 for none
     FailureKind kind = FailureKind::TerminalsError;
-    int reports = 0;  ///< so many calls of `ReportError`, which are not counted among the calls, fail in the same way
+    int reports = 0;  ///< this many calls of `ReportError` fail in the same way; they are not counted as calls
 };
 
-/// Fails in this way; the last two kinds have nothing to raise.
+/// Throws what the kind stands for; the last two kinds throw nothing.
 [[noreturn]] void raise(FailureKind kind);
 
-/// What is thrown for `StandardException` and `NoException`.
+/// What `StandardException` and `NoException` throw.
 inline constexpr const char* exceptionsText = "the terminal's exception";
 inline constexpr int thrownNumber = 42;
 
-/// What `ReportError` was called with.
+/// The arguments of a call of `ReportError`.
 struct Report {
     Error current;
-    std::shared_ptr<const Error> given;  ///< null when the arguments were left out
+    std::shared_ptr<const Error> given;  ///< null when the arguments were omitted
 };
 
 /// The calls made so far ("Item strKeyName", "ScreenLine 3", ...) and the one that is to fail.
@@ -45,17 +45,17 @@ class CallLog {
 public:
     explicit CallLog(const Failing& failing) : failing_(failing) {}
 
-    /// Notes a call; the chosen one fails instead of doing its work. True for the chosen one when it is an `Item`
-    /// that has to answer wrongly.
+    /// Records a call; the chosen one fails. Returns true when the chosen call is an `Item` that must answer wrongly
+    /// instead.
     bool note(std::string call);
 
-    /// Fails as long as reports have to.
+    /// Fails while reports are to fail.
     void noteReport();
 
     FailureKind kind() const { return failing_.kind; }
     const std::vector<std::string>& calls() const { return calls_; }
 
-    /// The error of the failing call: like nothing that the library raises itself.
+    /// The error of the failing call: unlike anything that the library raises itself.
     static Error failure() { return Error(1004, u"TerminalLibrary", u"The terminal's own failure"); }
 
 private:
@@ -63,7 +63,7 @@ private:
     std::vector<std::string> calls_;
 };
 
-/// A collection whose operations are calls of the log.
+/// A collection whose operations are recorded as calls.
 class WatchedCollection final : public KeyedCollection {
 public:
     WatchedCollection(std::shared_ptr<CallLog> log, std::shared_ptr<BuiltInCollection> inner)
@@ -87,7 +87,7 @@ public:
     ErrorReporter& errorReporter() override { return *this; }
     CollectionPtr createCollection() override;
 
-    /// The collection as the library gets it; null stays null.
+    /// The collection as the library receives it; null stays null.
     CollectionPtr watched(std::shared_ptr<BuiltInCollection> collection) const;
 
     const std::vector<std::string>& calls() const { return log_->calls(); }

@@ -1,9 +1,10 @@
-// What each operation does about a failing step: one row an operation. A step is a call of the terminal's: `Item`,
+// What each operation does when a step fails: one row per operation. A step is one call to the terminal: `Item`,
 // `ItemText`, `ItemBoolean`, `Value`, `ScreenLine`, `FindMarker`, `TextField`, `createCollection`, `Add`.
 //
-// A failing step of the operation itself is raised under the operation's number, or passes unchanged where it has none.
-// Some steps belong to a private reader, which reports its failures and lets the operation go on; others to an
-// extractor with a number of its own. Plain data: the tests on each platform bring their own way to make a step fail.
+// A failing step of the operation itself is raised under the operation's number, or passes unchanged when the operation
+// has none. Some steps belong to a private reader, which reports its failures and lets the operation go on; others
+// belong to an extractor with its own number. The rules are plain data: each platform's tests make a step fail in their
+// own way.
 #pragma once
 
 #include <algorithm>
@@ -14,17 +15,17 @@
 
 namespace vantro::test {
 
-/// The steps made so far, in the order in which the terminal sees them ("Item strKeyName", "ScreenLine 3").
+/// The steps made so far, in the order in which the terminal receives them ("Item strKeyName", "ScreenLine 3").
 using Calls = std::vector<std::string>;
 
-inline constexpr int passes = 0;  ///< in place of a number: the failing step's own error comes out
+inline constexpr int passes = 0;  ///< instead of a number: the failing step's own error is raised
 
 inline constexpr std::string_view creatingCommand = "An error has occurred while creating a profile command.";
 inline constexpr std::string_view verifyingProfile = "An error has occurred while verifying the profile.";
 inline constexpr std::string_view readingNotes = "An error has occurred while reading Profile Notes";
 inline constexpr std::string_view ownSource = "VantroProfileUtils";
 
-/// How a failure is described where it is reported, when it is none of the numbered errors.
+/// How a reported failure is described when it is not one of the numbered errors.
 struct Described {
     int number;
     std::string_view description;
@@ -33,20 +34,20 @@ inline constexpr Described foreignFailure{51, "Internal error"};
 inline constexpr Described outOfMemory{7, "Out of memory"};
 inline constexpr Described wrongKind{13, "Type mismatch"};
 
-/// What becomes of the operation when a step fails.
+/// What the operation does when a step fails.
 enum class Fate {
-    Raises,      ///< the rule's number; no result
-    Passes,      ///< the step's own failure; no result
-    Stops,       ///< reported; the keys not yet added are missing
-    GoesOn,      ///< reported; every key is added
-    StopsTwice,  ///< reported; going on leads to a second failure, reported too; no key is added
+    Raises,      ///< raises the rule's number; no result
+    Passes,      ///< raises the step's own failure; no result
+    Stops,       ///< reports; the keys not yet added are missing
+    GoesOn,      ///< reports; every key is added
+    StopsTwice,  ///< reports; going on leads to a second failure, which is reported too; no key is added
 };
 
 struct Consequence {
     Fate fate;
-    int number = passes;  ///< of what is raised
+    int number = passes;  ///< of the raised error
     std::string_view description = {};
-    bool isInner = false;  ///< the reader stands within another, which takes over when the report fails too
+    bool isInner = false;  ///< the reader is inside another one, which takes over when the report fails too
 };
 
 constexpr Consequence inner(Fate fate) { return {fate, passes, {}, true}; }
@@ -57,11 +58,11 @@ constexpr Consequence raisesOrPasses(int number, std::string_view description) {
 
 // The transactions
 
-/// Which steps of `VerifyResponse` a private reader makes.
+/// Which steps of `VerifyResponse` belong to a private reader.
 enum class Reader {
-    None,          ///< none: every failure is the operation's
-    FillsResults,  ///< the screen's lines, the marks looked for, and the adding of keys
-    ReadsLines,    ///< the screen's lines alone; the operation adds the keys
+    None,          ///< none: the operation raises every failure
+    FillsResults,  ///< the screen lines, the marks searched for, and the adding of keys
+    ReadsLines,    ///< the screen lines only; the operation adds the keys
 };
 
 struct TransRule {
@@ -69,15 +70,15 @@ struct TransRule {
     int create;
     int verify;
     Reader reader;
-    int reported = 0;  ///< the number that the reader gives with its report; 0: it gives nothing
-    /// A reader within the reader reads the lines behind the first one that holds one of these; its failures do not
-    /// stop the outer one. Unused ones are empty.
+    int reported = 0;  ///< the number that the reader passes to its report; 0: none
+    /// An inner reader reads the lines after the first one that contains one of these marks; its failures do not stop
+    /// the outer reader. Unused marks are empty.
     std::array<std::string_view, 2> innerTitles = {};
 };
 
 // clang-format off
 inline constexpr std::array<TransRule, 18> transRules{{
-    // class           create   verify   reader                reported  inner reader behind
+    // class           create   verify   reader                reported  inner reader after
     {"CPBITrans",      5385,    5390,    Reader::FillsResults},
     {"CPBNTrans",      passes,  5035,    Reader::FillsResults},
     {"CPCNTrans",      passes,  passes,  Reader::None},
@@ -106,7 +107,7 @@ inline const TransRule& transRule(std::string_view className) {
 
 inline std::string stepName(const std::string& call) { return call.substr(0, call.find(' ')); }
 
-/// The line that a "ScreenLine" step asks for.
+/// The line that a "ScreenLine" step fetches.
 inline int stepLine(const std::string& call) { return std::stoi(call.substr(call.find(' '))); }
 
 /// The keys that the steps before `end` add.
@@ -118,10 +119,10 @@ inline std::vector<std::string> addedKeys(const Calls& calls, std::size_t end) {
     return keys;
 }
 
-/// The lines of a screen, each a text of at most 80 characters of a screen that is plain ASCII.
+/// The lines of a plain ASCII screen, at most 80 characters each.
 using ScreenLines = std::vector<std::string>;
 
-/// True when the step fetches a line that the inner reader of a transaction reads.
+/// True when the step fetches a line that the transaction's inner reader reads.
 inline bool isInnerReaders(const TransRule& rule, const Calls& calls, std::size_t failing, const ScreenLines& screen) {
     for (std::size_t call = 0; call < failing; ++call) {
         if (stepName(calls[call]) != "ScreenLine") continue;
@@ -133,8 +134,8 @@ inline bool isInnerReaders(const TransRule& rule, const Calls& calls, std::size_
     return false;
 }
 
-/// The number of linked profiles whose entries are begun when the given line is fetched: an entry more is begun at the
-/// line under each profile's.
+/// The number of linked profiles begun when the given line is fetched: the line after a profile's entry begins the next
+/// one.
 inline int linkedEntriesBegun(const ScreenLines& screen, int failingLine) {
     int begun = 1;
     for (int line = 1; line < failingLine && line < static_cast<int>(screen.size()); ++line) {
@@ -146,8 +147,8 @@ inline int linkedEntriesBegun(const ScreenLines& screen, int failingLine) {
 
 inline Consequence commandConsequence(const TransRule& rule) { return raisesOrPasses(rule.create, creatingCommand); }
 
-/// What the failure of one step of `VerifyResponse` leads to. `calls` are those of a run without a failure, and `index`
-/// is the entry of the linked profiles that is asked for.
+/// The outcome when one step of `VerifyResponse` fails. `calls` are those of a run without a failure, `index` is the
+/// requested entry of the linked profiles.
 inline Consequence answerConsequence(const TransRule& rule, const Calls& calls, std::size_t failing,
                                      const ScreenLines& screen, int index) {
     const std::string step = stepName(calls[failing]);
@@ -163,11 +164,11 @@ inline Consequence answerConsequence(const TransRule& rule, const Calls& calls, 
 
 // The parsers
 
-/// A family: the prefix under which it is asked for, and its extractor.
+/// A family: the prefix of its query, and its extractor.
 struct FamilyRule {
     std::string_view prefix;
     std::string_view property;
-    int number;  ///< the extractor's
+    int number;  ///< raised by the extractor
 };
 
 // clang-format off
@@ -205,12 +206,12 @@ inline constexpr std::array<FamilyRule, 29> familyRules{{
 // clang-format on
 
 /// The queries that read their value from the display themselves, and those that read nothing: an empty prefix, an
-/// unknown one, the notes' own asked of the wrong class. All pass their failures.
+/// unknown one, and the notes' prefix sent to the wrong class. All of them pass their failures unchanged.
 inline constexpr std::array<std::string_view, 10> plainQueries{"NM",  "RECLOC", "OFFID", "PCN",     "PIN",
                                                                "PSL", "ALL",    "",      "UNKNOWN", "ProfileNotes"};
 
-/// What the failure of one step of `CProfile`'s `ProfileElements` leads to. The first line fetched is the query's own
-/// look for a host line; the others are the extractor's, where the prefix has one.
+/// The outcome when one step of `CProfile`'s `ProfileElements` fails. The query itself fetches the first line to test
+/// for a host line; the extractor fetches the others when the prefix has one.
 inline Consequence queryConsequence(std::string_view prefix, const Calls& calls, std::size_t failing) {
     const auto family = std::find_if(familyRules.begin(), familyRules.end(),
                                      [&](const FamilyRule& rule) { return rule.prefix == prefix; });
@@ -221,14 +222,14 @@ inline Consequence queryConsequence(std::string_view prefix, const Calls& calls,
     return {Fate::Raises, family->number, verifyingProfile};
 }
 
-/// The same of `CProfileNotes`: reading the notes and adding them have one number.
+/// The same for `CProfileNotes`: reading the notes and adding them raise the same number.
 inline Consequence notesConsequence(const Calls& calls, std::size_t failing) {
     const auto isLine = [](const std::string& call) { return stepName(call) == "ScreenLine"; };
     const bool isRequest = std::none_of(calls.begin(), calls.begin() + static_cast<std::ptrdiff_t>(failing), isLine);
     return isRequest ? Consequence{Fate::Passes} : Consequence{Fate::Raises, 5500, readingNotes};
 }
 
-/// The count properties: `RecLocCount` reports 5130 and gives 0, the others raise their number.
+/// The count properties: `RecLocCount` reports 5130 and returns 0, the others raise their number.
 inline Consequence countConsequence(std::string_view property) {
     if (property == "RecLocCount") return {Fate::Stops};
     if (property == "ProfileNotesElementsCount") return {Fate::Raises, 5505, readingNotes};

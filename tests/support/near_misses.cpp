@@ -6,7 +6,7 @@ namespace vantro::test {
 
 namespace {
 
-// What the readers tell apart: blanks, letters, digits, and the characters of their marks.
+// The characters that readers distinguish: blanks, letters, digits, and those of the marks.
 constexpr TextView replacements = u" X7->/:*";
 
 class Varied {
@@ -30,7 +30,7 @@ public:
     }
 
 private:
-    // Calls the visitor with the lines as `change` leaves them.
+    // Calls the visitor with the lines after `change`.
     template <class Change>
     void with(Change change) {
         if (isStopped_ || number_++ % variation_.every != variation_.offset) return;
@@ -43,14 +43,14 @@ private:
     }
 
     void varyCharacters(std::size_t line) {
-        for (std::size_t place = 0; place < lines_[line].size(); ++place) {
+        for (std::size_t position = 0; position < lines_[line].size(); ++position) {
             for (const char16_t other : replacements) {
-                if (other == lines_[line][place]) continue;
-                with([&](std::vector<Text>& lines) { lines[line][place] = other; });
+                if (other == lines_[line][position]) continue;
+                with([&](std::vector<Text>& lines) { lines[line][position] = other; });
             }
-            with([&](std::vector<Text>& lines) { lines[line].erase(place, 1).push_back(u' '); });
+            with([&](std::vector<Text>& lines) { lines[line].erase(position, 1).push_back(u' '); });
             with([&](std::vector<Text>& lines) {
-                lines[line].insert(place, 1, lines[line][place]);
+                lines[line].insert(position, 1, lines[line][position]);
                 lines[line].pop_back();
             });
         }
@@ -58,8 +58,8 @@ private:
 
     void plantMarks(std::size_t line) {
         for (const Text& mark : variation_.planted) {
-            for (std::size_t place = 0; place + mark.size() <= lines_[line].size(); ++place) {
-                with([&](std::vector<Text>& lines) { lines[line].replace(place, mark.size(), mark); });
+            for (std::size_t position = 0; position + mark.size() <= lines_[line].size(); ++position) {
+                with([&](std::vector<Text>& lines) { lines[line].replace(position, mark.size(), mark); });
             }
         }
     }
@@ -68,7 +68,7 @@ private:
         const auto at = static_cast<std::ptrdiff_t>(line);
         with([&](std::vector<Text>& lines) { lines.erase(lines.begin() + at); });
         with([&](std::vector<Text>& lines) { std::swap(lines[line], lines[line + 1 < lines.size() ? line + 1 : 0]); });
-        constexpr std::size_t furthest = 26;  // one line further than any reader looks for a title or an entry
+        constexpr std::size_t furthest = 26;  // one line more than any reader searches for a title or an entry
         for (std::size_t count = 1; count <= furthest; ++count) {
             with([&](std::vector<Text>& lines) { insert(lines, at, count, Text(variation_.width, u' ')); });
             with([&](std::vector<Text>& lines) { insert(lines, at, count, filler()); });
@@ -76,9 +76,9 @@ private:
         }
     }
 
-    static void insert(std::vector<Text>& lines, std::ptrdiff_t place, std::size_t count, const Text& line) {
+    static void insert(std::vector<Text>& lines, std::ptrdiff_t position, std::size_t count, const Text& line) {
         const Text added = line;
-        lines.insert(lines.begin() + place, count, added);
+        lines.insert(lines.begin() + position, count, added);
     }
 
     Text filler() const {
@@ -87,7 +87,7 @@ private:
         return line;
     }
 
-    // The text ends inside the line; where whole lines stand under it, the line alone is cut.
+    // The text ends inside the line. Where complete lines follow, only this line is cut.
     void cutShort(std::size_t line) {
         for (std::size_t length = 0; length < lines_[line].size(); ++length) {
             with([&](std::vector<Text>& lines) {

@@ -1,6 +1,6 @@
-// Texts that differ from a screen by little: a character changed, lost or doubled, a line lost, doubled, moved or cut
-// short, a mark in another column. A reader that looks one column or one line too far, or at one character too few,
-// answers one of them wrongly.
+// Texts that differ slightly from a screen: a character changed, lost or doubled, a line lost, doubled, moved or cut
+// short, a mark in another column. A reader that tests one column or line too many, or one character too few, reads one
+// of them wrongly.
 #pragma once
 
 #include "vantro/text.h"
@@ -15,9 +15,9 @@ namespace vantro::test {
 struct Variation {
     std::size_t width = 80;          ///< of a line
     std::vector<Text> planted = {};  ///< marks that are written over each line, at each column
-    std::size_t wholeLines = 0;      ///< so many lines at the end stay as they are, so that a search finds its end
-    std::size_t every = 1;           ///< one text of so many is visited
-    std::size_t offset = 0;          ///< the first one visited
+    std::size_t wholeLines = 0;      ///< this many lines at the end are kept, so that a search finds its end
+    std::size_t every = 1;           ///< one of this many texts is visited
+    std::size_t offset = 0;          ///< index of the first one visited
 };
 
 /// Calls `visit` with each of these texts until it returns false. Returns the number of texts visited.

@@ -1,4 +1,4 @@
-// Terminals that make their screen lines themselves.
+// Terminals that make their own screen lines.
 #pragma once
 
 #include "vantro/built_in_terminal.h"
@@ -8,8 +8,8 @@
 
 namespace vantro::test {
 
-/// A stranger to the library: no line is a slice of the screen, and no text lives longer than the caller's store. All
-/// but the lines is as in the built-in terminal.
+/// No line is a slice of the screen, and no text lives longer than the caller's store. Everything but the lines is as
+/// in the built-in terminal.
 class OwnLinesTerminal : public Terminal, private TerminalFunctions {
 public:
     explicit OwnLinesTerminal(ErrorSink sink = {}) : inner_(std::move(sink)) {}
@@ -19,7 +19,7 @@ public:
     CollectionPtr createCollection() override { return inner_.createCollection(); }
 
 protected:
-    /// The line of the 80 characters that the host prints.
+    /// The 80 characters of a line as the host prints it.
     static TextView hostLine(TextView response, std::int16_t line, std::size_t width = 80) {
         const std::size_t start = static_cast<std::size_t>(line) * width;
         return start < response.size() ? response.substr(start, width) : TextView{};
@@ -47,7 +47,7 @@ private:
     BuiltInTerminal inner_;
 };
 
-/// Cuts lines of a width of its own.
+/// Cuts the screen into lines of a different width.
 class WideTerminal final : public OwnLinesTerminal {
 public:
     explicit WideTerminal(std::size_t width, ErrorSink sink = {}) : OwnLinesTerminal(std::move(sink)), width_(width) {}
@@ -58,7 +58,7 @@ private:
     std::size_t width_;
 };
 
-/// Gives the host's lines with blanks after them.
+/// Returns the host's lines followed by blanks.
 class PaddingTerminal final : public OwnLinesTerminal {
 public:
     explicit PaddingTerminal(std::size_t blanks = 0) : blanks_(blanks) {}

@@ -1,4 +1,4 @@
-// Screens for tests, laid out as the host lays them out.
+// Screens for tests, laid out as the host does.
 #pragma once
 
 #include "vantro/text.h"
@@ -8,10 +8,10 @@
 
 namespace vantro::test {
 
-/// The lines from line 0 on, each filled up to 80 characters. A line longer than that raises std::length_error.
+/// The lines from line 0 on, each padded to 80 characters. Throws std::length_error for a longer line.
 Text screen(std::initializer_list<TextView> lines);
 
-/// Lines at given numbers (from 0, in rising order), everything between them blank.
+/// Lines at the given numbers (from 0, in rising order), all others blank.
 Text screenAt(std::initializer_list<std::pair<int, TextView>> lines);
 
 }  // namespace vantro::test

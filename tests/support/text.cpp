@@ -30,7 +30,7 @@ void appendBytes(std::string& bytes, char32_t character) {
     for (int byte = following - 1; byte >= 0; --byte) push(0x80 | ((character >> (6 * byte)) & 0x3F));
 }
 
-// Bytes that follow the lead byte, or -1 when it leads nothing.
+// The number of bytes that follow the lead byte; -1 when it is not a lead byte.
 int followingBytes(unsigned char lead) {
     if (lead < 0x80) return 0;
     if (lead >= 0xC2 && lead < 0xE0) return 1;
@@ -43,30 +43,30 @@ int followingBytes(unsigned char lead) {
 
 Text wide(std::string_view utf8) {
     Text text;
-    for (std::size_t place = 0; place < utf8.size();) {
-        const auto lead = static_cast<unsigned char>(utf8[place]);
+    for (std::size_t position = 0; position < utf8.size();) {
+        const auto lead = static_cast<unsigned char>(utf8[position]);
         const int following = followingBytes(lead);
-        if (following < 0 || place + static_cast<std::size_t>(following) >= utf8.size()) {
+        if (following < 0 || position + static_cast<std::size_t>(following) >= utf8.size()) {
             throw std::runtime_error("not well-formed UTF-8");
         }
         char32_t character = following == 0 ? lead : lead & (0x3FU >> following);
         for (int byte = 1; byte <= following; ++byte) {
-            const auto next = static_cast<unsigned char>(utf8[place + static_cast<std::size_t>(byte)]);
+            const auto next = static_cast<unsigned char>(utf8[position + static_cast<std::size_t>(byte)]);
             if ((next & 0xC0U) != 0x80U) throw std::runtime_error("not well-formed UTF-8");
             character = (character << 6) | (next & 0x3FU);
         }
         appendUnits(text, character);
-        place += static_cast<std::size_t>(following) + 1;
+        position += static_cast<std::size_t>(following) + 1;
     }
     return text;
 }
 
 std::string utf8(TextView text) {
     std::string bytes;
-    for (std::size_t place = 0; place < text.size(); ++place) {
-        char32_t character = text[place];
-        if (isHighSurrogate(character) && place + 1 < text.size() && isLowSurrogate(text[place + 1])) {
-            character = 0x10000 + ((character - 0xD800) << 10) + (static_cast<char32_t>(text[++place]) - 0xDC00);
+    for (std::size_t position = 0; position < text.size(); ++position) {
+        char32_t character = text[position];
+        if (isHighSurrogate(character) && position + 1 < text.size() && isLowSurrogate(text[position + 1])) {
+            character = 0x10000 + ((character - 0xD800) << 10) + (static_cast<char32_t>(text[++position]) - 0xDC00);
         } else if (isHighSurrogate(character) || isLowSurrogate(character)) {
             character = U'?';
         }

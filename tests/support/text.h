@@ -8,10 +8,10 @@
 
 namespace vantro::test {
 
-/// The text of well-formed UTF-8; raises std::runtime_error for anything else.
+/// Converts well-formed UTF-8; throws std::runtime_error for anything else.
 Text wide(std::string_view utf8);
 
-/// The UTF-8 of a text; a surrogate without its partner becomes "?".
+/// Converts to UTF-8; an unpaired surrogate becomes "?".
 std::string utf8(TextView text);
 
 }  // namespace vantro::test

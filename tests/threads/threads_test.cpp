@@ -1,5 +1,5 @@
-// Each thread has objects of its own with a terminal of its own; screens and displays are shared and only read. What
-// the threads find is what one thread finds.
+// Each thread has its own objects and terminal; screens and displays are shared and only read. Every thread must get
+// the results that a single thread gets.
 #include "tests/failures/inputs.h"
 #include "tests/failures/profile_text.h"
 #include "tests/support/text.h"
@@ -20,7 +20,7 @@ namespace {
 constexpr std::size_t threads = 8;
 constexpr int rounds = 2;
 
-/// Does the work in all threads, which begin at the same time, and gives what each found.
+/// Runs the work in all threads, started at the same time, and returns the result of each.
 template <class Work>
 std::array<std::vector<std::string>, threads> inAllThreads(const Work& work) {
     std::array<std::vector<std::string>, threads> found;
@@ -42,7 +42,7 @@ std::string written(const CollectionPtr& collection) {
     return text;
 }
 
-/// What one call gives, errors and reports included.
+/// The result of one call, including errors and reports.
 std::string called(const Input& input) {
     std::string text;
     BuiltInTerminal terminal([&text](const Error& error) { text += std::to_string(error.number()) + " reported "; });
@@ -61,7 +61,7 @@ std::string called(const Input& input) {
     return text;
 }
 
-TEST(Threads, FindWhatOneThreadFinds) {
+TEST(Threads, GetTheResultsOfASingleThread) {
     std::vector<Input> inputs = exchangeInputs();
     for (const char* const sample : {"every_family", "header_pf24", "odd"}) {
         for (const std::vector<Input>& more : {queryInputs(sample), countInputs(sample)}) {
@@ -94,7 +94,7 @@ TEST(Threads, ReadWholeProfilesFromSharedDisplays) {
 }
 
 // A profile is not bound to the thread that read it.
-TEST(Threads, ShareAProfileThatIsRead) {
+TEST(Threads, ShareAProfile) {
     const Profile profile = parseProfile(sampleDisplay("every_family"));
     const auto found = inAllThreads([&profile] {
         const Profile copy = profile;

@@ -1,4 +1,4 @@
-// Which calls of the terminal each transaction makes, and in which order: no more than the reading needs.
+// Which calls each transaction makes to the terminal, and in which order: no more than the reading needs.
 #include "tests/support/call_summary.h"
 #include "tests/support/collections.h"
 #include "tests/support/failing_terminal.h"
@@ -71,7 +71,7 @@ INSTANTIATE_TEST_SUITE_P(
         CommandCalls{"PN", u"CProfileNotes", {}, "text strCommand"}),
     commandName);
 
-TEST_P(CommandCallsOf, AreTheReadsOfItsParametersInTheirOrder) {
+TEST_P(CommandCallsOf, AreTheReadsOfItsParametersInOrder) {
     FailingTerminal terminal;
     const auto object = createObject(GetParam().className, terminal);
     object->profileTrans()->CreateCommand(terminal.watched(collection(GetParam().params)));
@@ -82,7 +82,7 @@ struct ReadingCalls {
     std::string name;
     TextView className;
     Text screen;
-    std::optional<Entries> state;  ///< no collection is passed without one
+    std::optional<Entries> state;  ///< without one, no collection is passed
     std::string calls;
 };
 
@@ -95,7 +95,7 @@ const Text traveller = screen({u"ECHO", u"*T*  SMITH/ANNA MS", u"MORE"});
 const Text companyList =
     screen({u"PDN/KES", u"SIMILAR COMPANY NAME LIST", u"     COMPANY                    RECLOC     OFFICE",
             u"   1 KESTRELLO TOOLS          Q2W3E4     NCEVN3101", u"END OF BLOCK - USE PDMD", u"   2 LOST", u"LOST"});
-// Eleven lines, so that the block goes on below the lines in which a title may stand.
+// Eleven lines, so that the block continues past the lines in which a title may be.
 const Text longContinuation = screen({u"PDMD", u"   8 COMPANY H               Q2W3E4",
                                       u"   9 COMPANY I               Q2W3E4", u"  10 COMPANY J               Q2W3E4",
                                       u"  11 COMPANY K               Q2W3E4", u"  12 COMPANY L               Q2W3E4",
@@ -140,7 +140,7 @@ INSTANTIATE_TEST_SUITE_P(
                      "flag blnKeyEndOfBlock; text strKeyRecLocPos; line 1-11; new; " + titleResults},
         ReadingCalls{"PDNEmpty", u"CPDNTrans", {}, continued, ""},
 
-        // The collection comes first, and the state is read even for an empty response.
+        // The collection is created first, and the state is read even for an empty response.
         ReadingCalls{"PDA", u"CPDATrans", other, {}, "new; line 0-5; " + similarResults},
         ReadingCalls{"PDAProfile", u"CPDATrans", traveller, {}, "new; line 0-1; " + similarResults},
         ReadingCalls{"PDAList", u"CPDATrans", companyList, {}, "new; line 0-4; " + similarResults},
@@ -151,7 +151,7 @@ INSTANTIATE_TEST_SUITE_P(
 
         ReadingCalls{"PDMD", u"CPDMDTrans", companyList, continued, ""},
 
-        // "PD" and "PDT" cut their lines from the response by themselves.
+        // "PD" and "PDT" cut their lines from the response themselves.
         ReadingCalls{"PD", u"CPDTrans", traveller, {}, "new; " + itemResults},
         ReadingCalls{"PDT", u"CPDTTrans", traveller, {}, "new; add blnKeyProfile"},
         ReadingCalls{"PDTEmpty", u"CPDTTrans", {}, {}, ""},
@@ -215,7 +215,7 @@ INSTANTIATE_TEST_SUITE_P(
         ReadingCalls{"PN", u"CProfileNotes", other, Entries{}, "text strCommand; line 1; " + messageResults}),
     readingName);
 
-TEST_P(ReadingCallsOf, AreThoseOfTheLinesThatItLooksAtAndOfItsResults) {
+TEST_P(ReadingCallsOf, AreThoseForTheLinesItTestsAndForItsResults) {
     FailingTerminal terminal;
     const auto object = createObject(GetParam().className, terminal);
     const auto& state = GetParam().state;

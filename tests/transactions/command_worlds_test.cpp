@@ -1,5 +1,5 @@
-// Small worlds of parameters: every combination of a few values of each parameter, the command built by the library and
-// by the slow second opinion.
+// Small worlds of parameters: every combination of a few values of each parameter. The library's command is compared
+// with the oracle's.
 #include "tests/oracle/commands_oracle.h"
 #include "tests/support/driven_class.h"
 #include "tests/support/text.h"
@@ -14,7 +14,7 @@
 namespace vantro::test {
 namespace {
 
-/// A parameter and what it may hold; nothing is a key that is absent.
+/// A parameter and its possible values; nullopt stands for an absent key.
 struct Parameter {
     Text key;
     std::vector<std::optional<ItemValue>> values;
@@ -111,21 +111,21 @@ std::string expectedOf(const std::string& className, const Entries& params) {
     }
 }
 
-/// The parameters that hold a value in this choice.
+/// The parameters that have a value in this choice.
 Entries chosen(const CommandWorld& world, const std::vector<std::size_t>& choice) {
     Entries params;
-    for (std::size_t place = 0; place < choice.size(); ++place) {
-        const auto& value = world.parameters[place].values[choice[place]];
-        if (value) params.emplace_back(world.parameters[place].key, *value);
+    for (std::size_t index = 0; index < choice.size(); ++index) {
+        const auto& value = world.parameters[index].values[choice[index]];
+        if (value) params.emplace_back(world.parameters[index].key, *value);
     }
     return params;
 }
 
-/// The next choice of a value for each parameter; false after the last one.
+/// Advances to the next choice of a value for each parameter; false after the last one.
 bool advance(const CommandWorld& world, std::vector<std::size_t>& choice) {
-    for (std::size_t place = 0; place < choice.size(); ++place) {
-        if (++choice[place] < world.parameters[place].values.size()) return true;
-        choice[place] = 0;
+    for (std::size_t index = 0; index < choice.size(); ++index) {
+        if (++choice[index] < world.parameters[index].values.size()) return true;
+        choice[index] = 0;
     }
     return false;
 }
@@ -135,7 +135,7 @@ class CommandWorldOf : public testing::TestWithParam<CommandWorld> {};
 INSTANTIATE_TEST_SUITE_P(, CommandWorldOf, testing::ValuesIn(worlds),
                          [](const auto& test) { return utf8(test.param.className); });
 
-TEST_P(CommandWorldOf, IsBuiltAsTheSecondOpinionBuildsIt) {
+TEST_P(CommandWorldOf, IsBuiltAsTheOracleBuildsIt) {
     const CommandWorld& world = GetParam();
     DrivenClass driven(world.className);
     std::vector<std::size_t> choice(world.parameters.size());
@@ -146,7 +146,7 @@ TEST_P(CommandWorldOf, IsBuiltAsTheSecondOpinionBuildsIt) {
     } while (advance(world, choice));
 }
 
-TEST_P(CommandWorldOf, WithoutParametersFailsAsTheSecondOpinionDoes) {
+TEST_P(CommandWorldOf, WithoutParametersFailsAsTheOracleDoes) {
     const std::string name = utf8(GetParam().className);
     DrivenClass driven(GetParam().className);
     std::string answer;

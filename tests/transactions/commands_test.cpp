@@ -1,4 +1,4 @@
-// Every form of every command line.
+// Every form of every command.
 #include "tests/support/driven_class.h"
 #include "tests/support/text.h"
 
@@ -60,11 +60,11 @@ const std::vector<CommandRow> nameSearches{
      {{name, u"SMITH"}, {office, u"NCEVN3101"}, {exact, true}},
      u"PDN/NCEVN3101/-SMITH/"},
     {"CompanyInOffice", u"CPDNTrans", {{company, u"KESTRELLO"}, {office, u"NCEVN3101"}}, u"PDN/NCEVN3101/KESTRELLO"},
-    {"AllGiven",
+    {"AllParameters",
      u"CPDNTrans",
      {{name, u"SMITH"}, {company, u"KESTRELLO"}, {exact, true}, {office, u"NCEVN3101"}},
      u"PDN/NCEVN3101/KESTRELLO-SMITH/"},
-    {"NothingGiven", u"CPDNTrans", {}, u""},
+    {"NoParameters", u"CPDNTrans", {}, u""},
     {"EmptyTextsCountAsNotGiven", u"CPDNTrans", {{name, u""}, {company, u""}}, u""},
     {"OfficeAndExactMatchAloneSendNothing", u"CPDNTrans", {{office, u"NCEVN3101"}, {exact, true}}, u""},
     {"ValuesAreCopiedVerbatim", u"CPDNTrans", {{name, u" Smith "}, {office, u" x"}}, u"PDN/ x/- Smith "},
@@ -77,8 +77,8 @@ INSTANTIATE_TEST_SUITE_P(PDN, Command, testing::ValuesIn(nameSearches), rowName)
 const std::vector<CommandRow> similarNames{
     {"TravellerName", u"CPDATrans", {{name, u"SMITH"}}, u"PDA/-SMITH"},
     {"Company", u"CPDATrans", {{company, u"KESTRELLO"}}, u"PDA/KESTRELLO"},
-    {"BothSendTheCodeAndTheSlashAlone", u"CPDATrans", {{name, u"SMITH"}, {company, u"KESTRELLO"}}, u"PDA/"},
-    {"NothingGiven", u"CPDATrans", {}, u""},
+    {"BothSendOnlyTheCodeAndTheSlash", u"CPDATrans", {{name, u"SMITH"}, {company, u"KESTRELLO"}}, u"PDA/"},
+    {"NoParameters", u"CPDATrans", {}, u""},
     {"MoveDown", u"CPDMDTrans", {}, u"PDMD"},
     {"MoveDownReadsNoParameter", u"CPDMDTrans", {{name, TextList{u"SMITH"}}, {company, u"KESTRELLO"}}, u"PDMD"},
 };
@@ -105,14 +105,14 @@ const std::vector<CommandRow> byLocator{
     {"LongerIndicatorAddsNothing", u"CPDRTrans", {{locator, u"KQ4R7T"}, {indicator, u"T "}}, u"PDR/KQ4R7T"},
     {"LocatorIsNeeded", u"CPDRTrans", {{locator, u""}, {indicator, u"T"}}, u""},
     {"CompanyName", u"CPCNTrans", {{company, u"KESTRELLO"}}, u"PCN/KESTRELLO"},
-    {"EmptyCompanyNameGoesOut", u"CPCNTrans", {{company, u""}}, u"PCN/"},
+    {"EmptyCompanyNameIsSent", u"CPCNTrans", {{company, u""}}, u"PCN/"},
 };
 INSTANTIATE_TEST_SUITE_P(PDR, Command, testing::ValuesIn(byLocator), rowName);
 
 const std::vector<CommandRow> byOffice{
     {"Alone", u"CPLTTrans", {}, u"PLT"},
     {"Office", u"CPLTTrans", {{office, u"NCEVN3101"}}, u"PLT/NCEVN3101"},
-    {"CompanyBehindTheEmptyOffice", u"CPLTTrans", {{company, u"KES"}}, u"PLT//KES"},
+    {"CompanyAfterTheEmptyOffice", u"CPLTTrans", {{company, u"KES"}}, u"PLT//KES"},
     {"OfficeAndCompany", u"CPLTTrans", {{office, u"NCEVN3101"}, {company, u"KES"}}, u"PLT/NCEVN3101/KES"},
     {"CompanyExact", u"CPLTTrans", {{company, u"KES"}, {exact, true}}, u"PLT//KES/"},
     {"OfficeAndCompanyExact",
@@ -141,7 +141,7 @@ Entries groups(const char16_t* highest, TextList els, TextList segs, TextList pa
 const std::vector<CommandRow> transfers{
     {"Alone", u"CPTTrans", {}, u"PT"},
     {"ElementsAndSegment", u"CPTTrans", {{elements, u"3,5"}, {segments, u"2"}}, u"PT3,5/S2"},
-    {"BothMarksBehindTheCode", u"CPTTrans", {{elements, u"4"}, {overriding, true}, {allPnr, true}}, u"PTO*4"},
+    {"BothMarksAfterTheCode", u"CPTTrans", {{elements, u"4"}, {overriding, true}, {allPnr, true}}, u"PTO*4"},
     {"OverrideAlone", u"CPTTrans", {{overriding, true}}, u"PTO"},
     {"AllPassengersAlone", u"CPTTrans", {{allPnr, true}}, u"PT*"},
     {"AssociationsOnly", u"CPTTrans", {{segments, u"2"}, {passengers, u"1"}}, u"PT/S2/P1"},
@@ -150,9 +150,9 @@ const std::vector<CommandRow> transfers{
      {{allPnr, true}, {overriding, true}, {elements, u"3-5"}, {segments, u"2"}, {passengers, u"1"}},
      u"PTO*3-5/S2/P1"},
     {"TwoGroups", u"CPTTrans", groups(u"1", {u"3", u"7"}, {u"2", u""}, {u"", u"1"}), u"PT3/S2//7/P1"},
-    {"OverrideBehindTheLastGroup", u"CPTTrans",
+    {"OverrideAfterTheLastGroup", u"CPTTrans",
      groups(u"1", {u"3", u"7"}, {u"2", u""}, {u"", u"1"}, {{overriding, true}}), u"PT3/S2//7/P1O"},
-    {"BothMarksBehindTheLastGroup", u"CPTTrans",
+    {"BothMarksAfterTheLastGroup", u"CPTTrans",
      groups(u"0", {u"3"}, {u""}, {u""}, {{overriding, true}, {allPnr, true}}), u"PT3O*"},
     {"HighestIndexZeroIsOneGroup", u"CPTTrans", groups(u"0", {u"3"}, {u"2"}, {u"1"}), u"PT3/S2/P1"},
     {"LongerListsAreCutByTheHighestIndex", u"CPTTrans", groups(u"0", {u"3", u"4"}, {u"", u""}, {u"", u""}), u"PT3"},
@@ -166,7 +166,7 @@ const std::vector<CommandRow> transfers{
     {"ListWithElementsSendsNothing", u"CPTTrans", groups(u"0", {u"3"}, {u""}, {u""}, {{elements, u"4"}}), u""},
     {"ListWithSegmentSendsNothing", u"CPTTrans", groups(u"0", {u"3"}, {u""}, {u""}, {{segments, u"4"}}), u""},
     {"ListWithPassengerSendsNothing", u"CPTTrans", groups(u"0", {u"3"}, {u""}, {u""}, {{passengers, u"4"}}), u""},
-    {"MixedFormsAreSeenBeforeTheSizeIsConverted", u"CPTTrans", {{size, u"many"}, {elements, u"4"}}, u""},
+    {"MixedFormsAreDetectedBeforeTheSizeIsConverted", u"CPTTrans", {{size, u"many"}, {elements, u"4"}}, u""},
 };
 INSTANTIATE_TEST_SUITE_P(PT, Command, testing::ValuesIn(transfers), rowName);
 

@@ -1,4 +1,4 @@
-// What holds for every transaction class alike.
+// Rules that apply to every transaction class.
 #include "tests/framework/raised.h"
 #include "tests/support/driven_class.h"
 #include "tests/support/screens.h"
@@ -15,7 +15,7 @@ namespace {
 
 struct ClassFacts {
     const char16_t* name;
-    Entries emptyResults;      ///< of a screen without any mark, in the order added
+    Entries emptyResults;      ///< for a screen without any mark, in the order added
     int commandWithoutParams;  ///< the error raised without a collection; 0 for a class that reads none
 };
 
@@ -68,7 +68,7 @@ TEST_P(EveryClass, ReadsAResponseOfOneCharacter) {
     EXPECT_TRUE(driven.reported.empty());
 }
 
-TEST_P(EveryClass, LeavesTheCollectionThatItIsGivenAlone) {
+TEST_P(EveryClass, LeavesItsParametersUnchanged) {
     DrivenClass driven(GetParam().name);
     const Entries given{{u"strKeyName", u"SMITH"}, {u"blnKeyEndOfBlock", false}, {u"strKeyIndex", u"1"}};
     const CollectionPtr params = collection(given);
@@ -100,7 +100,7 @@ const std::vector<const char16_t*> transactions{
     u"CPLTTrans", u"CPXTrans",  u"CRLPTrans", u"CPTTrans",  u"CProfileMode", u"CProfileNotes",
 };
 
-TEST(EmptyResponse, GivesNoCollectionWhateverTheState) {
+TEST(EmptyResponse, ReturnsNoCollectionWhateverTheState) {
     for (const char16_t* const name : transactions) {
         DrivenClass driven(name);
         EXPECT_EQ(driven.read(u""), nullptr) << utf8(name);
@@ -109,7 +109,7 @@ TEST(EmptyResponse, GivesNoCollectionWhateverTheState) {
     }
 }
 
-TEST(EmptyResponse, IsSeenBeforeTheStateIsReadExceptBySimilarNames) {
+TEST(EmptyResponse, IsTestedBeforeTheStateIsReadExceptInSimilarNames) {
     const Entries unreadable{{u"blnKeyEndOfBlock", TextList{u"x"}},
                              {u"strKeyRecLocPos", TextList{u"x"}},
                              {u"strKeyIndex", TextList{u"x"}},

@@ -1,4 +1,4 @@
-// The reader of exchange files takes the described form and nothing else.
+// The reader of exchange files accepts the described format and nothing else.
 #include "tests/support/exchange_file.h"
 
 #include "tests/support/text.h"
@@ -43,7 +43,7 @@ TEST(ExchangeFile, RefusesEverythingElse) {
     const std::string step = "== CPXTrans\n";
     for (const std::string& text : {
              std::string(),                                                      // no step
-             step,                                                               // a step without a check
+             step,                                                               // a step that checks nothing
              std::string("command: \"PX\"\n"),                                   // a section before a step
              step + "command: \"PX\"",                                           // no line end
              step + "command: PX\n",                                             // not JSON
@@ -69,7 +69,7 @@ TEST(ExchangeFile, RefusesEverythingElse) {
     EXPECT_THROW(parseExchange(step + "screen:\n" + lines + "results: none\n"), std::runtime_error);
 }
 
-TEST(ExchangeFile, NamesTheLineThatIsWrong) {
+TEST(ExchangeFile, NamesTheWrongLine) {
     try {
         parseExchange("# comment\n== CPXTrans\ncommand: PX\n");
         FAIL() << "nothing was raised";
@@ -78,7 +78,7 @@ TEST(ExchangeFile, NamesTheLineThatIsWrong) {
     }
 }
 
-TEST(Utf8, GoesBothWays) {
+TEST(Utf8, ConvertsBothWays) {
     for (const char* const text : {"", "PDN", "ÅSTRÖM", "\xE2\x82\xAC", "\xF0\x9F\x98\x80"}) {
         EXPECT_EQ(utf8(wide(text)), text);
     }

@@ -1,4 +1,4 @@
-// Every recorded exchange of samples/exchanges is played and has to come out as written.
+// Runs every sample exchange of samples/exchanges and compares commands and results with the file.
 #include "tests/support/driven_class.h"
 #include "tests/support/exchange_file.h"
 #include "tests/support/text.h"
@@ -22,7 +22,7 @@ std::vector<std::string> exchangeNames() {
     return names;
 }
 
-/// Plays the steps of one exchange on one object a class.
+/// Runs the steps of one exchange, with one object per class.
 class Player {
 public:
     void play(const ExchangeStep& step) {
@@ -81,17 +81,17 @@ private:
     CollectionPtr previous_;
 };
 
-class RecordedExchange : public testing::TestWithParam<std::string> {};
+class SampleExchange : public testing::TestWithParam<std::string> {};
 
-INSTANTIATE_TEST_SUITE_P(, RecordedExchange, testing::ValuesIn(exchangeNames()),
+INSTANTIATE_TEST_SUITE_P(, SampleExchange, testing::ValuesIn(exchangeNames()),
                          [](const testing::TestParamInfo<std::string>& file) { return file.param; });
 
-TEST_P(RecordedExchange, ComesOutAsWritten) {
+TEST_P(SampleExchange, ProducesTheWrittenCommandsAndResults) {
     Player player;
     for (const ExchangeStep& step : readExchange(folder / (GetParam() + ".exchange"))) player.play(step);
 }
 
-TEST(RecordedExchanges, AreThereForEveryTransactionClass) {
+TEST(SampleExchanges, ExistForEveryTransactionClass) {
     std::vector<Text> missing;
     for (const ClassRow& row : classTable()) {
         if (row.hasProfileTrans) missing.emplace_back(row.name);

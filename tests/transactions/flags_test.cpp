@@ -1,4 +1,4 @@
-// Which screen sets which flag: a row for every mark, its place and the limits of the lines that are looked at.
+// Which screen sets which flag: a row for every mark, its position, and the first and last lines that are tested.
 #include "tests/support/driven_class.h"
 #include "tests/support/screens.h"
 
@@ -17,7 +17,7 @@ struct FlagRow {
     const char* name;
     const char16_t* className;
     Text screen;
-    Keys flags;  ///< the keys that come out True; every other one is False
+    Keys flags;  ///< the keys with the value True; all others are False
 };
 
 void PrintTo(const FlagRow& row, std::ostream* out) { *out << row.name; }
@@ -43,9 +43,9 @@ const std::vector<FlagRow> nameSearch{
     {"MergedAboveTheProfile", u"CPDNTrans", screenAt({{0, u"*MRG*"}, {4, u"*T*"}}), {"blnKeyTrProfile", "blnKeyMerge"}},
     {"MergedFarBelow", u"CPDNTrans", screenAt({{1, u"*T*"}, {20, u"X *MRG*"}}), {"blnKeyTrProfile", "blnKeyMerge"}},
     {"ACompanyIsNeverMerged", u"CPDNTrans", screenAt({{1, u"*C* *MRG*"}}), {"blnKeyCoProfile"}},
-    {"TheEchoLineIsNotLookedAt", u"CPDNTrans", screenAt({{0, u"*T* SMITH"}, {2, u"NOTHING"}}), {}},
+    {"TheEchoLineIsNotTested", u"CPDNTrans", screenAt({{0, u"*T* SMITH"}, {2, u"NOTHING"}}), {}},
     {"Line9IsTheLast", u"CPDNTrans", screenAt({{9, u"*T*"}}), {"blnKeyTrProfile"}},
-    {"Line10IsNotLookedAt", u"CPDNTrans", screenAt({{10, u"*T*"}}), {}},
+    {"Line10IsNotTested", u"CPDNTrans", screenAt({{10, u"*T*"}}), {}},
     {"TheMarkStartsItsLine", u"CPDNTrans", screenAt({{1, u" *T*"}, {2, u"A SIMILAR COMPANY NAME LIST"}}), {}},
     {"TheFirstLineDecides",
      u"CPDNTrans",
@@ -65,7 +65,7 @@ const std::vector<FlagRow> similarNames{
      {"blnKeyTrList"}},
     {"AProfileStartsItsLine", u"CPDATrans", screenAt({{1, u" *C*"}, {2, u" *T*"}}), {}},
     {"Line5IsTheLast", u"CPDATrans", screenAt({{5, u"*T*"}}), {"blnKeyTrProfile"}},
-    {"Line6IsNotLookedAt", u"CPDATrans", screenAt({{6, u"SIMILAR TRAVELLER NAME LIST"}}), {}},
+    {"Line6IsNotTested", u"CPDATrans", screenAt({{6, u"SIMILAR TRAVELLER NAME LIST"}}), {}},
     {"OnOneLineTheProfileComesFirst",
      u"CPDATrans",
      screenAt({{1, u"*T* SIMILAR COMPANY NAME LIST"}}),
@@ -91,18 +91,18 @@ const std::vector<FlagRow> displays{
      {}},
     {"Line0Counts", u"CPDTrans", screen({u"*T*"}), {"blnKeyProfile"}},
     {"Line9IsTheLast", u"CPDTrans", screenAt({{9, u"UNABLE TO PROCESS"}}), {"blnKeyError"}},
-    {"Line10IsNotLookedAt", u"CPDTrans", screenAt({{10, u"UNABLE TO PROCESS"}}), {}},
+    {"Line10IsNotTested", u"CPDTrans", screenAt({{10, u"UNABLE TO PROCESS"}}), {}},
     {"TheMarkStartsItsLine", u"CPDTrans", screenAt({{1, u" *T*"}, {2, u" ELEMENT DOES NOT EXIST"}}), {}},
     {"IndexCompany", u"CPDITrans", screenAt({{1, u"*C*"}}), {"blnKeyCoProfile"}},
     {"IndexTraveller", u"CPDITrans", screenAt({{0, u"*T*"}}), {"blnKeyTrProfile"}},
     {"IndexLine5IsTheLast", u"CPDITrans", screenAt({{5, u"*T*"}}), {"blnKeyTrProfile"}},
-    {"IndexLine6IsNotLookedAt", u"CPDITrans", screenAt({{6, u"*T*"}, {7, u"*C*"}}), {}},
+    {"IndexLine6IsNotTested", u"CPDITrans", screenAt({{6, u"*T*"}, {7, u"*C*"}}), {}},
     {"IndexMarkStartsItsLine", u"CPDITrans", screenAt({{1, u" *T*"}, {2, u" *C*"}}), {}},
     {"IndexFirstLineDecides", u"CPDITrans", screenAt({{1, u"*T*"}, {2, u"*C*"}}), {"blnKeyTrProfile"}},
     {"OfCompanyShown", u"CPDTTrans", screenAt({{1, u"*T*"}}), {"blnKeyProfile"}},
     {"OfCompanyShownLine0Counts", u"CPDTTrans", screen({u"*T*"}), {"blnKeyProfile"}},
     {"OfCompanyShownLine9IsTheLast", u"CPDTTrans", screenAt({{9, u"*T*"}}), {"blnKeyProfile"}},
-    {"OfCompanyShownLine10IsNotLookedAt", u"CPDTTrans", screenAt({{10, u"*T*"}}), {}},
+    {"OfCompanyShownLine10IsNotTested", u"CPDTTrans", screenAt({{10, u"*T*"}}), {}},
     {"OfCompanyShownInTheMiddleOfALine", u"CPDTTrans", screenAt({{1, u"XX *T* SMITH"}}), {}},
 };
 INSTANTIATE_TEST_SUITE_P(PD, Flags, testing::ValuesIn(displays), rowName);
@@ -114,8 +114,8 @@ const std::vector<FlagRow> byLocator{
     {"MergeMarkOnAnotherLine", u"CPDRTrans", screenAt({{1, u"*T* SMITH"}, {2, u"*MRG*"}}), {"blnKeyTrProfile"}},
     {"CompanyIsNeverMerged", u"CPDRTrans", screenAt({{1, u"*C* *MRG*"}}), {"blnKeyCoProfile"}},
     {"Line3IsTheLast", u"CPDRTrans", screenAt({{3, u"*C*"}}), {"blnKeyCoProfile"}},
-    {"Line4IsNotLookedAt", u"CPDRTrans", screenAt({{4, u"*C*"}}), {}},
-    {"BelowLine3TheRefusalsAreLookedFor",
+    {"Line4IsNotTested", u"CPDRTrans", screenAt({{4, u"*C*"}}), {}},
+    {"BelowLine3TheRefusalsAreSearched",
      u"CPDRTrans",
      screenAt({{1, u"CHECK INPUT"}, {4, u"*C*"}}),
      {"blnKeyErrCheckInput"}},
@@ -134,7 +134,7 @@ const std::vector<FlagRow> byLocator{
      u"CPDRTrans",
      screenAt({{1, u"DEACTIVATED TRAVELLER PROFILE"}, {2, u"RECORD LOCATOR NOT FOUND"}}),
      {"blnKeyErrNoRecLoc"}},
-    {"WithAProfileNoRefusalIsLookedFor",
+    {"WithAProfileNoRefusalIsSearched",
      u"CPDRTrans",
      screenAt({{1, u"*T*"}, {2, u"CHECK INPUT"}}),
      {"blnKeyTrProfile"}},
@@ -153,9 +153,9 @@ const std::vector<FlagRow> byOffice{
     {"Profile", u"CPLTTrans", screenAt({{1, u"X *T*"}}), {"blnKeyProfile"}},
     {"ProfileMerged", u"CPLTTrans", screenAt({{1, u"*T* *MRG*"}}), {"blnKeyProfile", "blnKeyMerge"}},
     {"MergeMarkOnAnotherLine", u"CPLTTrans", screenAt({{1, u"*T*"}, {2, u"*MRG*"}}), {"blnKeyProfile"}},
-    {"TheEchoLineIsNotLookedAt", u"CPLTTrans", screenAt({{0, u"*T*"}, {1, u"X"}}), {}},
+    {"TheEchoLineIsNotTested", u"CPLTTrans", screenAt({{0, u"*T*"}, {1, u"X"}}), {}},
     {"Line9IsTheLast", u"CPLTTrans", screenAt({{9, u"*T*"}}), {"blnKeyProfile"}},
-    {"Line10IsNotLookedAt", u"CPLTTrans", screenAt({{10, u"*T*"}}), {}},
+    {"Line10IsNotTested", u"CPLTTrans", screenAt({{10, u"*T*"}}), {}},
     {"TheFirstLineDecides", u"CPLTTrans", screenAt({{1, u"*T*"}, {2, u"NO COMPANY PROFILE FOUND"}}), {"blnKeyProfile"}},
     {"OnOneLineNoCompanyComesFirst",
      u"CPLTTrans",
@@ -167,9 +167,9 @@ const std::vector<FlagRow> byOffice{
      u"CPLCTrans",
      screenAt({{1, u"*C* COMPANY NAME LIST"}}),
      {"blnKeyCompanyList"}},
-    {"OfficeEchoLineIsNotLookedAt", u"CPLCTrans", screenAt({{0, u"*C*"}, {1, u"X"}}), {}},
+    {"OfficeEchoLineIsNotTested", u"CPLCTrans", screenAt({{0, u"*C*"}, {1, u"X"}}), {}},
     {"OfficeLine9IsTheLast", u"CPLCTrans", screenAt({{9, u"*C*"}}), {"blnKeyProfile"}},
-    {"OfficeLine10IsNotLookedAt", u"CPLCTrans", screenAt({{10, u"*C*"}}), {}},
+    {"OfficeLine10IsNotTested", u"CPLCTrans", screenAt({{10, u"*C*"}}), {}},
 };
 INSTANTIATE_TEST_SUITE_P(PLT, Flags, testing::ValuesIn(byOffice), rowName);
 
@@ -182,7 +182,7 @@ const std::vector<FlagRow> histories{
      screenAt({{1, u"                                                                PROFILE HISTORY"}, {2, u""}}),
      {}},
     {"Line5IsTheLast", u"CPHTrans", screenAt({{5, u"PROFILE HISTORY"}}), {"blnKeyProfile"}},
-    {"Line6IsNotLookedAt", u"CPHTrans", screenAt({{6, u"PROFILE HISTORY"}}), {}},
+    {"Line6IsNotTested", u"CPHTrans", screenAt({{6, u"PROFILE HISTORY"}}), {}},
     {"EndOfList", u"CPHTrans", screenAt({{5, u"X ELEMENT DOES NOT EXIST"}}), {"blnKeyEndOfList"}},
     {"TheFirstLineDecides",
      u"CPHTrans",

@@ -24,7 +24,7 @@ void expect(const Text& response, const char16_t* lastTransfer, const char16_t* 
     EXPECT_TRUE(ph.reported.empty());
 }
 
-TEST(History, GivesTheNameAndBothDates) {
+TEST(History, ReturnsTheNameAndBothDates) {
     expect(screen({u"PH", title, traveller, transfer, creation}), u"04MAR24", u"SMITH/ANNA MS", u"19AUG21");
     expect(screen({u"PH", title, company, transfer, creation}), u"04MAR24", u"KESTRELLO", u"19AUG21");
 }
@@ -47,7 +47,7 @@ TEST(History, ALaterNameReplacesAnEarlierOne) {
     expect(screen({u"PH", title, company, traveller}), u"", u"SMITH/ANNA MS", u"");
 }
 
-TEST(History, TheReadingStopsAtTheSecondDate) {
+TEST(History, ReadingStopsAtTheSecondDate) {
     expect(screen({u"PH", title, transfer, creation, traveller}), u"04MAR24", u"", u"19AUG21");
     expect(screen({u"PH", title, transfer, traveller, creation}), u"04MAR24", u"SMITH/ANNA MS", u"19AUG21");
     expect(screen({u"PH", title, transfer, traveller}), u"04MAR24", u"SMITH/ANNA MS", u"");
@@ -73,7 +73,7 @@ TEST(History, Line12IsTheLast) {
     expect(screenAt({{5, title}, {12, creation}, {13, transfer}}), u"", u"", u"19AUG21");
 }
 
-TEST(History, TheTitlesOwnLineAndThoseAboveAreNotRead) {
+TEST(History, TheTitleLineAndThoseAboveAreNotRead) {
     expect(screen({transfer, u"PROFILE HISTORY       COMPANY PROFILE", creation}), u"", u"", u"19AUG21");
 }
 

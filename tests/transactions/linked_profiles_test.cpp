@@ -26,7 +26,7 @@ protected:
                 {u"blnKeyCompany", company}};
     }
 
-    // A PNR with one line under its header; gives the entry of that line.
+    // The entry of a PNR screen with this single line under its header.
     Entries lineEntry(TextView line) { return entry(screen({u"RLP", u"RP/NCEVN3101/", line, u">"}), u"0"); }
 
     void expectReported(std::size_t times) {
@@ -42,7 +42,7 @@ protected:
     const Text linked = screen({u"RLP", u"--- RLR ---", u"RP/NCEVN3101/", u"", u"T/ABC123 /P1", u"C/XYZ789", u">"});
 };
 
-TEST_F(LinkedProfiles, AreCountedAndGivenOneByOne) {
+TEST_F(LinkedProfiles, AreCountedAndReturnedOneByOne) {
     EXPECT_EQ(count(linked), 2);
     EXPECT_EQ(entry(linked, u"0"), expected(u"1", u"ABC123", true, false));
     EXPECT_EQ(entry(linked, u"1"), expected(u"", u"XYZ789", false, true));
@@ -54,7 +54,7 @@ TEST_F(LinkedProfiles, TheLastSlotIsAnEmptyEntry) {
     expectReported(0);
 }
 
-TEST_F(LinkedProfiles, AnIndexOutsideTheListGivesNoKeyAndIsReported) {
+TEST_F(LinkedProfiles, AnIndexOutsideTheListAddsNoKeyAndIsReported) {
     EXPECT_EQ(entry(linked, u"3"), Entries{});
     EXPECT_EQ(entry(linked, u"-1"), Entries{});
     expectReported(2);
@@ -71,7 +71,7 @@ TEST_F(LinkedProfiles, TheIndexIsConvertedToA16BitInteger) {
     expectReported(0);
 }
 
-TEST_F(LinkedProfiles, WithoutACollectionTheReadingFails) {
+TEST_F(LinkedProfiles, WithoutACollectionReadingFails) {
     EXPECT_EQ(raisedNumber([&] { rlp.read(linked); }), 5130);
     expectReported(0);
 }
@@ -91,13 +91,13 @@ TEST_F(LinkedProfiles, APassengerNumberHasOneOrTwoDigits) {
     EXPECT_EQ(lineEntry(u"T/ABC123 /PAB"), expected(u"A", u"ABC123", true, false));
 }
 
-TEST_F(LinkedProfiles, AnAssociationIsLookedForFromColumn9) {
+TEST_F(LinkedProfiles, AnAssociationIsSearchedFromColumn9) {
     EXPECT_EQ(lineEntry(u"T/ABC12/P1"), expected(u"", u"ABC12/", true, false));
     EXPECT_EQ(lineEntry(u"T/ABC123/P1"), expected(u"1", u"ABC123", true, false));
     EXPECT_EQ(lineEntry(u"T/AB/P1     /P2"), expected(u"2", u"AB/P1 ", true, false));
 }
 
-TEST_F(LinkedProfiles, TheFirstTwoCharactersTellAnEntryExactly) {
+TEST_F(LinkedProfiles, TheFirstTwoCharactersDecideWhatAnEntryIs) {
     EXPECT_EQ(count(screen({u"RLP", u"RP/", u"t/ABC123", u" T/ABC123", u"T /ABC123", u"X/ABC123", u">"})), 0);
     EXPECT_EQ(count(screen({u"RLP", u"RP/", u"T/ABC123", u"OTHER", u"", u"C/XYZ789", u"OTHER", u">"})), 2);
 }
@@ -109,23 +109,23 @@ TEST_F(LinkedProfiles, ABlankLocatorTakesItsSlot) {
 }
 
 TEST_F(LinkedProfiles, AnEntryWithoutALocatorKeepsItsSlotAndItsKind) {
-    // The line ends behind its kind: no character of a locator, so that the next line fills the same entry.
+    // The line ends after its kind: it contains no character of a locator, so the next line fills the same entry.
     EXPECT_EQ(count(screen({u"RLP", u"RP/"}) + u"C/"), 0);
     EXPECT_EQ(entry(screen({u"RLP", u"RP/"}) + u"C/", u"0"), expected(u"", u"", false, true));
 }
 
-TEST_F(LinkedProfiles, AShortLastLineGivesWhatThereIs) {
+TEST_F(LinkedProfiles, AShortLastLineIsReadAsFarAsItGoes) {
     EXPECT_EQ(entry(screen({u"RLP", u"RP/"}) + u"T/ABC", u"0"), expected(u"", u"ABC", true, false));
 }
 
 TEST_F(LinkedProfiles, ThePromptEndsTheListAfterItsOwnLine) {
     EXPECT_EQ(count(screen({u"RLP", u"RP/", u">", u"T/ABC123"})), 0);
-    // The line of the prompt is still read, and no slot follows it.
+    // The prompt's line is still read; no slot follows it.
     EXPECT_EQ(count(screen({u"RLP", u"RP/", u"T/ABC123", u"C/XYZ789 >", u"T/QQQQQQ"})), 1);
     EXPECT_EQ(entry(screen({u"RLP", u"RP/", u"T/ABC123 >", u"T/QQQQQQ"}), u"0"), expected(u"", u"ABC123", true, false));
 }
 
-TEST_F(LinkedProfiles, TheEchoOfTheEntryIsNoPrompt) {
+TEST_F(LinkedProfiles, TheEchoOfTheCommandIsNotAPrompt) {
     EXPECT_EQ(count(screen({u"", u">RLP", u"RP/", u"T/ABC123", u">"})), 1);
     EXPECT_EQ(count(screen({u"", u" >RLP", u"RP/", u"T/ABC123", u">"})), 0);
     EXPECT_EQ(count(screen({u"", u">rlp", u"RP/", u"T/ABC123", u">"})), 0);
@@ -137,13 +137,13 @@ TEST_F(LinkedProfiles, Line24IsTheLast) {
               expected(u"", u"XYZ789", false, true));
 }
 
-TEST_F(LinkedProfiles, EveryLineMayBeAnEntry) {
+TEST_F(LinkedProfiles, AnyLineMayBeAnEntry) {
     Text full = screen({u"RLP"});
     for (int line = 1; line <= 24; ++line) full += screen({u"T/ABC123"});
     EXPECT_EQ(count(full), 23);
 }
 
-TEST_F(LinkedProfiles, ACountReplacesTheOneBefore) {
+TEST_F(LinkedProfiles, ACountReplacesTheEarlierOne) {
     EXPECT_EQ(count(linked), 2);
     EXPECT_EQ(count(screen({u"RLP", u">"})), 0);
     EXPECT_EQ(count(Text()), 0);
@@ -157,7 +157,7 @@ TEST_F(LinkedProfiles, NoElementIsTheOnlyKey) {
     EXPECT_EQ(entry(screen({u"RLP", u"RP/ NO ELEMENT FOUND", u">"}), u"0"), expected(u"", u"", false, false));
 }
 
-TEST_F(LinkedProfiles, OnlyLines1To4TellTheAnswer) {
+TEST_F(LinkedProfiles, OnlyLines1To4DecideTheAnswer) {
     EXPECT_EQ(entry(screenAt({{4, u"RP/"}, {5, u">"}}), u"0"), expected(u"", u"", false, false));
     EXPECT_EQ(entry(screenAt({{5, u"RP/"}, {6, u"T/ABC123"}}), u"0"), Entries{});
     EXPECT_EQ(entry(screenAt({{0, u"RP/"}, {1, u"X"}}), u"0"), Entries{});

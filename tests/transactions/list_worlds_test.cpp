@@ -1,5 +1,5 @@
-// Small worlds, searched through: every sequence of a few lines of the kinds that matter to a list's reader, read by
-// the library and by the slow second opinion, with every state that can come in.
+// Small worlds of lists: every sequence of a few lines of the kinds that matter to a list's reader, with every possible
+// state. The library's results are compared with the oracle's.
 #include "tests/oracle/screens_oracle.h"
 #include "tests/profile/effort.h"
 #include "tests/support/screens.h"
@@ -19,21 +19,21 @@ struct World {
     const char* name;
     const char16_t* className;
     oracle::Verify verify;
-    std::vector<Text> above;  ///< what the lines stand under: nothing is said about which screen it is
+    std::vector<Text> above;  ///< lines before the sequence; they do not say which screen it is
     std::vector<Text> kinds;
     std::vector<std::optional<Entries>> states;
 };
 
 void PrintTo(const World& world, std::ostream* out) { *out << world.name; }
 
-// Two lines, three in an optimised build, more with more effort.
+// Two lines, three in an optimised build, more with a higher effort.
 std::size_t longest() {
     std::size_t length = 2;
     for (std::size_t reach = effort(100); reach > 50; reach /= 10) ++length;
     return length;
 }
 
-/// The sequences one after the other: one line more, or else the last line's next kind.
+/// Advances to the next sequence: one line longer, or the last line's next kind.
 bool advance(std::vector<std::size_t>& sequence, std::size_t kinds, std::size_t length) {
     if (sequence.size() < length) {
         sequence.push_back(0);
@@ -45,7 +45,8 @@ bool advance(std::vector<std::size_t>& sequence, std::size_t kinds, std::size_t 
 
 class ListWorld : public testing::TestWithParam<World> {
 protected:
-    // The lines alone, and again with blank ones under them, so that a continuation has its later lines.
+    // The lines alone, then followed by blank lines, so that a continuation has its later lines, then followed by a
+    // prompt.
     std::vector<Text> screens(const std::vector<std::size_t>& sequence) const {
         Text text;
         for (const Text& line : GetParam().above) text += screen({line});
@@ -54,7 +55,7 @@ protected:
     }
 };
 
-TEST_P(ListWorld, IsReadAsTheSecondOpinionReadsIt) {
+TEST_P(ListWorld, IsReadAsTheOracleReadsIt) {
     const World& world = GetParam();
     DrivenClass driven(world.className);
     std::vector<std::size_t> sequence;
@@ -97,7 +98,7 @@ const std::vector<std::optional<Entries>> pagingStates{
     state(true, u""), state(false, u"7"), state(true, u"no number"),
 };
 
-// The locator stands in the columns where the host prints it: 29 on, and the company from 35 on.
+// As the host prints them: the locator from column 29, the company from column 35.
 const std::vector<Text> travellerLines{
     u"TRAVELLER LIST FOR NCEVN3101",
     u"     NAME                   RECLOC  COMPANY",

@@ -16,7 +16,7 @@ ItemValue number(std::int16_t value) { return value; }
 
 class NameSearch : public testing::Test {
 protected:
-    // The values that a company list leaves.
+    // The values that a company list adds.
     void expect(const CollectionPtr& results, const char16_t* names, bool endOfBlock, const ItemValue& column) {
         ASSERT_NE(results, nullptr);
         EXPECT_EQ(keysOf(results).size(), 8U);
@@ -53,48 +53,48 @@ TEST_F(NameSearch, SkipsLinesBeforeTheHeader) {
     expect(pdn.read(screen({u"PDN/KES", title, u"", first, header, second, u">"})), u"KESWICK INKS", false, number(22));
 }
 
-TEST_F(NameSearch, LooksForTheHeaderFromLine2WhereverTheTitleStands) {
+TEST_F(NameSearch, SearchesTheHeaderFromLine2WhereverTheTitleIs) {
     expect(pdn.read(screen({u"PDN/KES", u"X", header, first, u"  ", title, header, second, u">"})), u"KESTRELLO", false,
            number(22));
 }
 
-TEST_F(NameSearch, TheColumnComesOutAsANumberOnlyWhenThisCallFoundIt) {
+TEST_F(NameSearch, TheColumnIsReturnedAsANumberOnlyWhenThisCallFoundIt) {
     const Text list = screen({u"PDN/KES", title, header, first, endOfBlock});
     expect(pdn.read(list, state(false, none)), u"KESTRELLO", true, number(22));
     expect(pdn.read(list, state(false, text(u"22"))), u"KESTRELLO", true, text(u"22"));
     expect(pdn.read(list, state(false, number(22))), u"KESTRELLO", true, text(u"22"));
 }
 
-TEST_F(NameSearch, AnIncomingColumnIsNotLookedForAgain) {
+TEST_F(NameSearch, AnIncomingColumnIsNotSearchedAgain) {
     expect(pdn.read(screen({u"PDN/KES", title, header, first, u">"}), state(false, text(u"14"))), u"KESTREL", false,
            text(u"14"));
 }
 
 TEST_F(NameSearch, WithoutALocatorTitleTheColumnIs5AndNamesRunToTheEndOfTheLine) {
     const CollectionPtr results = pdn.read(screen({u"", title, u"     COMPANY     ", first, second, u">"}));
-    // The first name is trimmed when the comma is put, the last one at the end.
+    // The first name is trimmed when the comma is added, the last one at the end.
     expect(results, u"KESTRELLO       Q2W3E4,KESWICK INKS    J8K9L1", false, number(5));
 }
 
-TEST_F(NameSearch, TheTitlesNeedTheirFiveBlanksOnBothSides) {
+TEST_F(NameSearch, TheColumnTitlesNeedFiveBlanksOnBothSides) {
     expect(pdn.read(screen({u"", title, u"    COMPANY      RECLOC", first, u">"})), u"", false, none);
     expect(pdn.read(screen({u"", title, u"     COMPANY     RECLOC    X", first, u">"})), u"KESTRELLO       Q2W3E4",
            false, number(5));
 }
 
 TEST_F(NameSearch, TheLocatorTitleMayShareBlanksWithTheCompanyTitle) {
-    // Five blanks between the words serve both: the "R" stands in column 18.
+    // Five blanks between the words serve both titles: the "R" is in column 18.
     expect(pdn.read(screen({u"", title, u"     COMPANY     RECLOC     ", u"   1 KESTRELLO   Q2W3E4", u">"})),
            u"KESTRELLO", false, number(18));
 }
 
 TEST_F(NameSearch, TheColumnLeftOfTheLocatorIsNeverCopied) {
-    // Column 21 holds the last letter: it is looked at, not copied.
+    // Column 21 contains the last letter: it is tested, but not copied.
     expect(pdn.read(screen({u"", title, header, u"   1 KESTRELLO TOOLERQ2W3E4", u">"})), u"KESTRELLO TOOLE", false,
            number(22));
 }
 
-TEST_F(NameSearch, AWrappedNameIsJoinedAsItStandsWithoutAComma) {
+TEST_F(NameSearch, AWrappedNameIsJoinedUnchangedWithoutAComma) {
     expect(pdn.read(screen({u"", title, header, first, u"     TOOLS", second, u">"})),
            u"KESTRELLO      TOOLS,KESWICK INKS", false, number(22));
 }
@@ -105,7 +105,7 @@ TEST_F(NameSearch, ALetterInTheUncopiedColumnMakesALineAContinuation) {
            u"KESTRELLO,ALPHA", false, number(22));
 }
 
-TEST_F(NameSearch, AContinuationBeforeAnyCompanyIsTakenToo) {
+TEST_F(NameSearch, AContinuationLineBeforeAnyCompanyIsCollectedToo) {
     expect(pdn.read(screen({u"", title, header, u"     TOOLS", first, u">"})), u"TOOLS,KESTRELLO", false, number(22));
 }
 
@@ -125,7 +125,7 @@ TEST_F(NameSearch, AListNumberIsDigitsOnly) {
 }
 
 TEST_F(NameSearch, ANumberedCompanyWithoutANameIsStillCounted) {
-    // The name is fifteen blanks: the text is not empty, so that the next name is set off by a comma.
+    // The name is fifteen blanks: the text is not empty, so the next name is preceded by a comma.
     expect(pdn.read(screen({u"", title, header, u"   1                 Q2W3E4", second, u">"})), u",KESWICK INKS",
            false, number(22));
 }
@@ -135,7 +135,7 @@ TEST_F(NameSearch, APromptInALineEndsTheList) {
            number(22));
 }
 
-TEST_F(NameSearch, AnEndOfBlockInANumberedLineGoesBackToTheHeaderSearch) {
+TEST_F(NameSearch, AnEndOfBlockInANumberedLineResumesTheHeaderSearch) {
     expect(pdn.read(screen({u"", title, header, first, u"   2 END OF BLOCK - USE PDMD", header, second, u">"})),
            u"KESTRELLO,KESWICK INKS", false, number(22));
     expect(pdn.read(screen({u"", title, header, first, u"   2 END OF BLOCK - USE PDMD", u">"})), u"KESTRELLO", true,
@@ -146,12 +146,12 @@ TEST_F(NameSearch, AnUnusableTitleLineEndsTheSearchBeforeItBegins) {
     expect(pdn.read(screen({u"", u"SIMILAR COMPANY NAME LIST >", header, first})), u"", false, none);
 }
 
-TEST_F(NameSearch, AHeaderWithAPromptIsNoHeader) {
+TEST_F(NameSearch, AHeaderWithAPromptIsNotAHeader) {
     expect(pdn.read(screen({u"", title, u"     COMPANY         RECLOC     >", first})), u"", false, none);
 }
 
 TEST_F(NameSearch, AContinuationIsReadFromLine2WithTheFirstScreensColumn) {
-    // Lines up to 9 have to be there: the last line looked at for a title is the one tested first.
+    // Lines up to 9 must exist: the last line that could have a title is the first one tested.
     const Text continuation = screen({u"PDMD", u"   9 NOT READ", first, second, endOfBlock, u"", u"", u"", u"", u""});
     const CollectionPtr results = pdn.read(continuation, state(true, text(u"22")));
     expect(results, u"KESTRELLO,KESWICK INKS", true, text(u"22"));
@@ -173,7 +173,7 @@ TEST_F(NameSearch, AContinuationWithAPromptOnLine9CollectsNothing) {
     expect(pdn.read(lines, state(true, text(u"22"))), u"", true, text(u"22"));
 }
 
-TEST_F(NameSearch, AContinuationsFirstLineHasToBeUsable) {
+TEST_F(NameSearch, AContinuationsFirstLineMustBeUsable) {
     const Text lines = screen({u"PDMD", header, u">", second, u"", u"", u"", u"", u"", u""});
     expect(pdn.read(lines, state(true, text(u"22"))), u"", true, text(u"22"));
 }
@@ -186,12 +186,12 @@ TEST_F(NameSearch, AContinuationThatShowsATitleIsStillReadFromLine2) {
 
 TEST_F(NameSearch, AContinuationWithoutAColumnTakesItFromItsFirstLine) {
     const Text lines = screen({u"PDMD", title, u"   1 KESTRELLO     RECLOC     ", endOfBlock});
-    // The line is searched as a header, found at column 20, and then read as an entry.
+    // The line is searched as a header, which finds column 20, and is then read as an entry.
     expect(pdn.read(lines, state(true, none)), u"KESTRELLO", true, number(20));
 }
 
-TEST_F(NameSearch, AContinuationGoesBackWithTheFlagAsItCameIn) {
-    // Behind the numbered end line no header is needed: the line under it is the next entry.
+TEST_F(NameSearch, AContinuationReturnsTheFlagAsItCameIn) {
+    // After the numbered end line no header is needed: the line after it is the next entry.
     const Text lines = screen({u"PDMD", title, first, u"   7 END OF BLOCK - USE PDMD", second, u">"});
     expect(pdn.read(lines, state(true, text(u"22"))), u"KESTRELLO,KESWICK INKS", false, text(u"22"));
 }
@@ -203,7 +203,7 @@ TEST_F(NameSearch, AnyOtherScreenPassesTheStateThrough) {
     EXPECT_TRUE(pdn.reported.empty());
 }
 
-TEST_F(NameSearch, AnIncomingColumnIsConvertedWhereItIsNeeded) {
+TEST_F(NameSearch, AnIncomingColumnIsConvertedOnlyWhenNeeded) {
     const Text list = screen({u"", title, header, first, u">"});
     expect(pdn.read(list, state(false, text(u" 22 "))), u"KESTRELLO", false, text(u" 22 "));
     EXPECT_TRUE(pdn.reported.empty());
@@ -212,7 +212,7 @@ TEST_F(NameSearch, AnIncomingColumnIsConvertedWhereItIsNeeded) {
     EXPECT_TRUE(pdn.reported.empty());
 }
 
-TEST_F(NameSearch, AColumnThatIsNoNumberIsReported) {
+TEST_F(NameSearch, AColumnThatIsNotANumberIsReported) {
     const Text list = screen({u"", title, header, first, endOfBlock});
     expect(pdn.read(list, state(false, text(u"abc"))), u"", false, text(u"abc"));
     ASSERT_EQ(pdn.reported.size(), 1U);
@@ -229,12 +229,12 @@ TEST_F(NameSearch, AColumnBelow1OrBeyond16BitsIsReported) {
     }
 }
 
-TEST_F(NameSearch, AColumnLeftOfTheNamesTakesTheWholeRestOfALine) {
+TEST_F(NameSearch, AColumnLeftOfTheNamesMeansTheWholeRestOfALine) {
     const Text list = screen({u"", title, header, u"   1 ALPHA BETA", u">"});
     for (const char16_t* const column : {u"1", u"3", u"5"}) {
         expect(pdn.read(list, state(false, text(column))), u"ALPHA BETA", false, text(column));
     }
-    // At 6 and 7 the name has no room at all.
+    // At 6 and 7 there is no room for a name.
     for (const char16_t* const column : {u"6", u"7"}) {
         expect(pdn.read(list, state(false, text(column))), u"", false, text(column));
     }

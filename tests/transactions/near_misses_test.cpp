@@ -1,5 +1,5 @@
-// Every transaction on screens that differ by little from those of the sample exchanges, read by the library and by the
-// slow second opinion.
+// Every transaction on screens that differ slightly from those of the sample exchanges. The library's results are
+// compared with the oracle's.
 #include "tests/support/near_misses.h"
 #include "tests/oracle/screens_oracle.h"
 #include "tests/profile/effort.h"
@@ -19,7 +19,7 @@
 namespace vantro::test {
 namespace {
 
-// The marks of a class's screens, each of which is written over every line at every column.
+// The marks of a class's screens; each is written over every line at every column.
 const std::map<Text, std::vector<Text>> marks{
     {u"CPBITrans", {u"RP/", u"- PNR UPDATED"}},
     {u"CPBNTrans", {u"RP/", u"- PNR UPDATED", u"- PNR CREATED"}},
@@ -74,14 +74,14 @@ class NearMissOf : public testing::TestWithParam<Sample> {};
 INSTANTIATE_TEST_SUITE_P(Sample, NearMissOf, testing::ValuesIn(samples()),
                          [](const auto& test) { return test.param.name; });
 
-TEST_P(NearMissOf, IsReadAsTheSecondOpinionReadsIt) {
+TEST_P(NearMissOf, IsReadAsTheOracleReadsIt) {
     const Sample& sample = GetParam();
     const oracle::Verify verify = oracle::verifyOf(utf8(sample.className));
     ASSERT_NE(verify, nullptr);
     DrivenClass driven(sample.className);
     Variation variation{.every = share()};
     if (const auto planted = marks.find(sample.className); planted != marks.end()) variation.planted = planted->second;
-    // Samples of one class take different texts out of every so many.
+    // Different samples of one class visit different near misses.
     variation.offset = sample.name.size() % variation.every;
     Text wrong;
     forEachNearMiss(sample.screen, variation, [&](const Text& screen) {

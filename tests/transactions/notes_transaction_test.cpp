@@ -1,4 +1,4 @@
-// "PN" and "PNE": what the host's answer says.
+// "PN" and "PNE": how the host's answer is read.
 #include "tests/support/driven_class.h"
 #include "tests/support/screens.h"
 
@@ -26,7 +26,7 @@ TEST(NotesTransaction, ADisplayNeedsItsMark) {
     EXPECT_TRUE(accepted(u"PN", screen({u"PNL", u"TRANSACTION NOT ALLOWED"})));
 }
 
-TEST(NotesTransaction, AnEntryIsAllowedUnlessTheHostSaysNo) {
+TEST(NotesTransaction, EnteringNotesIsAllowedUnlessTheHostRefuses) {
     EXPECT_TRUE(accepted(u"PNE", allowed));
     EXPECT_TRUE(accepted(u"PNE", u"X"));
     EXPECT_FALSE(accepted(u"PNE", refused));
@@ -41,7 +41,7 @@ TEST(NotesTransaction, NoOtherCommandIsAccepted) {
     }
 }
 
-TEST(NotesTransaction, AddsToTheCollectionThatItIsGivenAndReturnsIt) {
+TEST(NotesTransaction, AddsToItsParametersAndReturnsThem) {
     DrivenClass driven(u"CProfileNotes");
     const CollectionPtr given = collection({{u"strCommand", u"PNE"}, {u"strKeyName", u"SMITH"}});
     EXPECT_EQ(driven.read(refused, given), given);
@@ -52,7 +52,7 @@ TEST(NotesTransaction, AddsToTheCollectionThatItIsGivenAndReturnsIt) {
     EXPECT_EQ(entriesOf(given), expected);
 }
 
-TEST(NotesTransaction, TheMessageIsThereOnSuccessToo) {
+TEST(NotesTransaction, TheMessageIsReturnedOnSuccessToo) {
     DrivenClass driven(u"CProfileNotes");
     const CollectionPtr results = driven.read(allowed, Entries{{u"strCommand", u"PNE"}});
     EXPECT_EQ(valueOf(results, u"strKeyErrorString"), ItemValue(Text(u"PROFILE NOTES")));

@@ -44,7 +44,7 @@ TEST_F(OfficeList, NamesOfTwoBlocksAreOneText) {
                 u"ALPHA,BETA");
 }
 
-TEST_F(OfficeList, NamesBeginOnLine3WhereverTheTitleStands) {
+TEST_F(OfficeList, NamesBeginOnLine3WhereverTheTitleIs) {
     expectNames(screen({u"", u"X", u"X", companyHeader, u"   1 ALPHA", companies, companyHeader, u"   2 BETA", u">"}),
                 u"ALPHA,BETA");
     expectNames(screen({u"", companies, companyHeader, u"   1 ALPHA", u">"}), u"");
@@ -86,7 +86,7 @@ TEST_F(OfficeList, TravellersWithoutACompanyAreCollected) {
     expectLocators(screen({u"PLT", travellers, u"", travellerHeader, alone, ofCompany, u">"}), {u"", u"H1J2K3"});
 }
 
-TEST_F(OfficeList, AnyTextFromColumn35OnIsACompany) {
+TEST_F(OfficeList, AnyTextFromColumn35IsACompany) {
     //                                                               ....+....1....+....2....+....3....+
     const Text at35 = screen({u"PLT", travellers, u"", travellerHeader, u"   1 A                      H1J2K3X", u">"});
     expectLocators(at35, {u""});
@@ -95,12 +95,12 @@ TEST_F(OfficeList, AnyTextFromColumn35OnIsACompany) {
     expectLocators(atTheEnd, {u""});
 }
 
-TEST_F(OfficeList, TheLocatorIsSixCharactersAsTheyStand) {
+TEST_F(OfficeList, TheLocatorIsSixCharactersUnchanged) {
     expectLocators(screen({u"PLT", travellers, u"", travellerHeader, u"   1 A                      H1 2", u"X", u">"}),
                    {u"", u"H1 2  ", u"      "});
 }
 
-TEST_F(OfficeList, ALineShorterThanTheLocatorGivesWhatThereIs) {
+TEST_F(OfficeList, ALineShorterThanTheLocatorIsReadAsFarAsItGoes) {
     Text list = screen({u"PLT", travellers, u"", travellerHeader});
     list += u"   1 A                      H1J";
     expectLocators(list, {u"", u"H1J"});
@@ -121,9 +121,9 @@ TEST_F(OfficeList, TheScanBeginsOnLine3) {
     expectLocators(screen({u"PLT", travellers, travellerHeader, alone, u">"}), {u""});
 }
 
-TEST_F(OfficeList, Line1HasToBeUsable) {
+TEST_F(OfficeList, Line1MustBeUsable) {
     expectLocators(screen({u"PLT", u"TRAVELLER LIST FOR >", u"", travellerHeader, alone}), {u""});
-    // The title may stand further down: line 1 counts all the same.
+    // The title may be further down: line 1 still counts.
     expectLocators(screen({u"PLT", u">", travellers, travellerHeader, alone}), {u""});
 }
 

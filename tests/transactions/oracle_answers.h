@@ -1,4 +1,4 @@
-// A transaction's answer, and the slow second opinion's, in one form.
+// The answers of a transaction and of the oracle in one form.
 #pragma once
 
 #include "tests/oracle/screens_oracle.h"
@@ -12,7 +12,7 @@
 
 namespace vantro::test {
 
-/// The entries of the returned collection, or the number of the error; neither for no collection.
+/// The entries of the returned collection, or the error number; neither when no collection is returned.
 struct OracleAnswer {
     std::vector<std::pair<std::string, oracle::Value>> entries;
     int error = 0;
@@ -28,7 +28,7 @@ oracle::Collection oracleCollection(const Entries& entries);
 OracleAnswer libraryAnswer(DrivenClass& driven, const Text& response, const std::optional<Entries>& state);
 OracleAnswer oracleAnswer(oracle::Verify verify, const Text& response, const std::optional<Entries>& state);
 
-/// A screen drawn with a bar at both ends of its lines.
+/// The screen drawn with a bar at both ends of each line.
 std::string drawn(const Text& response);
 
 }  // namespace vantro::test

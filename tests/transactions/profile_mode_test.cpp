@@ -1,4 +1,4 @@
-// The cycle of profile mode: what confirms a step, and what comes back.
+// The profile mode cycle: what confirms a step, and what is returned.
 #include "tests/framework/raised.h"
 #include "tests/support/driven_class.h"
 #include "tests/support/screens.h"
@@ -53,7 +53,7 @@ TEST(ProfileMode, EachStepHasItsConfirmation) {
     EXPECT_TRUE(confirmed(ignoreAndLeave, screen({u"PIE", ignored, exited})));
 }
 
-TEST(ProfileMode, AStepTakesNoOtherConfirmation) {
+TEST(ProfileMode, AStepAcceptsNoOtherConfirmation) {
     EXPECT_FALSE(confirmed(enter, screen({u"PM", exited, complete, ignored, exited})));
     EXPECT_FALSE(confirmed(leave, screen({u"PME", shown, complete, ignored})));
     EXPECT_FALSE(confirmed(update, screen({u"PE", shown, exited, ignored})));
@@ -88,17 +88,17 @@ TEST(ProfileMode, ExitAndIgnoredNeedTheirFiveBlanks) {
 
 TEST(ProfileMode, CaseCounts) { EXPECT_FALSE(confirmed(enter, screen({u"PM", u"*profile mode*"}))); }
 
-TEST(ProfileMode, AMarkMayRunOverTheEdgeOfALine) {
+TEST(ProfileMode, AMarkMayCrossTheEndOfALine) {
     const Text edge = screen({u"PM"}) + Text(73, u' ') + u"*PROFILE MODE*";
     EXPECT_TRUE(confirmed(enter, edge));
 }
 
-TEST(ProfileMode, AnExitOnTheLineOfIgnoredDoesNotCount) {
+TEST(ProfileMode, AnExitTextOnTheLineOfIgnoredDoesNotCount) {
     EXPECT_FALSE(confirmed(ignoreAndLeave, screen({u"PIE", u"IGNORED     PROFILE MODE EXITED     "})));
 }
 
-TEST(ProfileMode, TheExitCountsFrom80CharactersAfterTheBeginningOfIgnored) {
-    // "IGNORED" begins in column 3 of line 1; the exit in column 2 of line 2 comes too early, in column 3 it counts.
+TEST(ProfileMode, TheExitTextCountsFrom80CharactersAfterTheBeginningOfIgnored) {
+    // "IGNORED" begins in column 3 of line 1. In column 2 of line 2 the exit text is too early, in column 3 it counts.
     EXPECT_FALSE(confirmed(ignoreAndLeave, screen({u"PIE", u"  IGNORED", u" PROFILE MODE EXITED"})));
     EXPECT_TRUE(confirmed(ignoreAndLeave, screen({u"PIE", u"  IGNORED", u"  PROFILE MODE EXITED"})));
 }
@@ -109,7 +109,7 @@ TEST(ProfileMode, TheFirstIgnoredCounts) {
 }
 
 TEST(ProfileMode, ThePositionOfIgnoredIsA16BitInteger) {
-    // The last position that leaves room for a line below 32767 is 32687.
+    // 32687 + 80 is 32767, the highest 16-bit position.
     DrivenClass driven(u"CProfileMode");
     const auto response = [](std::size_t before) {
         return Text(before, u'X') + Text(u"IGNORED     ") + Text(80, u' ') + Text(u"PROFILE MODE EXITED     ");
@@ -125,7 +125,7 @@ TEST(ProfileMode, ThePositionOfIgnoredIsA16BitInteger) {
     EXPECT_EQ(driven.reported[0].number(), 6);
 }
 
-TEST(ProfileMode, TheMessageIsLine1AlsoOfAConfirmedStep) {
+TEST(ProfileMode, TheMessageIsLine1OfAConfirmedStepToo) {
     DrivenClass driven(u"CProfileMode");
     const CollectionPtr done = driven.read(screen({u"PM", u"  *PROFILE MODE*  "}), flags(enter));
     EXPECT_EQ(valueOf(done, u"strKeyErrorString"), ItemValue(Text(u"*PROFILE MODE*")));
@@ -135,7 +135,7 @@ TEST(ProfileMode, TheMessageIsLine1AlsoOfAConfirmedStep) {
     EXPECT_EQ(valueOf(bare, u"strKeyErrorString"), ItemValue(Text()));
 }
 
-TEST(ProfileMode, AddsToTheCollectionThatItIsGivenAndReturnsIt) {
+TEST(ProfileMode, AddsToItsParametersAndReturnsThem) {
     DrivenClass driven(u"CProfileMode");
     const CollectionPtr given = collection(flags(enter));
     Entries expected = flags(enter);

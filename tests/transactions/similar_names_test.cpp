@@ -40,28 +40,28 @@ TEST_F(SimilarNames, EndAtALineWithoutAListNumber) {
            false);
 }
 
-TEST_F(SimilarNames, BeginUnderTheHeaderOnly) {
+TEST_F(SimilarNames, BeginOnlyAfterTheHeader) {
     expect(pda.read(screen({u"PDA/KES", title, first, u"", header, second, u">"})), u"KESWICK INKS            NCE",
            false);
     expect(pda.read(screen({u"PDA/KES", title, first, u"    COMPANY     ", second, u">"})), u"", false);
 }
 
-TEST_F(SimilarNames, OnTheTitlesOwnLineTheHeaderIsNotSeen) {
+TEST_F(SimilarNames, AHeaderOnTheTitleLineIsIgnored) {
     expect(pda.read(screen({u"PDA/KES", u"SIMILAR COMPANY NAME LIST     COMPANY     ", first, u">"})), u"", false);
 }
 
-TEST_F(SimilarNames, ABlankNameIsFollowedByNoComma) {
-    // With nothing collected yet there is nothing to set the second name off from.
+TEST_F(SimilarNames, NoCommaFollowsABlankName) {
+    // With nothing collected yet, no comma precedes the second name.
     expect(pda.read(screen({u"PDA/KES", title, header, u"   1", u"   2 ALPHA", u"   3", u">"})), u"ALPHA,", false);
 }
 
 TEST_F(SimilarNames, AContinuationIsReadFromLine1) {
-    // No title: the last line looked at, line 5, has to be usable.
+    // No title: line 5, the last line tested for one, must be usable.
     expect(pda.read(screen({u"PDMD", first, second, endOfBlock, u"", u""}), continued),
            u"KESTRELLO TOOLS,KESWICK INKS            NCE", true);
 }
 
-TEST_F(SimilarNames, AContinuationUnderAHeaderCollectsNothing) {
+TEST_F(SimilarNames, AContinuationWithAHeaderCollectsNothing) {
     // Line 1 is the header: it has no list number, which ends the list at once.
     expect(pda.read(screen({u"PDMD", header, first, second, u"", u""}), continued), u"", false);
 }
@@ -75,18 +75,18 @@ TEST_F(SimilarNames, AContinuationWithoutLine5PassesTheFlagThrough) {
     expect(pda.read(screen({u"PDMD", first, endOfBlock}), continued), u"", true);
 }
 
-TEST_F(SimilarNames, AContinuationsLine2HasToBeUsable) {
+TEST_F(SimilarNames, AContinuationsLine2MustBeUsable) {
     expect(pda.read(screen({u"PDMD", first, u">", u"", u"", u""}), continued), u"", true);
 }
 
-TEST_F(SimilarNames, AContinuationGoesBackWithoutReadingALineEarlierAgain) {
-    // The first round alone begins a line earlier. Behind the numbered end line the walk goes on below it.
+TEST_F(SimilarNames, OnlyTheFirstRoundOfAContinuationBeginsALineEarlier) {
+    // A later round continues on the line after the numbered end line.
     expect(pda.read(screen({u"PDMD", first, u"   7 END OF BLOCK - USE PDMD", u"   8 ALPHA", u"   9 BETA", u""}),
                     continued),
            u"KESTRELLO TOOLS,ALPHA,BETA", false);
 }
 
-TEST_F(SimilarNames, AnEndOfBlockInANumberedLineLooksForAnotherHeader) {
+TEST_F(SimilarNames, AnEndOfBlockInANumberedLineSearchesForAnotherHeader) {
     expect(pda.read(screen({u"", title, header, first, u"   2 END OF BLOCK - USE PDMD", u"   3 ALPHA", header,
                             u"   4 BETA", u">"})),
            u"KESTRELLO TOOLS,BETA", false);

@@ -1,5 +1,4 @@
-// The values that stay when a reader stops half-way. What each call's failure leads to otherwise is asked in
-// tests/failures.
+// The values that remain when a reader stops half-way. tests/failures tests the outcome of every other failing call.
 #include "tests/support/collections.h"
 #include "tests/support/failing_terminal.h"
 #include "tests/support/failure_rules.h"
@@ -18,14 +17,14 @@
 namespace vantro::test {
 namespace {
 
-/// A screen that is read, and the state that it is read with.
+/// A screen and the state that it is read with.
 struct Scenario {
     const char16_t* className;
     std::optional<Entries> collection;
     Text screen;
 };
 
-/// What one call of the operation led to.
+/// The outcome of one call of the operation.
 struct Outcome {
     CollectionPtr results;
     std::optional<Error> raised;
@@ -75,13 +74,13 @@ TEST(StoppedReader, NameSearchKeepsWhatItHadSet) {
     EXPECT_EQ(valueOf(atEntry, u"strKeyRecLocPos"), ItemValue(std::int16_t{22}));
     EXPECT_EQ(valueOf(atEntry, u"strKeyCoNames"), ItemValue(Text()));
 
-    // The name is kept as it was cut, fifteen characters and not yet trimmed.
+    // The name is kept as it was cut: fifteen characters, not yet trimmed.
     const CollectionPtr atEnd = resultsFailingAt(list, "ScreenLine 4");
     EXPECT_EQ(valueOf(atEnd, u"strKeyCoNames"), ItemValue(Text(u"KESTRELLO      ")));
     EXPECT_EQ(valueOf(atEnd, u"blnKeyEndOfBlock"), ItemValue(false));
 }
 
-TEST(StoppedReader, NameSearchHasTakenBackTheFlagOfAContinuation) {
+TEST(StoppedReader, NameSearchHasClearedTheFlagOfAContinuation) {
     const Scenario continuation{u"CPDNTrans", Entries{{u"blnKeyEndOfBlock", true}, {u"strKeyRecLocPos", u"22"}},
                                 screen({u"PDMD", companies, entry, entry, endOfBlock})};
     // Calls: four for the state, line 1, line 2 (its first entry), line 3.
@@ -109,7 +108,7 @@ TEST(StoppedReader, LinkedProfilesGoOnWithTheEntriesRead) {
     const Scenario linked{u"CRLPTrans", Entries{{u"strKeyIndex", u"0"}},
                           screen({u"RLP", u"", u"RP/", u"T/ABC123 /P1", u">"})};
     const auto locator = [&](int failAt) { return valueOf(run(linked, failAt).results, u"strKeyRecLoc"); };
-    EXPECT_EQ(locator(8), ItemValue(Text()));           // the count stops at line 3, the entry's own
+    EXPECT_EQ(locator(8), ItemValue(Text()));           // the count stops at line 3, which has the entry
     EXPECT_EQ(locator(9), ItemValue(Text(u"ABC123")));  // at the prompt
 }
 
@@ -126,7 +125,7 @@ TEST(StoppedReader, ACountOfLinkedProfilesIs0) {
     }
 }
 
-TEST(StoppedReader, AnIndexThatTheStoppedCountDidNotReachIsReportedToo) {
+TEST(StoppedReader, AnIndexBeyondTheStoppedCountIsReportedToo) {
     const Scenario second{u"CRLPTrans", Entries{{u"strKeyIndex", u"1"}},
                           screen({u"RLP", u"RP/", u"T/ABC123", u"C/XYZ789", u">"})};
     // Calls: two for the index, the collection, line 1; then the count's lines 1, 2, 3.

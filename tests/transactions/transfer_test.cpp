@@ -1,4 +1,4 @@
-// "PT": what a list form that cannot be read leads to.
+// "PT": the outcome when a list form cannot be read.
 #include "tests/framework/raised.h"
 #include "tests/support/driven_class.h"
 
@@ -24,7 +24,7 @@ Entries lists(const char16_t* highest) {
             {u"strKeyPasArray()", blanks}};
 }
 
-TEST(TransferList, AHighestIndexThatIsNoNumberIsATypeMismatch) {
+TEST(TransferList, AHighestIndexThatIsNotANumberIsATypeMismatch) {
     for (const char16_t* const highest : {u"x", u" ", u"1.0", u"-", u"1 1"}) EXPECT_EQ(raised(lists(highest)), 13);
 }
 
@@ -48,7 +48,7 @@ TEST(TransferList, AnAbsentListIsAnObjectNotSet) {
     EXPECT_EQ(raised({{u"intKeyArraySize", u"0"}, {u"strKeyElArray()", two}, {u"strKeySegArray()", two}}), 91);
 }
 
-TEST(TransferList, AKeyThatHoldsNoListIsATypeMismatch) {
+TEST(TransferList, AKeyWithoutAListIsATypeMismatch) {
     Entries text = lists(u"0");
     text[1].value = Text(u"3");
     EXPECT_EQ(raised(text), 13);
