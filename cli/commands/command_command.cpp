@@ -1,6 +1,7 @@
 #include "cli/commands/commands.h"
 #include "cli/commands/parameters.h"
 #include "cli/commands/trans_class.h"
+#include "cli/commands/unknown_keys.h"
 #include "cli/io/failure.h"
 #include "cli/io/standard_io.h"
 #include "cli/io/utf.h"
@@ -25,6 +26,7 @@ int buildCommand(const CommandOptions& options) {
     const auto params = std::make_shared<BuiltInCollection>();
     addParameters(options.parameters, *params);
     if (!options.raw) refuseControlCharacters(*params);
+    warnAboutUnknownKeys(row, PassedFor::Command, *params);
 
     BuiltInTerminal terminal;
     const Text command = createObject(row, terminal)->profileTrans()->CreateCommand(params);

@@ -8,6 +8,7 @@ class App;
 namespace vantro {
 
 void addClassesCommand(CLI::App& tool, int& status);
+void addDescribeCommand(CLI::App& tool, int& status);
 void addCommandCommand(CLI::App& tool, int& status);
 void addVerifyCommand(CLI::App& tool, int& status);
 void addBatchCommand(CLI::App& tool, int& status);

@@ -83,6 +83,7 @@ int runCommands(int argc, const char* const* argv) {
     CLI::App tool("Commands for the reservation host's profiles, and what its screens and displays say", toolName);
     describeTool(tool);
     addClassesCommand(tool, status);
+    addDescribeCommand(tool, status);
     addCommandCommand(tool, status);
     addVerifyCommand(tool, status);
     addBatchCommand(tool, status);

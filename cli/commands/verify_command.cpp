@@ -3,6 +3,7 @@
 #include "cli/commands/results_view.h"
 #include "cli/commands/screen_input.h"
 #include "cli/commands/trans_class.h"
+#include "cli/commands/unknown_keys.h"
 #include "cli/io/failure.h"
 #include "cli/io/input_files.h"
 #include "cli/io/max_line.h"
@@ -31,7 +32,7 @@ struct VerifyOptions {
 };
 
 // What the transaction's collection holds: the state, and the parameters over it. With neither, no collection.
-CollectionPtr collectionFor(const VerifyOptions& options) {
+std::shared_ptr<BuiltInCollection> collectionFor(const VerifyOptions& options) {
     std::shared_ptr<BuiltInCollection> collection;
     if (!options.stateFile.empty()) {
         collection =
@@ -67,7 +68,8 @@ CollectionPtr countOf(const ClassRow& row, ProfileObject& object, TextView scree
 
 int readScreen(const VerifyOptions& options) {
     const ClassRow& row = transactionClass(options.className);
-    const CollectionPtr collection = collectionFor(options);
+    const auto collection = collectionFor(options);
+    if (collection) warnAboutUnknownKeys(row, PassedFor::Screen, *collection);
     const Text screen = screenFor(options);
 
     BuiltInTerminal terminal([](const Error& reported) {

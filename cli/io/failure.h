@@ -30,7 +30,7 @@ public:
 /// An error that a call raised, in one line: "error 5015 from VantroProfileUtils: An error ...".
 std::string describe(const Error& error);
 
-/// The message with one full stop at its end, whether or not it came with one.
+/// The message with one full stop at its end, whether or not it came with one. A question keeps its mark.
 std::string asSentence(std::string_view message);
 
 /// The message without the full stop at its end, to be gone on with.

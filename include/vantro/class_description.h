@@ -54,7 +54,7 @@ struct CommandForm {
     /// A small word stands for a value, brackets enclose what can be left out, and "..." after them says that it can
     /// come many times; everything else stands as it is. "PDN/[office/][company][-name][/]".
     TextView form;
-    TextView when;                              ///< what the form is used for; begins with a small letter
+    TextView when;                              ///< what the form is used for; empty for an only form
     std::span<const ExampleParameter> example;  ///< parameters that make such a command
     TextView command;                           ///< the command that they make
 };

@@ -10,7 +10,7 @@ namespace vantro::rows {
 // CPDTrans
 
 inline constexpr ParameterRow pdParameters[] = {
-    needed(key::strKeyItemNr,    u"when blnKeyFromPNR is True", u"the number of the line in the list, or of the passenger"),
+    needed(key::strKeyItemNr,    u"when blnKeyFromPNR is True", u"the number of the list's line, or of the passenger"),
     optional(key::blnKeyFromPNR, u"the number is that of a passenger; adds a slash before it"),
 };
 
@@ -60,7 +60,7 @@ inline constexpr ParameterRow pdiParameters[] = {
 inline constexpr ExampleParameter pdiIndex[] = {{u"strKeyIndex", u"2"}};
 
 inline constexpr CommandForm pdiForms[] = {
-    {u"PDI/index", u"always", pdiIndex, u"PDI/2"},
+    {u"PDI/index", {}, pdiIndex, u"PDI/2"},
 };
 
 inline constexpr ResultRow pdiResults[] = {
@@ -86,7 +86,7 @@ inline constexpr ClassDescription pdi{
 // CPDTTrans
 
 inline constexpr CommandForm pdtForms[] = {
-    {u"PDT", u"always", {}, u"PDT"},
+    {u"PDT", {}, {}, u"PDT"},
 };
 
 inline constexpr ResultRow pdtResults[] = {
@@ -110,7 +110,7 @@ inline constexpr TextView pdrKinds[] = {u"T", u"C"};
 
 inline constexpr ParameterRow pdrParameters[] = {
     required(key::strKeyRecLoc,    u"the record locator"),
-    optional(key::strKeyIndicator, u"only a traveller's (T) or only a company's (C) profile; any other text asks for both", pdrKinds),
+    optional(key::strKeyIndicator, u"T for a traveller's profile only, C for a company's; otherwise both", pdrKinds),
 };
 
 inline constexpr ExampleParameter pdrAny[] = {{u"strKeyRecLoc", u"KQ4R7T"}};
@@ -162,7 +162,7 @@ inline constexpr ParameterRow pcnParameters[] = {
 inline constexpr ExampleParameter pcnCompany[] = {{u"strKeyCompany", u"KESTRELLO"}};
 
 inline constexpr CommandForm pcnForms[] = {
-    {u"PCN/[company]", u"always", pcnCompany, u"PCN/KESTRELLO"},
+    {u"PCN/[company]", {}, pcnCompany, u"PCN/KESTRELLO"},
 };
 
 inline constexpr ResultRow pcnResults[] = {

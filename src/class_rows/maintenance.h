@@ -30,9 +30,9 @@ inline constexpr ExampleParameter ptGroups[] = {
 };
 
 inline constexpr CommandForm ptForms[] = {
-    {u"PT[O][*][elements][/Ssegments][/Ppassengers]",
+    {u"PT[O][*][lines][/Ssegments][/Ppassengers]",
      u"some lines, or all of the profile", ptLines, u"PT3,5/S2"},
-    {u"PT[elements][/Ssegments][/Ppassengers][//[elements][/Ssegments][/Ppassengers]]...[O][*]",
+    {u"PT[lines][/Ssegs][/Ppax][//[lines][/Ssegs][/Ppax]]...[O][*]",
      u"groups of lines, each for segments and passengers of its own", ptGroups, u"PT3/S2//7/P1"},
 };
 
@@ -50,7 +50,8 @@ inline constexpr ScreenFlag ptFlags[] = {
 
 inline constexpr ErrorRow ptErrors[] = {
     {ClassCall::CreateCommand, 91, u"there is no collection of parameters, or a list is missing"},
-    {ClassCall::CreateCommand, 13, u"a parameter is of a kind that cannot be read, or intKeyArraySize is no whole number"},
+    {ClassCall::CreateCommand, 13, u"a parameter is of a kind that cannot be read, or intKeyArraySize is no whole "
+                                   u"number"},
     {ClassCall::CreateCommand, 9,  u"a list is shorter than intKeyArraySize says, or that is negative"},
     {ClassCall::CreateCommand, 6,  u"intKeyArraySize is above 32767 or below -32768"},
 };
@@ -71,15 +72,19 @@ inline constexpr ClassDescription pt{
 inline constexpr TextView pbnKinds[] = {u"Company", u"Traveller"};
 
 inline constexpr ParameterRow pbnParameters[] = {
-    required(key::strKeyIndicator,  u"the kind of profile; with any other text the command is sent without a name", pbnKinds),
+    required(key::strKeyIndicator,  u"the kind of profile; any other text makes a command without a name", pbnKinds),
     needed(key::strKeyCompany,      u"when strKeyIndicator is Company",   u"the company's name"),
     needed(key::strKeyName,         u"when strKeyIndicator is Traveller", u"the traveller's name"),
     optional(key::blnKeyAllPNR,     u"for all passengers of the PNR; adds an asterisk"),
     optional(key::blnKeyExactMatch, u"only an exact match; adds a slash"),
 };
 
-inline constexpr ExampleParameter pbnCompany[] = {{u"strKeyIndicator", u"Company"}, {u"strKeyCompany", u"KESTRELLO"}, {u"blnKeyAllPNR", u"True"}};
-inline constexpr ExampleParameter pbnTraveller[] = {{u"strKeyIndicator", u"Traveller"}, {u"strKeyName", u"SMITH/ANNA"}, {u"blnKeyExactMatch", u"True"}};
+inline constexpr ExampleParameter pbnCompany[] = {
+    {u"strKeyIndicator", u"Company"}, {u"strKeyCompany", u"KESTRELLO"}, {u"blnKeyAllPNR", u"True"},
+};
+inline constexpr ExampleParameter pbnTraveller[] = {
+    {u"strKeyIndicator", u"Traveller"}, {u"strKeyName", u"SMITH/ANNA"}, {u"blnKeyExactMatch", u"True"},
+};
 inline constexpr ExampleParameter pbnOther[] = {{u"strKeyIndicator", u"Other"}, {u"strKeyName", u"SMITH"}};
 
 inline constexpr CommandForm pbnForms[] = {
@@ -116,7 +121,7 @@ inline constexpr ParameterRow pbiParameters[] = {
 inline constexpr ExampleParameter pbiLine[] = {{u"strKeyIndex", u"2"}, {u"blnKeyAllPNR", u"True"}};
 
 inline constexpr CommandForm pbiForms[] = {
-    {u"PBI/index[*]", u"always", pbiLine, u"PBI/2*"},
+    {u"PBI/index[*]", {}, pbiLine, u"PBI/2*"},
 };
 
 inline constexpr ClassDescription pbi{
@@ -131,7 +136,7 @@ inline constexpr ClassDescription pbi{
 // CRLPTrans
 
 inline constexpr CommandForm rlpForms[] = {
-    {u"RLP", u"always", {}, u"RLP"},
+    {u"RLP", {}, {}, u"RLP"},
 };
 
 inline constexpr ParameterRow rlpState[] = {
@@ -142,7 +147,8 @@ inline constexpr TextView pnrShown = u"when a PNR is shown";
 
 inline constexpr ResultRow rlpResults[] = {
     sometimes(key::blnKeyNoElementsFound, u"when the host says so", u"no profile is linked; always True"),
-    sometimes(key::strKeyPasAsso,         pnrShown, u"the number of the passenger that the profile is linked to; empty for none"),
+    sometimes(key::strKeyPasAsso,         pnrShown, u"the number of the passenger that the profile is linked to; "
+                                                    u"empty for none"),
     sometimes(key::strKeyRecLoc,          pnrShown, u"the profile's record locator"),
     sometimes(key::blnKeyTraveller,       pnrShown, u"it is a traveller's profile"),
     sometimes(key::blnKeyCompany,         pnrShown, u"it is a company's profile"),
@@ -163,8 +169,8 @@ inline constexpr ClassDescription rlp{
     .results = rlpResults,
     .flags = rlpFlags,
     .flagRule = u"\"RP/\" has to begin one of the lines 1 to 4, above any \"NO ELEMENT FOUND\".",
-    .counts = u"RecLocCount reads the whole list and returns the index of its last entry. That is the number of profiles "
-              u"where a further line follows them, such as the prompt.",
+    .counts = u"RecLocCount reads the whole list and returns the index of its last entry. That is the number of "
+              u"profiles where a further line follows them, such as the prompt.",
     .remark = u"An index outside the list is reported with 5130, not raised, and nothing is added then.",
 };
 
@@ -177,7 +183,7 @@ inline constexpr ParameterRow pxParameters[] = {
 inline constexpr ExampleParameter pxLine[] = {{u"strKeyItemNr", u"3"}};
 
 inline constexpr CommandForm pxForms[] = {
-    {u"PX[item]", u"always", pxLine, u"PX3"},
+    {u"PX[item]", {}, pxLine, u"PX3"},
 };
 
 inline constexpr ResultRow pxResults[] = {

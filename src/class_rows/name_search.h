@@ -10,15 +10,19 @@ namespace vantro::rows {
 // CPDNTrans
 
 inline constexpr ParameterRow pdnParameters[] = {
-    needed(key::strKeyName,         u"when strKeyCompany is empty", u"the traveller's name as the agent types it: SMITH, or SMITH/ANNA"),
-    needed(key::strKeyCompany,      u"when strKeyName is empty",    u"the company's name; with strKeyName, the company to which the traveller belongs"),
+    needed(key::strKeyName,         u"when strKeyCompany is empty", u"the traveller's name as the agent types it: "
+                                                                    u"SMITH, or SMITH/ANNA"),
+    needed(key::strKeyCompany,      u"when strKeyName is empty",    u"the company's name; with strKeyName, the "
+                                                                    u"company to which the traveller belongs"),
     optional(key::blnKeyExactMatch, u"only an exact match; adds a slash at the end"),
     optional(key::strKeyOfficeID,   u"the office whose profiles are searched; empty for the agent's own"),
 };
 
 inline constexpr ExampleParameter pdnTraveller[] = {{u"strKeyName", u"SMITH/ANNA"}};
 inline constexpr ExampleParameter pdnCompany[] = {{u"strKeyCompany", u"KESTRELLO"}, {u"blnKeyExactMatch", u"True"}};
-inline constexpr ExampleParameter pdnBoth[] = {{u"strKeyName", u"SMITH"}, {u"strKeyCompany", u"KESTRELLO"}, {u"strKeyOfficeID", u"NCEVN0900"}};
+inline constexpr ExampleParameter pdnBoth[] = {
+    {u"strKeyName", u"SMITH"}, {u"strKeyCompany", u"KESTRELLO"}, {u"strKeyOfficeID", u"NCEVN0900"},
+};
 
 inline constexpr CommandForm pdnForms[] = {
     {u"PDN/[office/]-name[/]",        u"a traveller",              pdnTraveller, u"PDN/-SMITH/ANNA"},
@@ -41,7 +45,8 @@ inline constexpr ResultRow pdnResults[] = {
     always(key::blnKeyMerge,       u"the traveller's profile carries the mark of a merged one"),
     always(key::strKeyCoNames,     u"the names of a company list, with commas between them; otherwise empty"),
     always(key::blnKeyEndOfBlock,  u"the list goes on; what came in where no list was read"),
-    {key::strKeyRecLocPos.name, ValueKind::IntegerOrString, {}, u"column, from 1, of the record locators in a company list; what came in where that was not empty"},
+    {key::strKeyRecLocPos.name, ValueKind::IntegerOrString, {}, u"column, from 1, of the record locators in a company "
+                                                                u"list; what came in where that was not empty"},
 };
 
 inline constexpr Lines pdnLines{1, 9};
@@ -122,7 +127,7 @@ inline constexpr ClassDescription pda{
 // CPDMDTrans
 
 inline constexpr CommandForm pdmdForms[] = {
-    {u"PDMD", u"always", {}, u"PDMD"},
+    {u"PDMD", {}, {}, u"PDMD"},
 };
 
 inline constexpr ClassDescription pdmd{

@@ -12,7 +12,7 @@ namespace vantro::rows {
 inline constexpr ParameterRow pltParameters[] = {
     optional(key::strKeyOfficeID,   u"the office; empty for the agent's own"),
     optional(key::strKeyCompany,    u"the company whose travellers are listed; empty for all travellers"),
-    optional(key::blnKeyExactMatch, u"only an exact match of strKeyCompany, and ignored without it; adds a slash at the end"),
+    optional(key::blnKeyExactMatch, u"only an exact match of strKeyCompany; adds a slash at the end"),
 };
 
 inline constexpr ExampleParameter pltOffice[] = {{u"strKeyOfficeID", u"NCEVN0900"}};
@@ -31,7 +31,8 @@ inline constexpr ResultRow pltResults[] = {
     always(key::strKeyCoNames,           u"the names of a company list, with commas between them; otherwise empty"),
     always(key::blnKeyNoCoFoundString,   u"the host found no such company"),
     always(key::blnKeyNoTrPrFoundString, u"the host found no traveller"),
-    always(key::strKeyNoCoAssoArray,     u"the record locators of the travellers without a company, from entry 1 on; entry 0 is empty"),
+    always(key::strKeyNoCoAssoArray,     u"the record locators of the travellers without a company, from entry 1 on; "
+                                         u"entry 0 is empty"),
 };
 
 inline constexpr Lines pltLines{1, 9};
@@ -63,7 +64,7 @@ inline constexpr ParameterRow plcParameters[] = {
 inline constexpr ExampleParameter plcOffice[] = {{u"strKeyOfficeID", u"NCEVN0900"}};
 
 inline constexpr CommandForm plcForms[] = {
-    {u"PLC[/office]", u"always", plcOffice, u"PLC/NCEVN0900"},
+    {u"PLC[/office]", {}, plcOffice, u"PLC/NCEVN0900"},
 };
 
 inline constexpr ResultRow plcResults[] = {
@@ -95,7 +96,7 @@ inline constexpr ParameterRow phParameters[] = {
 inline constexpr ExampleParameter phElement[] = {{u"strKeyElementNr", u"12"}};
 
 inline constexpr CommandForm phForms[] = {
-    {u"PH[element]", u"always", phElement, u"PH12"},
+    {u"PH[element]", {}, phElement, u"PH12"},
 };
 
 inline constexpr ResultRow phResults[] = {

@@ -16,28 +16,34 @@ inline constexpr TextView unreadableRequest = u"a key of the request is of a kin
 
 inline constexpr ParameterRow profileRequest[] = {
     required(key::strKeyPrefix, u"the family of elements, or the value of the header, that is asked for"),
-    needed(key::intKeyIndex,    u"for SR, RM, AP, OS, FFN, ST and RC", u"the element that is asked for, from 1 on; PPR, PGL and PPS take one as well"),
+    needed(key::intKeyIndex,    u"for SR, RM, AP, OS, FFN, ST and RC", u"the element that is asked for, from 1 on; "
+                                                                       u"PPR, PGL and PPS take one as well"),
 };
 
+inline constexpr TextView oneElement = u"for a value of the header (PSL: where there is one) and for one element";
+inline constexpr TextView numbered = u"for PCN and PSL (where there is one), PIN, and for one element";
 inline constexpr TextView manyElements = u"for a family that is read as a whole";
 
 inline constexpr ResultRow profileElements[] = {
-    sometimes(key::strKeyElement,        u"for a value of the header (PSL: where there is one) and for one element", u"the value, or the text of the element"),
-    sometimes(key::strKeyElementNr,      u"for PCN and PSL (where there is one), PIN, and for one element", u"the number of the element"),
+    sometimes(key::strKeyElement,        oneElement,   u"the value, or the text of the element"),
+    sometimes(key::strKeyElementNr,      numbered,     u"the number of the element"),
     sometimes(key::strKeyElement_list,   manyElements, u"the texts of the elements, from entry 1 on; entry 0 is empty"),
-    sometimes(key::strKeyElementNr_list, manyElements, u"the numbers of the elements, from entry 1 on; entry 0 is empty"),
+    sometimes(key::strKeyElementNr_list, manyElements, u"the numbers of the elements, from entry 1 on; entry 0 is "
+                                                       u"empty"),
     sometimes(key::strKeyCode,           u"for SR",             u"the code of the service"),
     sometimes(key::strKeyAirline,        u"for SR and FFN",     u"the airline"),
     sometimes(key::strKeyFFNbr,          u"for SR and FFN",     u"the frequent flyer's number"),
     sometimes(key::strKeyFreeText,       u"for SR and RC",      u"the free text"),
     sometimes(key::blnKeyAsterix,        u"for SR",             u"always False"),
-    sometimes(key::strKeyElNbrsArray,    u"for ALL",            u"the numbers of the transferable elements that are selected, from entry 1 on; entry 0 is empty"),
+    sometimes(key::strKeyElNbrsArray,    u"for ALL",            u"the numbers of the transferable elements that are "
+                                                                u"selected, from entry 1 on; entry 0 is empty"),
 };
 
 inline constexpr ErrorRow profileErrors[] = {
     {ClassCall::ProfileElements, 5065, emptyPrefix},
     {ClassCall::ProfileElements, 91,   u"there is no collection, or intKeyIndex is missing where it is needed"},
-    {ClassCall::ProfileElements, 13,   u"a key of the request is of a kind that cannot be read, or intKeyIndex is no whole number"},
+    {ClassCall::ProfileElements, 13,   u"a key of the request is of a kind that cannot be read, or intKeyIndex is no "
+                                       u"whole number"},
     {ClassCall::ProfileElements, 9,    u"intKeyIndex is below 1 for SR, RM, AP, OS, FFN, ST or RC"},
     {ClassCall::ProfileElements, 6,    u"intKeyIndex leaves 16 bits, or the display has no end"},
 };
@@ -48,7 +54,8 @@ inline constexpr ClassDescription profile{
     .elements = profileElements,
     .errors = profileErrors,
     .counts = u"Each family has a property that returns how many elements the display has, and keeps their lists.",
-    .remark = u"The elements are added to the collection that was passed. The call returns no collection, but for a "
+    .remark = u"A family that cannot be read, or an index beyond its elements, raises a number of the family's own. "
+              u"The elements are added to the collection that was passed. The call returns no collection, but for a "
               u"prefix that it does not know it returns the passed one.",
 };
 
@@ -57,7 +64,7 @@ inline constexpr ClassDescription profile{
 inline constexpr TextView notesCommands[] = {code::PN, code::PNE};
 
 inline constexpr ParameterRow notesParameters[] = {
-    required(key::strCommand, u"the command itself; any other text makes none", notesCommands),
+    required(key::strCommand, u"the command itself; any other text makes no command", notesCommands),
 };
 
 inline constexpr ExampleParameter notesDisplay[] = {{u"strCommand", u"PN"}};
@@ -80,7 +87,7 @@ inline constexpr ScreenFlag notesFlags[] = {
 inline constexpr TextView notesPrefix[] = {u"ProfileNotes"};
 
 inline constexpr ParameterRow notesRequest[] = {
-    required(key::strKeyPrefix,       u"ProfileNotes; blanks around it do not count", notesPrefix),
+    required(key::strKeyPrefix,       u"the word that asks for the notes; blanks around it do not count", notesPrefix),
     optional(key::strSearchString,    u"only notes whose line contains this text"),
     optional(key::strSearchQualifier, u"only notes whose line begins with this character"),
 };
@@ -89,8 +96,10 @@ inline constexpr TextView notesAsked = u"when strKeyPrefix is ProfileNotes";
 
 inline constexpr ResultRow notesElements[] = {
     sometimes(key::strKeyElement_list,   notesAsked, u"the texts of the notes, from entry 1 on; entry 0 is empty"),
-    sometimes(key::strKeyElementNr_list, notesAsked, u"the position of each note below the notes' header, from entry 1 on; entry 0 is empty"),
-    sometimes(key::strKeyQualifier_list, notesAsked, u"the first two characters of each note's line, from entry 1 on; entry 0 is empty"),
+    sometimes(key::strKeyElementNr_list, notesAsked, u"the position of each note below the notes' header, from entry "
+                                                     u"1 on; entry 0 is empty"),
+    sometimes(key::strKeyQualifier_list, notesAsked, u"the first two characters of each note's line, from entry 1 on; "
+                                                     u"entry 0 is empty"),
 };
 
 inline constexpr ErrorRow notesErrors[] = {

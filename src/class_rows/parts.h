@@ -85,12 +85,13 @@ inline constexpr TextView firstLineDecides =
 
 // What the two classes share that return the collection they are passed
 
-inline constexpr TextView asForCommand = u"as for the command";
+inline constexpr TextView asForCommand = u"when the command was made with it";
 
 // clang-format off
 inline constexpr ResultRow messageResults[] = {
     always(key::blnKeyResponseOK,  u"the host has accepted the command"),
-    always(key::strKeyErrorString, u"the host's message, whether it has accepted the command or not: line 1 of the screen"),
+    always(key::strKeyErrorString, u"the host's message, whether it has accepted the command or not: line 1 of the "
+                                   u"screen"),
 };
 // clang-format on
 
