@@ -1,6 +1,8 @@
 #include "cli/commands/describe.h"
 
 #include "cli/commands/nearest.h"
+#include "cli/io/failure.h"
+#include "cli/io/standard_io.h"
 #include "cli/io/utf.h"
 #include "cli/json/json_out.h"
 
@@ -71,6 +73,12 @@ std::string nameOf(ClassCall call) {
 
 std::string asArgument(const ExampleParameter& parameter) {
     return toUtf8(parameter.key) + "=" + toUtf8(parameter.value);
+}
+
+int runDescribe(const DescribeOptions& options) {
+    const bool isOne = !options.className.empty();
+    writeOutput(isOne ? describedClass(options.className, options.json) : describedClasses(options.json));
+    return success;
 }
 
 std::string describedClasses(bool json) { return json ? allAsJson() : classesAsText(); }

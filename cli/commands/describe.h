@@ -14,6 +14,14 @@ public:
     using std::runtime_error::runtime_error;
 };
 
+struct DescribeOptions {
+    std::string className;  ///< empty for all classes
+    bool json = false;
+};
+
+/// Writes what was asked for to standard output and returns the exit status. Raises UnknownClass.
+int runDescribe(const DescribeOptions& options);
+
 /// Every class with what it is for: lines of at most 80 characters, or one line of JSON.
 std::string describedClasses(bool json);
 

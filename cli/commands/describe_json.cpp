@@ -55,15 +55,15 @@ std::string nameOf(Need need) {
     return "optional";
 }
 
-std::string nameOf(MarkPlace place) {
-    switch (place) {
-        case MarkPlace::StartsLine: return "startsLine";
-        case MarkPlace::InLine: return "inLine";
-        case MarkPlace::NotOnScreen: return "notOnScreen";
-        case MarkPlace::SameLine: return "sameLine";
-        case MarkPlace::LineLater: return "lineLater";
-        case MarkPlace::EndsList: return "endsList";
-        case MarkPlace::OnScreen: break;
+std::string nameOf(MarkPosition position) {
+    switch (position) {
+        case MarkPosition::StartsLine: return "startsLine";
+        case MarkPosition::InLine: return "inLine";
+        case MarkPosition::NotOnScreen: return "notOnScreen";
+        case MarkPosition::SameLine: return "sameLine";
+        case MarkPosition::LineLater: return "lineLater";
+        case MarkPosition::EndsList: return "endsList";
+        case MarkPosition::OnScreen: break;
     }
     return "onScreen";
 }
@@ -114,8 +114,8 @@ void flags(JsonOut& out, std::span<const ScreenFlag> rows) {
     arrayMember(out, "screens", rows, [&](const ScreenFlag& row) {
         optionalMember(out, "flag", row.flag);
         member(out, "mark", row.mark);
-        member(out, "place", nameOf(row.place));
-        if (row.place == MarkPlace::StartsLine || row.place == MarkPlace::InLine) {
+        member(out, "position", nameOf(row.position));
+        if (row.position == MarkPosition::StartsLine || row.position == MarkPosition::InLine) {
             numberMember(out, "firstLine", row.firstLine);
             numberMember(out, "lastLine", row.lastLine);
         }

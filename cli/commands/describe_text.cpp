@@ -145,24 +145,24 @@ void addForms(Page& page, const ClassRow& row) {
     }
 }
 
-std::string placeOf(const ScreenFlag& flag) {
+std::string positionOf(const ScreenFlag& flag) {
     const std::string lines = std::to_string(flag.firstLine) + " to " + std::to_string(flag.lastLine);
-    switch (flag.place) {
-        case MarkPlace::StartsLine: return " begins one of the lines " + lines;
-        case MarkPlace::InLine: return " is in one of the lines " + lines;
-        case MarkPlace::NotOnScreen: return " is nowhere on the screen";
-        case MarkPlace::SameLine: return " is in the line with " + inQuotes(flag.other);
-        case MarkPlace::LineLater: return " is 80 characters or more after " + inQuotes(flag.other);
-        case MarkPlace::EndsList: return " is in the line that ends a company list";
-        case MarkPlace::OnScreen: break;
+    switch (flag.position) {
+        case MarkPosition::StartsLine: return " begins one of the lines " + lines;
+        case MarkPosition::InLine: return " is in one of the lines " + lines;
+        case MarkPosition::NotOnScreen: return " is nowhere on the screen";
+        case MarkPosition::SameLine: return " is in the line with " + inQuotes(flag.other);
+        case MarkPosition::LineLater: return " is 80 characters or more after " + inQuotes(flag.other);
+        case MarkPosition::EndsList: return " is in the line that ends a company list";
+        case MarkPosition::OnScreen: break;
     }
     return " is anywhere on the screen";
 }
 
 std::string describedFlag(const ScreenFlag& flag) {
-    const bool isSaid = flag.place == MarkPlace::SameLine || flag.place == MarkPlace::LineLater;
-    return (flag.command.empty() ? "" : "after " + toUtf8(flag.command) + ": ") + inQuotes(flag.mark) + placeOf(flag) +
-           (flag.other.empty() || isSaid ? "" : ", and " + inQuotes(flag.other) + " is shown");
+    const bool isSaid = flag.position == MarkPosition::SameLine || flag.position == MarkPosition::LineLater;
+    return (flag.command.empty() ? "" : "after " + toUtf8(flag.command) + ": ") + inQuotes(flag.mark) +
+           positionOf(flag) + (flag.other.empty() || isSaid ? "" : ", and " + inQuotes(flag.other) + " is shown");
 }
 
 void addFlags(Page& page, const ClassDescription& about) {

@@ -17,7 +17,7 @@ enum class PassedFor { Command, Screen };
 std::vector<std::string> unknownKeyWarnings(const ClassRow& row, PassedFor purpose,
                                             const BuiltInCollection& collection);
 
-/// Writes these warnings to standard error, each in a line.
+/// Writes these warnings to standard error, one per line.
 void warnAboutUnknownKeys(const ClassRow& row, PassedFor purpose, const BuiltInCollection& collection);
 
 }  // namespace vantro

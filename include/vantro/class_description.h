@@ -60,7 +60,7 @@ struct CommandForm {
 };
 
 /// Where a mark has to be for its flag. Lines count from 0.
-enum class MarkPlace : std::uint8_t {
+enum class MarkPosition : std::uint8_t {
     StartsLine,   ///< one of the lines begins with it
     InLine,       ///< one of the lines contains it
     OnScreen,     ///< anywhere on the screen
@@ -74,7 +74,7 @@ enum class MarkPlace : std::uint8_t {
 struct ScreenFlag {
     TextView flag;  ///< a result's key; empty for a mark that ends the search and sets no flag
     TextView mark;  ///< blanks at its end belong to it
-    MarkPlace place;
+    MarkPosition position;
     std::int16_t firstLine = 0;  ///< for `StartsLine` and `InLine`
     std::int16_t lastLine = 0;   ///< for `StartsLine` and `InLine`; included
     TextView other = {};         ///< a mark that the screen has to show as well; empty for none

@@ -11,7 +11,7 @@
 
 namespace vantro {
 
-/// One public class.
+/// One public class: how it is made, and all that there is to say about it.
 struct ClassRow {
     TextView name;
     bool hasProfileTrans;
@@ -20,7 +20,7 @@ struct ClassRow {
     std::span<const CountProperty> counts;
     TransErrors errors;
     std::unique_ptr<ProfileObject> (*creator)(Terminal& terminal, const TransErrors& errors);
-    ClassDescription description = {};
+    ClassDescription description = {};  ///< what it is for, takes and adds
 };
 
 /// All public classes: the transactions, then the two parsers.

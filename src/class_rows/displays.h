@@ -33,7 +33,7 @@ inline constexpr ResultRow pdResults[] = {
 
 inline constexpr Lines pdLines{0, 9};
 inline constexpr ScreenFlag pdFlags[] = {
-    {{}, u"TRAVELLER NAME NOT FOUND", MarkPlace::StartsLine, pdLines.first, pdLines.last},
+    {{}, u"TRAVELLER NAME NOT FOUND", MarkPosition::StartsLine, pdLines.first, pdLines.last},
     startsLine(key::blnKeyList,      mark::similarTravellers, pdLines),
     startsLine(key::blnKeyEndOfList, mark::noSuchElement,     pdLines),
     startsLine(key::blnKeyError,     u"UNABLE TO PROCESS",    pdLines),

@@ -243,7 +243,7 @@ inline constexpr ScreenFlag modeFlags[] = {
     answer(code::PE,  key::blnKeyResponseOK, u"END OF TRANSACTION COMPLETE"),
     answer(code::PEE, key::blnKeyResponseOK, exitedMark),
     answer(code::PI,  key::blnKeyResponseOK, ignoredMark),
-    answer(code::PIE, key::blnKeyResponseOK, exitedMark, MarkPlace::LineLater, ignoredMark),
+    answer(code::PIE, key::blnKeyResponseOK, exitedMark, MarkPosition::LineLater, ignoredMark),
 };
 
 inline constexpr ClassDescription mode{

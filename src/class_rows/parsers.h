@@ -81,7 +81,7 @@ inline constexpr ParameterRow notesState[] = {
 
 inline constexpr ScreenFlag notesFlags[] = {
     answer(code::PN,  key::blnKeyResponseOK, code::PNL),
-    answer(code::PNE, key::blnKeyResponseOK, u"TRANSACTION NOT ALLOWED", MarkPlace::NotOnScreen),
+    answer(code::PNE, key::blnKeyResponseOK, u"TRANSACTION NOT ALLOWED", MarkPosition::NotOnScreen),
 };
 
 inline constexpr TextView notesPrefix[] = {u"ProfileNotes"};

@@ -55,29 +55,29 @@ struct Lines {
 };
 
 constexpr ScreenFlag startsLine(const Key<bool>& flag, TextView mark, Lines lines, TextView other = {}) {
-    return {flag.name, mark, MarkPlace::StartsLine, lines.first, lines.last, other};
+    return {flag.name, mark, MarkPosition::StartsLine, lines.first, lines.last, other};
 }
 
 constexpr ScreenFlag inLine(const Key<bool>& flag, TextView mark, Lines lines) {
-    return {flag.name, mark, MarkPlace::InLine, lines.first, lines.last};
+    return {flag.name, mark, MarkPosition::InLine, lines.first, lines.last};
 }
 
 constexpr ScreenFlag onScreen(const Key<bool>& flag, TextView mark, TextView other = {}) {
-    return {flag.name, mark, MarkPlace::OnScreen, 0, 0, other};
+    return {flag.name, mark, MarkPosition::OnScreen, 0, 0, other};
 }
 
 constexpr ScreenFlag sameLine(const Key<bool>& flag, TextView mark, TextView other) {
-    return {flag.name, mark, MarkPlace::SameLine, 0, 0, other};
+    return {flag.name, mark, MarkPosition::SameLine, 0, 0, other};
 }
 
 constexpr ScreenFlag endsList(const Key<bool>& flag) {
-    return {flag.name, mark::endOfBlock, MarkPlace::EndsList, 0, 0, mark::similarCompanies};
+    return {flag.name, mark::endOfBlock, MarkPosition::EndsList, 0, 0, mark::similarCompanies};
 }
 
 /// The answer to one command of several.
 constexpr ScreenFlag answer(TextView command, const Key<bool>& flag, TextView mark,
-                            MarkPlace place = MarkPlace::OnScreen, TextView other = {}) {
-    return {flag.name, mark, place, 0, 0, other, command};
+                            MarkPosition position = MarkPosition::OnScreen, TextView other = {}) {
+    return {flag.name, mark, position, 0, 0, other, command};
 }
 
 inline constexpr TextView firstLineDecides =

@@ -126,22 +126,23 @@ TEST(Describe, SaysWhatAClassTakesAndWhatComesOut) {
 }
 
 TEST(Describe, SaysItAsJson) {
-    EXPECT_EQ(runTool({"describe", "CPDITrans", "--json"}).out,
-              R"({"class":"CPDITrans","purpose":"Displays a profile by its index.","interfaces":["IProfileTrans"],)"
-              R"("transactions":["PDI"],)"
-              R"("parameters":[{"key":"strKeyIndex","kind":"text","need":"required",)"
-              R"("meaning":"the index of the profile"}],)"
-              R"("commands":[{"form":"PDI/index","example":[{"key":"strKeyIndex","value":"2"}],"command":"PDI/2"}],)"
-              R"("passedCollection":"ignored","state":[],)"
-              R"("results":[{"key":"blnKeyCoProfile","kind":"boolean","meaning":"a company's profile is shown"},)"
-              R"({"key":"blnKeyTrProfile","kind":"boolean","meaning":"a traveller's profile is shown"}],)"
-              R"("screens":[{"flag":"blnKeyCoProfile","mark":"*C*","place":"startsLine","firstLine":0,"lastLine":5},)"
-              R"({"flag":"blnKeyTrProfile","mark":"*T*","place":"startsLine","firstLine":0,"lastLine":5}],)"
-              R"("screensRule":"The lines are looked at in turn, each for these marks in this order; the first match )"
-              R"(decides.","counts":[],)"
-              R"("errors":[{"call":"CreateCommand","number":5090,"meaning":"whatever fails in it"},)"
-              R"({"call":"VerifyResponse","number":5095,"meaning":"whatever fails in it"}]})"
-              "\n");
+    EXPECT_EQ(
+        runTool({"describe", "CPDITrans", "--json"}).out,
+        R"({"class":"CPDITrans","purpose":"Displays a profile by its index.","interfaces":["IProfileTrans"],)"
+        R"("transactions":["PDI"],)"
+        R"("parameters":[{"key":"strKeyIndex","kind":"text","need":"required",)"
+        R"("meaning":"the index of the profile"}],)"
+        R"("commands":[{"form":"PDI/index","example":[{"key":"strKeyIndex","value":"2"}],"command":"PDI/2"}],)"
+        R"("passedCollection":"ignored","state":[],)"
+        R"("results":[{"key":"blnKeyCoProfile","kind":"boolean","meaning":"a company's profile is shown"},)"
+        R"({"key":"blnKeyTrProfile","kind":"boolean","meaning":"a traveller's profile is shown"}],)"
+        R"("screens":[{"flag":"blnKeyCoProfile","mark":"*C*","position":"startsLine","firstLine":0,"lastLine":5},)"
+        R"({"flag":"blnKeyTrProfile","mark":"*T*","position":"startsLine","firstLine":0,"lastLine":5}],)"
+        R"("screensRule":"The lines are looked at in turn, each for these marks in this order; the first match )"
+        R"(decides.","counts":[],)"
+        R"("errors":[{"call":"CreateCommand","number":5090,"meaning":"whatever fails in it"},)"
+        R"({"call":"VerifyResponse","number":5095,"meaning":"whatever fails in it"}]})"
+        "\n");
 }
 
 TEST(Describe, WithoutAClassListsAllWithTheirPurpose) {

@@ -1,4 +1,4 @@
-// What the rows of the classes say about screens: each mark at its place makes its flag True, and nowhere else.
+// What the rows of the classes say about screens: each mark at its position makes its flag True, and nowhere else.
 #include "tests/support/driven_class.h"
 #include "tests/support/parameter_worlds.h"
 #include "tests/support/text.h"
@@ -15,7 +15,7 @@ namespace {
 
 constexpr int width = 80;
 constexpr int lastLine = 26;
-constexpr int otherLine = 1;  // where a second mark stands: the readers that want one look at this line
+constexpr int otherLine = 1;  // of a second mark: the readers that want one look at this line
 
 /// A blank screen that marks are written on; lines from 0, columns from 1.
 class Canvas {
@@ -89,8 +89,8 @@ std::vector<FlagCase> flagsWhere(Predicate fits) {
     return cases;
 }
 
-std::vector<FlagCase> flagsAt(std::initializer_list<MarkPlace> places) {
-    return flagsWhere([&](const ScreenFlag& flag) { return std::ranges::count(places, flag.place) > 0; });
+std::vector<FlagCase> flagsAt(std::initializer_list<MarkPosition> positions) {
+    return flagsWhere([&](const ScreenFlag& flag) { return std::ranges::count(positions, flag.position) > 0; });
 }
 
 std::string nameOfFlag(const testing::TestParamInfo<FlagCase>& test) {
@@ -100,7 +100,7 @@ std::string nameOfFlag(const testing::TestParamInfo<FlagCase>& test) {
 }
 
 class FlagOfALine : public ScreenFlagOf {};
-INSTANTIATE_TEST_SUITE_P(, FlagOfALine, testing::ValuesIn(flagsAt({MarkPlace::StartsLine, MarkPlace::InLine})),
+INSTANTIATE_TEST_SUITE_P(, FlagOfALine, testing::ValuesIn(flagsAt({MarkPosition::StartsLine, MarkPosition::InLine})),
                          nameOfFlag);
 
 TEST_P(FlagOfALine, IsSetByItsMarkInTheseLinesOnly) {
@@ -113,7 +113,7 @@ TEST_P(FlagOfALine, IsSetByItsMarkInTheseLinesOnly) {
 
 TEST_P(FlagOfALine, IsSetByItsMarkInTheseColumnsOnly) {
     const int line = isTakenByTheOther(flag().firstLine) ? flag().firstLine + 1 : flag().firstLine;
-    const bool isInside = flag().place == MarkPlace::InLine;
+    const bool isInside = flag().position == MarkPosition::InLine;
     EXPECT_EQ(isTrueOn(canvas().at(line, flag().mark, 2)), isInside);
     EXPECT_EQ(isTrueOn(canvas().at(line, flag().mark, 40)), isInside);
 }
@@ -131,7 +131,7 @@ TEST_P(MarkWithoutFlag, HidesWhatStandsBelowIt) {
 }
 
 class FlagOfAScreen : public ScreenFlagOf {};
-INSTANTIATE_TEST_SUITE_P(, FlagOfAScreen, testing::ValuesIn(flagsAt({MarkPlace::OnScreen})), nameOfFlag);
+INSTANTIATE_TEST_SUITE_P(, FlagOfAScreen, testing::ValuesIn(flagsAt({MarkPosition::OnScreen})), nameOfFlag);
 
 TEST_P(FlagOfAScreen, IsSetByItsMarkAnywhere) {
     EXPECT_FALSE(isTrueOn(canvas()));
@@ -142,7 +142,7 @@ TEST_P(FlagOfAScreen, IsSetByItsMarkAnywhere) {
 }
 
 class FlagOfTheSameLine : public ScreenFlagOf {};
-INSTANTIATE_TEST_SUITE_P(, FlagOfTheSameLine, testing::ValuesIn(flagsAt({MarkPlace::SameLine})), nameOfFlag);
+INSTANTIATE_TEST_SUITE_P(, FlagOfTheSameLine, testing::ValuesIn(flagsAt({MarkPosition::SameLine})), nameOfFlag);
 
 TEST_P(FlagOfTheSameLine, IsSetByItsMarkInTheOthersLine) {
     EXPECT_TRUE(isTrueOn(canvas().at(otherLine, flag().mark, 50)));
@@ -151,7 +151,7 @@ TEST_P(FlagOfTheSameLine, IsSetByItsMarkInTheOthersLine) {
 }
 
 class FlagOfALaterLine : public ScreenFlagOf {};
-INSTANTIATE_TEST_SUITE_P(, FlagOfALaterLine, testing::ValuesIn(flagsAt({MarkPlace::LineLater})), nameOfFlag);
+INSTANTIATE_TEST_SUITE_P(, FlagOfALaterLine, testing::ValuesIn(flagsAt({MarkPosition::LineLater})), nameOfFlag);
 
 TEST_P(FlagOfALaterLine, IsSetByItsMark80CharactersAfterTheOther) {
     EXPECT_FALSE(isTrueOn(canvas()));
@@ -162,7 +162,7 @@ TEST_P(FlagOfALaterLine, IsSetByItsMark80CharactersAfterTheOther) {
 }
 
 class FlagOfAnAbsentMark : public ScreenFlagOf {};
-INSTANTIATE_TEST_SUITE_P(, FlagOfAnAbsentMark, testing::ValuesIn(flagsAt({MarkPlace::NotOnScreen})), nameOfFlag);
+INSTANTIATE_TEST_SUITE_P(, FlagOfAnAbsentMark, testing::ValuesIn(flagsAt({MarkPosition::NotOnScreen})), nameOfFlag);
 
 TEST_P(FlagOfAnAbsentMark, IsSetWhereTheMarkIsNot) {
     EXPECT_TRUE(isTrueOn(canvas()));
@@ -170,7 +170,7 @@ TEST_P(FlagOfAnAbsentMark, IsSetWhereTheMarkIsNot) {
 }
 
 class FlagOfAListsEnd : public ScreenFlagOf {};
-INSTANTIATE_TEST_SUITE_P(, FlagOfAListsEnd, testing::ValuesIn(flagsAt({MarkPlace::EndsList})), nameOfFlag);
+INSTANTIATE_TEST_SUITE_P(, FlagOfAListsEnd, testing::ValuesIn(flagsAt({MarkPosition::EndsList})), nameOfFlag);
 
 TEST_P(FlagOfAListsEnd, IsSetByItsMarkBelowTheEntries) {
     const Canvas list = canvas()
@@ -182,24 +182,24 @@ TEST_P(FlagOfAListsEnd, IsSetByItsMarkBelowTheEntries) {
     EXPECT_FALSE(isTrueOn(list));
 }
 
-// All places
+// All positions
 
 class AnyScreenFlag : public ScreenFlagOf {
 protected:
-    /// The mark as its place wants it.
+    /// The mark at its position.
     Canvas shown(TextView mark) const {
-        switch (flag().place) {
-            case MarkPlace::StartsLine:
-            case MarkPlace::InLine: return canvas().at(flag().firstLine + (flag().other.empty() ? 0 : 1), mark);
-            case MarkPlace::SameLine: return canvas().at(otherLine, mark, 50);
-            case MarkPlace::EndsList:
+        switch (flag().position) {
+            case MarkPosition::StartsLine:
+            case MarkPosition::InLine: return canvas().at(flag().firstLine + (flag().other.empty() ? 0 : 1), mark);
+            case MarkPosition::SameLine: return canvas().at(otherLine, mark, 50);
+            case MarkPosition::EndsList:
                 return canvas()
                     .at(2, u"     COMPANY                         RECLOC     OFFICE")
                     .at(3, u"   1 KESTRELLO TOOLS                 Q2W3E4     NCEVN3101")
                     .at(4, mark);
-            case MarkPlace::OnScreen:
-            case MarkPlace::LineLater:
-            case MarkPlace::NotOnScreen: break;
+            case MarkPosition::OnScreen:
+            case MarkPosition::LineLater:
+            case MarkPosition::NotOnScreen: break;
         }
         return canvas().at(5, mark);
     }
@@ -209,7 +209,7 @@ INSTANTIATE_TEST_SUITE_P(, AnyScreenFlag,
                          nameOfFlag);
 
 TEST_P(AnyScreenFlag, TakesTheWholeMarkAndNoMore) {
-    const bool expected = flag().place != MarkPlace::NotOnScreen;
+    const bool expected = flag().position != MarkPosition::NotOnScreen;
     const Text mark(flag().mark);
     EXPECT_EQ(isTrueOn(shown(mark + u"x")), expected) << "the mark is complete";
     EXPECT_EQ(isTrueOn(shown(mark.substr(0, mark.size() - 1) + u"x")), !expected) << "its last character counts";

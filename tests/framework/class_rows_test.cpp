@@ -59,6 +59,7 @@ const std::vector<TextView> prefixes{
 // What all runs of one call came to.
 struct Observed {
     std::map<Text, std::set<Reading>> asked;
+    std::set<std::vector<Text>> askedInOrder;     ///< by each call
     std::map<Text, std::set<std::size_t>> added;  ///< the alternatives of `ItemValue`
     std::set<std::vector<Text>> complete;         ///< the keys added by each call that nothing failed in
     std::set<int> raised;
@@ -141,6 +142,7 @@ private:
 
     void note(const Record& record, bool failed) {
         for (const auto& [key, readings] : record.asked) observed_.asked[key].insert(readings.begin(), readings.end());
+        observed_.askedInOrder.insert(record.firstAsked);
         std::vector<Text> keys;
         for (const auto& [key, value] : record.added) {
             observed_.added[key].insert(value.index());
@@ -170,25 +172,36 @@ std::set<Reading> readingsOf(ValueKind kind) {
 }
 
 template <class Value>
-std::size_t place() {
+std::size_t alternative() {
     return ItemValue(Value()).index();
 }
 
 std::set<std::size_t> storedAs(ValueKind kind) {
     switch (kind) {
-        case ValueKind::String: return {place<Text>()};
-        case ValueKind::Boolean: return {place<bool>()};
-        case ValueKind::Integer: return {place<std::int16_t>()};
-        case ValueKind::StringList: return {place<TextList>()};
+        case ValueKind::String: return {alternative<Text>()};
+        case ValueKind::Boolean: return {alternative<bool>()};
+        case ValueKind::Integer: return {alternative<std::int16_t>()};
+        case ValueKind::StringList: return {alternative<TextList>()};
         case ValueKind::IntegerOrString: break;
     }
-    return {place<std::int16_t>(), place<Text>()};
+    return {alternative<std::int16_t>(), alternative<Text>()};
+}
+
+/// The keys of the rows that are among these, in the order of the rows.
+template <class Row>
+std::vector<Text> inOrderOf(std::span<const Row> rows, const std::vector<Text>& keys) {
+    std::vector<Text> ordered;
+    for (const Row& row : rows) {
+        if (std::ranges::count(keys, row.key) > 0) ordered.emplace_back(row.key);
+    }
+    return ordered;
 }
 
 void expectReads(std::span<const ParameterRow> rows, const Observed& observed) {
     std::map<Text, std::set<Reading>> expected;
     for (const ParameterRow& row : rows) expected[Text(row.key)] = readingsOf(row.kind);
     EXPECT_EQ(observed.asked, expected);
+    for (const std::vector<Text>& keys : observed.askedInOrder) EXPECT_EQ(keys, inOrderOf(rows, keys));
 }
 
 void expectAdds(std::span<const ResultRow> rows, const Observed& observed) {
@@ -204,13 +217,7 @@ void expectOrder(std::span<const ResultRow> rows, const Observed& observed) {
             observed.complete, [&](const std::vector<Text>& keys) { return std::ranges::count(keys, row.key) == 1; });
         EXPECT_EQ(isInAll, row.when.empty()) << utf8(row.key);
     }
-    for (const std::vector<Text>& keys : observed.complete) {
-        std::vector<Text> ordered;
-        for (const ResultRow& row : rows) {
-            if (std::ranges::count(keys, row.key) > 0) ordered.emplace_back(row.key);
-        }
-        EXPECT_EQ(keys, ordered);
-    }
+    for (const std::vector<Text>& keys : observed.complete) EXPECT_EQ(keys, inOrderOf(rows, keys));
 }
 
 // A call raises the number of the whole operation, or those that the row lists; each of these comes up.

@@ -39,7 +39,11 @@ void RecordingTerminal::noteUnread() {
     if (!lastAsked_.empty()) note(Reading::AsValue);
 }
 
-void RecordingTerminal::note(Reading reading) { record_.asked[std::exchange(lastAsked_, {})].insert(reading); }
+void RecordingTerminal::note(Reading reading) {
+    const Text key = std::exchange(lastAsked_, {});
+    if (!record_.asked.contains(key)) record_.firstAsked.push_back(key);
+    record_.asked[key].insert(reading);
+}
 
 TextView RecordingTerminal::ItemText(const ItemPtr& item, TextStore& store) {
     note(Reading::AsText);

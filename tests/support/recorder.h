@@ -16,6 +16,7 @@ enum class Reading { AsText, AsBoolean, AsValue };
 /// What one call did.
 struct Record {
     std::map<Text, std::set<Reading>> asked;
+    std::vector<Text> firstAsked;                   ///< the keys in the order in which each was first asked for
     std::vector<std::pair<Text, ItemValue>> added;  ///< in the order of the calls of `Add`
     int reports = 0;                                ///< calls of the error reporter
 };
