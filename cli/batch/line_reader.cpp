@@ -1,6 +1,6 @@
 #include "cli/batch/line_reader.h"
 
-#include "cli/json/json_in.h"
+#include "cli/json/input.h"
 
 #include <algorithm>
 #include <cstring>
@@ -14,7 +14,7 @@ constexpr std::string_view byteOrderMark = "\xEF\xBB\xBF";
 
 }  // namespace
 
-LineReader::LineReader(Source source, std::size_t maxLine, std::size_t block)
+LineReader::LineReader(ByteSource source, std::size_t maxLine, std::size_t block)
     : source_(std::move(source)), maxLine_(maxLine), block_(block), buffer_(block + jsonPadding) {}
 
 bool LineReader::isNextHere() {

@@ -1,10 +1,9 @@
 // Lines of a stream, one at a time, in memory bounded by the longest of them that is let in.
 #pragma once
 
-#include "cli/io/max_line.h"
+#include "cli/io/input_files.h"
 
 #include <cstddef>
-#include <functional>
 #include <optional>
 #include <span>
 #include <vector>
@@ -13,12 +12,9 @@ namespace vantro {
 
 class LineReader {
 public:
-    /// Fills the bytes as far as there is something to read and gives their number; 0 at the end.
-    using Source = std::function<std::size_t(std::span<char>)>;
-
     static constexpr std::size_t defaultBlock = std::size_t{256} * 1024;
 
-    explicit LineReader(Source source, std::size_t maxLine = defaultMaxLine, std::size_t block = defaultBlock);
+    explicit LineReader(ByteSource source, std::size_t maxLine = defaultMaxLine, std::size_t block = defaultBlock);
 
     /// The next line without its line end, or nothing at the end of the stream. It may be altered until the next
     /// call, with the one byte behind it, and `jsonPadding` bytes behind it may be looked at. A last line may lack
@@ -37,7 +33,7 @@ private:
     void leaveOutTooLong();
     std::span<char> takeUpTo(std::size_t lineEnd);
 
-    Source source_;
+    ByteSource source_;
     std::size_t maxLine_;
     std::size_t block_;
     std::vector<char> buffer_;

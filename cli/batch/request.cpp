@@ -1,6 +1,6 @@
 #include "cli/batch/request.h"
 
-#include "cli/commands/screen_input.h"
+#include "cli/io/screen_input.h"
 #include "cli/io/utf.h"
 
 #include <algorithm>
@@ -9,6 +9,8 @@
 namespace vantro {
 
 namespace {
+
+constexpr const char* wantedScreen = "a text or an array of texts is expected";
 
 // The count whose screen is a list of linked profiles; all others count in profile displays.
 constexpr TextView countOfResponse = u"RecLocCount";
@@ -25,6 +27,37 @@ bool hasCall(const ClassRow& row, Call call) {
 }
 
 }  // namespace
+
+void ScreenReader::clear() {
+    screen_.clear();
+    lines_ = 0;
+    inList_ = false;
+    null_ = false;
+}
+
+void ScreenReader::takeWanted(const JsonEvent& event) {
+    if (event.kind == JsonKind::String && !inList_) {
+        appendUtf16(event.text, screen_);
+    } else if (event.kind == JsonKind::String) {
+        addLine(event.text);
+    } else if (event.kind == JsonKind::StartArray && !inList_) {
+        inList_ = true;
+    } else if (event.kind == JsonKind::Null && !inList_) {
+        null_ = true;
+    } else if (event.kind != JsonKind::EndArray) {
+        refuse(wantedScreen);
+    }
+}
+
+// A line is padded when it turns out that another one follows.
+void ScreenReader::addLine(std::string_view line) {
+    screen_.resize(lines_ * screenWidth, u' ');
+    const std::size_t start = screen_.size();
+    appendUtf16(line, screen_);
+    ++lines_;
+    const std::size_t length = screen_.size() - start;
+    if (length > screenWidth) refuse(tooLongLine(lines_, length));
+}
 
 void RequestReader::read(std::span<char> line) {
     forget();

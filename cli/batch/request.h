@@ -1,7 +1,7 @@
 // One line of a batch: what is to be called, with what.
 #pragma once
 
-#include "cli/json/json_values.h"
+#include "cli/json/values.h"
 #include "vantro/registry.h"
 
 #include <array>
@@ -25,6 +25,23 @@ struct Request {
     TextView qualifier;
     TextView searchString;
     TextView searchQualifier;
+};
+
+/// A host screen: a string, or an array of strings, each one screen line of up to 80 characters.
+class ScreenReader final : public ValueReader {
+public:
+    bool isNull() const { return null_; }
+    const Text& screen() const { return screen_; }
+
+private:
+    void clear() override;
+    void takeWanted(const JsonEvent& event) override;
+    void addLine(std::string_view line);
+
+    Text screen_;
+    std::size_t lines_ = 0;
+    bool inList_ = false;
+    bool null_ = false;
 };
 
 /// Reads requests, one line after the other, and keeps its buffers from line to line.

@@ -1,8 +1,8 @@
 #include "cli/batch/response.h"
 
 #include "cli/io/utf.h"
-#include "cli/json/collection_json.h"
-#include "cli/json/json_out.h"
+#include "cli/json/collection.h"
+#include "cli/json/output.h"
 
 namespace vantro {
 

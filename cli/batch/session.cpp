@@ -17,6 +17,14 @@ constexpr TextView source = u"VantroProfileUtils";
 
 }  // namespace
 
+std::unique_ptr<ProfileObject> LinkedBackend::create(const ClassRow& row, Terminal& terminal) {
+    return createObject(row, terminal);
+}
+
+std::int16_t LinkedBackend::count(ProfileObject& object, const CountProperty& property, const CountRequest& request) {
+    return property.call(object, request);
+}
+
 const Reply& Session::call(const Request& request) {
     reply_.error.reset();
     reply_.reported.clear();

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "cli/commands/results_view.h"
-#include "cli/io/max_line.h"
+#include "cli/io/input_files.h"
 #include "vantro/built_in_terminal.h"
 #include "vantro/error.h"
 
@@ -10,10 +10,6 @@
 #include <functional>
 #include <memory>
 #include <string>
-
-namespace CLI {
-class App;
-}
 
 namespace vantro {
 
@@ -39,12 +35,6 @@ struct Question {
     std::function<std::string(const Error&)> advice = {};  ///< a sentence to add to an error, or ""
     std::string unknown = {};                              ///< what to say when the class does not know the prefix
 };
-
-/// Adds the options, without FILE.
-void addQueryOptions(CLI::App& command, QueryOptions& options);
-
-/// What `--help` says about files of several displays.
-extern const char* const manyDisplaysHelp;
 
 /// Asks each display of the file (standard input for "" and "-"), prints what the query added to its request and gives
 /// the exit status. A display that cannot be read and one without an answer are said on standard error.

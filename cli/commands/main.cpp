@@ -1,4 +1,33 @@
-#include "cli/commands/tool.h"
+// The tool as a process: its arguments, its streams, and what ends it.
+#include "cli/commands/command_line.h"
+#include "cli/io/failure.h"
+#include "cli/io/interrupt.h"
+#include "cli/io/standard_io.h"
+
+#include <exception>
+
+namespace {
+
+// The arguments are UTF-8. Returns the exit status.
+int runTool(int argc, const char* const* argv) {
+    using namespace vantro;
+    useBinaryStreams();
+    tameInterrupts();
+    try {
+        return runCommandLine(argc, argv);
+    } catch (const UsageError& problem) {
+        complain(problem.what());
+        return badUsage;
+    } catch (const Error& raised) {
+        complain("the call failed with " + describe(raised));
+        return callFailed;
+    } catch (const std::exception& problem) {
+        complain(problem.what());
+        return callFailed;
+    }
+}
+
+}  // namespace
 
 #ifdef _WIN32
 
@@ -16,7 +45,7 @@ int wmain(int argc, wchar_t** argv) {
     }
     std::vector<const char*> pointers;
     for (const std::string& argument : arguments) pointers.push_back(argument.c_str());
-    return vantro::runTool(argc, pointers.data());
+    return runTool(argc, pointers.data());
 }
 
 #else
@@ -42,7 +71,7 @@ void keepFreedMemory() {
 
 int main(int argc, char** argv) {
     keepFreedMemory();
-    return vantro::runTool(argc, argv);
+    return runTool(argc, argv);
 }
 
 #endif

@@ -2,19 +2,17 @@
 
 #include "cli/io/failure.h"
 #include "cli/io/utf.h"
+#include "cli/json/values.h"
 
 #include <algorithm>
 #include <charconv>
 #include <cstdio>
 #include <optional>
+#include <span>
 #include <string_view>
 #include <variant>
 
 namespace vantro {
-
-const char* const parameterHelp =
-    "A parameter. The key tells its kind: str... a text, bln... true or false, int... a whole number,\n"
-    "...() a list of texts: repeat KEY=VALUE, one for each entry from entry 0 on (an empty one is KEY=)";
 
 namespace {
 
@@ -132,6 +130,19 @@ void addParameters(const std::vector<std::string>& texts, BuiltInCollection& col
             collection.Add(key, valueOf(pair));
         }
     }
+}
+
+std::shared_ptr<BuiltInCollection> collectionFromJson(std::string json, const std::string& name) {
+    CollectionReader reader;
+    const std::size_t length = json.size();
+    json.append(jsonPadding, '\0');
+    reader.begin();
+    const JsonOutcome outcome = readJson(std::span(json).first(length), reader);
+    const std::string& problem = outcome.problem.empty() ? reader.fault() : outcome.problem;
+    if (!problem.empty()) {
+        throw UsageError(name + ": " + asClause(problem) + "; give the JSON object that verify --json printed");
+    }
+    return reader.collection();
 }
 
 }  // namespace vantro

@@ -5,7 +5,7 @@
 // behind the last end is a display too, one without an end.
 #pragma once
 
-#include "cli/io/max_line.h"
+#include "cli/io/input_files.h"
 #include "vantro/text.h"
 
 #include <algorithm>
@@ -17,9 +17,6 @@
 #include <string_view>
 
 namespace vantro {
-
-/// Fills the bytes as far as there is something to read and gives their number; 0 at the end.
-using ByteSource = std::function<std::size_t(std::span<char>)>;
 
 /// Breaks a text of lines without line ends (UTF-8, 80 characters a line) into lines. A text whose first block
 /// holds a line end before its very end goes through unchanged. A byte order mark is left out. In the place of a line
@@ -109,6 +106,28 @@ private:
     std::size_t line_ = 0;
     bool isUtf8_;
     bool containsStrayCarriageReturn_;
+};
+
+struct StreamedDisplay {
+    Text text;
+    std::string problem;  ///< why the display cannot be read, in words; empty for one that can
+};
+
+/// Reads in memory bounded by the longest display and the longest line that is let in.
+class DisplayStream {
+public:
+    /// The file's name in UTF-8, or "" and "-" for standard input. Raises UsageError for a file that cannot be opened.
+    DisplayStream(const std::string& file, std::size_t maxLine);
+
+    /// The next display, or nothing at the end. Raises StreamError.
+    std::optional<StreamedDisplay> next();
+
+private:
+    ChunkReader chunks_;
+    std::size_t maxLine_;
+    std::string chunk_;
+    std::optional<ChunkDisplays> displays_;  // of the chunk
+    std::size_t linesAbove_ = 0;             // the chunk
 };
 
 }  // namespace vantro

@@ -1,7 +1,6 @@
 #include "cli/io/input_files.h"
 
 #include "cli/io/failure.h"
-#include "cli/io/max_line.h"
 #include "cli/io/standard_io.h"
 
 #include <algorithm>
@@ -48,6 +47,11 @@ private:
 };
 
 }  // namespace
+
+std::string overLongLine(std::size_t line, std::size_t maxLine) {
+    return "line " + std::to_string(line) + " has more than " + std::to_string(maxLine) +
+           " bytes; --max-line lets longer lines in";
+}
 
 bool isStandardInput(const std::string& file) { return file.empty() || file == "-"; }
 

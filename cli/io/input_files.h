@@ -1,14 +1,23 @@
 // Files and standard input, read a block at a time.
 #pragma once
 
-#include "cli/io/displays.h"
-
 #include <cstddef>
 #include <cstdint>
+#include <functional>
+#include <span>
 #include <string>
 #include <vector>
 
 namespace vantro {
+
+/// Fills the bytes as far as there is something to read and returns their number; 0 at the end.
+using ByteSource = std::function<std::size_t(std::span<char>)>;
+
+/// The default length, in bytes, that no line of an input may exceed, so that memory stays bounded for any input.
+inline constexpr std::size_t defaultMaxLine = std::size_t{16} * 1024 * 1024;
+
+/// The message for a line (counted from 1) of more than `maxLine` bytes.
+std::string overLongLine(std::size_t line, std::size_t maxLine);
 
 /// True for the names that stand for standard input: "" and "-".
 bool isStandardInput(const std::string& file);

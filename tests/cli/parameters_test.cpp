@@ -1,7 +1,7 @@
 #include "cli/commands/parameters.h"
 
 #include "cli/io/failure.h"
-#include "cli/json/collection_json.h"
+#include "cli/json/collection.h"
 
 #include <gtest/gtest.h>
 
@@ -9,13 +9,17 @@ namespace vantro {
 
 namespace {
 
-std::string collected(const std::vector<std::string>& pairs) {
-    const auto collection = std::make_shared<BuiltInCollection>();
-    addParameters(pairs, *collection);
+std::string collectionJson(const CollectionPtr& collection) {
     std::string json;
     JsonOut out(json);
     writeCollection(collection, out);
     return json;
+}
+
+std::string collected(const std::vector<std::string>& pairs) {
+    const auto collection = std::make_shared<BuiltInCollection>();
+    addParameters(pairs, *collection);
+    return collectionJson(collection);
 }
 
 std::string refused(const std::string& pair) {
@@ -106,6 +110,23 @@ TEST(ControlCharacters, AreToldWithKeyAndPosition) {
               "entry 1 of strKey holds the control character U+000D at position 2");
     EXPECT_EQ(controlIn(true), "");
     EXPECT_EQ(controlIn(std::int16_t{10}), "");
+}
+
+TEST(CollectionJson, WhatWasWrittenIsReadBackTheSame) {
+    const std::string json = R"json({"strB":"x\ny","blnA":false,"intC":38,"strD()":["","1"],"strE()":[]})json";
+    EXPECT_EQ(collectionJson(collectionFromJson(json, "state")), json);
+    EXPECT_EQ(collectionFromJson("null", "state"), nullptr);
+}
+
+TEST(CollectionJson, AnythingElseIsRefusedWithTheNameOfItsSource) {
+    for (const char* json : {"", "[]", "7", "{\"a\":1.5}", "{\"a\":null}", "{\"a\":[1]}", "{\"a\":\"\\ud800\"}"}) {
+        try {
+            collectionFromJson(json, "the state");
+            ADD_FAILURE() << json;
+        } catch (const UsageError& problem) {
+            EXPECT_EQ(std::string(problem.what()).rfind("the state: ", 0), 0U) << problem.what();
+        }
+    }
 }
 
 }  // namespace

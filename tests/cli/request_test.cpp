@@ -1,6 +1,6 @@
 #include "cli/batch/request.h"
 
-#include "cli/json/collection_json.h"
+#include "cli/json/collection.h"
 
 #include <gtest/gtest.h>
 

@@ -1,8 +1,8 @@
 // Readers of the kinds of JSON value that the tool takes. Each is handed the events of one value.
 #pragma once
 
-#include "cli/json/json_in.h"
-#include "cli/json/json_out.h"
+#include "cli/json/input.h"
+#include "cli/json/output.h"
 #include "vantro/built_in_terminal.h"
 
 #include <memory>
@@ -61,23 +61,6 @@ private:
 
     TextList list_;
     bool inList_ = false;
-};
-
-/// A host screen: a string, or an array of strings, each one screen line of up to 80 characters.
-class ScreenReader final : public ValueReader {
-public:
-    bool isNull() const { return null_; }
-    const Text& screen() const { return screen_; }
-
-private:
-    void clear() override;
-    void takeWanted(const JsonEvent& event) override;
-    void addLine(std::string_view line);
-
-    Text screen_;
-    std::size_t lines_ = 0;
-    bool inList_ = false;
-    bool null_ = false;
 };
 
 /// A keyed collection: an object of texts, booleans, 16-bit integers and lists of texts; null for none.

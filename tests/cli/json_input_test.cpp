@@ -1,5 +1,5 @@
-#include "cli/json/json_text.h"
-#include "cli/json/json_in.h"
+#include "cli/json/input.h"
+#include "cli/json/text_checks.h"
 
 #include <gtest/gtest.h>
 

@@ -1,6 +1,5 @@
-#include "cli/json/json_values.h"
+#include "cli/json/values.h"
 
-#include "cli/commands/screen_input.h"
 #include "cli/io/utf.h"
 
 #include <algorithm>
@@ -14,7 +13,6 @@ namespace {
 
 constexpr const char* wantedText = "a text is expected";
 constexpr const char* wantedList = "an array of texts is expected";
-constexpr const char* wantedScreen = "a text or an array of texts is expected";
 constexpr const char* wantedCollection = "an object of keys and values is expected";
 constexpr const char* wantedItem =
     "a text, true or false, a whole number from -32768 to 32767 or an array of texts is expected";
@@ -65,37 +63,6 @@ void ListReader::takeWanted(const JsonEvent& event) {
     } else if (event.kind != JsonKind::EndArray) {
         refuse(wantedList);
     }
-}
-
-void ScreenReader::clear() {
-    screen_.clear();
-    lines_ = 0;
-    inList_ = false;
-    null_ = false;
-}
-
-void ScreenReader::takeWanted(const JsonEvent& event) {
-    if (event.kind == JsonKind::String && !inList_) {
-        appendUtf16(event.text, screen_);
-    } else if (event.kind == JsonKind::String) {
-        addLine(event.text);
-    } else if (event.kind == JsonKind::StartArray && !inList_) {
-        inList_ = true;
-    } else if (event.kind == JsonKind::Null && !inList_) {
-        null_ = true;
-    } else if (event.kind != JsonKind::EndArray) {
-        refuse(wantedScreen);
-    }
-}
-
-// A line is padded when it turns out that another one follows.
-void ScreenReader::addLine(std::string_view line) {
-    screen_.resize(lines_ * screenWidth, u' ');
-    const std::size_t start = screen_.size();
-    appendUtf16(line, screen_);
-    ++lines_;
-    const std::size_t length = screen_.size() - start;
-    if (length > screenWidth) refuse(tooLongLine(lines_, length));
 }
 
 void CollectionReader::clear() {

@@ -1,6 +1,4 @@
-#include "cli/json/json_text.h"
-
-#include "cli/io/utf.h"
+#include "cli/json/text_checks.h"
 
 #include <algorithm>
 #include <cstddef>
@@ -63,8 +61,6 @@ bool containsStrayControl(std::span<const char> text) {
     }
     return false;
 }
-
-bool isUtf8Text(std::span<const char> text) { return isUtf8({text.data(), text.size()}); }
 
 bool mendUnpairedSurrogates(std::span<char> text) {
     bool paired = true;

@@ -1,4 +1,4 @@
-#include "cli/json/json_out.h"
+#include "cli/json/output.h"
 
 #include "cli/io/utf.h"
 

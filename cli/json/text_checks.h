@@ -1,4 +1,4 @@
-// What is asked of a JSON text as a whole before it is read.
+// Checks of a JSON text as a whole, before it is read.
 #pragma once
 
 #include <span>
@@ -7,9 +7,6 @@ namespace vantro {
 
 /// True when a control character other than tab and line ends stands in the text, which no JSON allows.
 bool containsStrayControl(std::span<const char> text);
-
-/// True when the text is well-formed UTF-8.
-bool isUtf8Text(std::span<const char> text);
 
 /// Puts \uFFFD in the place of every escaped surrogate that has no partner. True when there was none.
 bool mendUnpairedSurrogates(std::span<char> text);
