@@ -12,7 +12,7 @@ namespace {
 
 constexpr const char* wantedScreen = "a text or an array of texts is expected";
 
-// The count whose screen is a list of linked profiles; all others count in profile displays.
+// This count reads a list of linked profiles; all others read profile displays.
 constexpr TextView countOfResponse = u"RecLocCount";
 
 std::optional<Call> callNamed(TextView name) {
@@ -49,7 +49,7 @@ void ScreenReader::takeWanted(const JsonEvent& event) {
     }
 }
 
-// A line is padded when it turns out that another one follows.
+// A line is padded only when another one follows.
 void ScreenReader::addLine(std::string_view line) {
     screen_.resize(lines_ * screenWidth, u' ');
     const std::size_t start = screen_.size();
@@ -142,7 +142,7 @@ void RequestReader::takeParams() {
     if (params_.isGiven() && require("params", params_)) request_.params = params_.collection();
 }
 
-// The selection and the qualifier are arguments of the call whatever the prefix; only "ALL" looks at them.
+// The selection and the qualifier are passed with every prefix; only "ALL" uses them.
 void RequestReader::takeArgumentsOfProfileElements() {
     takeScreen("display", display_);
     takeParams();
@@ -167,7 +167,7 @@ bool RequestReader::require(std::string_view member, const ValueReader& reader) 
     return reader.isGood();
 }
 
-// The first thing that is wrong is told.
+// Only the first problem is reported.
 void RequestReader::complainAbout(std::string_view member, std::string_view fault) {
     if (!problem_.empty()) return;
     problem_ = std::string(member) + ": " + std::string(fault);

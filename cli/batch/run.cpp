@@ -16,7 +16,7 @@ namespace {
 
 constexpr std::size_t fullOutput = std::size_t{64} * 1024;
 
-// Which lines were no requests, for the last word on standard error.
+// Counts the lines that are no requests, for the message at the end.
 struct BadLines {
     std::size_t lines = 0;
     std::size_t bad = 0;
@@ -35,7 +35,7 @@ struct BadLines {
     }
 };
 
-/// Responses that are still to be written, each a record.
+/// Responses that have not been written yet, each of them a record.
 class Responses {
 public:
     std::string& text() { return text_; }
@@ -61,7 +61,7 @@ public:
         while (const auto line = lines_.next()) {
             badLines_.count(!answer(*line));
             responses_.endOne();
-            // Someone who waits for the answer before the next request must get it.
+            // A client may wait for this response before it sends the next request.
             if (responses_.areMany() || !lines_.isNextHere()) responses_.write();
         }
         if (badLines_.bad == 0) return success;

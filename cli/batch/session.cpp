@@ -9,7 +9,7 @@ namespace vantro {
 
 namespace {
 
-// What automation clients know these two as.
+// The numbers by which automation clients know these two errors.
 constexpr int outOfMemory = 7;
 constexpr int internalError = 51;
 

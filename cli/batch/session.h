@@ -14,8 +14,8 @@
 
 namespace vantro {
 
-/// Creates and counts: the two steps that differ between the linked library and a registered server. Everything
-/// else goes through the object's interfaces.
+/// Creates objects and reads their counts: the two steps that differ between the linked library and a registered
+/// server. All other calls use the object's interfaces.
 class Backend {
 public:
     virtual ~Backend() = default;
@@ -40,7 +40,7 @@ public:
 /// What a call returned or raised, and what was reported during it.
 struct Reply {
     std::variant<Text, CollectionPtr, std::int16_t> result;
-    std::optional<Error> error;  ///< when there is one, the result means nothing
+    std::optional<Error> error;  ///< when there is one, the result is meaningless
     std::vector<int> reported;
 };
 
@@ -49,7 +49,7 @@ public:
     /// The backend must outlive the session.
     explicit Session(Backend& backend) : backend_(backend) {}
 
-    /// Makes the call. Whatever it raises is in the reply.
+    /// Makes the call. What it raises is in the reply, which is valid until the next call.
     const Reply& call(const Request& request);
 
 private:

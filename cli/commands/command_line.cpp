@@ -27,7 +27,7 @@ constexpr const char* toolName = "vantro-profile";
 
 // ---- Values of options
 
-/// Refuses whatever is no whole number from `smallest` to `largest`, in words that say so.
+/// Accepts whole numbers from `smallest` to `largest`.
 CLI::Validator wholeNumber(int smallest, int largest) {
     const auto check = [smallest, largest](const std::string& text) -> std::string {
         int number = 0;
@@ -107,14 +107,14 @@ std::string prefixesInTwoLines() {
 
 // ---- Words for what the parser refuses
 
-// An option without its value would otherwise be said to miss "1 required FILE".
+// The parser would say of an option without its value that it misses "1 required FILE".
 std::string missingValue(const CLI::ArgumentMismatch& problem) {
     const std::string words = problem.what();
     const std::string option = words.substr(0, words.find(':'));
     return option.starts_with("-") ? "the option " + option + " needs a value" : words;
 }
 
-// A word that is no subcommand would otherwise only be called a missing one.
+// The parser would say of an unknown subcommand only that one is missing.
 std::string describeProblem(const CLI::App& tool, const CLI::ParseError& problem) {
     const std::vector<std::string> unknown = tool.remaining();
     if (tool.get_subcommands().empty() && !unknown.empty())
@@ -194,7 +194,7 @@ int CommandLine::run(int argc, const char* const* argv) {
     return status_;
 }
 
-// What --help and --version print is output like any other, and may fail like it.
+// The output of --help and --version can fail like any other.
 int CommandLine::answer(const CLI::ParseError& question) const {
     std::ostringstream out;
     const int status = tool_.exit(question, out, out);

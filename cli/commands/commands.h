@@ -1,5 +1,5 @@
-// The subcommands: the options of each, and the function that runs it and returns the exit status. How the options are
-// written on a command line stands in command_line.cpp; the subcommand `batch` is a room of its own (batch/run.h).
+// The subcommands: the options of each, and the function that runs it and returns the exit status. command_line.cpp
+// defines how the options are written on the command line. `batch` is in batch/run.h.
 #pragma once
 
 #include "cli/commands/display_query.h"

@@ -13,7 +13,7 @@
 
 namespace vantro {
 
-/// What a query is made with.
+/// The arguments of a query.
 struct DisplayQuery {
     TextView className;
     std::shared_ptr<BuiltInCollection> request;
@@ -21,7 +21,7 @@ struct DisplayQuery {
     Text qualifier = {};
 };
 
-/// Where the displays are, and how the answers are printed.
+/// The file with the displays, and how the answers are printed.
 struct QueryOptions {
     std::string file;
     bool table = false;
@@ -29,15 +29,16 @@ struct QueryOptions {
     std::size_t maxLine = defaultMaxLine;
 };
 
-/// What is asked of every display.
+/// The query for every display.
 struct Question {
     std::function<DisplayQuery()> query;                   ///< a new one for each display
     std::function<std::string(const Error&)> advice = {};  ///< a sentence to add to an error, or ""
-    std::string unknown = {};                              ///< what to say when the class does not know the prefix
+    std::string unknown = {};                              ///< the message when the class does not know the prefix
 };
 
-/// Asks each display of the file (standard input for "" and "-"), prints what the query added to its request and gives
-/// the exit status. A display that cannot be read and one without an answer are said on standard error.
+/// Queries each display of the file (standard input for "" and "-"), prints the entries that the query added to its
+/// request and returns the exit status. A display that cannot be read and one without an answer are reported on
+/// standard error.
 int answerDisplays(const QueryOptions& options, const Question& question);
 
 }  // namespace vantro

@@ -1,4 +1,4 @@
-// The tool as a process: its arguments, its streams, and what ends it.
+// The tool as a process: arguments, streams and exit status.
 #include "cli/commands/command_line.h"
 #include "cli/io/failure.h"
 #include "cli/io/interrupt.h"
@@ -36,7 +36,7 @@ int runTool(int argc, const char* const* argv) {
 #include <string>
 #include <vector>
 
-// Windows hands over UTF-16.
+// Windows passes arguments in UTF-16.
 int wmain(int argc, wchar_t** argv) {
     std::vector<std::string> arguments;
     for (int i = 0; i < argc; ++i) {
@@ -50,7 +50,7 @@ int wmain(int argc, wchar_t** argv) {
 
 #else
 
-#include <cstdlib>  // tells whose C library this is
+#include <cstdlib>  // defines __GLIBC__ where it applies
 
 #if defined(__GLIBC__)
 #include <malloc.h>
@@ -58,7 +58,7 @@ int wmain(int argc, wchar_t** argv) {
 
 namespace {
 
-// Texts of some hundred kilobytes come and go: the system need not hear of each.
+// Texts of some hundred kilobytes are allocated and freed all the time: their memory is not returned to the system.
 void keepFreedMemory() {
 #if defined(__GLIBC__)
     constexpr int mebibyte = 1024 * 1024;

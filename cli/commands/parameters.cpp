@@ -50,7 +50,7 @@ std::optional<std::int16_t> wholeNumber(std::string_view digits) {
 }
 
 ItemValue number(const Pair& pair) {
-    // "intKeyArraySize" is read as a text, and an empty one means something else than 0.
+    // The library reads "intKeyArraySize" as a text, and an empty one does not mean 0.
     if (pair.key == "intKeyArraySize") return toUtf16(pair.value);
     if (const auto value = wholeNumber(pair.value)) return *value;
     throw UsageError(pair.key + " is a 16-bit integer; give a whole number from -32768 to 32767, not '" + pair.value +
@@ -80,7 +80,7 @@ std::string codePointName(char32_t character) {
     return name;
 }
 
-// `where` says which text it is.
+// `where` names the text in the message.
 void refuseControlsIn(TextView text, const std::string& where) {
     std::size_t position = 1;
     for (std::size_t at = 0; at < text.size(); ++position) {

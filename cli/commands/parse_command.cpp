@@ -31,7 +31,7 @@ struct Step {
     std::string failure;  // why the file ends early
 };
 
-/// Prints what comes of the files, in their order, and keeps count of what went wrong.
+/// Prints the results of the files, in their order, reports the problems and determines the exit status.
 class Printer {
 public:
     Printer(const ParseOptions& options, ProfileForm form)
@@ -124,7 +124,7 @@ public:
     std::optional<Piece> next() {
         if (file_ == files_.size()) return std::nullopt;
         Piece piece;
-        // A file that breaks is no reason to leave the others out.
+        // A file that cannot be read does not stop the others.
         try {
             if (!chunks_) chunks_.emplace(openInput(files_[file_]), ChunkReader::defaultBlock, maxLine_);
             if (std::optional<std::string> chunk = chunks_->next()) {

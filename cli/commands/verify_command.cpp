@@ -14,7 +14,8 @@ namespace vantro {
 
 namespace {
 
-// What the transaction's collection holds: the state, and the parameters over it. With neither, no collection.
+// The transaction's collection: the entries of the state, then the parameters, which replace them. Without either,
+// none.
 CollectionPtr collectionFor(const VerifyOptions& options) {
     std::shared_ptr<BuiltInCollection> collection;
     if (!options.stateFile.empty()) {
@@ -39,7 +40,7 @@ Text screenFor(const VerifyOptions& options) {
     return screenFromText(readAll(options.screenFile, options.maxLine));
 }
 
-// The count of a class as a collection of one, so that it is shown like results.
+// The counts of a class as a collection, so that they are shown like results.
 CollectionPtr countOf(const ClassRow& row, ProfileObject& object, TextView screen) {
     if (row.counts.empty()) throw UsageError(toUtf8(row.name) + " counts nothing; leave --count out");
     const auto counts = std::make_shared<BuiltInCollection>();

@@ -6,8 +6,8 @@
 
 namespace vantro {
 
-/// Writes a collection as an object, its keys in the order in which they were added; null for no collection.
-/// The collection must be one of the built-in terminal library.
+/// Writes a collection as an object with its keys in the order in which they were added, or null for no collection.
+/// The collection must be a `BuiltInCollection`.
 void writeCollection(const CollectionPtr& collection, JsonOut& out);
 
 /// Writes a list as an array of strings.

@@ -33,7 +33,7 @@ public:
     bool StartArray() { return pass({JsonKind::StartArray}); }
     bool EndArray(rapidjson::SizeType /*elements*/) { return pass({JsonKind::EndArray}); }
 
-    // Numbers come as they are spelled; the reader demands these all the same.
+    // Numbers arrive as text (RawNumber); the parser requires these functions to compile.
     bool Int(int /*number*/) { return false; }
     bool Uint(unsigned /*number*/) { return false; }
     bool Int64(std::int64_t /*number*/) { return false; }
@@ -61,8 +61,8 @@ std::string notJson(std::size_t offset, std::string_view why) {
 }  // namespace
 
 JsonOutcome readJson(std::span<char> text, JsonEvents& events) {
-    // The reader ends at a zero byte, takes some control characters inside strings when it reads many bytes at
-    // once, stops at an unpaired high surrogate and lets a low one through: all of that is settled before it runs.
+    // The parser ends at a zero byte, accepts some control characters inside strings when it reads many bytes at
+    // once, stops at an unpaired high surrogate and accepts an unpaired low one. So these are checked before it runs.
     if (containsStrayControl(text)) return {false, "not JSON: a control character stands in the text"};
     const bool paired = mendUnpairedSurrogates(text);
     const bool sound = isUtf8({text.data(), text.size()});

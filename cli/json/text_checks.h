@@ -5,10 +5,10 @@
 
 namespace vantro {
 
-/// True when a control character other than tab and line ends stands in the text, which no JSON allows.
+/// True when the text contains a control character other than tab and line ends, which JSON never allows.
 bool containsStrayControl(std::span<const char> text);
 
-/// Puts \uFFFD in the place of every escaped surrogate that has no partner. True when there was none.
+/// Replaces every escaped surrogate without its other half by \uFFFD. True when there was none.
 bool mendUnpairedSurrogates(std::span<char> text);
 
 }  // namespace vantro

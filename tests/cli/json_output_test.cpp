@@ -14,7 +14,7 @@ std::string asJson(TextView text) {
     return json;
 }
 
-TEST(JsonOut, CommasStandBetweenMembersAndElementsAlone) {
+TEST(JsonOut, CommasAreWrittenBetweenMembersAndElementsOnly) {
     std::string json;
     JsonOut out(json);
     out.beginObject();

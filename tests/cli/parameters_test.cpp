@@ -68,7 +68,7 @@ TEST(Parameters, AListReplacesTheOneOfTheState) {
     EXPECT_EQ(std::get<TextList>(collection.Item(u"strA()")->Value()), TextList{u"new"});
 }
 
-TEST(Parameters, WhatIsNoPairIsRefused) {
+TEST(Parameters, TextThatIsNoPairIsRefused) {
     EXPECT_EQ(refused("strKeyName"), "'strKeyName' is not KEY=VALUE; write for example strKeyName=SMITH");
 }
 
@@ -77,7 +77,7 @@ TEST(Parameters, AKeyWithoutAKindIsRefused) {
     EXPECT_EQ(refused("=x"), "the key '' tells no kind; keys begin with str, bln or int, or end in ()");
 }
 
-TEST(Parameters, AKeyOfOneValueGivenTwiceIsRefused) { EXPECT_THROW(collected({"strA=1", "strA=2"}), UsageError); }
+TEST(Parameters, ARepeatedKeyOfOneValueIsRefused) { EXPECT_THROW(collected({"strA=1", "strA=2"}), UsageError); }
 
 TEST(Parameters, BytesThatAreNotUtf8AreRefused) { EXPECT_EQ(refused("strA=\xFF"), "a parameter is not UTF-8"); }
 
@@ -103,7 +103,7 @@ TEST(ControlCharacters, AreFoundFromBothBlocks) {
     }
 }
 
-TEST(ControlCharacters, AreToldWithKeyAndPosition) {
+TEST(ControlCharacters, AreReportedWithKeyAndPosition) {
     EXPECT_EQ(controlIn(Text(u"SMITH\nPX3")), "strKey holds the control character U+000A at position 6");
     EXPECT_EQ(controlIn(Text(u"\u0085")), "strKey holds the control character U+0085 at position 1");
     EXPECT_EQ(controlIn(TextList{u"", u"\U0001F600\r"}),
@@ -112,7 +112,7 @@ TEST(ControlCharacters, AreToldWithKeyAndPosition) {
     EXPECT_EQ(controlIn(std::int16_t{10}), "");
 }
 
-TEST(CollectionJson, WhatWasWrittenIsReadBackTheSame) {
+TEST(CollectionJson, WrittenCollectionsAreReadBackUnchanged) {
     const std::string json = R"json({"strB":"x\ny","blnA":false,"intC":38,"strD()":["","1"],"strE()":[]})json";
     EXPECT_EQ(collectionJson(collectionFromJson(json, "state")), json);
     EXPECT_EQ(collectionFromJson("null", "state"), nullptr);
