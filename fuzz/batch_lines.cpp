@@ -1,5 +1,4 @@
 // A stream of bytes as a batch reads it: one response line a request line, whatever stands there.
-#include "cli/batch/backend.h"
 #include "cli/batch/line_reader.h"
 #include "cli/batch/request.h"
 #include "cli/batch/response.h"

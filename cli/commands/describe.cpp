@@ -4,7 +4,7 @@
 #include "cli/io/failure.h"
 #include "cli/io/standard_io.h"
 #include "cli/io/utf.h"
-#include "cli/json/json_out.h"
+#include "cli/json/output.h"
 
 #include <algorithm>
 #include <vector>

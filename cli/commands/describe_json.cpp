@@ -1,6 +1,6 @@
 // A class's row as JSON.
 #include "cli/commands/describe.h"
-#include "cli/json/json_out.h"
+#include "cli/json/output.h"
 
 #include <span>
 

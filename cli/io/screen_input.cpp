@@ -1,4 +1,4 @@
-#include "cli/commands/screen_input.h"
+#include "cli/io/screen_input.h"
 
 #include "cli/io/failure.h"
 #include "cli/io/utf.h"

@@ -1,5 +1,5 @@
-#include "cli/json/json_text.h"
-#include "cli/json/json_in.h"
+#include "cli/json/input.h"
+#include "cli/json/text_checks.h"
 
 #include <gtest/gtest.h>
 
@@ -21,7 +21,7 @@ Mended mend(std::string text) {
 
 TEST(JsonText, TabsAndLineEndsAreNoStrayControls) { EXPECT_FALSE(containsStrayControl(std::string("{\t\r\n}"))); }
 
-TEST(JsonText, EveryOtherControlIsStrayAtEveryPlace) {
+TEST(JsonText, EveryOtherControlIsStrayAtEveryPosition) {
     for (int control = 0; control < 0x20; ++control) {
         if (control == '\t' || control == '\n' || control == '\r') continue;
         for (const std::size_t place : {0U, 63U, 64U, 99U}) {
@@ -60,7 +60,7 @@ TEST(JsonText, AnEscapedBackslashBeforeUIsNoSurrogate) {
     EXPECT_FALSE(mend(R"("\\\ud83d")").paired);
 }
 
-TEST(JsonText, AnEscapeCutShortIsLeftToTheReader) {
+TEST(JsonText, AnIncompleteEscapeIsLeftToTheParser) {
     for (const char* text : {"\\", "\\u", "\\ud83", "\\ud83\"", "\"\\ud83d\\"}) {
         EXPECT_EQ(mend(text).text.size(), std::string(text).size());
     }
@@ -113,7 +113,7 @@ INSTANTIATE_TEST_SUITE_P(JsonIn, NotJson,
                                          std::string("{\0}", 3), std::string("{}\0", 3), std::string("[\"a\0b\"]", 7),
                                          "NaN", "[1] // remark", "\xFF", "\xEF\xBB\xBF{}"));
 
-TEST_P(NotJson, IsSaidToBeNone) {
+TEST_P(NotJson, IsReportedAsNotJson) {
     const Outcome outcome = readText(GetParam());
     EXPECT_FALSE(outcome.isJson);
     EXPECT_EQ(outcome.problem.rfind("not JSON", 0), 0U) << outcome.problem;
@@ -134,7 +134,7 @@ TEST(JsonIn, AnUnpairedSurrogateIsAProblemOfTheText) {
     }
 }
 
-TEST(JsonIn, NestingIsNoMatterOfTheStack) {
+TEST(JsonIn, NestingUsesNoStack) {
     constexpr std::size_t depth = 1'000'000;
     EXPECT_TRUE(readText(std::string(depth, '[') + std::string(depth, ']')).problem.empty());
     EXPECT_FALSE(readText(std::string(depth, '[')).isJson);

@@ -1,19 +1,12 @@
-#include "cli/batch/backend.h"
+#include "cli/batch/run.h"
+
 #include "cli/batch/line_reader.h"
 #include "cli/batch/request.h"
 #include "cli/batch/response.h"
-#include "cli/batch/session.h"
-#include "cli/commands/commands.h"
 #include "cli/io/failure.h"
-#include "cli/io/max_line.h"
 #include "cli/io/standard_io.h"
-#ifdef VANTRO_WITH_COM
-#include "cli/batch/com_backend.h"
-#endif
 
-#include <CLI/CLI.hpp>
-#include <cstddef>
-#include <memory>
+#include <span>
 #include <string>
 #include <vector>
 
@@ -23,7 +16,7 @@ namespace {
 
 constexpr std::size_t fullOutput = std::size_t{64} * 1024;
 
-// Which lines were no requests, for the last word on standard error.
+// Counts the lines that are no requests, for the message at the end.
 struct BadLines {
     std::size_t lines = 0;
     std::size_t bad = 0;
@@ -42,7 +35,7 @@ struct BadLines {
     }
 };
 
-/// Responses that are still to be written, each a record.
+/// Responses that have not been written yet, each of them a record.
 class Responses {
 public:
     std::string& text() { return text_; }
@@ -68,7 +61,7 @@ public:
         while (const auto line = lines_.next()) {
             badLines_.count(!answer(*line));
             responses_.endOne();
-            // Someone who waits for the answer before the next request must get it.
+            // A client may wait for this response before it sends the next request.
             if (responses_.areMany() || !lines_.isNextHere()) responses_.write();
         }
         if (badLines_.bad == 0) return success;
@@ -101,41 +94,8 @@ private:
     Responses responses_;
 };
 
-int runLinked(std::size_t maxLine) {
-    LinkedBackend backend;
-    return Batch(backend, maxLine).run();
-}
-
-#ifdef VANTRO_WITH_COM
-int runRegistered(std::size_t maxLine) {
-    ComBackend backend;
-    return Batch(backend, maxLine).run();
-}
-#endif
-
 }  // namespace
 
-void addBatchCommand(CLI::App& tool, int& status) {
-    CLI::App& command = *tool.add_subcommand("batch", "Answer requests, one JSON object a line, from standard input");
-    const auto maxLine = std::make_shared<std::size_t>(defaultMaxLine);
-    addMaxLine(command, *maxLine);
-    command.footer(
-        "Every line gets one response line; a line that is no request, or is longer than --max-line, gets an error,\n"
-        "and the next one is read. An interrupt lets the response that is being written go out whole.\n"
-        "Exit status: 0 when every line was a request, whatever it came to, 1 when one was not, 2 for bad usage.\n"
-        "\n"
-        "Example:\n"
-        "  echo '{\"class\":\"CPDNTrans\",\"call\":\"CreateCommand\",\"params\":{\"strKeyName\":\"SMITH\"}}' |\n"
-        "      vantro-profile batch");
-#ifdef VANTRO_WITH_COM
-    const CLI::Option& registered =
-        *command.add_flag("--com")->description("Call the registered COM server instead of the linked library");
-    command.callback([&status, &registered, maxLine] {
-        status = registered.empty() ? runLinked(*maxLine) : runRegistered(*maxLine);
-    });
-#else
-    command.callback([&status, maxLine] { status = runLinked(*maxLine); });
-#endif
-}
+int answerRequests(Backend& backend, std::size_t maxLine) { return Batch(backend, maxLine).run(); }
 
 }  // namespace vantro

@@ -1,4 +1,4 @@
-// JSON read as a stream of events. Nothing is built, so memory does not depend on what is read.
+// JSON read as a stream of events. No tree is built, so memory use does not depend on the input.
 #pragma once
 
 #include <cstddef>
@@ -29,18 +29,20 @@ protected:
     JsonEvents& operator=(const JsonEvents&) = default;
 };
 
-/// Writable bytes that must follow a text that is read: the first ends it, the others may be looked at.
+/// The number of writable bytes that must follow a text: the first becomes its terminating zero, the others may be
+/// read.
 inline constexpr std::size_t jsonPadding = 32;
 
-/// What became of a text. A text that is JSON but not sound text (broken UTF-8, an unpaired surrogate) is read
-/// to its end, with U+FFFD for what is broken.
+/// The outcome of reading a text. JSON with invalid characters (malformed UTF-8, an unpaired surrogate) is read to its
+/// end, with U+FFFD in place of each.
 struct JsonOutcome {
     bool isJson;
-    std::string problem;  ///< what is wrong and where; empty for JSON in sound text
+    std::string problem;  ///< what is wrong and where; empty for JSON with valid characters
 };
 
-/// Reads one JSON value. The text is decoded in place and is not the same afterwards; `jsonPadding` bytes behind
-/// it must be there. Nesting costs memory, never stack. A number beyond the range of a double is refused.
+/// Reads one JSON value and passes its parts to `events`. The text is decoded in place, which changes it, and
+/// `jsonPadding` bytes must follow it. Deep nesting uses heap memory, not stack. A number beyond the range of a double
+/// is an error.
 JsonOutcome readJson(std::span<char> text, JsonEvents& events);
 
 }  // namespace vantro

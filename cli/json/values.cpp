@@ -1,6 +1,5 @@
-#include "cli/json/json_values.h"
+#include "cli/json/values.h"
 
-#include "cli/commands/screen_input.h"
 #include "cli/io/utf.h"
 
 #include <algorithm>
@@ -14,12 +13,11 @@ namespace {
 
 constexpr const char* wantedText = "a text is expected";
 constexpr const char* wantedList = "an array of texts is expected";
-constexpr const char* wantedScreen = "a text or an array of texts is expected";
 constexpr const char* wantedCollection = "an object of keys and values is expected";
 constexpr const char* wantedItem =
     "a text, true or false, a whole number from -32768 to 32767 or an array of texts is expected";
 
-// A fraction or an exponent is left over by the conversion, a number that is too big refused by it.
+// The conversion stops before a fraction or an exponent and fails for a number out of range.
 std::optional<std::int16_t> wholeNumber(std::string_view spelled) {
     std::int16_t number = 0;
     const char* const end = spelled.data() + spelled.size();
@@ -65,37 +63,6 @@ void ListReader::takeWanted(const JsonEvent& event) {
     } else if (event.kind != JsonKind::EndArray) {
         refuse(wantedList);
     }
-}
-
-void ScreenReader::clear() {
-    screen_.clear();
-    lines_ = 0;
-    inList_ = false;
-    null_ = false;
-}
-
-void ScreenReader::takeWanted(const JsonEvent& event) {
-    if (event.kind == JsonKind::String && !inList_) {
-        appendUtf16(event.text, screen_);
-    } else if (event.kind == JsonKind::String) {
-        addLine(event.text);
-    } else if (event.kind == JsonKind::StartArray && !inList_) {
-        inList_ = true;
-    } else if (event.kind == JsonKind::Null && !inList_) {
-        null_ = true;
-    } else if (event.kind != JsonKind::EndArray) {
-        refuse(wantedScreen);
-    }
-}
-
-// A line is padded when it turns out that another one follows.
-void ScreenReader::addLine(std::string_view line) {
-    screen_.resize(lines_ * screenWidth, u' ');
-    const std::size_t start = screen_.size();
-    appendUtf16(line, screen_);
-    ++lines_;
-    const std::size_t length = screen_.size() - start;
-    if (length > screenWidth) refuse(tooLongLine(lines_, length));
 }
 
 void CollectionReader::clear() {
@@ -151,14 +118,14 @@ void CollectionReader::takeInList(const JsonEvent& event) {
     }
 }
 
-// What stands inside a value of a wrong kind is passed over, up to the end of that value.
+// Skips the contents of a value of a wrong kind, up to its end.
 void CollectionReader::takeNested(const JsonEvent& event) {
     if (event.kind == JsonKind::StartObject || event.kind == JsonKind::StartArray) ++unwantedDepth_;
     if (event.kind == JsonKind::EndObject || event.kind == JsonKind::EndArray) --unwantedDepth_;
     if (unwantedDepth_ == 0) place_ = Place::InObject;
 }
 
-// A key given twice: the last value counts, in the first one's place.
+// A key that occurs twice keeps its first position and takes its last value.
 void CollectionReader::add(ItemValue value) {
     if (!wrongKeys_.empty()) std::erase(wrongKeys_, key_);
     collection_->Add(key_, std::move(value));
@@ -170,7 +137,7 @@ void CollectionReader::addNumber(std::string_view spelled) {
 }
 
 void CollectionReader::markWrong() {
-    // The place is kept for a good value that may come later.
+    // Keeps the key's position: a correct value for the same key may follow.
     add(false);
     wrongKeys_.push_back(key_);
 }

@@ -1,4 +1,4 @@
-// JSON written into a buffer.
+// JSON, written into a text.
 #pragma once
 
 #include "vantro/text.h"
@@ -9,11 +9,11 @@
 
 namespace vantro {
 
-/// Whether JSON comes in one line or in lines with an indent of two blanks a level.
+/// JSON in one line, or in lines indented by two blanks per level.
 enum class JsonStyle { OneLine, Indented };
 
-/// Appends one JSON value to a text. Commas and colons come by themselves; that keys stand before members and that
-/// what is begun is ended is the caller's business.
+/// Appends one JSON value to a text and adds commas and colons. The caller must write a key before each member and
+/// close what it opens.
 class JsonOut {
 public:
     explicit JsonOut(std::string& out, JsonStyle style = JsonStyle::OneLine);
@@ -37,10 +37,10 @@ public:
     void boolean(bool value);
     void null();
 
-    /// A number as it is spelled, or a value that is JSON already.
+    /// A number in its original spelling, or any value that is JSON already.
     void raw(std::string_view json);
 
-    /// Begins anew: what comes next is another value.
+    /// Starts another value.
     void restart();
 
 private:

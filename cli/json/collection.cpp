@@ -1,7 +1,4 @@
-#include "cli/json/collection_json.h"
-
-#include "cli/io/failure.h"
-#include "cli/json/json_values.h"
+#include "cli/json/collection.h"
 
 #include <variant>
 
@@ -34,19 +31,6 @@ void writeCollection(const CollectionPtr& collection, JsonOut& out) {
         std::visit(ItemWriter{out}, entry.Value());
     }
     out.endObject();
-}
-
-std::shared_ptr<BuiltInCollection> collectionFromJson(std::string json, const std::string& name) {
-    CollectionReader reader;
-    const std::size_t length = json.size();
-    json.append(jsonPadding, '\0');
-    reader.begin();
-    const JsonOutcome outcome = readJson(std::span(json).first(length), reader);
-    const std::string& problem = outcome.problem.empty() ? reader.fault() : outcome.problem;
-    if (!problem.empty()) {
-        throw UsageError(name + ": " + asClause(problem) + "; give the JSON object that verify --json printed");
-    }
-    return reader.collection();
 }
 
 }  // namespace vantro

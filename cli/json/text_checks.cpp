@@ -1,6 +1,4 @@
-#include "cli/json/json_text.h"
-
-#include "cli/io/utf.h"
+#include "cli/json/text_checks.h"
 
 #include <algorithm>
 #include <cstddef>
@@ -39,7 +37,7 @@ bool isStrayControl(char character) {
     return isControl(character) && character != '\t' && character != '\n' && character != '\r';
 }
 
-// Without a way out of the loop, so that the compiler can look at many bytes at once.
+// No early exit from the loop, so that the compiler can vectorise it.
 bool containsControl(std::span<const char> text) {
     unsigned char found = 0;
     for (const char character : text) {
@@ -54,7 +52,7 @@ bool isLow(std::optional<unsigned> unit) { return unit && *unit >= 0xDC00 && *un
 }  // namespace
 
 bool containsStrayControl(std::span<const char> text) {
-    // Few blocks hold a control character at all.
+    // Few blocks contain a control character at all.
     constexpr std::size_t blockSize = 256;
     while (!text.empty()) {
         const auto block = text.first(std::min(blockSize, text.size()));
@@ -63,8 +61,6 @@ bool containsStrayControl(std::span<const char> text) {
     }
     return false;
 }
-
-bool isUtf8Text(std::span<const char> text) { return isUtf8({text.data(), text.size()}); }
 
 bool mendUnpairedSurrogates(std::span<char> text) {
     bool paired = true;

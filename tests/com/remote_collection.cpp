@@ -1,4 +1,4 @@
-#include "server/client/remote_collection.h"
+#include "tests/com/remote_collection.h"
 
 #include "server/com/error.h"
 

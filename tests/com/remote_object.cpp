@@ -1,14 +1,14 @@
-#include "server/client/remote_object.h"
+#include "tests/com/remote_object.h"
 
-#include "server/client/remote_collection.h"
 #include "server/com/array.h"
 #include "server/com/error.h"
+#include "tests/com/remote_collection.h"
 
 namespace vantro::com {
 
 namespace {
 
-// What the stand-in's reporter was told goes on to a reporter of this process.
+// Passes what was reported to the stand-in's reporter on to a reporter of this process.
 class ReportRelay {
 public:
     explicit ReportRelay(Terminal& terminal)
@@ -120,7 +120,7 @@ private:
         return entries;
     }
 
-    // The object that came back is the passed collection or a new one.
+    // The returned object is the passed collection or a new one.
     static CollectionPtr broughtBack(const Variant& result, const Ptr<IDispatch>& passed,
                                      const CollectionPtr& collection) {
         const Ptr<IDispatch> object = objectIn(result.get());

@@ -1,7 +1,7 @@
-#include "cli/json/json_in.h"
+#include "cli/json/input.h"
 
-#include "cli/io/failure.h"
-#include "cli/json/json_text.h"
+#include "cli/io/utf.h"
+#include "cli/json/text_checks.h"
 
 #if defined(__SSE2__)
 #define RAPIDJSON_SSE2
@@ -33,7 +33,7 @@ public:
     bool StartArray() { return pass({JsonKind::StartArray}); }
     bool EndArray(rapidjson::SizeType /*elements*/) { return pass({JsonKind::EndArray}); }
 
-    // Numbers come as they are spelled; the reader demands these all the same.
+    // Numbers arrive as text (RawNumber); the parser requires these functions to compile.
     bool Int(int /*number*/) { return false; }
     bool Uint(unsigned /*number*/) { return false; }
     bool Int64(std::int64_t /*number*/) { return false; }
@@ -52,18 +52,20 @@ private:
 constexpr unsigned readerFlags =
     rapidjson::kParseInsituFlag | rapidjson::kParseIterativeFlag | rapidjson::kParseNumbersAsStringsFlag;
 
-std::string notJson(std::size_t offset, const char* why) {
-    return "not JSON at byte " + std::to_string(offset + 1) + ": " + asClause(why);
+// `why` is a sentence.
+std::string notJson(std::size_t offset, std::string_view why) {
+    if (why.ends_with('.')) why.remove_suffix(1);
+    return "not JSON at byte " + std::to_string(offset + 1) + ": " + std::string(why);
 }
 
 }  // namespace
 
 JsonOutcome readJson(std::span<char> text, JsonEvents& events) {
-    // The reader ends at a zero byte, takes some control characters inside strings when it reads many bytes at
-    // once, stops at an unpaired high surrogate and lets a low one through: all of that is settled before it runs.
+    // The parser ends at a zero byte, accepts some control characters inside strings when it reads many bytes at
+    // once, stops at an unpaired high surrogate and accepts an unpaired low one. So these are checked before it runs.
     if (containsStrayControl(text)) return {false, "not JSON: a control character stands in the text"};
     const bool paired = mendUnpairedSurrogates(text);
-    const bool sound = isUtf8Text(text);
+    const bool sound = isUtf8({text.data(), text.size()});
 
     text.data()[text.size()] = '\0';
     rapidjson::InsituStringStream stream(text.data());

@@ -1,8 +1,8 @@
-// Readers of the kinds of JSON value that the tool takes. Each is handed the events of one value.
+// Readers of the kinds of JSON value that the tool accepts. Each receives the events of one value.
 #pragma once
 
-#include "cli/json/json_in.h"
-#include "cli/json/json_out.h"
+#include "cli/json/input.h"
+#include "cli/json/output.h"
 #include "vantro/built_in_terminal.h"
 
 #include <memory>
@@ -11,17 +11,17 @@
 
 namespace vantro {
 
-/// Takes one value of a wanted kind. A value of another kind is not an error by itself: whether it matters is
-/// known when the whole request has been read.
+/// Reads one value of an expected kind. A value of another kind is recorded as a fault, not raised: whether it matters
+/// is known only when the whole request has been read.
 class ValueReader : public JsonEvents {
 public:
-    /// Before the first event of a value; an earlier value is forgotten.
+    /// Called before the first event of a value; drops an earlier value.
     void begin();
-    /// Back to "not given".
+    /// Drops the value: `isGiven` is false again.
     void forget();
 
     bool isGiven() const { return given_; }
-    /// What is wrong with the value, such as "a text is expected"; empty for a good one.
+    /// What is wrong with the value, such as "a text is expected"; empty for a correct one.
     const std::string& fault() const { return fault_; }
     bool isGood() const { return given_ && fault_.empty(); }
 
@@ -63,27 +63,10 @@ private:
     bool inList_ = false;
 };
 
-/// A host screen: a string, or an array of strings, each one screen line of up to 80 characters.
-class ScreenReader final : public ValueReader {
-public:
-    bool isNull() const { return null_; }
-    const Text& screen() const { return screen_; }
-
-private:
-    void clear() override;
-    void takeWanted(const JsonEvent& event) override;
-    void addLine(std::string_view line);
-
-    Text screen_;
-    std::size_t lines_ = 0;
-    bool inList_ = false;
-    bool null_ = false;
-};
-
 /// A keyed collection: an object of texts, booleans, 16-bit integers and lists of texts; null for none.
 class CollectionReader final : public ValueReader {
 public:
-    /// The collection; null when none was given.
+    /// The collection; null for JSON null and when there was no value.
     const std::shared_ptr<BuiltInCollection>& collection() const { return collection_; }
 
 private:
@@ -121,7 +104,7 @@ private:
     Text decoded_;
 };
 
-/// Any value, dropped.
+/// Any value, ignored.
 class IgnoringReader final : public ValueReader {
 private:
     void clear() override {}

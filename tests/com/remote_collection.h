@@ -1,4 +1,4 @@
-// Collections of the built-in terminal library copied into the registered terminal's and back.
+// Copies collections of the built-in terminal library into the registered terminal's and back.
 #pragma once
 
 #include "server/com/late_call.h"

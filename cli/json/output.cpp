@@ -1,4 +1,4 @@
-#include "cli/json/json_out.h"
+#include "cli/json/output.h"
 
 #include "cli/io/utf.h"
 
@@ -10,7 +10,7 @@ namespace vantro {
 
 namespace {
 
-/// What the JSON library writes into.
+/// The output stream of the JSON library.
 class Sink {
 public:
     using Ch = char;
@@ -49,7 +49,7 @@ public:
             writer_);
     }
 
-    /// The text in UTF-8, until the next one.
+    /// The text in UTF-8; valid until the next call.
     const std::string& inUtf8(TextView text) {
         utf8_.clear();
         appendUtf8(text, utf8_);
