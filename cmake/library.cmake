@@ -4,12 +4,14 @@ add_library(VantroProfileUtils::VantroProfileUtils ALIAS vantro_profile_utils)
 
 set(public_headers
     vantro/built_in_terminal.h
+    vantro/class_description.h
     vantro/collection.h
     vantro/error.h
     vantro/families.h
     vantro/interfaces.h
     vantro/lists.h
     vantro/profile.h
+    vantro/profile_object.h
     vantro/registry.h
     vantro/terminal.h
     vantro/text.h

@@ -1,5 +1,4 @@
 // A stream of bytes read as a batch: one response line per request line, whatever it contains.
-#include "cli/batch/backend.h"
 #include "cli/batch/line_reader.h"
 #include "cli/batch/request.h"
 #include "cli/batch/response.h"

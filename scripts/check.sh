@@ -13,6 +13,7 @@ check_scripts() { shellcheck -x -S warning scripts/*.sh .ci/run; }
 
 main() {
     install_missing "${check_packages[@]}"
+    bash scripts/test-com.sh install x86 again
     check "format" strictly check_format
     check "shellcheck" strictly check_scripts
     build_and_test ci-clang # address and undefined-behaviour sanitizers, clang-tidy over every source

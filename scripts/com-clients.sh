@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
-# Runs the automation clients of the COM server under Wine: com-clients.sh x64|x86. The programs are built already,
-# in build/mingw-x64 or build/mingw-x86. Every run has a Wine prefix of its own and needs no display. The last line
-# is "N passed, N failed, N skipped".
+# com-clients.sh x64|x86: runs the automation clients of the COM server under Wine, from build/mingw-x64 or
+# build/mingw-x86, where scripts/test-com.sh has built them. A program or file that is missing is a failed test. Every
+# run has a Wine prefix of its own and needs no display. The last line is "N passed, N failed, N skipped".
 set -uo pipefail
 architecture=$1
 root=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)
@@ -24,7 +24,8 @@ run() {
     return $status
 }
 
-# count TITLE OUTPUT PATTERN-PASSED PATTERN-FAILED STATUS: adds a program's own counts; none is a failure.
+# count TITLE OUTPUT PATTERN-PASSED PATTERN-FAILED STATUS: adds the counts that a program prints. A program that prints
+# none has failed.
 count() {
     local good bad
     good=$(sed -nE "s/$3/\\1/p" <<<"$2" | tail -n 1)
@@ -38,7 +39,7 @@ count() {
     fi
 }
 
-# expect TITLE COMMAND...: one check of its own.
+# expect TITLE COMMAND...: one test, which passes when the command does.
 expect() {
     local output status=0
     output=$("${@:2}") || status=$?
@@ -77,38 +78,47 @@ run_scripts() {
     done
 }
 
-# The VBScript page of docs/com.md, in the system's own script host, which says nothing after an error: what it
-# prints is compared.
+# The script in docs/com.md, run by the system's own script host. That one prints nothing after an error, so the output
+# is compared with what the page says.
 # shellcheck disable=SC2016 # the marks of a code block
 document_script() {
-    local folder=$root/build/com/document-$architecture output
+    local folder=$root/build/com/document-$architecture
     mkdir -p "$folder"
     sed -n '/^```vbs$/,/^```$/p' "$root/docs/com.md" | sed '/^```/d' >"$folder/page.vbs"
-    output=$(cd "$folder" && run 60 wine cscript //nologo page.vbs | tr -d '\r')
-    diff <(sed -n '/^```text$/,/^```$/p' "$root/docs/com.md" | sed '/^```/d') <(printf '%s\n' "$output")
+    sed -n '/^```text$/,/^```$/p' "$root/docs/com.md" | sed '/^```/d' >"$folder/expected.txt"
+    if [[ ! -s $folder/page.vbs || ! -s $folder/expected.txt ]]; then
+        echo "docs/com.md has no script or no output of it"
+        return 1
+    fi
+    (cd "$folder" && run 60 wine cscript //nologo page.vbs | tr -d '\r') | diff "$folder/expected.txt" -
 }
 
-# The same batch, once with the linked library and once with the registered server.
+# The same batch, answered by the tool with its linked library and by the registered server.
 batch_both_ways() {
     local requests=$root/tests/com/batch.jsonl out=$root/build/com
+    local linked=$out/linked-$architecture.jsonl server=$out/server-$architecture.jsonl
+    rm -f "$linked" "$server"
     run 60 wine "$bin/vantro-profile.exe" --version >/dev/null || return 1
-    local linked=$out/linked-$architecture.jsonl com=$out/com-$architecture.jsonl
+    # Status 1 is right: one line of the batch is no request.
     timeout 60 wine "$bin/vantro-profile.exe" batch <"$requests" >"$linked" 2>/dev/null
-    timeout 60 wine "$bin/vantro-profile.exe" batch --com <"$requests" >"$com" 2>/dev/null
-    [[ $(wc -l <"$linked") == $(wc -l <"$requests") ]] && cmp "$linked" "$com"
+    (($? == 1)) || return 1
+    timeout 60 wine "$bin/vantro_com_batch.exe" <"$requests" >"$server" 2>/dev/null
+    (($? == 1)) || return 1
+    [[ -s $linked && $(wc -l <"$linked") == $(wc -l <"$requests") ]] && cmp "$linked" "$server"
+}
+
+# Prints the speeds of three kinds of call.
+benchmark() {
+    run 60 wine "$bin/vantro_com_benchmark.exe" >"$prefix.speeds"
+    cat "$prefix.speeds"
+    [[ $(grep -c ' calls a second' "$prefix.speeds") == 3 ]]
 }
 
 # registered NAME, unregistered NAME: regsvr32 with a library of this project.
 registered() { expect "regsvr32 $1.dll" run 60 wine regsvr32 /s "$bin/$1.dll"; }
 unregistered() { expect "regsvr32 /u $1.dll" run 60 wine regsvr32 /s /u "$bin/$1.dll"; }
 
-# What every terminal library has to serve.
-run_with_any_terminal() {
-    if grep -q '^```vbs$' "$root/docs/com.md" 2>/dev/null; then expect "the script of docs/com.md" document_script; fi
-    if [[ -f $root/tests/com/batch.jsonl ]]; then expect "batch with the server" batch_both_ways; fi
-}
-
-# The stand-in takes nobody's place: it cannot be registered while another terminal library is.
+# The stand-in never replaces a terminal library: it cannot be registered while another one is.
 stand_in_is_refused() { ! run 60 wine regsvr32 /s "$bin/VantroKestoFaces.dll"; }
 
 start
@@ -116,8 +126,10 @@ registered VantroKestoFaces
 registered VantroProfileUtils
 run_tests "early-bound client" vantro_com_tests.exe
 run_scripts
-run_with_any_terminal
-if [[ -f $bin/vantro_com_benchmark.exe ]]; then (cd "$bin" && run 60 wine vantro_com_benchmark.exe); fi
+expect "the script of docs/com.md" document_script
+expect "batch with the server" batch_both_ways
+expect "benchmark" benchmark
+cat "$prefix.speeds"
 unregistered VantroKestoFaces
 
 # The same with a terminal library of another making. It keeps numbers in another width, which one script asks for.
@@ -125,7 +137,8 @@ registered VantroForeignTerminal
 expect "the stand-in beside another terminal" stand_in_is_refused
 run_tests "client with a foreign terminal" vantro_foreign_tests.exe
 run_scripts search_and_paging.vbs
-run_with_any_terminal
+expect "the script of docs/com.md" document_script
+expect "batch with the server" batch_both_ways
 unregistered VantroForeignTerminal
 unregistered VantroProfileUtils
 wineserver -k >/dev/null 2>&1 </dev/null

@@ -1,19 +1,26 @@
 #!/usr/bin/env bash
-# test-com.sh [x64] [x86] [again]: builds the COM server for these kinds of Windows process, or for both, and runs its
-# clients: 64-bit ones under Wine, 32-bit ones in a private Debian root, because a 64-bit machine's own Wine need not run
-# those. "again" builds the libraries of both kinds once more and compares them byte for byte. Installs what is missing
-# (Debian). The last line is "N passed, N failed, N skipped".
+# test-com.sh [install] [x64] [x86] [again]: builds the COM server for these kinds of Windows process, or for both, and
+# runs its clients: 64-bit ones under Wine, 32-bit ones in a private Debian root, because a 64-bit machine's own Wine
+# need not run those. "again" builds the libraries of both kinds once more and compares them byte for byte. What is
+# missing is installed and downloaded at the beginning (Debian); with "install" nothing else is done. The last line is
+# "N passed, N failed, N skipped".
 set -euo pipefail
 cd "$(dirname "$0")/.."
 # shellcheck source=scripts/lib.sh
 source scripts/lib.sh
 
+install_only=
+if [[ ${1:-} == install ]]; then
+    install_only=yes
+    shift
+fi
 architectures=${*:-x64 x86}
+packages=()
 for architecture in $architectures; do
     case $architecture in
-        x64) install_missing "${com_x64_packages[@]}" ;;
-        x86) install_missing "${com_x86_packages[@]}" ;;
-        again) install_missing "${com_x64_packages[@]}" "${com_x86_packages[@]}" ;;
+        x64) packages+=("${com_x64_packages[@]}") ;;
+        x86) packages+=("${com_x86_packages[@]}") ;;
+        again) packages+=("${com_x64_packages[@]}" "${com_x86_packages[@]}") ;;
         *) echo "test-com.sh: $architecture is neither x64, x86 nor again" >&2 && exit 2 ;;
     esac
 done
@@ -43,11 +50,13 @@ check_library() {
 }
 export -f check_library
 
-# same_again ARCHITECTURE: the libraries of a second build, in another folder and without any cache, byte for byte.
+# same_again ARCHITECTURE: the libraries of a second build, in another folder, without any cache and without precompiled
+# headers, byte for byte.
 same_again() {
     local again=$root/build/com/again-$1 file
     rm -rf "$again"
-    cmake --preset "mingw-$1" -B "$again" -DVANTRO_BUILD_TESTS=OFF -DVANTRO_BUILD_EXAMPLES=OFF
+    cmake --preset "mingw-$1" -B "$again" -DVANTRO_BUILD_TESTS=OFF -DVANTRO_BUILD_EXAMPLES=OFF \
+        -DVANTRO_QUICK_TESTS=OFF
     CCACHE_DISABLE=1 cmake --build "$again" --target VantroProfileUtils VantroKestoFaces -j 2
     for file in VantroProfileUtils.dll VantroKestoFaces.dll; do
         cmp "$root/build/mingw-$1/bin/$file" "$again/bin/$file"
@@ -129,23 +138,28 @@ skip_x86() {
     skipped=$((skipped + 1))
 }
 
+# Downloads what the 32-bit clients run in, where they can run at all.
+install_private_root() {
+    if [[ -d $private_root || -n $(obstacle) ]]; then return; fi
+    mkdir -p "$(dirname "$private_root")"
+    export private_root
+    step "private root for 32-bit programs" bash -euo pipefail -c make_private_root
+}
+
 test_x86() {
     local reason
     reason=$(obstacle)
     if [[ -n $reason ]]; then skip_x86 "$reason" && return; fi
-    if [[ ! -d $private_root ]]; then
-        mkdir -p "$(dirname "$private_root")"
-        export private_root
-        if ! run_logged "private root for 32-bit programs" bash -euo pipefail -c make_private_root; then
-            skip_x86 "their private root could not be made" && return
-        fi
-    fi
     # A kernel without 32-bit programs cannot start them, whatever is installed.
     if ! run_privately /lib/ld-linux.so.2 --version >/dev/null 2>&1; then
         skip_x86 "this machine runs no 32-bit programs" && return
     fi
     count_closing_line "x86 clients" run_privately bash "$root/scripts/com-clients.sh" x86
 }
+
+install_missing "${packages[@]}"
+if [[ $architectures == *x86* ]]; then install_private_root; fi
+if [[ -n $install_only ]]; then exit; fi
 
 # No data as code (0x100), any address (0x40), in the whole address space (0x20).
 if [[ $architectures == *x64* ]]; then

@@ -67,7 +67,7 @@ void ComCollection::Add(TextView key, ItemValue value) {
     IDispatch* const collection = object();
     Bstr keyText(key);
     Variant stored = Variant::of(value);
-    // The terminal declares both by reference. The item that comes back is released at once.
+    // The terminal declares both by reference. The returned item is released at once.
     members_->add.call(collection, {borrowedByReference(keyText.receive()), borrowedByReference(stored.pointer())});
 }
 

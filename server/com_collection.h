@@ -1,4 +1,4 @@
-// The terminal's keyed collection and its items behind the library's interfaces.
+// The library's collection interfaces, implemented with the terminal's keyed collection and its items.
 #pragma once
 
 #include "server/com/late_call.h"
@@ -8,15 +8,15 @@
 
 namespace vantro::com {
 
-/// The operations of a collection and of its items. The terminal's own collections share theirs, so that names are
-/// looked up once a thread; a collection of another maker has its own.
+/// The operations of a collection and of its items. The terminal's own collections share one instance, so that names
+/// are looked up once per thread; any other collection has its own.
 struct CollectionMembers {
     Member add{u"Add"};
     Member item{u"Item"};
     Member value{u"Value"};
 };
 
-/// An item of the terminal. Its value is fetched when it is first asked for.
+/// An item of the terminal. Its value is fetched on first use.
 class ComItem final : public KeyedItem {
 public:
     ComItem(Ptr<IDispatch> object, std::shared_ptr<CollectionMembers> members)
@@ -36,9 +36,9 @@ private:
     mutable std::size_t firstIndex_ = 0;
 };
 
-/// A collection that the terminal owns, or one of the terminal's that was created for results. One that came in an
-/// argument looks at it when it is first used: an argument that an operation does not use is not judged. The first
-/// use raises 13 for anything but an object.
+/// A collection that the terminal owns, or one of the terminal's that was created for results. One from an
+/// argument reads the argument on first use, so an unused argument is never checked. The first use raises 13 for
+/// anything but an object.
 class ComCollection final : public KeyedCollection {
 public:
     explicit ComCollection(Ptr<IDispatch> object);
@@ -49,7 +49,7 @@ public:
     /// True when a use found that the argument is no object.
     static bool isRefused(const CollectionPtr& collection);
 
-    /// The terminal's object behind a collection that the library gives back; null for none.
+    /// The terminal's object of a collection that the library returns; null for none.
     static IDispatch* objectOf(const CollectionPtr& collection);
 
     void Add(TextView key, ItemValue value) override;

@@ -15,7 +15,7 @@ IDispatch* objectOf(const ItemPtr& item) {
 
 Ptr<IDispatch> newTerminalObject(const CLSID& clsid) {
     Ptr<IDispatch> object;
-    SetErrorInfo(0, nullptr);  // what is current now is of an earlier call
+    SetErrorInfo(0, nullptr);  // the current information belongs to an earlier call
     check(CoCreateInstance(clsid, nullptr, CLSCTX_INPROC_SERVER, IID_IDispatch, object.receiveAny()));
     if (!object) fail(Failure::ObjectNotSet);
     return object;
@@ -101,7 +101,7 @@ private:
     Member reportError_{u"ReportError"};
 };
 
-// What one thread holds of the terminal.
+// The terminal objects that one thread keeps.
 struct Helpers {
     ComFunctions functions;
     ComReporter reporter;

@@ -6,14 +6,14 @@
 
 namespace vantro::com {
 
-/// The terminal's library as the objects of this server see it. The helper objects are one a thread: created on
-/// first use and kept until the thread's apartment ends or the server is about to be unloaded.
+/// The terminal's library for the objects of this server. Each thread has its own helper objects: created on first use
+/// and kept until the thread's apartment ends or the server is about to be unloaded.
 Terminal& comTerminal();
 
-/// The operations of the terminal's own collections, as this thread knows them.
+/// This thread's operations of the terminal's own collections.
 std::shared_ptr<CollectionMembers> terminalMembers();
 
-/// Releases this thread's helper objects when they are the last ones; true when none is left in any thread.
+/// Releases this thread's helper objects if no other thread has any; true when none is left in any thread.
 bool releaseLastHelpers();
 
 }  // namespace vantro::com

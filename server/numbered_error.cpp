@@ -37,9 +37,9 @@ public:
         *about = GUID{};
         return S_OK;
     }
-    HRESULT STDMETHODCALLTYPE GetSource(BSTR* text) override { return give(error_.source(), text); }
-    HRESULT STDMETHODCALLTYPE GetDescription(BSTR* text) override { return give(error_.description(), text); }
-    HRESULT STDMETHODCALLTYPE GetHelpFile(BSTR* text) override { return give({}, text); }
+    HRESULT STDMETHODCALLTYPE GetSource(BSTR* text) override { return copyTo(error_.source(), text); }
+    HRESULT STDMETHODCALLTYPE GetDescription(BSTR* text) override { return copyTo(error_.description(), text); }
+    HRESULT STDMETHODCALLTYPE GetHelpFile(BSTR* text) override { return copyTo({}, text); }
     HRESULT STDMETHODCALLTYPE GetHelpContext(DWORD* context) override {
         if (context == nullptr) return E_POINTER;
         *context = 0;
@@ -55,9 +55,9 @@ public:
 private:
     ~NumberedError() = default;
 
-    static HRESULT give(TextView text, BSTR* given) {
-        if (given == nullptr) return E_POINTER;
-        return atBorder(IID_IErrorInfo, [&] { *given = newBstr(text); });
+    static HRESULT copyTo(TextView text, BSTR* target) {
+        if (target == nullptr) return E_POINTER;
+        return atBorder(IID_IErrorInfo, [&] { *target = newBstr(text); });
     }
 
     Error error_;

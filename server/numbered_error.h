@@ -1,4 +1,4 @@
-// The error information that is current while the terminal is told of an error.
+// The error information that is current while an error is reported to the terminal.
 #pragma once
 
 #include "server/com/ptr.h"
@@ -7,8 +7,8 @@
 
 namespace vantro::com {
 
-/// Error information with the error's source and description, and its number for those who ask for
-/// `INumberedError`: automation's own error information has no place for it.
+/// Error information with the error's source and description, and with its number under `INumberedError`: automation's
+/// own error information has no number.
 Ptr<IErrorInfo> numberedError(const Error& error);
 
 }  // namespace vantro::com

@@ -15,8 +15,8 @@ IDispatch* counted(IDispatch* object) {
     return object;
 }
 
-// The collection of a call. Where it turned out to be no object the caller hears of that and of nothing else: it is
-// the call that is wrong, not what the operation does with it.
+// The collection of a call. When it turns out to be no object, only that error is reported: the call is wrong, not what
+// the operation does with it.
 class CollectionArgument {
 public:
     explicit CollectionArgument(const VARIANT& argument) : collection_(ComCollection::from(argument)) {}
@@ -35,8 +35,8 @@ private:
     CollectionPtr collection_;
 };
 
-// The last two arguments of a query. Every entry goes back into the caller's array when it is changed, so that the
-// array holds the changes however the call ends.
+// The last two arguments of a query. Every changed entry is stored in the caller's array at once, so that the array has
+// the changes even when the call fails.
 class SelectionArguments final : public SelectionSource {
 public:
     SelectionArguments(const VARIANT* selection, const VARIANT& qualifier)
@@ -62,7 +62,7 @@ private:
     Text qualifierText_;
 };
 
-// The type library gives an object no interface that its class does not have.
+// The type library lists for a class only the interfaces that it implements.
 template <class Interface>
 Interface& had(Interface* offered) {
     if (offered == nullptr) fail(Failure::CannotCreateObject);
@@ -75,7 +75,7 @@ std::int16_t countOf(Served& served, TextView name, const CountRequest& request)
     return property->call(*served.object, request);
 }
 
-// The filters are of no use where there is nothing to filter, and are not looked at.
+// Without notes to filter, the filters are not read.
 std::int16_t countOfNotes(Served& served, TextView text, const VARIANT& searchString, const VARIANT& searchQualifier) {
     if (text.empty()) return countOf(served, u"ProfileNotesElementsCount", {text});
     const Text search = textIn(searchString);

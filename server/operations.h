@@ -7,7 +7,7 @@
 
 namespace vantro::com {
 
-/// The object that the operations work on, and what is known of its class.
+/// The object that the operations work on, and the row of its class.
 struct Served {
     const ClassRow& row;
     std::unique_ptr<ProfileObject> object;
@@ -24,7 +24,7 @@ HRESULT profileElements(Served& served, const IID& about, BSTR display, const VA
 /// A count property by its name.
 HRESULT count(Served& served, const IID& about, TextView name, BSTR text, SHORT* result) noexcept;
 
-/// A count property that gives its count as a variant.
+/// A count property that returns its count as a variant.
 HRESULT count(Served& served, const IID& about, TextView name, BSTR text, VARIANT* result) noexcept;
 
 HRESULT countNotes(Served& served, const IID& about, BSTR text, const VARIANT& searchString,

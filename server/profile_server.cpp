@@ -1,4 +1,4 @@
-// What `VantroProfileUtils.dll` is made of: the classes of the class table.
+// `VantroProfileUtils.dll`: the classes of the class table.
 #include "server/com/module.h"
 #include "server/com_terminal.h"
 #include "server/profile_server_object.h"

@@ -10,7 +10,7 @@ namespace vantro::com {
 
 namespace {
 
-// Each class below is one interface of an object; which of them an object has is the type library's business.
+// Each class below implements one interface of an object. The type library says which of them an object has.
 
 template <class Interface>
 class ServedHalf : public DispatchHalf<Interface> {

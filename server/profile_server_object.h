@@ -1,4 +1,4 @@
-// An object of a public class as COM sees it.
+// The COM object of a public class.
 #pragma once
 
 #include "server/com/composed_object.h"

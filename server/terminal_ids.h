@@ -1,5 +1,5 @@
-// The classes and interfaces of the terminal's library. It is closed: nothing else is known of it than these
-// identifiers and the names of its operations.
+// The classes and interfaces of the terminal's library. It is closed: only these identifiers and the names of its
+// operations are known.
 #pragma once
 
 #include "server/com/system.h"

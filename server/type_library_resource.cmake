@@ -1,10 +1,10 @@
 # Writes a type library as a resource script:
 #   cmake -DTYPES=<file.tlb> -DOUT=<file.rc> -P type_library_resource.cmake
-# widl notes the time of its run in the library, as a text and as a number. Both are left out here, so that the same
-# sources always give the same bytes.
+# widl writes the time of its run into the library, as a text and as a number. Both are removed here, so that the same
+# sources always produce the same bytes.
 file(READ ${TYPES} bytes HEX)
 
-# "Created by WIDL version 7.0 at Sun Nov 22 02:18:53 2026", a line feed, filling bytes, and the number behind the
+# "Created by WIDL version 7.0 at Sun Nov 22 02:18:53 2026", a line feed, filling bytes, and the number after the
 # mark of its kind (0x13).
 string(FIND "${bytes}" "43726561746564206279205749444c" note)
 if(note GREATER -1)
@@ -12,9 +12,9 @@ if(note GREATER -1)
     if(rest MATCHES "^([0-9a-f]*)20617420")
         string(FIND "${rest}" "20617420" at)
         math(EXPR time "${note} + ${at} + 8")
-        math(EXPR behind "${time} + 48")
+        math(EXPR afterTime "${time} + 48")
         string(SUBSTRING "${bytes}" 0 ${time} head)
-        string(SUBSTRING "${bytes}" ${behind} -1 tail)
+        string(SUBSTRING "${bytes}" ${afterTime} -1 tail)
         string(REPEAT "20" 24 blanks)
         string(REGEX REPLACE "^(0a(57)*1300)........" "\\100000000" tail "${tail}")
         set(bytes "${head}${blanks}${tail}")

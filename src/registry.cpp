@@ -1,6 +1,11 @@
-// The class table. A new class is one row: its error numbers stand here and nowhere else.
+// The class table. A new class is one row here, with its error numbers, and its description in src/class_rows/.
 #include "vantro/registry.h"
 
+#include "class_rows/displays.h"
+#include "class_rows/maintenance.h"
+#include "class_rows/name_search.h"
+#include "class_rows/office_lists.h"
+#include "class_rows/parsers.h"
 #include "framework/constants.h"
 #include "framework/text_ops.h"
 #include "profile/element_parser.h"
@@ -68,26 +73,26 @@ constexpr std::array rlpCounts{
 // Meant: CProfileMode and CProfileNotes share their numbers.
 // clang-format off
 constexpr std::array<ClassRow, 19> table{{
-    // name             interfaces      host      counts         {create, verify}  creator
-    {u"CPBITrans",      trans, !get,    pbi,      {},            {5385, 5390},     create<CPBITrans>},
-    {u"CPBNTrans",      trans, !get,    pbn,      {},            {none, 5035},     create<CPBNTrans>},
-    {u"CPCNTrans",      trans, !get,    pcn,      {},            {none, none},     create<CPCNTrans>},
-    {u"CPDATrans",      trans, !get,    pda,      {},            {none, 5105},     create<CPDATrans>},
-    {u"CPDITrans",      trans, !get,    pdi,      {},            {5090, 5095},     create<CPDITrans>},
-    {u"CPDMDTrans",     trans, !get,    pdmd,     {},            {none, none},     create<CPDMDTrans>},
-    {u"CPDNTrans",      trans, !get,    pdn,      {},            {none, 5075},     create<CPDNTrans>},
-    {u"CPDRTrans",      trans, !get,    pdr,      {},            {none, 5110},     create<CPDRTrans>},
-    {u"CPDTrans",       trans, !get,    pd,       {},            {5000, 5005},     create<CPDTrans>},
-    {u"CPDTTrans",      trans, !get,    pdt,      {},            {5020, 5025},     create<CPDTTrans>},
-    {u"CPHTrans",       trans, !get,    ph,       {},            {5080, 5085},     create<CPHTrans>},
-    {u"CPLCTrans",      trans, !get,    plc,      {},            {5135, 5140},     create<CPLCTrans>},
-    {u"CPLTTrans",      trans, !get,    plt,      {},            {5050, 5055},     create<CPLTTrans>},
-    {u"CProfileMode",   trans, !get,    mode,     {},            {5040, 5045},     create<CProfileMode>},
-    {u"CPXTrans",       trans, !get,    px,       {},            {5010, 5015},     create<CPXTrans>},
-    {u"CRLPTrans",      trans, !get,    rlp,      rlpCounts,     {none, 5130},     create<CRLPTrans>},
-    {u"CPTTrans",       trans, !get,    pt,       {},            {none, 5120},     create<CPTTrans>},
-    {u"CProfile",       !trans, get,    {},       profileCounts, {none, none},     create<CProfile>},
-    {u"CProfileNotes",  trans, get,     notes,    notesCounts,   {5040, 5045},     create<CProfileNotes>},
+    // name             interfaces      host      counts         {create, verify}  creator                description
+    {u"CPBITrans",      trans, !get,    pbi,      {},            {5385, 5390},     create<CPBITrans>,     rows::pbi},
+    {u"CPBNTrans",      trans, !get,    pbn,      {},            {none, 5035},     create<CPBNTrans>,     rows::pbn},
+    {u"CPCNTrans",      trans, !get,    pcn,      {},            {none, none},     create<CPCNTrans>,     rows::pcn},
+    {u"CPDATrans",      trans, !get,    pda,      {},            {none, 5105},     create<CPDATrans>,     rows::pda},
+    {u"CPDITrans",      trans, !get,    pdi,      {},            {5090, 5095},     create<CPDITrans>,     rows::pdi},
+    {u"CPDMDTrans",     trans, !get,    pdmd,     {},            {none, none},     create<CPDMDTrans>,    rows::pdmd},
+    {u"CPDNTrans",      trans, !get,    pdn,      {},            {none, 5075},     create<CPDNTrans>,     rows::pdn},
+    {u"CPDRTrans",      trans, !get,    pdr,      {},            {none, 5110},     create<CPDRTrans>,     rows::pdr},
+    {u"CPDTrans",       trans, !get,    pd,       {},            {5000, 5005},     create<CPDTrans>,      rows::pd},
+    {u"CPDTTrans",      trans, !get,    pdt,      {},            {5020, 5025},     create<CPDTTrans>,     rows::pdt},
+    {u"CPHTrans",       trans, !get,    ph,       {},            {5080, 5085},     create<CPHTrans>,      rows::ph},
+    {u"CPLCTrans",      trans, !get,    plc,      {},            {5135, 5140},     create<CPLCTrans>,     rows::plc},
+    {u"CPLTTrans",      trans, !get,    plt,      {},            {5050, 5055},     create<CPLTTrans>,     rows::plt},
+    {u"CProfileMode",   trans, !get,    mode,     {},            {5040, 5045},     create<CProfileMode>,  rows::mode},
+    {u"CPXTrans",       trans, !get,    px,       {},            {5010, 5015},     create<CPXTrans>,      rows::px},
+    {u"CRLPTrans",      trans, !get,    rlp,      rlpCounts,     {none, 5130},     create<CRLPTrans>,     rows::rlp},
+    {u"CPTTrans",       trans, !get,    pt,       {},            {none, 5120},     create<CPTTrans>,      rows::pt},
+    {u"CProfile",       !trans, get,    {},       profileCounts, {none, none},     create<CProfile>,      rows::profile},
+    {u"CProfileNotes",  trans, get,     notes,    notesCounts,   {5040, 5045},     create<CProfileNotes>, rows::notes},
 }};
 // clang-format on
 
@@ -99,11 +104,33 @@ constexpr bool namesAreUnique() {
 }
 static_assert(namesAreUnique());
 
+// Descriptions
+
+constexpr bool describesItsInterfaces(const ClassRow& row) {
+    const ClassDescription& about = row.description;
+    return !about.purpose.empty() && row.hasProfileTrans != about.forms.empty() &&
+           row.hasProfileGet != about.request.empty() && row.counts.empty() == about.counts.empty();
+}
+static_assert(std::ranges::all_of(table, describesItsInterfaces));
+
+constexpr bool flagsAreResults(const ClassRow& row) {
+    return std::ranges::all_of(row.description.flags, [&](const ScreenFlag& flag) {
+        return flag.flag.empty() || std::ranges::count(row.description.results, flag.flag, &ResultRow::key) == 1;
+    });
+}
+static_assert(std::ranges::all_of(table, flagsAreResults));
+
+constexpr bool examplesAreParameters(const ClassRow& row) {
+    for (const CommandForm& form : row.description.forms) {
+        for (const ExampleParameter& given : form.example) {
+            if (std::ranges::count(row.description.parameters, given.key, &ParameterRow::key) != 1) return false;
+        }
+    }
+    return true;
+}
+static_assert(std::ranges::all_of(table, examplesAreParameters));
+
 }  // namespace
-
-const TextList* ProfileObject::list(TextView /*name*/) const { return nullptr; }
-
-const FlagList* ProfileObject::flagList(TextView /*name*/) const { return nullptr; }
 
 std::span<const ClassRow> classTable() { return table; }
 

@@ -1,6 +1,6 @@
 #include "cli/batch/line_reader.h"
 
-#include "cli/json/json_in.h"
+#include "cli/json/input.h"
 
 #include <algorithm>
 #include <cstring>
@@ -14,7 +14,7 @@ constexpr std::string_view byteOrderMark = "\xEF\xBB\xBF";
 
 }  // namespace
 
-LineReader::LineReader(Source source, std::size_t maxLine, std::size_t block)
+LineReader::LineReader(ByteSource source, std::size_t maxLine, std::size_t block)
     : source_(std::move(source)), maxLine_(maxLine), block_(block), buffer_(block + jsonPadding) {}
 
 bool LineReader::isNextHere() {
@@ -34,12 +34,12 @@ std::optional<std::span<char>> LineReader::next() {
     const std::span<char> line = takeUpTo(scanned_);
     tooLong_ = tooLong_ || line.size() > maxLine_;
     if (tooLong_) return line.first(0);
-    // A stream of nothing but a byte order mark holds no line.
+    // A stream of a byte order mark alone contains no line.
     if (isLast && line.empty()) return std::nullopt;
     return line;
 }
 
-// What has been read of a line that is too long is not kept.
+// Drops what has been read of a line that is too long.
 void LineReader::leaveOutTooLong() {
     if (end_ - begin_ <= maxLine_) return;
     tooLong_ = true;
@@ -56,8 +56,8 @@ std::span<char> LineReader::takeUpTo(std::size_t lineEnd) {
     return line;
 }
 
-// What is left of the last block moves to the front; the buffer grows when one line fills it, up to the longest line
-// and a block.
+// The rest of the last block moves to the front. The buffer grows when one line fills it, up to the longest line
+// allowed and a block.
 void LineReader::readMore() {
     std::memmove(buffer_.data(), buffer_.data() + begin_, end_ - begin_);
     scanned_ -= begin_;

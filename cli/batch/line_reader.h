@@ -1,10 +1,9 @@
-// Lines of a stream, one at a time, in memory bounded by the longest of them that is let in.
+// Lines of a stream, one at a time, in memory bounded by the longest line allowed.
 #pragma once
 
-#include "cli/io/max_line.h"
+#include "cli/io/input_files.h"
 
 #include <cstddef>
-#include <functional>
 #include <optional>
 #include <span>
 #include <vector>
@@ -13,23 +12,20 @@ namespace vantro {
 
 class LineReader {
 public:
-    /// Fills the bytes as far as there is something to read and gives their number; 0 at the end.
-    using Source = std::function<std::size_t(std::span<char>)>;
-
     static constexpr std::size_t defaultBlock = std::size_t{256} * 1024;
 
-    explicit LineReader(Source source, std::size_t maxLine = defaultMaxLine, std::size_t block = defaultBlock);
+    explicit LineReader(ByteSource source, std::size_t maxLine = defaultMaxLine, std::size_t block = defaultBlock);
 
-    /// The next line without its line end, or nothing at the end of the stream. It may be altered until the next
-    /// call, with the one byte behind it, and `jsonPadding` bytes behind it may be looked at. A last line may lack
-    /// its line end; a byte order mark at the start of the stream is not part of a line. A line of more than `maxLine`
-    /// bytes comes empty.
+    /// The next line without its line end, or nothing at the end of the stream. The line and the byte after it may be
+    /// changed until the next call, and `jsonPadding` bytes after it may be read. The last line may lack its line end;
+    /// a byte order mark at the start of the stream is not part of a line. A line of more than `maxLine` bytes is
+    /// returned empty.
     std::optional<std::span<char>> next();
 
-    /// True when the line that came last had more than `maxLine` bytes.
+    /// True when the last line returned had more than `maxLine` bytes.
     bool wasTooLong() const { return tooLong_; }
 
-    /// True when the next line is already here, whole, so that `next` would not wait for more.
+    /// True when the whole next line has been read already, so that `next` would not wait for input.
     bool isNextHere();
 
 private:
@@ -37,12 +33,12 @@ private:
     void leaveOutTooLong();
     std::span<char> takeUpTo(std::size_t lineEnd);
 
-    Source source_;
+    ByteSource source_;
     std::size_t maxLine_;
     std::size_t block_;
     std::vector<char> buffer_;
-    std::size_t begin_ = 0;    // first byte not handed out
-    std::size_t scanned_ = 0;  // no line end stands between begin_ and here
+    std::size_t begin_ = 0;    // first byte not returned yet
+    std::size_t scanned_ = 0;  // there is no line end between begin_ and here
     std::size_t end_ = 0;      // one past the last byte read
     bool atStart_ = true;
     bool tooLong_ = false;

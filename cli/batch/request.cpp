@@ -1,6 +1,6 @@
 #include "cli/batch/request.h"
 
-#include "cli/commands/screen_input.h"
+#include "cli/io/screen_input.h"
 #include "cli/io/utf.h"
 
 #include <algorithm>
@@ -10,7 +10,9 @@ namespace vantro {
 
 namespace {
 
-// The count whose screen is a list of linked profiles; all others count in profile displays.
+constexpr const char* wantedScreen = "a text or an array of texts is expected";
+
+// This count reads a list of linked profiles; all others read profile displays.
 constexpr TextView countOfResponse = u"RecLocCount";
 
 std::optional<Call> callNamed(TextView name) {
@@ -25,6 +27,37 @@ bool hasCall(const ClassRow& row, Call call) {
 }
 
 }  // namespace
+
+void ScreenReader::clear() {
+    screen_.clear();
+    lines_ = 0;
+    inList_ = false;
+    null_ = false;
+}
+
+void ScreenReader::takeWanted(const JsonEvent& event) {
+    if (event.kind == JsonKind::String && !inList_) {
+        appendUtf16(event.text, screen_);
+    } else if (event.kind == JsonKind::String) {
+        addLine(event.text);
+    } else if (event.kind == JsonKind::StartArray && !inList_) {
+        inList_ = true;
+    } else if (event.kind == JsonKind::Null && !inList_) {
+        null_ = true;
+    } else if (event.kind != JsonKind::EndArray) {
+        refuse(wantedScreen);
+    }
+}
+
+// A line is padded only when another one follows.
+void ScreenReader::addLine(std::string_view line) {
+    screen_.resize(lines_ * screenWidth, u' ');
+    const std::size_t start = screen_.size();
+    appendUtf16(line, screen_);
+    ++lines_;
+    const std::size_t length = screen_.size() - start;
+    if (length > screenWidth) refuse(tooLongLine(lines_, length));
+}
 
 void RequestReader::read(std::span<char> line) {
     forget();
@@ -109,7 +142,7 @@ void RequestReader::takeParams() {
     if (params_.isGiven() && require("params", params_)) request_.params = params_.collection();
 }
 
-// The selection and the qualifier are arguments of the call whatever the prefix; only "ALL" looks at them.
+// The selection and the qualifier are passed with every prefix; only "ALL" uses them.
 void RequestReader::takeArgumentsOfProfileElements() {
     takeScreen("display", display_);
     takeParams();
@@ -134,7 +167,7 @@ bool RequestReader::require(std::string_view member, const ValueReader& reader) 
     return reader.isGood();
 }
 
-// The first thing that is wrong is told.
+// Only the first problem is reported.
 void RequestReader::complainAbout(std::string_view member, std::string_view fault) {
     if (!problem_.empty()) return;
     problem_ = std::string(member) + ": " + std::string(fault);

@@ -1,7 +1,7 @@
-// One line of a batch: what is to be called, with what.
+// One line of a batch: the call and its arguments.
 #pragma once
 
-#include "cli/json/json_values.h"
+#include "cli/json/values.h"
 #include "vantro/registry.h"
 
 #include <array>
@@ -21,13 +21,30 @@ struct Request {
     const Text* object = nullptr;          ///< the name of a kept instance, or null
     CollectionPtr params;                  ///< null for no collection
     TextView screen;                       ///< the response or the display
-    TextList* selection = nullptr;         ///< null when none was given
+    TextList* selection = nullptr;         ///< null when the request has none
     TextView qualifier;
     TextView searchString;
     TextView searchQualifier;
 };
 
-/// Reads requests, one line after the other, and keeps its buffers from line to line.
+/// A host screen: a string, or an array of strings, each one screen line of up to 80 characters.
+class ScreenReader final : public ValueReader {
+public:
+    bool isNull() const { return null_; }
+    const Text& screen() const { return screen_; }
+
+private:
+    void clear() override;
+    void takeWanted(const JsonEvent& event) override;
+    void addLine(std::string_view line);
+
+    Text screen_;
+    std::size_t lines_ = 0;
+    bool inList_ = false;
+    bool null_ = false;
+};
+
+/// Reads requests, one line after the other. Its buffers are reused from line to line.
 class RequestReader final : private JsonEvents {
 public:
     RequestReader() = default;
@@ -35,10 +52,10 @@ public:
     /// Reads a line, which is decoded in place (see `readJson`).
     void read(std::span<char> line);
 
-    /// What is wrong with the line, in words; empty for a well-formed request.
+    /// The problem with the line, for the response; empty for a well-formed request.
     const std::string& problem() const { return problem_; }
 
-    /// The request; for a well-formed one only.
+    /// The request; valid only when it is well-formed, until the next line is read.
     Request& request() { return request_; }
 
     /// The request's id as JSON; null when it has none, or when the line is no JSON object.

@@ -1,8 +1,8 @@
 #include "cli/batch/response.h"
 
 #include "cli/io/utf.h"
-#include "cli/json/collection_json.h"
-#include "cli/json/json_out.h"
+#include "cli/json/collection.h"
+#include "cli/json/output.h"
 
 namespace vantro {
 
@@ -42,7 +42,7 @@ void writeOutcome(const Reply& reply, JsonOut& out) {
     std::visit(ResultWriter{out}, reply.result);
 }
 
-// The caller's own collection and selection: the elements are found there, after a failure too.
+// The caller's own collection and selection, which the call changes even when it fails.
 void writeArguments(const Request& request, JsonOut& out) {
     if (request.params) {
         out.key("params");

@@ -9,13 +9,21 @@ namespace vantro {
 
 namespace {
 
-// What automation clients know these two as.
+// The numbers by which automation clients know these two errors.
 constexpr int outOfMemory = 7;
 constexpr int internalError = 51;
 
 constexpr TextView source = u"VantroProfileUtils";
 
 }  // namespace
+
+std::unique_ptr<ProfileObject> LinkedBackend::create(const ClassRow& row, Terminal& terminal) {
+    return createObject(row, terminal);
+}
+
+std::int16_t LinkedBackend::count(ProfileObject& object, const CountProperty& property, const CountRequest& request) {
+    return property.call(object, request);
+}
 
 const Reply& Session::call(const Request& request) {
     reply_.error.reset();

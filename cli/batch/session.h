@@ -1,9 +1,9 @@
-// The calls of one batch run, and the instances kept during it.
+// The calls of one batch run, the instances that are kept during it and where they come from.
 #pragma once
 
-#include "cli/batch/backend.h"
 #include "cli/batch/request.h"
 #include "vantro/built_in_terminal.h"
+#include "vantro/registry.h"
 
 #include <map>
 #include <memory>
@@ -14,10 +14,33 @@
 
 namespace vantro {
 
+/// Creates objects and reads their counts: the two steps that differ between the linked library and a registered
+/// server. All other calls use the object's interfaces.
+class Backend {
+public:
+    virtual ~Backend() = default;
+
+    /// A new instance. Raises 429 for a class that cannot be created.
+    virtual std::unique_ptr<ProfileObject> create(const ClassRow& row, Terminal& terminal) = 0;
+    virtual std::int16_t count(ProfileObject& object, const CountProperty& property, const CountRequest& request) = 0;
+
+protected:
+    Backend() = default;
+    Backend(const Backend&) = default;
+    Backend& operator=(const Backend&) = default;
+};
+
+/// The library that the tool is linked with.
+class LinkedBackend final : public Backend {
+public:
+    std::unique_ptr<ProfileObject> create(const ClassRow& row, Terminal& terminal) override;
+    std::int16_t count(ProfileObject& object, const CountProperty& property, const CountRequest& request) override;
+};
+
 /// What a call returned or raised, and what was reported during it.
 struct Reply {
     std::variant<Text, CollectionPtr, std::int16_t> result;
-    std::optional<Error> error;  ///< when there is one, the result means nothing
+    std::optional<Error> error;  ///< when there is one, the result is meaningless
     std::vector<int> reported;
 };
 
@@ -26,7 +49,7 @@ public:
     /// The backend must outlive the session.
     explicit Session(Backend& backend) : backend_(backend) {}
 
-    /// Makes the call. Whatever it raises is in the reply.
+    /// Makes the call. What it raises is in the reply, which is valid until the next call.
     const Reply& call(const Request& request);
 
 private:

@@ -1,23 +1,17 @@
 #include "cli/commands/commands.h"
 #include "cli/commands/table.h"
+#include "cli/io/failure.h"
 #include "cli/io/standard_io.h"
 #include "cli/io/utf.h"
-#include "cli/json/json_out.h"
+#include "cli/json/output.h"
 #include "vantro/registry.h"
 
-#include <CLI/CLI.hpp>
-#include <memory>
 #include <string>
 #include <vector>
 
 namespace vantro {
 
 namespace {
-
-struct ClassesOptions {
-    bool table = false;
-    bool json = false;
-};
 
 std::vector<TextView> interfacesOf(const ClassRow& row) {
     std::vector<TextView> names;
@@ -83,13 +77,9 @@ std::string asJson() {
 
 }  // namespace
 
-void addClassesCommand(CLI::App& tool, int& /*status*/) {
-    CLI::App& command = *tool.add_subcommand("classes", "List the classes, their interfaces and host transactions");
-    const auto options = std::make_shared<ClassesOptions>();
-    auto* const table = command.add_flag("--table", options->table, "Print a table, which it does without it, too");
-    command.add_flag("--json", options->json, "Print one JSON array, the counts by name")->excludes(table);
-    command.footer("Example:\n  vantro-profile classes --json");
-    command.callback([options] { writeOutput(options->json ? asJson() : asTable()); });
+int runClasses(const ClassesOptions& options) {
+    writeOutput(options.json ? asJson() : asTable());
+    return success;
 }
 
 }  // namespace vantro

@@ -1,18 +1,72 @@
-// The subcommands. Each adds itself to the tool; when it has been chosen it runs and leaves the exit status.
+// The subcommands: the options of each, and the function that runs it and returns the exit status. command_line.cpp
+// defines how the options are written on the command line. `batch` is in batch/run.h.
 #pragma once
 
-namespace CLI {
-class App;
-}
+#include "cli/commands/display_query.h"
+#include "cli/io/input_files.h"
+
+#include <cstddef>
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <vector>
 
 namespace vantro {
 
-void addClassesCommand(CLI::App& tool, int& status);
-void addCommandCommand(CLI::App& tool, int& status);
-void addVerifyCommand(CLI::App& tool, int& status);
-void addBatchCommand(CLI::App& tool, int& status);
-void addParseCommand(CLI::App& tool, int& status);
-void addElementsCommand(CLI::App& tool, int& status);
-void addNotesCommand(CLI::App& tool, int& status);
+struct ClassesOptions {
+    bool table = false;
+    bool json = false;
+};
+
+struct CommandOptions {
+    std::string className;
+    std::vector<std::string> parameters;  ///< KEY=VALUE, see `addParameters`
+    bool raw = false;                     ///< lets control characters through
+};
+
+struct VerifyOptions {
+    std::string className;
+    std::vector<std::string> parameters;
+    std::string screenFile;
+    std::string stateFile;  ///< "" for none
+    bool table = false;
+    bool json = false;
+    bool count = false;  ///< asks for the class's counts instead of its results
+    std::size_t maxLine = defaultMaxLine;
+};
+
+struct ParseOptions {
+    std::vector<std::string> files;  ///< empty for standard input
+    bool table = false;
+    bool json = false;
+    bool pretty = false;
+    std::size_t threads = 1;
+    std::size_t maxLine = defaultMaxLine;
+};
+
+struct ElementsOptions {
+    std::string prefix;
+    std::optional<std::int16_t> index;
+    std::vector<std::string> selection;
+    std::string qualifier;
+    QueryOptions common;
+};
+
+struct NotesOptions {
+    std::string search;
+    std::string qualifier;
+    QueryOptions common;
+};
+
+// All of them raise UsageError for options that cannot be carried out, and StreamError.
+int runClasses(const ClassesOptions& options);
+int runCommand(const CommandOptions& options);
+int runVerify(const VerifyOptions& options);
+int runParse(ParseOptions options);
+int runElements(const ElementsOptions& options);
+int runNotes(const NotesOptions& options);
+
+/// The prefixes that `elements` knows, with blanks between them.
+std::string knownPrefixes();
 
 }  // namespace vantro

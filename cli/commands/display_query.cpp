@@ -1,24 +1,17 @@
 #include "cli/commands/display_query.h"
 
-#include "cli/io/display_stream.h"
+#include "cli/io/displays.h"
 #include "cli/io/failure.h"
 #include "cli/io/input_files.h"
 #include "cli/io/standard_io.h"
 #include "vantro/registry.h"
 
-#include <CLI/CLI.hpp>
 #include <algorithm>
 #include <optional>
 #include <utility>
 #include <vector>
 
 namespace vantro {
-
-const char* const manyDisplaysHelp =
-    "Each display of the file gets an answer: JSON one object a line, in the order of the displays, tables with the\n"
-    "display's number above them when there are several. Where a display ends: see vantro-profile parse --help.\n"
-    "Exit status: 0 all answered, 1 a display was left out, not answered or not there at all, 2 bad usage or a file\n"
-    "that cannot be read.\n";
 
 namespace {
 
@@ -95,12 +88,6 @@ private:
 };
 
 }  // namespace
-
-void addQueryOptions(CLI::App& command, QueryOptions& options) {
-    auto* const table = command.add_flag("--table", options.table, "Print a table, also into a file or pipe");
-    command.add_flag("--json", options.json, "Print a JSON object a display, also on a terminal")->excludes(table);
-    addMaxLine(command, options.maxLine);
-}
 
 int answerDisplays(const QueryOptions& options, const Question& question) {
     if (isStandardInput(options.file) && inputIsTerminal()) {

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "cli/commands/results_view.h"
-#include "cli/io/max_line.h"
+#include "cli/io/input_files.h"
 #include "vantro/built_in_terminal.h"
 #include "vantro/error.h"
 
@@ -11,13 +11,9 @@
 #include <memory>
 #include <string>
 
-namespace CLI {
-class App;
-}
-
 namespace vantro {
 
-/// What a query is made with.
+/// The arguments of a query.
 struct DisplayQuery {
     TextView className;
     std::shared_ptr<BuiltInCollection> request;
@@ -25,7 +21,7 @@ struct DisplayQuery {
     Text qualifier = {};
 };
 
-/// Where the displays are, and how the answers are printed.
+/// The file with the displays, and how the answers are printed.
 struct QueryOptions {
     std::string file;
     bool table = false;
@@ -33,21 +29,16 @@ struct QueryOptions {
     std::size_t maxLine = defaultMaxLine;
 };
 
-/// What is asked of every display.
+/// The query for every display.
 struct Question {
     std::function<DisplayQuery()> query;                   ///< a new one for each display
     std::function<std::string(const Error&)> advice = {};  ///< a sentence to add to an error, or ""
-    std::string unknown = {};                              ///< what to say when the class does not know the prefix
+    std::string unknown = {};                              ///< the message when the class does not know the prefix
 };
 
-/// Adds the options, without FILE.
-void addQueryOptions(CLI::App& command, QueryOptions& options);
-
-/// What `--help` says about files of several displays.
-extern const char* const manyDisplaysHelp;
-
-/// Asks each display of the file (standard input for "" and "-"), prints what the query added to its request and
-/// returns the exit status. A display that cannot be read, and one without an answer, is reported on standard error.
+/// Queries each display of the file (standard input for "" and "-"), prints the entries that the query added to its
+/// request and returns the exit status. A display that cannot be read and one without an answer are reported on
+/// standard error.
 int answerDisplays(const QueryOptions& options, const Question& question);
 
 }  // namespace vantro

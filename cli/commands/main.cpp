@@ -1,4 +1,33 @@
-#include "cli/commands/tool.h"
+// The tool as a process: arguments, streams and exit status.
+#include "cli/commands/command_line.h"
+#include "cli/io/failure.h"
+#include "cli/io/interrupt.h"
+#include "cli/io/standard_io.h"
+
+#include <exception>
+
+namespace {
+
+// The arguments are UTF-8. Returns the exit status.
+int runTool(int argc, const char* const* argv) {
+    using namespace vantro;
+    useBinaryStreams();
+    tameInterrupts();
+    try {
+        return runCommandLine(argc, argv);
+    } catch (const UsageError& problem) {
+        complain(problem.what());
+        return badUsage;
+    } catch (const Error& raised) {
+        complain("the call failed with " + describe(raised));
+        return callFailed;
+    } catch (const std::exception& problem) {
+        complain(problem.what());
+        return callFailed;
+    }
+}
+
+}  // namespace
 
 #ifdef _WIN32
 
@@ -7,7 +36,7 @@
 #include <string>
 #include <vector>
 
-// Windows hands over UTF-16.
+// Windows passes arguments in UTF-16.
 int wmain(int argc, wchar_t** argv) {
     std::vector<std::string> arguments;
     for (int i = 0; i < argc; ++i) {
@@ -16,12 +45,12 @@ int wmain(int argc, wchar_t** argv) {
     }
     std::vector<const char*> pointers;
     for (const std::string& argument : arguments) pointers.push_back(argument.c_str());
-    return vantro::runTool(argc, pointers.data());
+    return runTool(argc, pointers.data());
 }
 
 #else
 
-#include <cstdlib>  // tells whose C library this is
+#include <cstdlib>  // defines __GLIBC__ where it applies
 
 #if defined(__GLIBC__)
 #include <malloc.h>
@@ -29,7 +58,7 @@ int wmain(int argc, wchar_t** argv) {
 
 namespace {
 
-// Texts of some hundred kilobytes come and go: the system need not hear of each.
+// Texts of some hundred kilobytes are allocated and freed all the time: their memory is not returned to the system.
 void keepFreedMemory() {
 #if defined(__GLIBC__)
     constexpr int mebibyte = 1024 * 1024;
@@ -42,7 +71,7 @@ void keepFreedMemory() {
 
 int main(int argc, char** argv) {
     keepFreedMemory();
-    return vantro::runTool(argc, argv);
+    return runTool(argc, argv);
 }
 
 #endif

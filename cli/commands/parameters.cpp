@@ -2,19 +2,17 @@
 
 #include "cli/io/failure.h"
 #include "cli/io/utf.h"
+#include "cli/json/values.h"
 
 #include <algorithm>
 #include <charconv>
 #include <cstdio>
 #include <optional>
+#include <span>
 #include <string_view>
 #include <variant>
 
 namespace vantro {
-
-const char* const parameterHelp =
-    "A parameter. The key tells its kind: str... a text, bln... true or false, int... a whole number,\n"
-    "...() a list of texts: repeat KEY=VALUE, one for each entry from entry 0 on (an empty one is KEY=)";
 
 namespace {
 
@@ -52,7 +50,7 @@ std::optional<std::int16_t> wholeNumber(std::string_view digits) {
 }
 
 ItemValue number(const Pair& pair) {
-    // "intKeyArraySize" is read as a text, and an empty one means something else than 0.
+    // The library reads "intKeyArraySize" as a text, and an empty one does not mean 0.
     if (pair.key == "intKeyArraySize") return toUtf16(pair.value);
     if (const auto value = wholeNumber(pair.value)) return *value;
     throw UsageError(pair.key + " is a 16-bit integer; give a whole number from -32768 to 32767, not '" + pair.value +
@@ -82,7 +80,7 @@ std::string codePointName(char32_t character) {
     return name;
 }
 
-// `where` says which text it is.
+// `where` names the text in the message.
 void refuseControlsIn(TextView text, const std::string& where) {
     std::size_t position = 1;
     for (std::size_t at = 0; at < text.size(); ++position) {
@@ -132,6 +130,19 @@ void addParameters(const std::vector<std::string>& texts, BuiltInCollection& col
             collection.Add(key, valueOf(pair));
         }
     }
+}
+
+std::shared_ptr<BuiltInCollection> collectionFromJson(std::string json, const std::string& name) {
+    CollectionReader reader;
+    const std::size_t length = json.size();
+    json.append(jsonPadding, '\0');
+    reader.begin();
+    const JsonOutcome outcome = readJson(std::span(json).first(length), reader);
+    const std::string& problem = outcome.problem.empty() ? reader.fault() : outcome.problem;
+    if (!problem.empty()) {
+        throw UsageError(name + ": " + asClause(problem) + "; give the JSON object that verify --json printed");
+    }
+    return reader.collection();
 }
 
 }  // namespace vantro

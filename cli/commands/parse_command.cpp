@@ -1,18 +1,14 @@
 #include "cli/commands/commands.h"
-#include "cli/commands/number_option.h"
 #include "cli/commands/parsed_chunk.h"
 #include "cli/commands/results_view.h"
 #include "cli/io/displays.h"
 #include "cli/io/failure.h"
 #include "cli/io/input_files.h"
-#include "cli/io/max_line.h"
 #include "cli/io/ordered_work.h"
 #include "cli/io/progress.h"
 #include "cli/io/standard_io.h"
 
-#include <CLI/CLI.hpp>
 #include <algorithm>
-#include <memory>
 #include <optional>
 #include <stdexcept>
 #include <string>
@@ -21,15 +17,6 @@
 namespace vantro {
 
 namespace {
-
-struct ParseOptions {
-    std::vector<std::string> files;
-    bool table = false;
-    bool json = false;
-    bool pretty = false;
-    std::size_t threads = 1;
-    std::size_t maxLine = defaultMaxLine;
-};
 
 ProfileForm formFor(const ParseOptions& options) {
     if (options.pretty) return ProfileForm::IndentedJson;
@@ -44,7 +31,7 @@ struct Step {
     std::string failure;  // why the file ends early
 };
 
-/// Prints what comes of the files, in their order, and keeps count of what went wrong.
+/// Prints the results of the files, in their order, reports the problems and determines the exit status.
 class Printer {
 public:
     Printer(const ParseOptions& options, ProfileForm form)
@@ -137,7 +124,7 @@ public:
     std::optional<Piece> next() {
         if (file_ == files_.size()) return std::nullopt;
         Piece piece;
-        // A file that breaks is no reason to leave the others out.
+        // A file that cannot be read does not stop the others.
         try {
             if (!chunks_) chunks_.emplace(openInput(files_[file_]), ChunkReader::defaultBlock, maxLine_);
             if (std::optional<std::string> chunk = chunks_->next()) {
@@ -165,7 +152,9 @@ Step stepOf(const Piece& piece, ProfileForm form) {
     return {.parsed = parseChunk(piece.text, form), .bytes = piece.text.size(), .failure = {}};
 }
 
-int parseFiles(ParseOptions options) {
+}  // namespace
+
+int runParse(ParseOptions options) {
     if (options.files.empty()) options.files.emplace_back("-");
     const auto standardInputs = std::ranges::count_if(options.files, isStandardInput);
     if (standardInputs > 1) throw UsageError("standard input can be read once only; name it once");
@@ -180,44 +169,6 @@ int parseFiles(ParseOptions options) {
         [form](const Piece& piece) { return stepOf(piece, form); },
         [&printer](const Step& step) { printer.take(step); });
     return printer.status();
-}
-
-constexpr auto footer =
-    "A display is lines of up to 80 characters, or one unbroken text. It ends with the line that holds END OF\n"
-    "DISPLAY or with a line of the prompt > alone. Blank lines and prompts below its end still belong to it, and\n"
-    "the next other line begins another display. What stands behind the last end is a display without an end.\n"
-    "Every line but a display's last is padded with blanks to 80 characters.\n"
-    "\n"
-    "JSON is one line a display, in the order of the displays. A display with a line that cannot be read is left\n"
-    "out; queries that a display cannot answer are listed under \"problems\". Both are said on standard error. A line\n"
-    "of more bytes than --max-line is such a line, and a text without line ends is one line. An interrupt lets the\n"
-    "display that is being written go out whole.\n"
-    "Exit status: 0 all read and answered, 1 a display was left out, not answered in full or not there at all,\n"
-    "2 bad usage or a file that cannot be read.\n"
-    "\n"
-    "Examples:\n"
-    "  vantro-profile parse --pretty display.txt\n"
-    "  vantro-profile parse -j 4 displays/*.txt > profiles.jsonl\n"
-    "  vantro-profile parse --table < display.txt";
-
-}  // namespace
-
-void addParseCommand(CLI::App& tool, int& status) {
-    constexpr int mostThreads = 256;
-    CLI::App& command = *tool.add_subcommand("parse", "Print everything that profile displays hold");
-    const auto options = std::make_shared<ParseOptions>();
-    command.add_option("FILE", options->files, "Files with displays (default, and for -: standard input)")
-        ->type_name("");
-    auto* const table = command.add_flag("--table", options->table, "Print tables, also into a file or pipe");
-    command.add_flag("--json", options->json, "Print JSON, also on a terminal")->excludes(table);
-    command.add_flag("--pretty", options->pretty, "Print JSON with an indent of 2 blanks a level")->excludes(table);
-    command.add_option("-j,--jobs", options->threads, "Parse on N threads; the order stays")
-        ->check(wholeNumber(1, mostThreads))
-        ->type_name("N")
-        ->capture_default_str();
-    addMaxLine(command, options->maxLine);
-    command.footer(footer);
-    command.callback([options, &status] { status = parseFiles(*options); });
 }
 
 }  // namespace vantro

@@ -3,7 +3,7 @@
 #include "cli/commands/table.h"
 #include "cli/io/standard_io.h"
 #include "cli/io/utf.h"
-#include "cli/json/collection_json.h"
+#include "cli/json/collection.h"
 
 namespace vantro {
 

@@ -1,4 +1,4 @@
-// Results as people and programs want them.
+// Results as a table or as JSON.
 #pragma once
 
 #include "vantro/collection.h"
@@ -9,10 +9,10 @@ namespace vantro {
 
 enum class View { Table, Json };
 
-/// The view that was asked for; without one a table on a terminal and JSON elsewhere.
+/// The view that the options ask for; without any, a table on a terminal and JSON elsewhere.
 View chosenView(bool table, bool json);
 
-/// Results in that view, line end included. Null is said in words in a table and is `null` in JSON.
+/// Results in that view, line end included. No collection is a sentence in a table and `null` in JSON.
 std::string resultsText(const CollectionPtr& results, View view);
 
 }  // namespace vantro

@@ -9,7 +9,7 @@ namespace {
 
 constexpr std::size_t gap = 2;
 
-// Characters, not bytes: continuation bytes of UTF-8 take no place.
+// Counts characters, not bytes: UTF-8 continuation bytes have no width.
 std::size_t shownWidth(const std::string& cell) {
     return static_cast<std::size_t>(
         std::ranges::count_if(cell, [](char byte) { return (static_cast<unsigned char>(byte) & 0xC0U) != 0x80U; }));

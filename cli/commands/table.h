@@ -12,10 +12,10 @@ public:
 
     explicit Table(Row header) { rows_.push_back(std::move(header)); }
 
-    /// Adds a row with as many cells as the header has; UTF-8. Control characters are shown as "?".
+    /// Adds a row (UTF-8) with as many cells as the header. Control characters are shown as "?".
     void add(Row cells) { rows_.push_back(std::move(cells)); }
 
-    /// Header, a rule and the rows, a line each, without blanks at the ends of lines.
+    /// Header, rule and rows, one line each, without trailing blanks.
     std::string text() const;
 
 private:

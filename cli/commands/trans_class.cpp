@@ -11,7 +11,7 @@ namespace {
 
 constexpr const char* seeClasses = "; 'vantro-profile classes' lists the classes";
 
-// The class of a host transaction, for those who gave its code.
+// The class of a host transaction, for a hint when its code was entered instead of the class.
 const ClassRow* classOfTransaction(TextView code) {
     for (const ClassRow& row : classTable()) {
         if (std::ranges::count(row.transactions, code) > 0) return &row;

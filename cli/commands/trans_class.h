@@ -1,4 +1,4 @@
-// A transaction class as the commands `command` and `verify` use it.
+// The transaction class that the commands `command` and `verify` were called with.
 #pragma once
 
 #include "vantro/built_in_terminal.h"

@@ -1,6 +1,6 @@
 #include "cli/io/displays.h"
 
-#include "cli/commands/screen_input.h"
+#include "cli/io/screen_input.h"
 #include "cli/io/utf.h"
 
 #include <charconv>
@@ -14,8 +14,8 @@ constexpr std::string_view byteOrderMark = "\xEF\xBB\xBF";
 constexpr std::string_view endText = "END OF DISPLAY";
 constexpr char prompt = '>';
 
-// In the place of a line that was left out; in an unbroken text the line's number follows. A line of other bytes that
-// are no UTF-8 and begin the same is unreadable, too.
+// Replaces a line that was left out; in an unbroken text the line's number follows. No valid line begins with it, as it
+// is not UTF-8.
 constexpr std::string_view leftOutMark = "\xFF(left out)";
 
 std::string_view withoutCarriageReturn(std::string_view line) {
@@ -30,10 +30,10 @@ bool isPrompt(std::string_view line) {
     return first != std::string_view::npos && line[first] == prompt && isBlank(line.substr(first + 1));
 }
 
-/// True for a line that can begin a display behind another one.
+/// True for a line that can begin a display after another one.
 bool isContent(std::string_view line) { return !isBlank(line) && !isPrompt(line); }
 
-// The last letter of the end text is its rarest on a profile.
+// Searches for the last letter of the end text, which is the rarest of its letters in a profile.
 bool containsEndText(std::string_view line) {
     constexpr std::size_t before = endText.size() - 1;
     for (std::size_t last = line.find(endText.back(), before); last != std::string_view::npos;
@@ -45,8 +45,8 @@ bool containsEndText(std::string_view line) {
 
 bool isEnd(std::string_view line) { return isPrompt(line) || containsEndText(line); }
 
-/// Where the last display of a text begins that has another one above it; 0 when there is none. The text's last
-/// line may be broken off: what stands there already decides only that a display begins.
+/// The start of the text's last display when another one precedes it; 0 when there is none. The text's last line may
+/// be incomplete: its beginning is enough to see that a display begins there.
 std::size_t lastDisplayStart(std::string_view text) {
     std::size_t start = 0;
     for (std::size_t end = text.size(); end > 0;) {
@@ -82,7 +82,7 @@ bool LineBreaker::readInto(std::string& text) {
     return hasMore_;
 }
 
-/// Looks at the first line of the block that begins at `before`, which may have begun in blocks above it.
+/// Checks the first line of the block that begins at `before`; the line may have begun in earlier blocks.
 void LineBreaker::leaveOutLongLine(std::string& text, std::size_t before) {
     const std::size_t lineEnd = text.find('\n', before);
     const std::size_t partEnd = std::min(lineEnd, text.size());
@@ -99,7 +99,7 @@ void LineBreaker::leaveOutLongLine(std::string& text, std::size_t before) {
     lineLength_ = text.size() - (text.rfind('\n') + 1);
 }
 
-/// Appends what the source gives, a block at the most.
+/// Appends the next bytes of the source, at most one block.
 void LineBreaker::readBlock(std::string& text) {
     const std::size_t before = text.size();
     text.resize(before + block_);
@@ -129,13 +129,13 @@ void LineBreaker::appendBroken(std::string_view bytes, std::string& text) {
                 text += '\n';
                 column_ -= screenWidth;
             }
-            column_ += value >= 0xF0 ? 2 : 1;  // a character beyond U+FFFF takes two places
+            column_ += value >= 0xF0 ? 2 : 1;  // a character beyond U+FFFF is two code units
         }
         text += byte;
     }
 }
 
-/// Counts one more byte of an unbroken line. The mark for a line that is too long stands below what was read of it.
+/// Counts one more byte of an unbroken line. For a line that is too long, the mark follows what was read of it.
 bool LineBreaker::fits(std::string& text) {
     if (++lineLength_ <= maxLine_) return true;
     if (!std::exchange(leavesOut_, true)) {
@@ -150,7 +150,7 @@ std::optional<std::string> ChunkReader::next() {
     std::string chunk = std::exchange(rest_, {});
     bool hasMore = true;
     while (hasMore) {
-        // A display that goes on and on is looked at again only when as much again has come.
+        // A long display is searched again only when the chunk has doubled.
         const std::size_t enough = 2 * chunk.size();
         do {
             hasMore = lines_.readInto(chunk);
@@ -206,7 +206,7 @@ std::optional<FoundDisplay> ChunkDisplays::next() {
     return display;
 }
 
-// Blank lines come to stand in the text with the line below them, so that a last line stays as it is.
+// Blank lines are added together with the line below them, so that the last line is not padded.
 void ChunkDisplays::add(std::string_view line, std::size_t place, FoundDisplay& display) const {
     if (display.faulty.fault != LineFault::None) return;
     display.faulty = look(line);
@@ -230,6 +230,25 @@ FaultyLine ChunkDisplays::look(std::string_view line) const {
         faulty.length = utf16Length(line);
     }
     return faulty;
+}
+
+DisplayStream::DisplayStream(const std::string& file, std::size_t maxLine)
+    : chunks_(openInput(file), ChunkReader::defaultBlock, maxLine), maxLine_(maxLine) {}
+
+std::optional<StreamedDisplay> DisplayStream::next() {
+    while (true) {
+        if (displays_) {
+            if (std::optional<FoundDisplay> found = displays_->next()) {
+                return StreamedDisplay{std::move(found->text), describe(found->faulty, linesAbove_, maxLine_)};
+            }
+            linesAbove_ += displays_->lines();
+            displays_.reset();
+        }
+        std::optional<std::string> chunk = chunks_.next();
+        if (!chunk) return std::nullopt;
+        chunk_ = std::move(*chunk);
+        displays_.emplace(chunk_);
+    }
 }
 
 }  // namespace vantro

@@ -1,11 +1,11 @@
-// Profile displays as people and files keep them: one or many in a text, cut apart again.
+// Splits a text into the profile displays in it.
 //
-// A display ends with the line that holds "END OF DISPLAY" or with a line of the prompt ">" alone. Blank lines
-// and prompts that follow it belong to the display above; the next other line begins a new one. What stands
-// behind the last end is a display too, one without an end.
+// A display ends with the line that contains "END OF DISPLAY" or with a line of the prompt ">" alone. Blank lines and
+// prompts after it belong to the same display; the next other line begins a new one. Lines after the last end are a
+// display too, one without an end.
 #pragma once
 
-#include "cli/io/max_line.h"
+#include "cli/io/input_files.h"
 #include "vantro/text.h"
 
 #include <algorithm>
@@ -18,15 +18,12 @@
 
 namespace vantro {
 
-/// Fills the bytes as far as there is something to read and gives their number; 0 at the end.
-using ByteSource = std::function<std::size_t(std::span<char>)>;
-
-/// Breaks a text of lines without line ends (UTF-8, 80 characters a line) into lines. A text whose first block
-/// holds a line end before its very end goes through unchanged. A byte order mark is left out. In the place of a line
-/// of more than `maxLine` bytes, as it was read, stands a mark that is no UTF-8.
+/// Breaks an unbroken text (UTF-8, 80 characters per line, no line ends) into lines. A text whose first block contains
+/// a line end before its last byte is passed on unchanged. A byte order mark is dropped. A line of more than `maxLine`
+/// bytes of input is replaced by a mark that is not UTF-8.
 class LineBreaker {
 public:
-    // In blocks no longer than the longest line, a line that is too long is never inside one block.
+    // A block is no longer than the longest line, so a line that is too long never fits into one block.
     LineBreaker(ByteSource source, std::size_t block, std::size_t maxLine)
         : source_(std::move(source)), block_(std::min(block, maxLine)), maxLine_(maxLine) {}
 
@@ -44,15 +41,15 @@ private:
     std::size_t maxLine_;
     bool hasMore_ = true;
     std::size_t lineLength_ = 0;  // bytes read of the last line
-    bool leavesOut_ = false;      // what is left of that line
+    bool leavesOut_ = false;      // the rest of that line
     bool atStart_ = true;
     bool unbroken_ = false;
-    std::size_t column_ = 0;  // in an unbroken text: characters in the line that is being made
-    std::size_t line_ = 1;    // the same: the number of the line that is being broken
+    std::size_t column_ = 0;  // in an unbroken text: characters in the current output line
+    std::size_t line_ = 1;    // in an unbroken text: the number of the input line
 };
 
-/// Reads a text in chunks of whole displays, each about a block long unless one display is longer. This is
-/// the part of the work that cannot be shared, so it looks at no more lines than it must.
+/// Reads a text in chunks of whole displays, each about one block long unless a display is longer. This part of the
+/// work is not shared among threads, so it looks at as few lines as possible.
 class ChunkReader {
 public:
     static constexpr std::size_t defaultBlock = std::size_t{256} * 1024;
@@ -65,38 +62,38 @@ public:
 
 private:
     LineBreaker lines_;
-    std::string rest_;  // what follows the last chunk
+    std::string rest_;  // the text after the last chunk
 };
 
-/// What can be wrong with a line.
+/// The ways in which a line can be unusable.
 enum class LineFault { None, TooLong, NotUtf8, StrayCarriageReturn, OverLong };
 
-/// The first line of a display with which something is wrong.
+/// The first unusable line of a display.
 struct FaultyLine {
     LineFault fault = LineFault::None;
     std::size_t line = 0;          ///< counted from 1 in the chunk
-    std::size_t unbrokenLine = 0;  ///< counted from 1 in an unbroken text, for a line that was left out of it
+    std::size_t unbrokenLine = 0;  ///< counted from 1 in an unbroken text; 0 unless a line was left out of one
     std::size_t length = 0;        ///< in characters
 };
 
-/// What is wrong with the line, in words, when so many lines stand above the chunk.
+/// Describes the fault for a message; `linesAbove` is the number of lines before the chunk.
 std::string describe(const FaultyLine& faulty, std::size_t linesAbove, std::size_t maxLine);
 
-/// One display of a chunk. It has no text to go by when one of its lines is faulty.
+/// One display of a chunk. Its text is incomplete when one of its lines is faulty.
 struct FoundDisplay {
     Text text;  ///< every line but the last padded with blanks to 80 characters
     FaultyLine faulty;
 };
 
-/// Takes a chunk apart.
+/// Splits a chunk into its displays.
 class ChunkDisplays {
 public:
     explicit ChunkDisplays(std::string_view chunk);
 
-    /// The next display, or nothing when only blank lines are left.
+    /// The next display, or nothing when only blank lines remain.
     std::optional<FoundDisplay> next();
 
-    /// The lines taken so far.
+    /// The number of lines read so far.
     std::size_t lines() const { return line_; }
 
 private:
@@ -109,6 +106,28 @@ private:
     std::size_t line_ = 0;
     bool isUtf8_;
     bool containsStrayCarriageReturn_;
+};
+
+struct StreamedDisplay {
+    Text text;
+    std::string problem;  ///< why the display cannot be read; empty when it can
+};
+
+/// The displays of a file, one after the other, in memory bounded by the longest display and the longest line allowed.
+class DisplayStream {
+public:
+    /// The file's name in UTF-8, or "" and "-" for standard input. Raises UsageError for a file that cannot be opened.
+    DisplayStream(const std::string& file, std::size_t maxLine);
+
+    /// The next display, or nothing at the end. Raises StreamError.
+    std::optional<StreamedDisplay> next();
+
+private:
+    ChunkReader chunks_;
+    std::size_t maxLine_;
+    std::string chunk_;
+    std::optional<ChunkDisplays> displays_;  // of the chunk
+    std::size_t linesAbove_ = 0;             // lines before the chunk
 };
 
 }  // namespace vantro

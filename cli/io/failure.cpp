@@ -9,7 +9,9 @@ std::string describe(const Error& error) {
            toUtf8(error.description());
 }
 
-std::string asSentence(std::string_view message) { return asClause(message) + "."; }
+std::string asSentence(std::string_view message) {
+    return message.ends_with('?') ? std::string(message) : asClause(message) + ".";
+}
 
 std::string asClause(std::string_view message) {
     const std::size_t last = message.find_last_not_of(". ");

@@ -1,4 +1,4 @@
-// How commands end.
+// Exit statuses, errors and the wording of messages.
 #pragma once
 
 #include "vantro/error.h"
@@ -14,14 +14,14 @@ inline constexpr int success = 0;
 inline constexpr int callFailed = 1;  ///< a call raised an error, or a batch line was not a request
 inline constexpr int badUsage = 2;
 
-/// Something is wrong with what the tool was given. The text says what, and what to do; one line, like every message
-/// a clause or several sentences, without the last one's full stop.
+/// Something is wrong with the tool's arguments or input. The text says what, and what to do: one line, a clause or
+/// several sentences, without the full stop of the last one.
 class UsageError : public std::runtime_error {
 public:
     using std::runtime_error::runtime_error;
 };
 
-/// The tool could not go on: a stream broke.
+/// A stream could not be read or written.
 class StreamError : public std::runtime_error {
 public:
     using std::runtime_error::runtime_error;
@@ -30,10 +30,10 @@ public:
 /// An error that a call raised, in one line: "error 5015 from VantroProfileUtils: An error ...".
 std::string describe(const Error& error);
 
-/// The message with one full stop at its end, whether or not it came with one.
+/// The message with exactly one full stop at its end. A question keeps its mark.
 std::string asSentence(std::string_view message);
 
-/// The message without the full stop at its end, to be gone on with.
+/// The message without the full stop at its end, so that more can follow.
 std::string asClause(std::string_view message);
 
 }  // namespace vantro

@@ -1,7 +1,6 @@
 #include "cli/io/input_files.h"
 
 #include "cli/io/failure.h"
-#include "cli/io/max_line.h"
 #include "cli/io/standard_io.h"
 
 #include <algorithm>
@@ -20,12 +19,12 @@ constexpr std::size_t blockSize = std::size_t{64} * 1024;
 
 fs::path pathOf(const std::string& file) { return std::u8string(file.begin(), file.end()); }
 
-/// Watches over the lengths of lines that come in blocks.
+/// Checks the lengths of lines that arrive in blocks.
 class LineLengths {
 public:
     explicit LineLengths(std::size_t most) : most_(most) {}
 
-    /// Takes a block. False when a line is too long.
+    /// Counts the lines of the next block. False when one is too long.
     bool take(std::string_view block) {
         while (true) {
             const std::size_t lineEnd = block.find('\n');
@@ -38,7 +37,7 @@ public:
         }
     }
 
-    /// The number of the line that was looked at last.
+    /// The number, from 1, of the line that the last block ended in.
     std::size_t line() const { return line_; }
 
 private:
@@ -49,13 +48,18 @@ private:
 
 }  // namespace
 
+std::string overLongLine(std::size_t line, std::size_t maxLine) {
+    return "line " + std::to_string(line) + " has more than " + std::to_string(maxLine) +
+           " bytes; --max-line lets longer lines in";
+}
+
 bool isStandardInput(const std::string& file) { return file.empty() || file == "-"; }
 
 std::string inputName(const std::string& file) { return isStandardInput(file) ? "standard input" : file; }
 
 ByteSource openInput(const std::string& file) {
     if (isStandardInput(file)) return readInput;
-    // A folder opens and fails only when it is read.
+    // A folder can be opened and fails only when it is read.
     std::error_code ignored;
     if (fs::is_directory(pathOf(file), ignored)) {
         throw UsageError("'" + file + "' is a folder, not a file; give the name of a file in it");

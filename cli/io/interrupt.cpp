@@ -14,8 +14,8 @@ namespace {
 
 std::mutex writing;
 
-// Runs on a thread of its own. It keeps the lock, so that no further records are begun; what follows it ends the
-// process.
+// The system calls it on a new thread. It never releases the lock, so that no further record is begun; the next handler
+// ends the process.
 BOOL WINAPI waitForRecords(DWORD /*event*/) {
     writing.lock();
     return FALSE;
@@ -44,12 +44,12 @@ namespace {
 
 enum Phase : int { Idle, Writing, Ending };
 
-// A signal handler may use these because they take no lock.
+// Lock-free, so that a signal handler may use them.
 std::atomic<int> phase{Idle};
 std::atomic<int> waitingSignal{0};
 static_assert(std::atomic<int>::is_always_lock_free);
 
-// Ends the process as if the signal had never been handled, so that whoever started it sees the signal.
+// Ends the process by the signal's default action, so that the parent process sees the signal.
 void endBy(int signal) {
     struct sigaction standard {};
     standard.sa_handler = SIG_DFL;
@@ -61,7 +61,7 @@ void endBy(int signal) {
     while (true) ::pause();
 }
 
-// The signal may come to any thread. Only one of writer and handler gets hold of the idle phase.
+// The signal may arrive on any thread. Only one of writer and handler can leave the idle phase.
 void handle(int signal) {
     waitingSignal = signal;
     int expected = Idle;
@@ -74,7 +74,7 @@ void tameInterrupts() {
     for (const int signal : {SIGINT, SIGTERM, SIGHUP}) {
         struct sigaction before {};
         if (::sigaction(signal, nullptr, &before) != 0 || before.sa_handler == SIG_IGN) continue;
-        // Without SA_RESTART, so that a write that waits for its reader comes back.
+        // Without SA_RESTART, so that a write that waits for its reader is interrupted.
         struct sigaction action {};
         action.sa_handler = handle;
         ::sigaction(signal, &action, nullptr);
@@ -88,7 +88,7 @@ WritingRecords::WritingRecords() {
 
 WritingRecords::~WritingRecords() {
     phase = Idle;
-    // A signal from here on is the handler's; one from before waits.
+    // A signal that arrives from here on ends the process in the handler; an earlier one is still waiting.
     int expected = Idle;
     if (interruptWaits() && phase.compare_exchange_strong(expected, Ending)) {
         endBy(waitingSignal);

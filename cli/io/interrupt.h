@@ -1,13 +1,13 @@
-// Interrupts that leave no half record behind: the interrupt key, a request to end, a terminal that goes away.
+// Interrupts (the interrupt key, a request to end, a closed terminal) that never leave half a record in the output.
 #pragma once
 
 namespace vantro {
 
-/// From here on an interrupt ends the process at once, unless records are being written. What is ignored stays
-/// ignored.
+/// From now on an interrupt ends the process at once unless records are being written. Signals that the process ignores
+/// stay ignored.
 void tameInterrupts();
 
-/// While one is there an interrupt waits; the process ends by it when this goes.
+/// While an instance exists, an interrupt waits; its destructor then ends the process.
 class WritingRecords {
 public:
     WritingRecords();
@@ -15,7 +15,7 @@ public:
     WritingRecords(const WritingRecords&) = delete;
     WritingRecords& operator=(const WritingRecords&) = delete;
 
-    /// True when no further record is to be begun.
+    /// True when an interrupt waits, so that no further record may be begun.
     static bool interruptWaits();
 };
 

@@ -1,4 +1,4 @@
-// Work shared among threads whose results come out in the order in which the work went in.
+// Work shared among threads, with the results in the order of the tasks.
 #pragma once
 
 #include <condition_variable>
@@ -15,9 +15,9 @@
 
 namespace vantro {
 
-/// Each thread fetches a task, works on it and hands its result on, so that a task stays on one processor. Fetching and
-/// taking are done by one thread at a time. So many tasks are under way that no thread waits long, and no more, so
-/// that memory stays bounded.
+/// Each thread fetches a task, works on it and delivers its result, so that a task stays on one processor. One thread
+/// at a time fetches, and one at a time takes results. A few tasks per thread are in progress: enough that no thread
+/// waits long, and few enough that memory stays bounded.
 template <class Next, class Work, class Take>
 class OrderedWork {
 public:
@@ -29,7 +29,7 @@ public:
     OrderedWork(std::size_t threads, Next next, Work work, Take take)
         : most_(tasksAThread * threads), next_(std::move(next)), work_(std::move(work)), take_(std::move(take)) {}
 
-    /// One thread's share. What is thrown ends the work of all threads and is kept.
+    /// One thread's share. An exception ends the work of all threads and is stored.
     void run() {
         try {
             while (std::optional<Numbered> task = fetch()) deliver(task->number, work_(std::move(task->task)));
@@ -40,7 +40,7 @@ public:
         }
     }
 
-    /// Throws what was kept.
+    /// Throws the stored exception, if any.
     void rethrow() const {
         if (failure_) std::rethrow_exception(failure_);
     }
@@ -66,7 +66,8 @@ private:
         return !failure_ && !ended_;
     }
 
-    /// Whoever brings the result that is next hands on all that waited for it, and what comes meanwhile.
+    /// The thread that delivers the next result in order also takes the results that waited for it, and those that
+    /// arrive meanwhile.
     void deliver(std::size_t number, Result result) {
         std::unique_lock lock(mutex_);
         results_.emplace(number, std::move(result));
@@ -88,19 +89,20 @@ private:
     Take take_;
 
     std::mutex fetching_;
-    std::size_t fetched_ = 0;  // changed by who fetches alone
-    bool ended_ = false;       // the same
+    std::size_t fetched_ = 0;  // changed only under fetching_
+    bool ended_ = false;       // likewise
 
     std::mutex mutex_;  // guards what follows
     std::condition_variable changed_;
-    std::map<std::size_t, Result> results_;  // that wait for others before them
+    std::map<std::size_t, Result> results_;  // waiting for earlier ones
     std::size_t taken_ = 0;
     bool isTaking_ = false;
     std::exception_ptr failure_;
 };
 
-/// Gives every task that `next` gives (nothing ends them) to `work` and every result, in order, to `take`. The caller's
-/// thread is one of the threads; with one thread, no other is made. Throws what one of the three throws.
+/// Passes every task that `next` returns to `work`, until it returns nothing, and every result, in order, to `take`.
+/// The caller's thread is one of the threads; with one thread, no other is started. Throws what one of the three
+/// throws.
 template <class Next, class Work, class Take>
 void workInOrder(std::size_t threads, Next next, Work work, Take take) {
     OrderedWork<Next, Work, Take> ordered(threads, std::move(next), std::move(work), std::move(take));
@@ -108,7 +110,7 @@ void workInOrder(std::size_t threads, Next next, Work work, Take take) {
     try {
         for (std::size_t thread = 1; thread < threads; ++thread) others.emplace_back([&ordered] { ordered.run(); });
     } catch (const std::system_error&) {
-        // The system gives no more threads: those that are there do the work.
+        // The system allows no more threads: those that have started do the work.
     }
     ordered.run();
     for (std::thread& other : others) other.join();

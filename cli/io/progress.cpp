@@ -53,7 +53,7 @@ void Progress::step(std::uint64_t bytes, std::uint64_t count) {
     shown_ = line.size();
 }
 
-// Blanks, because not every terminal knows how to erase.
+// Overwrites with blanks, because not every terminal supports erasing.
 void Progress::hide() {
     if (shown_ == 0) return;
     write_("\r" + std::string(shown_, ' ') + "\r");

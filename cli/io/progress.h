@@ -1,4 +1,4 @@
-// How far a long run has come, on a terminal.
+// The progress of a long run, shown on a terminal.
 #pragma once
 
 #include <chrono>
@@ -12,7 +12,7 @@ namespace vantro {
 /// What a progress line shows.
 struct ProgressState {
     std::uint64_t bytesDone = 0;
-    std::uint64_t bytesInAll = 0;  ///< 0: not known, so neither bar nor percentage
+    std::uint64_t bytesInAll = 0;  ///< 0: unknown, so neither bar nor percentage is shown
     std::uint64_t count = 0;
     double seconds = 0;
 };
@@ -20,15 +20,15 @@ struct ProgressState {
 /// "[#####-----]  50 %  1234 displays  617/s"
 std::string progressLine(const ProgressState& state);
 
-/// Shows the line when a run takes longer than a second, brings it up to date some times a second and leaves
-/// nothing behind. Output that shares the terminal goes between `hide` and the next step.
+/// Shows the line once a run has taken a second, updates it several times per second and erases it at the end. Other
+/// output on the same terminal must be written after `hide` and before the next step.
 class Progress {
 public:
     using Clock = std::chrono::steady_clock;
     using Write = std::function<void(std::string_view)>;
     using Now = std::function<Clock::time_point()>;
 
-    /// Without `write` nothing is ever shown.
+    /// An empty `write` shows nothing.
     Progress(std::uint64_t bytesInAll, Write write, Now now = Clock::now);
     ~Progress() { hide(); }
     Progress(const Progress&) = delete;

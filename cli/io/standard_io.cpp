@@ -34,15 +34,15 @@ auto readSome(char* bytes, std::size_t count) { return ::read(input, bytes, coun
 auto writeSome(const char* bytes, std::size_t count) { return ::write(output, bytes, count); }
 #endif
 
-// One system call takes no more than this anywhere.
+// No system accepts more than this in one call.
 constexpr std::size_t largestRead = std::numeric_limits<int>::max() / 2;
 
-// What a pipe takes at once: an interrupt is noticed after so many bytes at the latest.
+// The capacity of a pipe: an interrupt is noticed after this many bytes at the latest.
 constexpr std::size_t largestWrite = std::size_t{64} * 1024;
 
 [[noreturn]] void fail(const char* what) { throw StreamError(std::string(what) + ": " + std::strerror(errno)); }
 
-// The end of the record that has been begun, for so many bytes written.
+// The end of the record that is partly written after this many bytes.
 std::size_t recordEnd(std::size_t written, std::span<const std::size_t> ends) {
     if (written == 0) return 0;
     return *std::ranges::lower_bound(ends, written);

@@ -1,4 +1,4 @@
-// Standard streams, the same bytes on every system.
+// The standard streams: the same bytes on every system.
 #pragma once
 
 #include <cstddef>
@@ -8,28 +8,29 @@
 
 namespace vantro {
 
-/// Standard input and output carry bytes as they are from here on, line ends included.
+/// Makes standard input and output binary: line ends are not converted.
 void useBinaryStreams();
 
 bool inputIsTerminal();
 bool outputIsTerminal();
 bool errorIsTerminal();
 
-/// Reads what standard input has, at least one byte; 0 at its end. Raises StreamError.
+/// Reads what is available on standard input, waiting for at least one byte, and returns the number of bytes; 0 at the
+/// end. Raises StreamError.
 std::size_t readInput(std::span<char> bytes);
 
 /// Writes all bytes, one record, to standard output. Raises StreamError.
 void writeOutput(std::string_view bytes);
 
-/// The same for several records, which end where `ends` says, the last one at the end of the bytes. An interrupt
-/// lets the record that is being written go out whole and ends the process.
+/// Writes several records to standard output. `ends` are their ends in `bytes`; the last one is the end of `bytes`.
+/// After an interrupt, the record that is being written is completed and the process ends. Raises StreamError.
 void writeRecords(std::string_view bytes, std::span<const std::size_t> ends);
 
-/// Writes to standard error as it is.
+/// Writes the bytes to standard error unchanged.
 void writeError(std::string_view bytes);
 
-/// One sentence (see `asSentence`) on standard error, in one line after the tool's name. Control characters are
-/// shown as "?".
+/// Writes a message to standard error as one line: the tool's name and a sentence (see `asSentence`). Control
+/// characters are shown as "?".
 void complain(std::string_view message);
 
 }  // namespace vantro

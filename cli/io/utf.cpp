@@ -27,7 +27,7 @@ std::size_t asciiPrefixLength(std::string_view bytes) {
 constexpr bool isHighSurrogate(char32_t unit) { return unit >= 0xD800 && unit <= 0xDBFF; }
 constexpr bool isLowSurrogate(char32_t unit) { return unit >= 0xDC00 && unit <= 0xDFFF; }
 
-// How many bytes a character with this first byte takes; 0 for a byte that begins none.
+// The number of bytes of a character with this first byte; 0 for a byte that begins none.
 constexpr std::size_t characterLength(unsigned char lead) {
     if (lead < 0x80) return 1;
     if (lead < 0xC2) return 0;

@@ -1,4 +1,4 @@
-// UTF-8 outside, UTF-16 inside.
+// Conversions between UTF-8, in files and streams, and UTF-16, in the library.
 #pragma once
 
 #include "vantro/text.h"
@@ -9,7 +9,7 @@
 
 namespace vantro {
 
-/// What stands in for whatever cannot be written in the other encoding.
+/// Replaces whatever the other encoding cannot represent.
 inline constexpr char16_t replacementCharacter = u'\uFFFD';
 
 /// True when all bytes are below 0x80.
@@ -22,17 +22,17 @@ bool isUtf8(std::string_view bytes);
 void appendUtf16(std::string_view utf8, Text& text);
 Text toUtf16(std::string_view utf8);
 
-/// The number of code units that well-formed UTF-8 comes to.
+/// The number of UTF-16 code units of a well-formed UTF-8 text.
 std::size_t utf16Length(std::string_view utf8);
 
 /// Appends a text as UTF-8. An unpaired surrogate becomes U+FFFD.
 void appendUtf8(TextView text, std::string& utf8);
 std::string toUtf8(TextView text);
 
-/// A text between quotation marks for a message, cut when it is long.
+/// A text in quotation marks for a message, shortened when it is long.
 std::string inQuotes(TextView text);
 
-/// One character of a text: its code point (U+FFFD for an unpaired surrogate) and the code units it takes.
+/// One character of a text: its code point (U+FFFD for an unpaired surrogate) and its number of code units.
 struct CodePoint {
     char32_t value;
     std::size_t units;

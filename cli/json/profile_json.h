@@ -1,7 +1,7 @@
 // Whole profiles as JSON.
 #pragma once
 
-#include "cli/json/json_out.h"
+#include "cli/json/output.h"
 #include "vantro/profile.h"
 
 namespace vantro {

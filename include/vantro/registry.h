@@ -1,52 +1,17 @@
 // The public classes: one row each, and the only way to create them.
 #pragma once
 
+#include "vantro/class_description.h"
 #include "vantro/interfaces.h"
+#include "vantro/profile_object.h"
 #include "vantro/terminal.h"
 
-#include <cstdint>
 #include <memory>
 #include <span>
 
 namespace vantro {
 
-/// An instance of a public class. It serves one call at a time.
-class ProfileObject {
-public:
-    virtual ~ProfileObject() = default;
-
-    /// The interface, or null when the class does not have it.
-    virtual IProfileTrans* profileTrans() { return nullptr; }
-    virtual IProfileGet* profileGet() { return nullptr; }
-
-    /// The list of texts of this name that the last count filled ("strPPRText"); null when the class has no such
-    /// list. vantro/lists.h names all lists.
-    virtual const TextList* list(TextView name) const;
-
-    /// The same for a list of booleans: "blnServiceRequestFlag" alone.
-    virtual const FlagList* flagList(TextView name) const;
-
-protected:
-    ProfileObject() = default;
-    ProfileObject(const ProfileObject&) = default;
-    ProfileObject& operator=(const ProfileObject&) = default;
-};
-
-/// What a count property is asked with: the screen or display, and for the notes the two filters.
-struct CountRequest {
-    TextView text;
-    TextView searchString = {};
-    TextView searchQualifier = {};
-};
-
-/// A count property of a class: its name and the call, which refills the property's lists and gives their
-/// count. Raises the property's number.
-struct CountProperty {
-    TextView name;
-    std::int16_t (*call)(ProfileObject& object, const CountRequest& request);
-};
-
-/// One public class.
+/// One public class: how it is made, and all that there is to say about it.
 struct ClassRow {
     TextView name;
     bool hasProfileTrans;
@@ -55,6 +20,7 @@ struct ClassRow {
     std::span<const CountProperty> counts;
     TransErrors errors;
     std::unique_ptr<ProfileObject> (*creator)(Terminal& terminal, const TransErrors& errors);
+    ClassDescription description = {};  ///< what it is for, takes and adds
 };
 
 /// All public classes: the transactions, then the two parsers.

@@ -18,7 +18,7 @@ VARTYPE elementType(SAFEARRAY* array) {
     return type;
 }
 
-// Whoever makes a text of an element may change the array meanwhile.
+// Converting an element to text can run foreign code, which may change the array.
 void checkElement(HRESULT result) {
     if (result == DISP_E_BADINDEX) fail(Failure::SubscriptOutOfRange);
     check(result);
@@ -29,10 +29,10 @@ void checkElement(HRESULT result) {
 bool containsArray(const VARIANT& value) { return (dereferenced(value).vt & VT_ARRAY) != 0; }
 
 SAFEARRAY* arrayIn(const VARIANT& value) {
-    const VARIANT& behind = dereferenced(value);
-    if ((behind.vt & VT_ARRAY) == 0) return nullptr;
-    if ((behind.vt & VT_BYREF) == 0) return behind.parray;
-    return behind.pparray == nullptr ? nullptr : *behind.pparray;
+    const VARIANT& target = dereferenced(value);
+    if ((target.vt & VT_ARRAY) == 0) return nullptr;
+    if ((target.vt & VT_BYREF) == 0) return target.parray;
+    return target.pparray == nullptr ? nullptr : *target.pparray;
 }
 
 ArrayEntries::ArrayEntries(SAFEARRAY* array) : array_(array) {

@@ -8,7 +8,7 @@ namespace vantro::com {
 /// True when the value is an array, an unallocated one included.
 bool containsArray(const VARIANT& value);
 
-/// The array in a value, behind any references; null when there is none or it is not allocated.
+/// The array in a value, also one passed by reference; null when there is none or it is not allocated.
 SAFEARRAY* arrayIn(const VARIANT& value);
 
 /// An array of texts or of variants with one dimension, entry by entry from its lower to its upper bound. Raises 13
@@ -33,24 +33,24 @@ private:
     std::size_t size_ = 0;
 };
 
-/// A list that indexes reach from 0 on: entry k is the array's element with index k. There is none below
-/// `firstIndex`, whatever the texts hold there.
+/// A list whose indexes begin with 0: entry k is the array's element with index k. The array has no element below
+/// `firstIndex`; the texts there are placeholders.
 struct IndexedList {
     TextList texts;
     std::size_t firstIndex = 0;
 };
 
-/// The array as a list. An array that is not allocated has no entries; what lies below index 0, or beyond the reach
-/// of a 16-bit index, is left out. Raises 13 for an array that `ArrayEntries` refuses.
+/// The array as a list. An array that is not allocated has no entries. Elements below index 0 and those above the range
+/// of a 16-bit index are left out. Raises 13 for an array that `ArrayEntries` refuses.
 IndexedList indexedListIn(SAFEARRAY* array);
 
 /// The texts of such a list.
 TextList listIn(SAFEARRAY* array);
 
-/// The texts of an array from its lower to its upper bound, whatever the bounds are.
+/// All texts of an array, from its lower to its upper bound.
 TextList elementsIn(SAFEARRAY* array);
 
-/// Stores texts over the elements of an array of texts or variants, from its lower bound on.
+/// Replaces the elements of an array of texts or variants, beginning with its lower bound.
 void storeElements(SAFEARRAY* array, const TextList& texts);
 
 }  // namespace vantro::com

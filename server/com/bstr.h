@@ -1,4 +1,4 @@
-// The one place where the library's text and automation's text meet.
+// Conversions between the library's text and automation's. No other file casts between the two.
 #pragma once
 
 #include "server/com/system.h"
@@ -18,7 +18,7 @@ inline TextView viewOf(const OLECHAR* characters, std::size_t length) {
 /// A BSTR as text; a null one is empty.
 inline TextView viewOf(BSTR text) { return viewOf(text, SysStringLen(text)); }
 
-/// A text that is followed by a terminator, as a text constant is, for the system's functions.
+/// A zero-terminated text, such as a text constant, for the system's functions.
 inline const OLECHAR* characters(TextView terminated) { return reinterpret_cast<const OLECHAR*>(terminated.data()); }
 
 /// A new BSTR, which the caller owns.

@@ -5,7 +5,7 @@
 
 namespace vantro::com {
 
-/// The class factory of a class, under the interface asked for.
+/// The class factory of a class, under the interface that is asked for.
 HRESULT classFactory(const ClassInfo& info, REFIID iid, void** factory) noexcept;
 
 }  // namespace vantro::com

@@ -8,8 +8,8 @@
 
 namespace vantro::com {
 
-/// The identity of an object: its reference count and its interfaces. The first half is the default interface and
-/// serves calls by name.
+/// The identity of an object: its reference count and its interfaces. The first half is the default interface, which
+/// calls by name use.
 class ComposedObject : public ISupportErrorInfo, public IProvideClassInfo {
 public:
     ComposedObject(const ComposedObject&) = delete;

@@ -6,7 +6,7 @@ namespace vantro::com {
 
 namespace {
 
-// The type of an interface, or the failure to get it.
+// Finds the description of an interface; returns the result code of a failure.
 HRESULT find(const IID& iid, Ptr<ITypeInfo>& info) noexcept {
     return atBorder(iid, [&] { info = typeInfoOf(iid); });
 }

@@ -1,4 +1,4 @@
-// One dual interface of an object: `IUnknown` is the object's, `IDispatch` goes through the type library.
+// One dual interface of an object: `IUnknown` is the object's, `IDispatch` uses the type library.
 #pragma once
 
 #include "server/com/type_library.h"

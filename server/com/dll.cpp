@@ -1,4 +1,4 @@
-// The four exports that every server library has. Nothing happens in DllMain but to note where the library is.
+// The four exports that every server library has. DllMain only stores the module handle.
 #include "server/com/class_factory.h"
 #include "server/com/error.h"
 #include "server/com/registration.h"
@@ -15,7 +15,7 @@ namespace {
 HINSTANCE instance = nullptr;
 std::atomic<LONG> locks{0};
 
-// Runs one half of self-registration; its failure has a code of its own.
+// Runs one half of self-registration, with the result code for its failure.
 template <class Body>
 HRESULT half(HRESULT failure, Body&& body) noexcept {
     return FAILED(atBorder(IID_NULL, std::forward<Body>(body))) ? failure : S_OK;
@@ -26,7 +26,7 @@ HRESULT half(HRESULT failure, Body&& body) noexcept {
 ModuleLock::ModuleLock() { add(1); }
 ModuleLock::~ModuleLock() { add(-1); }
 void ModuleLock::add(LONG change) { locks += change; }
-bool ModuleLock::held() { return locks != 0; }
+bool ModuleLock::exists() { return locks != 0; }
 
 std::wstring modulePath() {
     std::array<wchar_t, 4 * MAX_PATH> path{};
@@ -55,7 +55,7 @@ STDAPI DllGetClassObject(REFCLSID clsid, REFIID iid, void** factory) {
 }
 
 STDAPI DllCanUnloadNow() {
-    if (com::ModuleLock::held() || !com::module::releaseCaches()) return S_FALSE;
+    if (com::ModuleLock::exists() || !com::module::releaseCaches()) return S_FALSE;
     com::forgetTypeLibrary();
     return S_OK;
 }

@@ -12,7 +12,7 @@ constexpr unsigned long automationNumbers = 0x800A0000UL;
 constexpr unsigned long facilityBits = 0xFFFF0000UL;
 constexpr int highestNumber = 0xFFFF;
 
-// Where a failing call says nothing about itself, it was one of this library's calls that failed.
+// The source of a failing call without error information: it was one of this library's calls.
 constexpr TextView ownSource = u"VantroProfileUtils";
 
 Text describe(HRESULT result) {

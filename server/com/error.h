@@ -1,4 +1,4 @@
-// The library's numbered errors as automation carries them, and the border that no C++ exception crosses.
+// The library's numbered errors as automation's result codes, and the border that no C++ exception crosses.
 #pragma once
 
 #include "server/com/ptr.h"
@@ -11,21 +11,21 @@
 namespace vantro::com {
 
 /// The result code of an error number: 0x800A0000 + number for the numbers of automation (1 to 65535). A number
-/// that is a result code of its own goes out as it came in.
+/// that is a result code already is returned unchanged.
 HRESULT resultOf(int number);
 
 /// The number in a result code: the opposite of `resultOf`.
 int numberOf(HRESULT result);
 
-/// Makes an error current in the thread's error information and gives its result code. `about` is the interface
+/// Makes an error current in the thread's error information and returns its result code. `about` is the interface
 /// whose operation failed.
 HRESULT raise(const Error& error, const IID& about) noexcept;
 
-/// The failure that leaves no memory to describe it.
+/// The result code for a lack of memory, which is not described: that would need memory.
 HRESULT outOfMemory() noexcept;
 
-/// The error of a call that failed with this result code: with the source and the description that the called
-/// object left in the thread's error information, where it left any.
+/// The error of a call that failed with this result code, with the source and the description from the thread's error
+/// information if the called object has set any.
 Error errorOfCall(HRESULT result);
 
 /// Raises the error of a failed call.
@@ -33,7 +33,7 @@ inline void check(HRESULT result) {
     if (FAILED(result)) throw errorOfCall(result);
 }
 
-/// An unexpected failure, described by what it says of itself.
+/// An unexpected failure, with the exception's own description.
 HRESULT raiseUnexpected(const char* what, const IID& about) noexcept;
 
 /// Runs an operation's body at the border: a failure becomes a result code with error information.

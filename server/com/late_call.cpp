@@ -11,7 +11,7 @@ namespace {
 
 constexpr std::size_t mostArguments = 4;
 
-// What a failed call says of itself, freed with it.
+// The exception information of a failed call, freed with this object.
 class ExceptionInfo {
 public:
     ExceptionInfo() = default;
@@ -28,23 +28,23 @@ public:
     Error error() {
         if (info_.pfnDeferredFillIn != nullptr) info_.pfnDeferredFillIn(&info_);
         const Error plain = errorOfCall(result());
-        return Error(plain.number(), given(info_.bstrSource, plain.source()),
-                     given(info_.bstrDescription, plain.description()));
+        return Error(plain.number(), orElse(info_.bstrSource, plain.source()),
+                     orElse(info_.bstrDescription, plain.description()));
     }
 
 private:
-    // An exception that says nothing of itself is a plain failure.
+    // An exception without a failure code is a plain failure.
     HRESULT result() const {
         if (info_.wCode != 0) return resultOf(info_.wCode);
         return FAILED(info_.scode) ? info_.scode : E_FAIL;
     }
 
-    static TextView given(BSTR text, TextView otherwise) { return SysStringLen(text) == 0 ? otherwise : viewOf(text); }
+    static TextView orElse(BSTR text, TextView otherwise) { return SysStringLen(text) == 0 ? otherwise : viewOf(text); }
 
     EXCEPINFO info_{};
 };
 
-// What was current for the length of a call is nothing that the call says of itself.
+// Error information that was current before the call does not describe the call's failure.
 void withdraw(IErrorInfo* current) {
     Ptr<IErrorInfo> left;
     if (current == nullptr || GetErrorInfo(0, left.receive()) != S_OK) return;

@@ -1,4 +1,4 @@
-// Calls by name: how the terminal's library is spoken to.
+// Calls by name, as the terminal's library is called.
 #pragma once
 
 #include "server/com/variant.h"
@@ -23,7 +23,7 @@ private:
     DISPID id_ = DISPID_UNKNOWN;
 };
 
-/// Values that an argument borrows for the length of a call.
+/// Values that an argument borrows for the duration of a call.
 VARIANT borrowed(BSTR text);
 VARIANT borrowed(IDispatch* object);
 VARIANT borrowed(std::int16_t number);

@@ -1,5 +1,5 @@
-// What a server library says of itself to the parts that all server libraries share: the exports, the class
-// factory, registration and the type library.
+// What each server library defines for the parts that all of them share: the exports, the class factory, registration
+// and the type library.
 #pragma once
 
 #include "server/com/ptr.h"
@@ -20,10 +20,10 @@ struct ClassInfo {
     std::vector<IID> interfaces;  ///< the default one first
 };
 
-/// The questions that each server library answers; every library defines them once.
+/// Every server library defines these functions once.
 namespace module {
 
-/// The first half of the names its classes are created by.
+/// The first part of the names by which its classes are created.
 TextView name();
 
 /// The identifier of its type library.
@@ -35,11 +35,11 @@ std::vector<Text> classNames();
 /// A new object of a class.
 Ptr<IUnknown> create(const ClassInfo& info);
 
-/// An error where it must not be registered, such as a place that is taken.
+/// An error when it must not be registered, for instance over another library.
 HRESULT mayRegister(const std::vector<ClassInfo>& classes);
 
-/// Lets go of what it keeps between calls; true when nothing is left. While another thread keeps something nothing is
-/// let go.
+/// Releases what it keeps between calls; true when nothing is left. While another thread keeps something, nothing is
+/// released.
 bool releaseCaches();
 
 }  // namespace module
@@ -54,7 +54,7 @@ public:
     ModuleLock& operator=(const ModuleLock&) = delete;
 
     static void add(LONG change);
-    static bool held();
+    static bool exists();
 };
 
 /// The library's own file.

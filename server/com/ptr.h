@@ -1,4 +1,4 @@
-// A reference to a COM object that is counted.
+// A counted reference to a COM object.
 #pragma once
 
 #include "server/com/system.h"
@@ -13,7 +13,7 @@ public:
     Ptr() = default;
     Ptr(std::nullptr_t) {}
 
-    /// Takes a reference of its own.
+    /// Adds a reference of its own.
     explicit Ptr(Interface* object) : object_(object) {
         if (object_ != nullptr) object_->AddRef();
     }
@@ -26,7 +26,7 @@ public:
         return *this;
     }
 
-    /// Takes over a reference that somebody else has counted.
+    /// Takes over a reference that has been counted already.
     static Ptr adopt(Interface* object) {
         Ptr ptr;
         ptr.object_ = object;
@@ -37,14 +37,14 @@ public:
     Interface* operator->() const { return object_; }
     explicit operator bool() const { return object_ != nullptr; }
 
-    /// Gives the reference away.
+    /// Passes the counted reference to the caller.
     Interface* detach() { return std::exchange(object_, nullptr); }
 
     void reset() {
         if (Interface* const object = detach()) object->Release();
     }
 
-    /// Where a call stores a counted reference.
+    /// The address where a call stores a counted reference.
     Interface** receive() {
         reset();
         return &object_;

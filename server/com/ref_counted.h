@@ -1,4 +1,4 @@
-// An object with one interface, which ends with the last reference to it.
+// An object with one interface, destroyed with the last reference to it.
 #pragma once
 
 #include "server/com/system.h"
@@ -8,7 +8,7 @@
 
 namespace vantro::com {
 
-/// `IUnknown` over an interface, or over a class that implements a part of one. The first reference is the taker's.
+/// `IUnknown` over an interface, or over a class that implements a part of one. The creator owns the first reference.
 template <class Base>
 class RefCounted : public Base {
 public:

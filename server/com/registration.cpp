@@ -24,7 +24,7 @@ std::wstring lastingName(const ClassInfo& info) { return wide(module::name()) + 
 
 std::wstring versionedName(const ClassInfo& info) { return lastingName(info) + L".1"; }
 
-// The path with whole names in place of short ones, as far as the file is there.
+// The path with long names instead of short ones, as far as the file exists.
 std::wstring longPath(const std::wstring& path) {
     std::wstring whole(4 * MAX_PATH, L'\0');
     const DWORD length = GetLongPathNameW(path.c_str(), whole.data(), static_cast<DWORD>(whole.size()));
@@ -42,7 +42,7 @@ void registerName(const std::wstring& name, const ClassInfo& info) {
     Key(name + L"\\CLSID").set(guidText(info.clsid));
 }
 
-// The file comes first: it is what the class is taken back by when a later entry cannot be written.
+// The file is written first: unregistering finds the class by it when a later entry could not be written.
 void registerClass(const ClassInfo& info) {
     const std::wstring key = classKey(info.clsid);
     Key(serverKey(info.clsid)).set(modulePath()).set(L"Apartment", L"ThreadingModel");
@@ -55,7 +55,7 @@ void registerClass(const ClassInfo& info) {
     Key(lastingName(info) + L"\\CurVer").set(versionedName(info));
 }
 
-// True when the key is there and names something else.
+// True when the key exists and names something else.
 bool namesAnother(const std::wstring& key, const GUID& own, View view = View::Own) {
     const auto value = registry::valueOf(key, view);
     return value && lstrcmpiW(value->c_str(), guidText(own).c_str()) != 0;
@@ -79,7 +79,7 @@ void unregisterClass(const ClassInfo& info) {
 bool isClassTaken(const ClassInfo& info) {
     const auto server = registry::valueOf(serverKey(info.clsid));
     if (server && !isOwnFile(server)) return true;
-    // For the other kind of process there is another file, which is known by its type library.
+    // Processes of the other kind use another file, which is recognised by its type library.
     const std::wstring key = classKey(info.clsid);
     return std::ranges::any_of(registry::bothKinds, [&](View view) {
         return registry::exists(key, view) && !names(key + L"\\TypeLib", module::libraryId(), view);
@@ -109,8 +109,8 @@ void unregisterInterfaces() {
     }
 }
 
-// Where a type library is registered: a key for the library, one for its version, one for its language, and below
-// that one for each kind of process.
+// The keys of a type library: one for the library, one for its version, one for its language, and below that one for
+// each kind of process.
 struct TypesPlace {
     std::wstring libraryKey;
     std::wstring versionKey;
@@ -137,7 +137,7 @@ TypesPlace typesPlace() {
     return place;
 }
 
-// Beside its languages a version has the keys of its flags and of its help.
+// Besides its languages, a version has keys for its flags and its help.
 bool hasLanguages(const std::wstring& version) {
     const std::vector<std::wstring> keys = registry::keysBelow(version);
     return std::ranges::any_of(keys, [](const std::wstring& key) { return key != L"FLAGS" && key != L"HELPDIR"; });
@@ -160,7 +160,8 @@ void registerTypes() {
     check(RegisterTypeLib(library.get(), path.data(), nullptr));
 }
 
-// The system's function for this removes the interfaces for both kinds of process, whoever else has them.
+// Not by the system's function, which removes the interfaces for both kinds of process even where another library has
+// registered them.
 void unregisterTypes() {
     constexpr bool isSixtyFourBit = sizeof(void*) == 8;
     const TypesPlace place = typesPlace();

@@ -8,7 +8,7 @@ namespace vantro::com::registry {
 
 namespace {
 
-// A registration is for the machine, whoever runs it.
+// A registration is for the whole machine, not for the user who runs it.
 constexpr const wchar_t* classesFolder = L"Software\\Classes";
 
 std::wstring whole(const std::wstring& path) {
@@ -28,7 +28,7 @@ void checkRegistry(LSTATUS status) { check(HRESULT_FROM_WIN32(static_cast<unsign
 
 bool isMissing(LSTATUS status) { return status == ERROR_FILE_NOT_FOUND || status == ERROR_PATH_NOT_FOUND; }
 
-// A key that is there, or none.
+// An existing key, or none.
 class Opened {
 public:
     Opened(const std::wstring& path, View view, REGSAM further = 0) {
@@ -72,7 +72,7 @@ const Key& Key::set(const std::wstring& value, const wchar_t* name) const {
 std::optional<std::wstring> valueOf(const std::wstring& path, View view) {
     const Opened key(path, view);
     if (key.get() == nullptr) return std::nullopt;
-    constexpr DWORD texts = RRF_RT_REG_SZ;  // with the names of folders in a text replaced
+    constexpr DWORD texts = RRF_RT_REG_SZ;  // with environment variables in a text expanded
     DWORD bytes = 0;
     if (RegGetValueW(key.get(), nullptr, nullptr, texts, nullptr, nullptr, &bytes) != ERROR_SUCCESS) {
         return std::nullopt;

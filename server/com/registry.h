@@ -1,4 +1,4 @@
-// The registry's folder of classes, for all users of the machine.
+// The registry's classes (HKEY_LOCAL_MACHINE\Software\Classes), for all users of the machine.
 #pragma once
 
 #include "server/com/system.h"
@@ -10,18 +10,18 @@
 
 namespace vantro::com::registry {
 
-/// Which of its two halves the folder shows. Some keys are the same in both.
+/// The view of the registry, 32-bit or 64-bit. Some keys are the same in both.
 enum class View { Own, ThirtyTwoBit, SixtyFourBit };
 
 inline constexpr View bothKinds[] = {View::ThirtyTwoBit, View::SixtyFourBit};
 
-/// A text as the registry's functions take it.
+/// A text in the form that the registry's functions expect.
 std::wstring wide(TextView text);
 
 /// An identifier in braces.
 std::wstring guidText(const GUID& guid);
 
-/// A key that is made where it is missing. Paths begin below the folder of classes. Raises what fails.
+/// A key, which is created if it is missing. Paths begin below the classes. Raises the failing call's error.
 class Key {
 public:
     explicit Key(const std::wstring& path);
@@ -29,14 +29,14 @@ public:
     Key& operator=(const Key&) = delete;
     ~Key() { RegCloseKey(key_); }
 
-    /// Sets a value of this key; the key's own without a name.
+    /// Sets a value of this key; without a name, the key's default value.
     const Key& set(const std::wstring& value, const wchar_t* name = nullptr) const;
 
 private:
     HKEY key_ = nullptr;
 };
 
-/// The key's own value; nothing when the key or the value is missing.
+/// The key's default value; nothing when the key or the value is missing.
 std::optional<std::wstring> valueOf(const std::wstring& path, View view = View::Own);
 
 bool exists(const std::wstring& path, View view = View::Own);
@@ -44,7 +44,7 @@ bool exists(const std::wstring& path, View view = View::Own);
 /// The names of the keys directly below a key.
 std::vector<std::wstring> keysBelow(const std::wstring& path);
 
-/// Removes a key with everything below it; one that is missing is no failure.
+/// Removes a key with everything below it; a missing key is no failure.
 void remove(const std::wstring& path, View view = View::Own);
 
 }  // namespace vantro::com::registry

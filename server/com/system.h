@@ -1,4 +1,4 @@
-// The system's headers, in the order and without the macros that they need.
+// The system's headers, in the order that they need, without the macros that collide with names of this project.
 #pragma once
 
 #ifndef WIN32_LEAN_AND_MEAN

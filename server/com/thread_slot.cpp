@@ -6,7 +6,7 @@
 
 namespace vantro::com {
 
-// Hears from the system that the thread's apartment is about to end.
+// The system calls it when the thread's apartment is about to end.
 class ThreadSlotBase::Spy final : public RefCounted<IInitializeSpy> {
 public:
     explicit Spy(ThreadSlotBase& slot) : slot_(slot) {}

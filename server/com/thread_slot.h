@@ -1,4 +1,4 @@
-// Something that every thread has one of, from its first use to the end of the thread's apartment.
+// A value per thread, from its first use to the end of the thread's apartment.
 #pragma once
 
 #include "server/com/ptr.h"
@@ -8,7 +8,7 @@
 
 namespace vantro::com {
 
-/// What a thread keeps; released while its apartment still stands.
+/// A thread's value; destroyed before its apartment ends.
 class ThreadKept {
 public:
     virtual ~ThreadKept() = default;
@@ -26,13 +26,13 @@ public:
     ThreadSlotBase(const ThreadSlotBase&) = delete;
     ThreadSlotBase& operator=(const ThreadSlotBase&) = delete;
 
-    /// What other threads still keep is left alone: their apartments may be gone, and the libraries with them.
+    /// The values of other threads are not destroyed: their apartments may be gone, and the libraries with them.
     ~ThreadSlotBase();
 
-    /// Destroys what this thread keeps unless another thread keeps something too; true when nothing is left.
+    /// Destroys this thread's value unless another thread has one too; true when none is left.
     bool releaseLast();
 
-    /// Destroys what this thread keeps.
+    /// Destroys this thread's value.
     void release();
 
 protected:
@@ -50,7 +50,7 @@ private:
 template <class Value>
 class ThreadSlot : public ThreadSlotBase {
 public:
-    /// This thread's value, made on first use.
+    /// This thread's value, created on first use.
     Value& get() {
         if (kept() == nullptr) keep(std::make_unique<Holder>());
         return static_cast<Holder*>(kept())->value;

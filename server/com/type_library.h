@@ -11,14 +11,14 @@ Ptr<ITypeLib> typeLibrary();
 /// The description of an interface, for calls by name; kept like the library itself.
 Ptr<ITypeInfo> typeInfoOf(const IID& iid);
 
-/// The classes of the module that the type library describes, in the order of `module::classNames`. A class that
-/// it does not describe is an error of the build and left out.
+/// The classes of the module that the type library describes, in the order of `module::classNames`. A class that it
+/// does not describe is a build error and is left out.
 std::vector<ClassInfo> moduleClasses();
 
 /// The identifiers of the interfaces that the type library describes.
 std::vector<IID> describedInterfaces();
 
-/// What the type library says of itself beside its identifier.
+/// The type library's attributes other than its identifier.
 struct LibraryVersion {
     unsigned major;
     unsigned minor;
@@ -29,7 +29,7 @@ LibraryVersion libraryVersion();
 /// The module's class with this identifier, or null. It lives as long as the library is loaded.
 const ClassInfo* classWithId(const CLSID& clsid);
 
-/// Lets go of the type library before the server is unloaded.
+/// Releases the type library before the server is unloaded.
 void forgetTypeLibrary();
 
 }  // namespace vantro::com

@@ -35,10 +35,10 @@ Variant arrayOfEntries(const List& list) {
     return value;
 }
 
-// The system's functions only read their source, but do not say so.
+// The system's functions only read their source, but do not declare it const.
 VARIANT* readOnly(const VARIANT& value) { return const_cast<VARIANT*>(&value); }
 
-// The one rule for every value that comes in: the system's own conversion, with automation's numbers for what fails.
+// The rule for every incoming value: the system's own conversion, with automation's error numbers.
 Variant coerced(const VARIANT& value, VARTYPE type) {
     Variant converted;
     const HRESULT result = convert(value, type, converted);
@@ -120,34 +120,34 @@ HRESULT convert(const VARIANT& value, VARTYPE type, Variant& converted) {
 }
 
 const VARIANT& dereferenced(const VARIANT& value) {
-    const VARIANT* behind = &value;
-    while (behind->vt == (VT_BYREF | VT_VARIANT) && behind->pvarVal != nullptr) behind = behind->pvarVal;
-    return *behind;
+    const VARIANT* target = &value;
+    while (target->vt == (VT_BYREF | VT_VARIANT) && target->pvarVal != nullptr) target = target->pvarVal;
+    return *target;
 }
 
 bool isAbsent(const VARIANT& value) {
-    const VARIANT& behind = dereferenced(value);
-    switch (behind.vt) {
+    const VARIANT& target = dereferenced(value);
+    switch (target.vt) {
         case VT_EMPTY:
         case VT_NULL: return true;
-        case VT_ERROR: return behind.scode == DISP_E_PARAMNOTFOUND;
-        case VT_DISPATCH: return behind.pdispVal == nullptr;
-        case VT_UNKNOWN: return behind.punkVal == nullptr;
-        case VT_BYREF | VT_DISPATCH: return behind.ppdispVal == nullptr || *behind.ppdispVal == nullptr;
-        case VT_BYREF | VT_UNKNOWN: return behind.ppunkVal == nullptr || *behind.ppunkVal == nullptr;
+        case VT_ERROR: return target.scode == DISP_E_PARAMNOTFOUND;
+        case VT_DISPATCH: return target.pdispVal == nullptr;
+        case VT_UNKNOWN: return target.punkVal == nullptr;
+        case VT_BYREF | VT_DISPATCH: return target.ppdispVal == nullptr || *target.ppdispVal == nullptr;
+        case VT_BYREF | VT_UNKNOWN: return target.ppunkVal == nullptr || *target.ppunkVal == nullptr;
         default: return false;
     }
 }
 
 Ptr<IDispatch> objectIn(const VARIANT& value) {
     if (isAbsent(value)) return {};
-    const VARIANT& behind = dereferenced(value);
+    const VARIANT& target = dereferenced(value);
     Ptr<IDispatch> object;
-    switch (behind.vt) {
-        case VT_DISPATCH: object = Ptr(behind.pdispVal); break;
-        case VT_BYREF | VT_DISPATCH: object = Ptr(*behind.ppdispVal); break;
-        case VT_UNKNOWN: object = Ptr(behind.punkVal).as<IDispatch>(IID_IDispatch); break;
-        case VT_BYREF | VT_UNKNOWN: object = Ptr(*behind.ppunkVal).as<IDispatch>(IID_IDispatch); break;
+    switch (target.vt) {
+        case VT_DISPATCH: object = Ptr(target.pdispVal); break;
+        case VT_BYREF | VT_DISPATCH: object = Ptr(*target.ppdispVal); break;
+        case VT_UNKNOWN: object = Ptr(target.punkVal).as<IDispatch>(IID_IDispatch); break;
+        case VT_BYREF | VT_UNKNOWN: object = Ptr(*target.ppunkVal).as<IDispatch>(IID_IDispatch); break;
         default: break;
     }
     if (!object) fail(Failure::TypeMismatch);
@@ -156,10 +156,10 @@ Ptr<IDispatch> objectIn(const VARIANT& value) {
 
 Text textIn(const VARIANT& value) {
     if (isAbsent(value)) return {};
-    const VARIANT& behind = dereferenced(value);
-    if (behind.vt == VT_BSTR) return Text(viewOf(behind.bstrVal));
-    if (behind.vt == (VT_BYREF | VT_BSTR) && behind.pbstrVal != nullptr) return Text(viewOf(*behind.pbstrVal));
-    return Text(viewOf(coerced(behind, VT_BSTR).get().bstrVal));
+    const VARIANT& target = dereferenced(value);
+    if (target.vt == VT_BSTR) return Text(viewOf(target.bstrVal));
+    if (target.vt == (VT_BYREF | VT_BSTR) && target.pbstrVal != nullptr) return Text(viewOf(*target.pbstrVal));
+    return Text(viewOf(coerced(target, VT_BSTR).get().bstrVal));
 }
 
 bool truthIn(const VARIANT& value) { return coerced(value, VT_BOOL).get().boolVal != VARIANT_FALSE; }
@@ -169,12 +169,12 @@ ItemValue itemValueIn(const VARIANT& value) {
     if (containsArray(referenced)) return listIn(arrayIn(referenced));
     Variant copy;
     check(VariantCopyInd(copy.pointer(), readOnly(referenced)));
-    const VARIANT& behind = copy.get();
-    switch (behind.vt) {
+    const VARIANT& target = copy.get();
+    switch (target.vt) {
         case VT_EMPTY: return Text();
-        case VT_BSTR: return Text(viewOf(behind.bstrVal));
-        case VT_BOOL: return behind.boolVal != VARIANT_FALSE;
-        default: return coerced(behind, VT_I2).get().iVal;
+        case VT_BSTR: return Text(viewOf(target.bstrVal));
+        case VT_BOOL: return target.boolVal != VARIANT_FALSE;
+        default: return coerced(target, VT_I2).get().iVal;
     }
 }
 

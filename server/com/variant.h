@@ -1,4 +1,4 @@
-// Automation's values: owned ones, and what the library's kinds of value look like in them.
+// Automation's values: owned ones, and conversions from and to the library's kinds of value.
 #pragma once
 
 #include "server/com/bstr.h"
@@ -21,14 +21,14 @@ public:
     static Variant of(std::int16_t number);
     static Variant of(bool truth);
     static Variant of(IDispatch* object);
-    /// A list goes out as an array of texts, as terminals expect it.
+    /// The value of an item. A list becomes an array of texts, as terminals expect.
     static Variant of(const ItemValue& value);
     /// The entries from `firstIndex` on as an array of texts with that lower bound.
     static Variant arrayOfTexts(const TextList& list, std::size_t firstIndex = 0);
     /// A list as an array of variants: the only arrays that a script can index.
     static Variant arrayOfVariants(const TextList& list);
     static Variant arrayOfFlags(const FlagList& list);
-    /// What stands for an argument that was left out.
+    /// The value of an omitted argument.
     static Variant missing();
 
     const VARIANT& get() const { return value_; }
@@ -39,13 +39,13 @@ private:
     VARIANT value_;
 };
 
-/// The value itself, behind any references to variants.
+/// The value that any references to variants lead to.
 const VARIANT& dereferenced(const VARIANT& value);
 
-/// The value as another type, whatever the machine's language: truth is "True" or "False".
+/// The value as another type, independent of the machine's language: a boolean is "True" or "False".
 HRESULT convert(const VARIANT& value, VARTYPE type, Variant& converted);
 
-/// True when there is no value: nothing given, Empty, Null or Nothing.
+/// True when there is no value: an omitted argument, Empty, Null or Nothing.
 bool isAbsent(const VARIANT& value);
 
 /// The object in a value; null when the value is absent. Raises 13 for a value that is no object.
@@ -57,9 +57,9 @@ Text textIn(const VARIANT& value);
 /// The value as a boolean. Raises 13 for a value that is none, Null and Nothing included.
 bool truthIn(const VARIANT& value);
 
-/// The value as one of the kinds that collections hold. Whatever is no text, boolean or array is converted to a
-/// 16-bit integer as automation converts it, a fraction rounded; Empty is the empty text. Raises 6 for a number that
-/// does not fit in 16 bits and 13 for anything that is none of the four kinds.
+/// The value as one of the kinds that collections contain. Anything other than a text, a boolean or an array is
+/// converted to a 16-bit integer as automation converts it, with a fraction rounded; Empty is the empty text. Raises 6
+/// for a number that does not fit in 16 bits and 13 for anything that is none of the four kinds.
 ItemValue itemValueIn(const VARIANT& value);
 
 }  // namespace vantro::com

@@ -33,7 +33,7 @@ protected:
 
     bool isOwn(REFIID iid) const final { return iid == IID_IDispatch || iid == this->dispatchedIid(); }
 
-    // An operation of the terminal: counted, and failing when it was asked to.
+    // An operation of the terminal: counted, and failing when a test has asked for it.
     template <class Body>
     HRESULT operation(Body&& body) noexcept {
         return atBorder(this->dispatchedIid(), [&] {
@@ -134,7 +134,7 @@ private:
     std::unordered_map<Text, std::size_t> firstIndexes_;  // of the lists
 };
 
-// The stored item behind an object of `StoredItem`; null for Nothing.
+// The stored item of a `StoredItem` object; null for Nothing.
 ItemPtr storedIn(IDispatch* object) {
     if (object == nullptr) return {};
     const auto item = Ptr(object).as<IKeyedItem>(IID_IKeyedItem);
@@ -194,7 +194,7 @@ int numberIn(const VARIANT& value) {
     return converted.get().lVal;
 }
 
-// The error that is current in the thread. Only this project's server knows its number.
+// The error that is current in the thread. Only this project's server sets its number.
 ReportedError currentError() {
     Ptr<IErrorInfo> info;
     if (GetErrorInfo(0, info.receive()) != S_OK) return {0, {}};

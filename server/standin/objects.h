@@ -1,4 +1,4 @@
-// The objects of the stand-in: the built-in terminal library behind the terminal's identifiers.
+// The objects of the stand-in: the built-in terminal library under the terminal's identifiers.
 #pragma once
 
 #include "server/com/composed_object.h"
@@ -8,7 +8,7 @@ namespace vantro::com::standin {
 /// A new object of one of the classes that the type library names.
 Ptr<IUnknown> newObject(const ClassInfo& info);
 
-/// How many objects of all classes but the control's are alive.
+/// The number of living objects of all classes except the control's.
 long liveObjects();
 
 }  // namespace vantro::com::standin

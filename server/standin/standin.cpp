@@ -1,5 +1,5 @@
-// What `VantroKestoFaces.dll` is made of. It stands in for the terminal's library where no terminal is installed,
-// for development and tests only, and never takes the place of an installed one.
+// `VantroKestoFaces.dll` stands in for the terminal's library where no terminal is installed. It is for development and
+// tests only and never replaces an installed one.
 #include "server/com/module.h"
 #include "server/com/registration.h"
 #include "server/standin/objects.h"

@@ -1,4 +1,4 @@
-// What the stand-in counts, and when it is to fail.
+// The stand-in's counters, and the call that is to fail.
 #pragma once
 
 #include "vantro/error.h"
@@ -19,8 +19,8 @@ class State {
 public:
     static State& only();
 
-    /// Every operation of the terminal's interfaces starts with this: it counts the call and raises the error that
-    /// was asked for when its turn has come.
+    /// Every operation of the terminal's interfaces begins with this: it counts the call, and raises the requested
+    /// error when this is the call that is to fail.
     void enterCall();
 
     /// The next calls are counted from 1; call `call` (none for 0) fails with the number.

@@ -2,6 +2,7 @@
 
 #include "framework/constants.h"
 #include "framework/error_frame.h"
+#include "vantro/profile_object.h"
 
 namespace vantro {
 
@@ -23,6 +24,10 @@ private:
 };
 
 }  // namespace
+
+const TextList* ProfileObject::list(TextView /*name*/) const { return nullptr; }
+
+const FlagList* ProfileObject::flagList(TextView /*name*/) const { return nullptr; }
 
 Text IProfileTrans::CreateCommand(const CollectionPtr& params) {
     return raiseAs(errors_.createCommand, description::creatingCommand,

@@ -6,7 +6,7 @@
 #include "framework/error_frame.h"
 #include "framework/screen.h"
 #include "vantro/interfaces.h"
-#include "vantro/registry.h"
+#include "vantro/profile_object.h"
 
 #include <utility>
 

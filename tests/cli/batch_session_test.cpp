@@ -11,7 +11,7 @@ namespace vantro {
 
 namespace {
 
-// A class that knows which instance it is and what it is told to do.
+// A class whose results name the instance, and which fails on request.
 class Numbered final : public ProfileObject, private IProfileTrans {
 public:
     explicit Numbered(int number) : number_(number) {}
@@ -72,7 +72,7 @@ TEST_F(SessionTest, WithoutANameEachLineGetsAFreshInstance) {
     EXPECT_EQ(answer(line), "{\"result\":\"2:1\"}\n");
 }
 
-TEST_F(SessionTest, ANamedInstanceIsKeptForItsClassAndName) {
+TEST_F(SessionTest, ANamedInstanceIsReusedForItsClassAndName) {
     const std::string named = R"({"class":"CPXTrans","call":"CreateCommand","object":"a"})";
     EXPECT_EQ(answer(named), "{\"result\":\"1:1\"}\n");
     EXPECT_EQ(answer(named), "{\"result\":\"1:2\"}\n");

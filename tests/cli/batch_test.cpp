@@ -1,4 +1,4 @@
-// The batch protocol, as a client in any language sees it.
+// The batch protocol, tested through the tool's streams.
 #include "tests/cli/process.h"
 
 #include <gtest/gtest.h>
@@ -41,20 +41,20 @@ TEST(Batch, AnswersTheExamples) {
 
 TEST(Batch, BuildsACommand) { EXPECT_EQ(answerTo(px3), px3Answer); }
 
-TEST(Batch, AnEmptyInputHasNoAnswersAndIsFine) {
+TEST(Batch, AnEmptyInputHasNoResponsesAndStatus0) {
     const Finished run = runBatch("");
     EXPECT_EQ(run.out, "");
     EXPECT_EQ(run.status, 0);
 }
 
-TEST(Batch, TheIdIsTheFirstMemberAndCopiedAsItIs) {
+TEST(Batch, TheIdIsTheFirstMemberAndCopiedUnchanged) {
     EXPECT_EQ(answerTo(R"({"class":"CPXTrans","call":"CreateCommand","params":{},"id":{"a":[1.50,null,"\u00e9"]}})"),
               "{\"id\":{\"a\":[1.50,null,\"\xC3\xA9\"]},\"result\":\"PX\"}");
     EXPECT_EQ(answerTo(R"({"class":"CPXTrans","call":"CreateCommand","params":{},"id":null})"),
               R"({"id":null,"result":"PX"})");
 }
 
-TEST(Batch, AnErrorThatACallRaisesIsItsAnswerAndNoBadRequest) {
+TEST(Batch, AnErrorThatACallRaisesIsItsResponseAndNoBadRequest) {
     const Finished run = runBatch(R"({"id":"m","class":"CProfileMode","call":"VerifyResponse","response":"x"})"
                                   "\n");
     EXPECT_EQ(run.out, R"({"id":"m","error":{"number":5045,"source":"VantroProfileUtils",)"
@@ -70,7 +70,7 @@ TEST(Batch, AParameterOfAWrongKindIsAnErrorOfTheCall) {
               R"("description":"An error has occurred while creating a profile command."}})");
 }
 
-TEST(Batch, ABadLineCostsNoneOfTheOthers) {
+TEST(Batch, ABadLineDoesNotAffectTheOthers) {
     const Lines bad = {
         "",
         "   ",
@@ -104,7 +104,7 @@ TEST(Batch, ABadLineCostsNoneOfTheOthers) {
     }
 }
 
-TEST(Batch, TheExitStatusTellsWhetherEveryLineWasARequest) {
+TEST(Batch, TheExitStatusShowsWhetherEveryLineWasARequest) {
     EXPECT_EQ(runBatch(px3 + "\n").status, 0);
     const Finished run = runBatch(px3 + "\nx\n" + px3 + "\n\n");
     EXPECT_EQ(run.status, 1);
@@ -114,7 +114,7 @@ TEST(Batch, TheExitStatusTellsWhetherEveryLineWasARequest) {
     EXPECT_EQ(runTool({"batch", "file"}).status, 2);
 }
 
-TEST(Batch, TheIdOfABadRequestIsCopiedWhereverItStands) {
+TEST(Batch, TheIdOfABadRequestIsCopiedAtAnyPosition) {
     for (const char* line : {R"({"id":9,"class":"CPYTrans"})", R"({"class":5,"call":{"id":1},"id":9})",
                              R"({"params":"\ud800\ud800","id":9})", "{\"x\":\"\xFF\",\"id\":9}"}) {
         const std::string answer = answerTo(line);
@@ -122,7 +122,7 @@ TEST(Batch, TheIdOfABadRequestIsCopiedWhereverItStands) {
     }
 }
 
-TEST(Batch, AByteOrderMarkAtTheStartIsSkippedAndNowhereElse) {
+TEST(Batch, AByteOrderMarkIsSkippedAtTheStartOnly) {
     const Finished run = runBatch("\xEF\xBB\xBF" + px3 + "\n\xEF\xBB\xBF" + px3 + "\n");
     const Lines answers = linesOf(run.out);
     ASSERT_EQ(answers.size(), 2U);
@@ -130,7 +130,7 @@ TEST(Batch, AByteOrderMarkAtTheStartIsSkippedAndNowhereElse) {
     EXPECT_TRUE(isBadRequest(answers[1]));
 }
 
-TEST(Batch, ALastLineNeedsNoLineEndAndALineEndMakesNoLine) {
+TEST(Batch, TheLastLineMayLackItsLineEndAndNoLineFollowsTheLastLineEnd) {
     EXPECT_EQ(runBatch(px3).out, px3Answer + "\n");
     EXPECT_EQ(runBatch(px3 + "\n").out, px3Answer + "\n");
     EXPECT_EQ(linesOf(runBatch(px3 + "\n\n").out).size(), 2U);
@@ -151,7 +151,7 @@ TEST(Batch, TextIsUtf16InsideAndUtf8Outside) {
               answer);
 }
 
-TEST(Batch, APairThatACutSplitsIsWrittenAsReplacementCharacter) {
+TEST(Batch, ASplitSurrogatePairIsWrittenAsReplacementCharacter) {
     // The name's 35 characters end between the two halves of the last one.
     std::string name = R"( *C*)" + std::string(34, 'A') + R"(\ud83d\ude00)";
     EXPECT_EQ(
@@ -161,7 +161,7 @@ TEST(Batch, APairThatACutSplitsIsWrittenAsReplacementCharacter) {
             "\xEF\xBF\xBD\"}}");
 }
 
-TEST(Batch, LinesOfOneMegabyteAreLinesLikeOthers) {
+TEST(Batch, LinesOfOneMegabyteAreAnswered) {
     const std::string million(1'000'000, 'A');
     const Lines answers = answersTo(
         {px3, R"({"class":"CPXTrans","call":"CreateCommand","params":{"strKeyItemNr":")" + million + "\"}}",
@@ -188,7 +188,7 @@ TEST(Batch, ResultsHaveTheirKeysInTheOrderInWhichTheyWereAdded) {
         R"({"result":{"blnKeyPNR":true,"blnKeyPNRCreated":false,"blnKeyPNRUpdated":true}})");
 }
 
-TEST(Batch, ACollectionThatIsReturnedAsGivenHoldsItsOwnKeysFirst) {
+TEST(Batch, AReturnedRequestCollectionHasItsOwnKeysFirst) {
     EXPECT_EQ(answerTo(R"({"class":"CProfileMode","call":"VerifyResponse","params":{"x":5,"blnKeyEnter":true},)"
                        R"("response":["PM","*PROFILE MODE*"]})"),
               R"({"result":{"x":5,"blnKeyEnter":true,"blnKeyResponseOK":true,"strKeyErrorString":"*PROFILE MODE*"}})");
@@ -212,13 +212,13 @@ TEST(Batch, TheArgumentsOfProfileElementsFollowItsErrorToo) {
         R"("description":"An error has occurred while verifying the profile."},"params":{"x":true},"selection":[]})");
 }
 
-TEST(Batch, WithoutACollectionProfileElementsHasNoneToShow) {
+TEST(Batch, WithoutACollectionProfileElementsHasNoParamsInItsResponse) {
     const std::string answer = answerTo(R"({"class":"CProfile","call":"ProfileElements","display":"x"})");
     EXPECT_EQ(answer.rfind(R"({"error":{"number":91,)", 0), 0U) << answer;
     EXPECT_EQ(answer.find("params"), std::string::npos);
 }
 
-TEST(Batch, TheSelectionIsShownAsTheCallLeftIt) {
+TEST(Batch, TheSelectionIsWrittenAsTheCallLeftIt) {
     // Columns: kind letter 1, number 6 to 8, text from 14.
     EXPECT_EQ(
         answerTo(R"({"class":"CProfile","call":"ProfileElements","params":{"strKeyPrefix":"ALL"},)"
@@ -242,8 +242,8 @@ TEST(Batch, NotesAreCountedWithTheirFilters) {
     EXPECT_EQ(answerTo(call + R"(,"searchString":"WRITES","searchQualifier":"A"})"), R"({"result":1})");
 }
 
-TEST(Batch, WhatWasReportedDuringACallIsNumberedLast) {
-    // Entry 9 is not on the list: the reader reports that and gives what it has.
+TEST(Batch, ReportedNumbersAreTheLastMember) {
+    // Entry 9 is not on the list: the reader reports that and returns what it has.
     const std::string call = R"({"class":"CRLPTrans","call":"VerifyResponse","params":{"strKeyIndex":"9"},)"
                              R"("response":["RLP","RP/NCEVN0950/","T/ABC123 /P1",">"]})";
     EXPECT_EQ(answersTo({call, px3}), (Lines{R"({"result":{},"reported":[5130]})", px3Answer}));
@@ -255,7 +255,7 @@ TEST(Batch, ARequestIsAnsweredBeforeTheNextOneIsSent) {
         dialogue.send(px3 + "\n");
         EXPECT_EQ(dialogue.receiveLine(), px3Answer);
     }
-    // The start of a line that is still to come holds no answer back.
+    // The beginning of an unfinished line does not delay the response to the line before it.
     dialogue.send(px3 + "\n" + px3.substr(0, 10));
     EXPECT_EQ(dialogue.receiveLine(), px3Answer);
     dialogue.send(px3.substr(10) + "\n");
@@ -274,7 +274,7 @@ TEST(Batch, MemoryDoesNotGrowWithTheNumberOfLines) {
     ASSERT_EQ(shortRun.status, 0);
     ASSERT_EQ(longRun.status, 0);
     EXPECT_EQ(linesOf(longRun.out).size(), 20'000U);
-    // 40 MB go in; a sanitizer's own books grow a little.
+    // The input is 40 MB; a sanitizer's own memory grows a little.
     EXPECT_LT(longRun.peakKilobytes, shortRun.peakKilobytes + 8L * 1024);
 }
 

@@ -1,4 +1,4 @@
-// Texts cut into chunks and displays, whatever the size of the blocks in which they are read.
+// Texts split into chunks and displays, with every block size.
 #include "cli/io/displays.h"
 #include "cli/io/utf.h"
 
@@ -54,7 +54,7 @@ TEST(SplitDisplays, EndWithTheEndTextOrAPromptAlone) {
     EXPECT_EQ(displaysOf("A\n--- END OF DISPLAY ---\nB"), (Displays{padded("A") + "--- END OF DISPLAY ---", "B"}));
 }
 
-TEST(SplitDisplays, APromptWithMoreInItsLineIsNoEnd) {
+TEST(SplitDisplays, APromptWithOtherTextInItsLineIsNoEnd) {
     EXPECT_EQ(displaysOf(">PDR/A\n-> >\nB"), (Displays{padded(">PDR/A") + padded("-> >") + "B"}));
 }
 
@@ -69,33 +69,33 @@ TEST(SplitDisplays, BlankLinesAndPromptsBelowAnEndBelongToIt) {
               (Displays{padded("A") + padded("END OF DISPLAY") + padded("") + ">", padded("B") + ">"}));
 }
 
-TEST(SplitDisplays, BlankLinesInFrontOfTheFirstOneCount) {
+TEST(SplitDisplays, BlankLinesBeforeTheFirstOneCount) {
     EXPECT_EQ(displaysOf("\nA\n>\n"), (Displays{padded("") + padded("A") + ">"}));
 }
 
-TEST(SplitDisplays, ATextWithoutAnythingHoldsNone) {
+TEST(SplitDisplays, ABlankTextContainsNone) {
     EXPECT_EQ(displaysOf(""), Displays{});
     EXPECT_EQ(displaysOf("\n  \r\n\n"), Displays{});
     EXPECT_EQ(displaysOf("\xEF\xBB\xBF"), Displays{});
 }
 
-TEST(SplitDisplays, CarriageReturnsAndAByteOrderMarkAreNoPart) {
+TEST(SplitDisplays, CarriageReturnsAndAByteOrderMarkAreNotPartOfThem) {
     EXPECT_EQ(displaysOf("\xEF\xBB\xBF"
                          "A\r\n>\r\nB\r\n"),
               (Displays{padded("A") + ">", "B"}));
 }
 
-TEST(SplitDisplays, AnUnbrokenTextIsReadBy80Characters) {
+TEST(SplitDisplays, AnUnbrokenTextIsSplitInto80Characters) {
     const std::string first = padded("A") + padded("B") + padded("END OF DISPLAY");
     EXPECT_EQ(displaysOf(first + padded("C") + ">"), (Displays{first, padded("C") + ">"}));
     EXPECT_EQ(displaysOf(first + "\r\n"), Displays{first});
-    // The end text across two lines is in neither.
+    // The end text does not count when it spans two lines.
     const std::string across = std::string(76, 'A') + "END OF DISPLAY";
     EXPECT_EQ(displaysOf(across + padded("").substr(14)).size(), 1U);
     EXPECT_EQ(displaysOf(std::string(79, 'A') + "\xC3\xA9" + "B"), Displays{std::string(79, 'A') + "\xC3\xA9" + "B"});
 }
 
-TEST(SplitDisplays, ALineOfMoreThan80CharactersSpoilsItsDisplayOnly) {
+TEST(SplitDisplays, ALineOfMoreThan80CharactersMakesOnlyItsDisplayUnreadable) {
     const std::string chunk = "A\n>\nB\n" + std::string(81, 'X') + "\n" + std::string(90, 'X') + "\n>\nC\n";
     ChunkDisplays displays(chunk);
     EXPECT_EQ(displays.next()->faulty.fault, LineFault::None);
@@ -112,20 +112,20 @@ TEST(SplitDisplays, ALineOfMoreThan80CharactersSpoilsItsDisplayOnly) {
     EXPECT_EQ(displays.lines(), 7U);
 }
 
-TEST(SplitDisplays, ALineHasRoomFor80CharactersHoweverManyBytes) {
+TEST(SplitDisplays, ALineMayHave80CharactersOfAnyNumberOfBytes) {
     std::string line;
     for (int i = 0; i < 80; ++i) line += "\xC3\x85";
     EXPECT_EQ(displaysOf(line + "\n>\n"), (Displays{line + ">"}));
 }
 
-TEST(SplitDisplays, BytesThatAreNotUtf8SpoilTheirDisplayOnly) {
+TEST(SplitDisplays, BytesThatAreNotUtf8MakeOnlyTheirDisplayUnreadable) {
     ChunkDisplays displays("A\n>\n\xFF\n>\n\xC3\x85\n");
     EXPECT_EQ(displays.next()->faulty.fault, LineFault::None);
     EXPECT_EQ(displays.next()->faulty.fault, LineFault::NotUtf8);
     EXPECT_EQ(displays.next()->text, u"\u00C5");
 }
 
-TEST(Chunks, HoldWholeDisplaysAndTheWholeText) {
+TEST(Chunks, ContainWholeDisplaysAndTheWholeText) {
     std::string text;
     for (int i = 0; i < 200; ++i) {
         text += "PDR/A" + std::to_string(i) + "\n*T*\n" + (i % 3 == 0 ? ">\n" : "END OF DISPLAY\n>\n\n");
@@ -141,7 +141,7 @@ TEST(Chunks, HoldWholeDisplaysAndTheWholeText) {
     EXPECT_GT(chunksOf(text, 300).size(), text.size() / 600);
 }
 
-TEST(Chunks, OfAnUnbrokenTextAreTheSameInAnyBlocks) {
+TEST(Chunks, OfAnUnbrokenTextDoNotDependOnTheBlockSize) {
     std::string text;
     for (int i = 0; i < 40; ++i) text += padded("PDR/A" + std::to_string(i)) + padded("END OF DISPLAY");
     const Displays whole = displaysOf(text);
@@ -150,7 +150,7 @@ TEST(Chunks, OfAnUnbrokenTextAreTheSameInAnyBlocks) {
     EXPECT_EQ(displaysOf(text, 333), whole);
 }
 
-// What is wrong with each display of a text that is read in blocks of so many bytes; "" for one that can be read.
+// The problem of each display of a text that is read in blocks of this size; "" for a readable one.
 std::vector<std::string> problemsOf(const std::string& text, std::size_t maxLine, std::size_t block) {
     ChunkReader reader(bytesOf(text), block, maxLine);
     std::vector<std::string> problems;
@@ -169,7 +169,7 @@ std::string overLong(std::size_t line, std::size_t maxLine) {
            " bytes; --max-line lets longer lines in";
 }
 
-TEST(LongLines, SpoilTheirDisplayOnlyInAnyBlocks) {
+TEST(LongLines, MakeOnlyTheirDisplayUnreadableForAnyBlockSize) {
     const std::string longLine(5000, 'X');
     const std::string text = "A\n>\nB\n" + longLine + "\nC\n>\nD\n>\n" + longLine + "\n>\nE\n>\n";
     for (std::size_t block = 81; block < 7000; block = block * 3 / 2) {
@@ -195,14 +195,14 @@ TEST(LongLines, AnUnbrokenTextIsOneLine) {
     }
 }
 
-TEST(LongLines, WhatFollowsAnUnbrokenOneIsRead) {
+TEST(LongLines, TextAfterAnUnbrokenOneIsRead) {
     const std::string text = std::string(5000, 'X') + "\n>\nB\n>\n";
     for (std::size_t block = 81; block < 5000; block = block * 3 / 2) {
         EXPECT_EQ(problemsOf(text, 1024, block), (Displays{overLong(1, 1024), ""})) << block;
     }
 }
 
-TEST(CarriageReturns, AloneAsLineEndsAreToldAtTheirFirstLine) {
+TEST(CarriageReturns, AloneAsLineEndsAreReportedAtTheirFirstLine) {
     const std::string problem =
         " holds a carriage return (CR) that no line feed (LF) follows; lines end in LF or CR LF, so convert the line "
         "ends, for example with: tr '\\r' '\\n'";

@@ -31,7 +31,7 @@ void expectRefused(const Finished& run, int status, const std::string& words) {
     EXPECT_NE(run.err.find(words), std::string::npos) << run.err;
 }
 
-TEST(Elements, AFamilyIsItsTwoLists) {
+TEST(Elements, AFamilyIsPrintedAsItsTwoLists) {
     const Finished run = runTool({"elements", "PHI", sample("traveller")});
     EXPECT_EQ(run.out, R"json({"strKeyElement()":["","BREAKFAST MUST BE INCLUDED","FREE CANCELLATION ONLY"],)json"
                        R"json("strKeyElementNr()":["","25","26"]})json"
@@ -58,7 +58,7 @@ TEST(Elements, HeaderValuesHaveAPrefixToo) {
               "strKeyElementNr  4\n");
 }
 
-TEST(Elements, AllTakesASelectionAndAQualifier) {
+TEST(Elements, AllAcceptsASelectionAndAQualifier) {
     const auto numbers = [](std::vector<std::string> options) {
         options.insert(options.begin(), {"elements", "ALL"});
         options.push_back(sample("traveller"));
@@ -80,7 +80,7 @@ TEST(Elements, AFailedQueryIsOneLineAndStatus1) {
     expectRefused(runTool({"elements", "", sample("traveller")}), 1, "error 5065 ");
 }
 
-TEST(Elements, AnUnknownPrefixIsAnsweredWithTheKnownOnes) {
+TEST(Elements, AnUnknownPrefixIsReportedWithTheKnownOnes) {
     const Finished run = runTool({"elements", "XX", sample("traveller")});
     expectRefused(run, 1, "no query has the prefix 'XX'; there are NM RECLOC OFFID PCN PIN PSL ALL SR RM ");
     EXPECT_NE(run.err.find(" PFO"), std::string::npos);
@@ -144,7 +144,7 @@ TEST(ManyDisplays, HaveTheirNumbersAboveTheirTables) {
                   ", display 2\n\nKEY            VALUE\n-------------  ------\nstrKeyElement  AA11BB\n\n");
 }
 
-TEST(ManyDisplays, OneWithoutAnAnswerCostsNoOther) {
+TEST(ManyDisplays, OneWithoutAnAnswerDoesNotAffectTheOthers) {
     // The minimal display has no remarks.
     const std::string minimal = contentOf(sample("minimal"));
     const Finished run = runTool({"elements", "RM", "--index", "1"}, minimal + contentOf(sample("traveller")));
@@ -153,7 +153,7 @@ TEST(ManyDisplays, OneWithoutAnAnswerCostsNoOther) {
     expectRefused(run, 1, "standard input, display 1: the query failed with error 5260 ");
 }
 
-TEST(ManyDisplays, OneThatCannotBeReadCostsNoOther) {
+TEST(ManyDisplays, OneThatCannotBeReadDoesNotAffectTheOthers) {
     const std::string minimal = contentOf(sample("minimal"));
     const Finished run = runTool({"elements", "RECLOC"}, minimal + "A\n" + std::string(81, 'x') + "\n>\n" + minimal);
     EXPECT_EQ(run.out, "{\"strKeyElement\":\"AA11BB\"}\n{\"strKeyElement\":\"AA11BB\"}\n");
@@ -162,7 +162,7 @@ TEST(ManyDisplays, OneThatCannotBeReadCostsNoOther) {
                   "The display is left out, the others are not.\n");
 }
 
-TEST(ManyDisplays, AnUnknownPrefixIsSaidOnce) {
+TEST(ManyDisplays, AnUnknownPrefixIsReportedOnce) {
     expectRefused(runTool({"notes"}, ""), 1, "standard input holds no display.\n");
     expectRefused(runTool({"elements", "XX"}, contentOf(sample("minimal")) + contentOf(sample("traveller"))), 1,
                   "'XX'");

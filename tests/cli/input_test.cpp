@@ -1,4 +1,4 @@
-// What the tool takes in and what it refuses, in the same words from every command.
+// What input the tool accepts and refuses, with the same messages from every command.
 #include "tests/cli/process.h"
 
 #include <gtest/gtest.h>
@@ -48,7 +48,7 @@ TEST(Output, ThatCannotBeWrittenIsAFailureOfEveryCommand) {
     }
 }
 
-TEST(Input, AFolderIsCalledOne) {
+TEST(Input, AFolderIsReportedAsOne) {
     for (Arguments arguments : {Arguments{"parse"},
                                 {"elements", "NM"},
                                 {"notes"},
@@ -59,7 +59,7 @@ TEST(Input, AFolderIsCalledOne) {
     }
 }
 
-TEST(Input, AnEmptyOneHoldsNoDisplay) {
+TEST(Input, AnEmptyOneContainsNoDisplay) {
     for (const Arguments& arguments : {Arguments{"parse"}, {"elements", "NM"}, {"notes"}}) {
         for (const char* nothing : {"", "\n", "  \r\n\n", "\xEF\xBB\xBF"}) {
             const Finished run = runTool(arguments, nothing);
@@ -69,7 +69,7 @@ TEST(Input, AnEmptyOneHoldsNoDisplay) {
     }
 }
 
-TEST(Input, CarriageReturnsAloneAreRefusedInTheSameWords) {
+TEST(Input, CarriageReturnsAloneAreRefusedWithTheSameMessage) {
     std::string text = display + display;
     std::ranges::replace(text, '\n', '\r');
     const std::string words =
@@ -96,7 +96,7 @@ TEST(Parameters, WithAControlCharacterMakeNoCommand) {
     expectComplaint(runTool({"command", "CPTTrans", "strKeyElArray()=1", "strKeyElArray()=\xC2\x85"}), 2,
                     "entry 1 of strKeyElArray() holds the control character U+0085 at position 1");
     EXPECT_EQ(runTool({"command", "--raw", "CPXTrans", "strKeyItemNr=3\nPX4"}).out, "PX3\nPX4\n");
-    // A batch passes on what it is given.
+    // A batch passes control characters on.
     EXPECT_EQ(runBatch(R"({"class":"CPXTrans","call":"CreateCommand","params":{"strKeyItemNr":"3\nPX4"}})").out,
               "{\"result\":\"PX3\\nPX4\"}\n");
 }
@@ -115,7 +115,7 @@ TEST(MaxLine, ABatchAnswersALongerLineWithAnErrorAndGoesOn) {
     EXPECT_EQ(run.status, 1);
 }
 
-TEST(MaxLine, ALongerLineIsNoDisplayOfAnyReader) {
+TEST(MaxLine, ALongerLineIsNoDisplayForAnyCommand) {
     const std::string words = "line 5 has more than 1024 bytes; --max-line lets longer lines in.";
     const std::string text = display + std::string(5000, 'x') + "\n>\n" + display;
     for (Arguments arguments : readers) {
@@ -147,7 +147,7 @@ TEST(MaxLine, AHugeLineIsReadInBoundedMemory) {
     }
 }
 
-TEST(MaxLine, IsSixteenMegabytesUnlessToldOtherwise) {
+TEST(MaxLine, IsSixteenMegabytesByDefault) {
     std::string longest = "{}";
     longest.resize(std::size_t{16} * 1024 * 1024, ' ');
     const auto answers = linesOf(runBatch(longest + "\n" + longest + " \n" + request).out);

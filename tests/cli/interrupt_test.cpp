@@ -1,4 +1,4 @@
-// Interrupts at any moment, and a reader that goes away: whatever was written is whole records.
+// Interrupts at any moment, and a closed output pipe: the output consists of whole records.
 #include "tests/cli/process.h"
 
 #include <gtest/gtest.h>
@@ -14,7 +14,7 @@ namespace vantro::test {
 
 namespace {
 
-// One display whose profile is a line of some ten kilobytes: a pipe holds six of them and a piece of the next.
+// One display whose profile is a line of about ten kilobytes: a pipe takes six of them and a part of the next.
 std::string longDisplay() {
     std::string display = "PDR/H4T9QZ\n*T*                    H4T9QZ\n------- PROFILE NOTES\n";
     for (int i = 0; i < 150; ++i) display += "A " + std::string(60, static_cast<char>('A' + i % 26)) + "\n";
@@ -27,7 +27,7 @@ std::string repeated(const std::string& text, int times) {
     return all;
 }
 
-// Lets the tool write for a while, interrupts it, and expects nothing but so many times the record.
+// Lets the tool write for a while, interrupts it, and expects the record repeated, each time complete.
 void expectWholeRecords(const std::vector<std::string>& arguments, const std::string& inputFile,
                         const std::string& record, int round) {
     const int number = round % 2 == 0 ? SIGINT : SIGTERM;
@@ -36,14 +36,14 @@ void expectWholeRecords(const std::vector<std::string>& arguments, const std::st
     for (int part = 0; part <= round % 7; ++part) out += tool.read(3000 + 700 * static_cast<std::size_t>(round));
     std::this_thread::sleep_for(std::chrono::milliseconds(round % 5));
     tool.signal(number);
-    if (round % 3 == 0) tool.signal(number);  // some send it to the process and to its group
+    if (round % 3 == 0) tool.signal(number);  // as when it is sent to the process and to its group
     out += tool.readRest();
     EXPECT_EQ(tool.endingSignal(), number) << round;
     ASSERT_EQ(out.size() % record.size(), 0U) << round;
     EXPECT_TRUE(out == repeated(record, static_cast<int>(out.size() / record.size()))) << round;
 }
 
-TEST(Interrupt, LeavesNoHalfProfileBehindInAnyForm) {
+TEST(Interrupt, LeavesNoHalfProfileInAnyForm) {
     const TemporaryFile one(longDisplay());
     const TemporaryFile many(repeated(longDisplay(), 400));
     int round = 0;
@@ -59,7 +59,7 @@ TEST(Interrupt, LeavesNoHalfProfileBehindInAnyForm) {
     }
 }
 
-TEST(Interrupt, LeavesNoHalfResponseBehind) {
+TEST(Interrupt, LeavesNoHalfResponse) {
     const std::string name(3000, 'A');
     const std::string request =
         R"({"class":"CPXTrans","call":"CreateCommand","params":{"strKeyItemNr":")" + name + "\"}}\n";
@@ -68,7 +68,7 @@ TEST(Interrupt, LeavesNoHalfResponseBehind) {
     for (int round = 0; round < 12; ++round) expectWholeRecords({"batch"}, requests.path(), response, round);
 }
 
-TEST(Interrupt, LeavesNoHalfAnswerBehind) {
+TEST(Interrupt, LeavesNoHalfAnswer) {
     const TemporaryFile one(longDisplay());
     const TemporaryFile many(repeated(longDisplay(), 400));
     const std::string answer = runTool({"notes", one.path()}).out;
@@ -98,7 +98,7 @@ TEST(Interrupt, ThatIsIgnoredStaysIgnored) {
     EXPECT_EQ(std::ranges::count(out, '\n'), 100);
 }
 
-TEST(Interrupt, AReaderThatGoesAwayEndsTheToolAtOnce) {
+TEST(Interrupt, AClosedOutputPipeEndsTheToolAtOnce) {
     const TemporaryFile many(repeated(longDisplay(), 400));
     for (const char* threads : {"1", "3"}) {
         Running tool({"parse", "-j", threads, many.path()});

@@ -10,7 +10,7 @@ namespace vantro {
 
 namespace {
 
-// Hands out a text in pieces of a size.
+// Returns a text in pieces of this size.
 class Pieces {
 public:
     Pieces(std::string text, std::size_t size) : text_(std::move(text)), size_(size) {}
@@ -30,7 +30,7 @@ private:
 
 using Lines = std::vector<std::string>;
 
-// The same lines must come out however the stream is cut and however small the block is.
+// The lines must not depend on the pieces of the stream nor on the block size.
 Lines linesIn(const std::string& text) {
     std::vector<Lines> all;
     for (const std::size_t piece : {1U, 2U, 3U, 7U, 1000U}) {
@@ -47,7 +47,7 @@ Lines linesIn(const std::string& text) {
 
 TEST(LineReader, AnEmptyStreamHasNoLines) { EXPECT_EQ(linesIn(""), Lines{}); }
 
-TEST(LineReader, ALineEndMakesNoFurtherLine) { EXPECT_EQ(linesIn("a\nbc\n"), (Lines{"a", "bc"})); }
+TEST(LineReader, NoLineFollowsTheLastLineEnd) { EXPECT_EQ(linesIn("a\nbc\n"), (Lines{"a", "bc"})); }
 
 TEST(LineReader, ALastLineWithoutLineEndCounts) { EXPECT_EQ(linesIn("a\nbc"), (Lines{"a", "bc"})); }
 
@@ -72,12 +72,12 @@ TEST(LineReader, AByteOrderMarkElsewhereStays) {
     EXPECT_EQ(linesIn("\xEF\xBB\xBF\xEF\xBB\xBF\n"), Lines{"\xEF\xBB\xBF"});
 }
 
-TEST(LineReader, ALineOfManyBlocksComesWhole) {
+TEST(LineReader, ALineOfManyBlocksIsReturnedWhole) {
     const std::string longLine(10'000, 'x');
     EXPECT_EQ(linesIn("a\n" + longLine + "\nb\n"), (Lines{"a", longLine, "b"}));
 }
 
-TEST(LineReader, TheNextLineIsHereOnceItsLineEndIs) {
+TEST(LineReader, TheNextLineIsAvailableOnceItsLineEndIsRead) {
     LineReader reader(Pieces("ab\ncd\nef", 7), defaultMaxLine, 4096);
     EXPECT_FALSE(reader.isNextHere());
     ASSERT_TRUE(reader.next());
@@ -88,7 +88,7 @@ TEST(LineReader, TheNextLineIsHereOnceItsLineEndIs) {
     EXPECT_FALSE(reader.next());
 }
 
-TEST(LineReader, TheByteBehindALineMayBeWritten) {
+TEST(LineReader, TheByteAfterALineMayBeWritten) {
     LineReader reader(Pieces("ab\ncd", 100), defaultMaxLine, 4096);
     for (const std::string wanted : {"ab", "cd"}) {
         const auto line = reader.next();
@@ -111,7 +111,7 @@ Lines linesUpTo(std::size_t maxLine, const std::string& text, std::size_t piece,
     return lines;
 }
 
-TEST(LineReader, ALineThatIsTooLongComesEmptyAndCostsNoOther) {
+TEST(LineReader, ALineThatIsTooLongIsEmptyAndDoesNotAffectTheOthers) {
     const std::string five = "abcde";
     const std::string six = "abcdef";
     const std::string many(1000, 'x');

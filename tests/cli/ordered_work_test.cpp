@@ -26,7 +26,7 @@ class OrderedWorkOn : public testing::TestWithParam<std::size_t> {};
 
 INSTANTIATE_TEST_SUITE_P(Threads, OrderedWorkOn, testing::Values(1, 2, 4));
 
-TEST_P(OrderedWorkOn, GivesResultsInOrder) {
+TEST_P(OrderedWorkOn, ReturnsResultsInOrder) {
     std::vector<int> results;
     const auto work = [](int number) {
         if (number % 10 == 0) sleepFor(2);  // early tasks take longest
@@ -37,12 +37,12 @@ TEST_P(OrderedWorkOn, GivesResultsInOrder) {
     for (int i = 0; i < 100; ++i) EXPECT_EQ(results[static_cast<std::size_t>(i)], i);
 }
 
-TEST_P(OrderedWorkOn, NothingToDoIsDone) {
+TEST_P(OrderedWorkOn, WithoutTasksItEnds) {
     workInOrder(
         GetParam(), upTo(0), [](int number) { return number; }, [](int /*result*/) { FAIL(); });
 }
 
-TEST_P(OrderedWorkOn, WhatIsThrownEndsTheWorkAndComesOut) {
+TEST_P(OrderedWorkOn, AnExceptionEndsTheWorkAndIsRethrown) {
     const auto failingAt = [](int wanted) {
         return [wanted](int number) { return number == wanted ? throw std::runtime_error("seven") : number; };
     };
@@ -60,13 +60,13 @@ TEST_P(OrderedWorkOn, WhatIsThrownEndsTheWorkAndComesOut) {
     EXPECT_NO_THROW(run(upTo(200), sound, sound));
 }
 
-TEST_P(OrderedWorkOn, BoundsWhatIsUnderWay) {
+TEST_P(OrderedWorkOn, BoundsTheTasksInProgress) {
     std::atomic<int> begun{0};
     int taken = 0;
     int most = 0;
     const auto work = [&](int number) {
         ++begun;
-        if (number % 20 == 0) sleepFor(2);  // the others could run far ahead of it
+        if (number % 20 == 0) sleepFor(2);  // the other threads could run far ahead of it
         return number;
     };
     workInOrder(GetParam(), upTo(400), work, [&](int /*result*/) {
@@ -77,7 +77,7 @@ TEST_P(OrderedWorkOn, BoundsWhatIsUnderWay) {
     EXPECT_LE(most, 4 * static_cast<int>(GetParam()));
 }
 
-TEST_P(OrderedWorkOn, IsDoneByAsManyThreadsTheCallersAmongThem) {
+TEST_P(OrderedWorkOn, IsDoneByThatManyThreadsIncludingTheCallers) {
     std::set<std::thread::id> seen;
     const auto work = [](int /*number*/) {
         sleepFor(3);  // long enough for all to take part

@@ -1,7 +1,7 @@
 #include "cli/commands/parameters.h"
 
 #include "cli/io/failure.h"
-#include "cli/json/collection_json.h"
+#include "cli/json/collection.h"
 
 #include <gtest/gtest.h>
 
@@ -9,13 +9,17 @@ namespace vantro {
 
 namespace {
 
-std::string collected(const std::vector<std::string>& pairs) {
-    const auto collection = std::make_shared<BuiltInCollection>();
-    addParameters(pairs, *collection);
+std::string collectionJson(const CollectionPtr& collection) {
     std::string json;
     JsonOut out(json);
     writeCollection(collection, out);
     return json;
+}
+
+std::string collected(const std::vector<std::string>& pairs) {
+    const auto collection = std::make_shared<BuiltInCollection>();
+    addParameters(pairs, *collection);
+    return collectionJson(collection);
 }
 
 std::string refused(const std::string& pair) {
@@ -64,7 +68,7 @@ TEST(Parameters, AListReplacesTheOneOfTheState) {
     EXPECT_EQ(std::get<TextList>(collection.Item(u"strA()")->Value()), TextList{u"new"});
 }
 
-TEST(Parameters, WhatIsNoPairIsRefused) {
+TEST(Parameters, TextThatIsNoPairIsRefused) {
     EXPECT_EQ(refused("strKeyName"), "'strKeyName' is not KEY=VALUE; write for example strKeyName=SMITH");
 }
 
@@ -73,7 +77,7 @@ TEST(Parameters, AKeyWithoutAKindIsRefused) {
     EXPECT_EQ(refused("=x"), "the key '' tells no kind; keys begin with str, bln or int, or end in ()");
 }
 
-TEST(Parameters, AKeyOfOneValueGivenTwiceIsRefused) { EXPECT_THROW(collected({"strA=1", "strA=2"}), UsageError); }
+TEST(Parameters, ARepeatedKeyOfOneValueIsRefused) { EXPECT_THROW(collected({"strA=1", "strA=2"}), UsageError); }
 
 TEST(Parameters, BytesThatAreNotUtf8AreRefused) { EXPECT_EQ(refused("strA=\xFF"), "a parameter is not UTF-8"); }
 
@@ -99,13 +103,30 @@ TEST(ControlCharacters, AreFoundFromBothBlocks) {
     }
 }
 
-TEST(ControlCharacters, AreToldWithKeyAndPosition) {
+TEST(ControlCharacters, AreReportedWithKeyAndPosition) {
     EXPECT_EQ(controlIn(Text(u"SMITH\nPX3")), "strKey holds the control character U+000A at position 6");
     EXPECT_EQ(controlIn(Text(u"\u0085")), "strKey holds the control character U+0085 at position 1");
     EXPECT_EQ(controlIn(TextList{u"", u"\U0001F600\r"}),
               "entry 1 of strKey holds the control character U+000D at position 2");
     EXPECT_EQ(controlIn(true), "");
     EXPECT_EQ(controlIn(std::int16_t{10}), "");
+}
+
+TEST(CollectionJson, WrittenCollectionsAreReadBackUnchanged) {
+    const std::string json = R"json({"strB":"x\ny","blnA":false,"intC":38,"strD()":["","1"],"strE()":[]})json";
+    EXPECT_EQ(collectionJson(collectionFromJson(json, "state")), json);
+    EXPECT_EQ(collectionFromJson("null", "state"), nullptr);
+}
+
+TEST(CollectionJson, AnythingElseIsRefusedWithTheNameOfItsSource) {
+    for (const char* json : {"", "[]", "7", "{\"a\":1.5}", "{\"a\":null}", "{\"a\":[1]}", "{\"a\":\"\\ud800\"}"}) {
+        try {
+            collectionFromJson(json, "the state");
+            ADD_FAILURE() << json;
+        } catch (const UsageError& problem) {
+            EXPECT_EQ(std::string(problem.what()).rfind("the state: ", 0), 0U) << problem.what();
+        }
+    }
 }
 
 }  // namespace

@@ -66,7 +66,7 @@ TEST_P(ParseSample, PrettyIsTheExpectedFileByteForByte) {
     EXPECT_EQ(run.status, 0);
 }
 
-TEST_P(ParseSample, IsOneLineOtherwise) {
+TEST_P(ParseSample, IsOneLineWithoutPretty) {
     EXPECT_EQ(runTool({"parse", sample(GetParam())}).out, expectedLine(GetParam()));
 }
 
@@ -104,7 +104,7 @@ TEST(Parse, ManyFilesAreJsonLinesInTheirOrderOnAnyNumberOfThreads) {
     }
 }
 
-/// True when a text is a piece so many times over.
+/// True when a text is this piece, repeated this many times.
 bool isRepeated(const std::string& text, const std::string& piece, std::size_t times) {
     if (text.size() != times * piece.size()) return false;
     for (std::size_t at = 0; at < text.size(); at += piece.size()) {
@@ -121,7 +121,7 @@ TEST(Parse, ManyDisplaysInOneFileAreReadInBoundedMemoryOnAnyNumberOfThreads) {
     std::ofstream stream(file.path(), std::ios::binary);
     for (std::size_t i = 0; i < times; ++i) stream << displays;
     stream.close();
-    // What this process holds counts in what it starts, so nothing large may be held here until the first run.
+    // The memory of this process counts for the processes that it starts, so it must stay small until the first run.
     const Finished first = runTool({"parse", "-j", "2", file.path()});
     EXPECT_TRUE(isRepeated(first.out, lines, times));
 #ifndef __SANITIZE_ADDRESS__
@@ -137,13 +137,13 @@ TEST(Parse, PrettyDisplaysFollowOneAnother) {
               expected("minimal") + expected("prompt_only"));
 }
 
-TEST(Parse, TheLastLineOfADisplayIsNotPaddedIntoTheNext) {
-    // Were it, the second display's header lines would stand one line further down.
+TEST(Parse, TheLastLineOfADisplayDoesNotPadTheNextOne) {
+    // Otherwise the second display's header lines would be one line too low.
     const std::string two = contentOf(sample("minimal")) + contentOf(sample("traveller"));
     EXPECT_EQ(runTool({"parse"}, two).out, expectedLine("minimal") + expectedLine("traveller"));
 }
 
-TEST(Parse, ALineThatIsTooLongLeavesItsDisplayOutAndNothingElse) {
+TEST(Parse, ALineThatIsTooLongOmitsItsDisplayOnly) {
     const std::string minimal = contentOf(sample("minimal"));
     const TemporaryFile file(minimal + "PDR/X\n" + std::string(81, 'X') + "\n>\n" + minimal);
     const Finished run = runTool({"parse", file.path(), sample("company")});
@@ -151,13 +151,13 @@ TEST(Parse, ALineThatIsTooLongLeavesItsDisplayOutAndNothingElse) {
     expectRefused(run, 1, file.path() + ", display 2: line 6 has 81 characters");
 }
 
-TEST(Parse, BytesThatAreNotUtf8LeaveTheirDisplayOut) {
+TEST(Parse, BytesThatAreNotUtf8OmitTheirDisplay) {
     const Finished run = runTool({"parse"}, "PDR/\xFF\n>\n" + contentOf(sample("minimal")));
     EXPECT_EQ(run.out, expectedLine("minimal"));
     expectRefused(run, 1, "standard input, display 1: line 1 is not UTF-8");
 }
 
-TEST(Parse, QueriesWithoutAnAnswerAreListedAndSaid) {
+TEST(Parse, QueriesWithoutAnAnswerAreListedAndReported) {
     const std::string unended = "PDR/H4T9QZ\n*T*                    H4T9QZ\n------- PROFILE NOTES\nA ONE\n";
     const Finished run = runTool({"parse"}, contentOf(sample("minimal")) + unended);
     ASSERT_EQ(linesOf(run.out).size(), 2U);
@@ -172,7 +172,7 @@ TEST(Parse, QueriesWithoutAnAnswerAreListedAndSaid) {
     EXPECT_NE(run.err.find("ProfileNotes (error 5500)"), std::string::npos) << run.err;
 }
 
-TEST(Parse, AFileWithoutADisplayIsSaid) {
+TEST(Parse, AFileWithoutADisplayIsReported) {
     const TemporaryFile blank("\n   \n");
     const Finished run = runTool({"parse", blank.path(), sample("minimal")});
     EXPECT_EQ(run.out, expectedLine("minimal"));
@@ -180,7 +180,7 @@ TEST(Parse, AFileWithoutADisplayIsSaid) {
     expectRefused(runTool({"parse"}), 1, "standard input holds no display");
 }
 
-TEST(Parse, AFileThatCannotBeReadDoesNotKeepTheOthersBack) {
+TEST(Parse, AFileThatCannotBeReadDoesNotStopTheOthers) {
     const Finished run = runTool({"parse", sample("minimal"), "/no/such/file", sample("company")});
     EXPECT_EQ(run.out, expectedLine("minimal") + expectedLine("company"));
     expectRefused(run, 2, "cannot read the file '/no/such/file'");
@@ -194,7 +194,7 @@ TEST(Parse, BadUsageIsStatus2) {
     expectRefused(runTool({"parse", "-", "-"}), 2, "standard input can be read once only");
 }
 
-TEST(Parse, ATableNamesTheFileAndShowsWhatThereIs) {
+TEST(Parse, ATableNamesTheFileAndShowsTheProfile) {
     const Finished run = runTool({"parse", "--table", sample("prompt_only"), sample("traveller")});
     EXPECT_EQ(run.out.rfind(sample("prompt_only") + ", display 1\n\nWHAT ", 0), 0U) << run.out;
     const auto lines = linesOf(run.out);

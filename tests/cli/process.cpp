@@ -41,7 +41,7 @@ std::string contentOf(std::FILE* file) {
 }
 
 [[noreturn]] void becomeTool(const std::vector<std::string>& arguments) {
-    // The memory that a sanitizer holds back would hide what the tool itself uses.
+    // Memory that a sanitizer keeps after it is freed would hide the tool's own use.
     ::setenv("ASAN_OPTIONS", "quarantine_size_mb=1", 1);
     std::vector<char*> pointers;
     std::string name = VANTRO_PROFILE_TOOL;

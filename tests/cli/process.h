@@ -1,4 +1,4 @@
-// Runs the built tool as its users do.
+// Runs the built tool as a process.
 #pragma once
 
 #include <cstddef>
@@ -17,17 +17,17 @@ struct Finished {
 /// Runs the tool with these arguments and this standard input.
 Finished runTool(const std::vector<std::string>& arguments, const std::string& input = {});
 
-/// The same with standard output going into this file, whose content is not looked at.
+/// The same with standard output redirected to this file, whose content is ignored.
 Finished runToolInto(const std::string& outputFile, const std::vector<std::string>& arguments,
                      const std::string& input = {});
 
-/// Runs `batch`; the input is taken as it is.
+/// Runs `batch` with this input.
 Finished runBatch(const std::string& input);
 
 /// The lines of a text, without their line ends.
 std::vector<std::string> linesOf(const std::string& text);
 
-/// The response lines that `batch` gives to these request lines.
+/// The response lines of `batch` to these request lines.
 std::vector<std::string> answersTo(const std::vector<std::string>& requests);
 
 /// A conversation with `batch` over pipes, its input kept open.
@@ -38,9 +38,9 @@ public:
     Dialogue(const Dialogue&) = delete;
     Dialogue& operator=(const Dialogue&) = delete;
 
-    /// Sends a text as it is.
+    /// Sends a text unchanged.
     void send(const std::string& text);
-    /// The next response line; "" when none comes within some seconds.
+    /// The next response line; "" when there is none within some seconds.
     std::string receiveLine();
 
 private:
@@ -49,22 +49,22 @@ private:
     int process_ = -1;
 };
 
-/// The tool at work, its output read by hand from a pipe.
+/// A running tool whose output the test reads from a pipe.
 class Running {
 public:
-    /// Without a file for standard input, the tool waits there for what never comes.
+    /// Without a file for standard input, the tool waits for input that never arrives.
     explicit Running(const std::vector<std::string>& arguments, const std::string& inputFile = {});
     ~Running();
     Running(const Running&) = delete;
     Running& operator=(const Running&) = delete;
 
-    /// What one read gives, of so many bytes at most; "" at the end.
+    /// The result of one read of at most this many bytes; "" at the end.
     std::string read(std::size_t most);
     std::string readRest();
     void closeOutput();
     void signal(int number) const;
 
-    /// Waits for the end and gives the signal that the tool ended by; 0 when it exited by itself.
+    /// Waits for the end and returns the signal that ended the tool; 0 when it exited by itself.
     int endingSignal();
 
 private:

@@ -18,11 +18,11 @@ TEST(ProgressLine, ShowsBarPercentageCountAndRate) {
               "[##############################] 100 %  9 displays  3/s");
 }
 
-TEST(ProgressLine, HasNoBarWhenTheLengthIsNotKnown) {
+TEST(ProgressLine, HasNoBarWhenTheLengthIsUnknown) {
     EXPECT_EQ(progressLine({.bytesDone = 50, .count = 10, .seconds = 2}), "10 displays  5/s");
 }
 
-TEST(ProgressLine, StaysAtAHundredWhenAFileGrew) {
+TEST(ProgressLine, StaysAt100PercentWhenAFileHasGrown) {
     EXPECT_EQ(progressLine({.bytesDone = 300, .bytesInAll = 100, .count = 1}),
               "[##############################] 100 %  1 displays");
 }

@@ -1,6 +1,6 @@
 #include "cli/batch/request.h"
 
-#include "cli/json/collection_json.h"
+#include "cli/json/collection.h"
 
 #include <gtest/gtest.h>
 
@@ -10,7 +10,7 @@ namespace vantro {
 
 namespace {
 
-// A line and the reader that has read it; the request's texts point into both.
+// A line and the reader that has read it. The request's texts refer to both.
 class RequestTest : public testing::Test {
 protected:
     const std::string& problemOf(std::string line) {
@@ -102,13 +102,13 @@ TEST_F(RequestTest, ParamsThatAreNoObjectAreRefused) {
     }
 }
 
-TEST_F(RequestTest, AKeyOfParamsGivenTwiceHasItsLastValueInItsFirstPlace) {
+TEST_F(RequestTest, ARepeatedKeyOfParamsHasItsLastValueInItsFirstPosition) {
     EXPECT_EQ(paramsOf(R"({"a":"1","b":"2","a":["3"]})"), R"({"a":["3"],"b":"2"})");
     EXPECT_EQ(paramsOf(R"({"a":null,"b":"2","a":"3"})"), R"({"a":"3","b":"2"})");
     EXPECT_NE(problemOfParams(R"({"a":"3","a":null})"), "");
 }
 
-TEST_F(RequestTest, AMemberGivenTwiceHasItsLastValue) {
+TEST_F(RequestTest, ARepeatedMemberHasItsLastValue) {
     EXPECT_EQ(requestOf(R"({"class":5,"call":"CreateCommand","class":"CPXTrans"})").row->name, u"CPXTrans");
     EXPECT_EQ(paramsOf(R"({"a":"1"},"params":{"b":"2"})"), R"({"b":"2"})");
     EXPECT_EQ(screenOf(R"(["a","b"],"response":"c")"), u"c");
@@ -192,7 +192,7 @@ TEST_F(RequestTest, NotesAreCountedWithTwoTextsThatMayBeAbsent) {
     EXPECT_EQ(problemOf(call + R"(,"searchQualifier":[]})"), "searchQualifier: a text is expected");
 }
 
-TEST_F(RequestTest, MembersThatTheCallDoesNotUseAreIgnoredWhateverTheyHold) {
+TEST_F(RequestTest, MembersThatTheCallDoesNotUseAreIgnoredWhateverTheyContain) {
     EXPECT_EQ(problemOf(R"({"class":"CPXTrans","call":"CreateCommand","response":5,"display":{"a":[]},"selection":1,)"
                         R"("qualifier":2,"searchString":3,"searchQualifier":4,"other":{"class":"x","id":[1]}})"),
               "");
@@ -237,7 +237,7 @@ TEST_P(ClassWithoutCall, IsRefused) {
               "\"" + className + "\" has no call \"" + call + "\"");
 }
 
-TEST_F(RequestTest, ACallMustBeThere) {
+TEST_F(RequestTest, ACallIsRequired) {
     EXPECT_EQ(problemOf(R"({"class":"CPXTrans"})"), "call: the member is missing");
     EXPECT_EQ(problemOf(R"({"class":"CPXTrans","call":null})"), "call: a text is expected");
 }
@@ -266,7 +266,7 @@ TEST_F(RequestTest, AnIdIsCopiedFromEveryLineThatIsAnObject) {
     EXPECT_EQ(idOf(R"({"\u0069\u0064":9})"), "9");
 }
 
-TEST_F(RequestTest, AnIdInsideAnotherMemberIsNoneOfTheRequest) {
+TEST_F(RequestTest, AnIdInsideAnotherMemberIsNotTheRequestsId) {
     EXPECT_EQ(idOf(R"({"params":{"id":1},"x":[{"id":2}]})"), "none");
 }
 
@@ -276,7 +276,7 @@ TEST_F(RequestTest, ALineThatIsNoJsonHasNoId) {
     EXPECT_EQ(idOf(R"({"id":9} x)"), "none");
 }
 
-TEST_F(RequestTest, NothingOfALineIsLeftForTheNextOne) {
+TEST_F(RequestTest, NothingOfALineAffectsTheNextOne) {
     requestOf(
         R"({"id":1,"class":"CProfile","call":"ProfileElements","display":"x","params":{"a":"b"},"selection":["s"],)"
         R"("qualifier":"q","object":"o"})");

@@ -1,4 +1,4 @@
-#include "cli/commands/screen_input.h"
+#include "cli/io/screen_input.h"
 
 #include "cli/io/failure.h"
 
@@ -25,7 +25,7 @@ TEST(ScreenInput, OneLineIsAnUnbrokenText) {
     EXPECT_EQ(screenFromText("\n"), u"");
 }
 
-TEST(ScreenInput, OneLineEndAtTheVeryEndIsNoLine) {
+TEST(ScreenInput, OneLineEndAtTheVeryEndBeginsNoLine) {
     EXPECT_EQ(screenFromText("A\nB\n"), padded(u"A") + u"B");
     EXPECT_EQ(screenFromText("A\nB\n\n"), padded(u"A") + padded(u"B"));
 }
@@ -50,7 +50,7 @@ TEST(ScreenInput, ACarriageReturnAloneIsNoLineEnd) {
     }
 }
 
-TEST(ScreenInput, AByteOrderMarkIsNoPartOfTheScreen) {
+TEST(ScreenInput, AByteOrderMarkIsNotPartOfTheScreen) {
     EXPECT_EQ(screenFromText("\xEF\xBB\xBF"
                              "A\nB"),
               padded(u"A") + u"B");
@@ -65,7 +65,7 @@ TEST(ScreenInput, TheWidthIsCountedInCodeUnits) {
     EXPECT_THROW(screenFromText(wide + "\nB"), UsageError);
 }
 
-TEST(ScreenInput, ALineOver80AmongSeveralIsRefusedByItsNumber) {
+TEST(ScreenInput, ALineOver80AmongSeveralIsRefusedWithItsNumber) {
     try {
         screenFromText("A\n" + std::string(81, 'x') + "\nB\n");
         ADD_FAILURE();

@@ -1,4 +1,4 @@
-// The tool on the command line: what it prints where, and its exit status.
+// The tool on the command line: its output, its messages and its exit status.
 #include "tests/cli/process.h"
 
 #include <gtest/gtest.h>
@@ -22,7 +22,8 @@ void expectComplaint(const Finished& run, int status, const std::string& words) 
 }
 
 TEST(Tool, HelpOnEveryLevelHasAnExample) {
-    for (const char* command : {"", "classes", "command", "verify", "batch", "parse", "elements", "notes"}) {
+    for (const char* command :
+         {"", "classes", "describe", "command", "verify", "batch", "parse", "elements", "notes"}) {
         std::vector<std::string> arguments{"--help"};
         if (*command != '\0') arguments.insert(arguments.begin(), command);
         const Finished run = runTool(arguments);
@@ -33,7 +34,7 @@ TEST(Tool, HelpOnEveryLevelHasAnExample) {
     }
 }
 
-TEST(Tool, TellsItsVersion) {
+TEST(Tool, PrintsItsVersion) {
     const Finished run = runTool({"--version"});
     EXPECT_EQ(run.status, 0);
     EXPECT_EQ(run.out.rfind("vantro-profile ", 0), 0U);
@@ -51,7 +52,7 @@ TEST(Tool, BadUsageIsStatus2AndOneLine) {
     expectComplaint(runTool({"verify", "CPXTrans", "--screen", "/"}), 2, "'/'");
 }
 
-TEST(Tool, AnUnknownClassIsBadUsageAndATransactionCodeIsAnswered) {
+TEST(Tool, AnUnknownClassIsBadUsageAndATransactionCodeNamesItsClass) {
     expectComplaint(runTool({"command", "CPYTrans"}), 2, "'vantro-profile classes' lists the classes");
     expectComplaint(runTool({"command", "PX"}), 2, "the class of PX is CPXTrans");
     expectComplaint(runTool({"command", "CProfile"}), 2, "CProfile parses displays");
@@ -86,7 +87,7 @@ TEST(Tool, PrintsACommandAndALineEnd) {
     EXPECT_EQ(run.status, 0);
 }
 
-TEST(Tool, ListsGoIntoACommandEntryByEntry) {
+TEST(Tool, ListsAreReadFromRepeatedParameters) {
     EXPECT_EQ(runTool({"command", "CPTTrans", "intKeyArraySize=1", "strKeyElArray()=1", "strKeyElArray()=4",
                        "strKeySegArray()=", "strKeySegArray()=2", "strKeyPasArray()=", "strKeyPasArray()=1"})
                   .out,
@@ -125,7 +126,7 @@ TEST(Tool, PrintsResultsAsATableWhenAskedTo) {
               "blnKeyResponseOK  True\n");
 }
 
-TEST(Tool, ListsInATableHaveARowAnEntry) {
+TEST(Tool, ListsInATableHaveOneRowPerEntry) {
     const TemporaryFile state(R"json({"strList()":["","b"],"intN":-3,"strEmpty()":[],"blnKeyEnter":true})json");
     EXPECT_EQ(runTool({"verify", "CProfileMode", "--table", "--state", state.path()}, "PM\n*PROFILE MODE*").out,
               "KEY                VALUE\n"
@@ -176,7 +177,7 @@ TEST(Tool, ParametersAreAddedOverTheState) {
         "\n");
 }
 
-TEST(Tool, AStateThatIsNoneIsBadUsage) {
+TEST(Tool, AnInvalidStateIsBadUsage) {
     const TemporaryFile state("[1]");
     expectComplaint(runTool({"verify", "CPDNTrans", "--state", state.path()}, "x"), 2, state.path());
     expectComplaint(runTool({"verify", "CPDNTrans", "--state", "/no/such/file"}, "x"), 2, "/no/such/file");
@@ -189,7 +190,7 @@ TEST(Tool, CountsWhatAClassCounts) {
     expectComplaint(runTool({"verify", "CPXTrans", "--count"}, "x"), 2, "leave --count out");
 }
 
-TEST(Tool, WhatAReaderReportedIsToldOnStandardError) {
+TEST(Tool, ReportedErrorsAreWrittenToStandardError) {
     const Finished run = runTool({"verify", "CRLPTrans", "strKeyIndex=9"}, "RLP\nRP/NCEVN0950/\nT/ABC123 /P1\n>\n");
     EXPECT_EQ(run.out, "{}\n");
     EXPECT_NE(run.err.find("error 5130"), std::string::npos) << run.err;

@@ -55,17 +55,17 @@ TEST(Utf, AnUnpairedSurrogateIsWrittenAsReplacementCharacter) {
     EXPECT_EQ(toUtf8(Text{char16_t{0xD83D}, char16_t{0xD83D}, char16_t{0xDE00}}), "\xEF\xBF\xBD\xF0\x9F\x98\x80");
 }
 
-TEST(Utf, AsciiIsWhatLiesBelow128) {
+TEST(Utf, AsciiIsBelow128) {
     EXPECT_TRUE(isAscii("plain text of more than sixteen bytes\x7F"));
     EXPECT_FALSE(isAscii("sixteen bytes, then \x80"));
 }
 
-TEST(Utf, AQuotedTextIsCutWhenItIsLong) {
+TEST(Utf, ALongQuotedTextIsShortened) {
     EXPECT_EQ(inQuotes(u"CPXTrans"), "\"CPXTrans\"");
     EXPECT_EQ(inQuotes(Text(61, u'x')), "\"" + std::string(60, 'x') + "...\"");
 }
 
-TEST(Utf, TheLengthInUtf16IsThatOfTheText) {
+TEST(Utf, TheLengthInUtf16IsTheTextsLength) {
     for (const std::string text :
          {"", "A", "\xC3\xA9", "\xE2\x82\xAC", "\xF0\x9F\x98\x80", "a\xC3\xA9\xF0\x9F\x98\x80z"}) {
         EXPECT_EQ(utf16Length(text), toUtf16(text).size()) << text;

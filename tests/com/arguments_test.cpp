@@ -1,4 +1,4 @@
-// What each argument accepts, and what goes back through it.
+// What each argument accepts, and what is returned through it.
 #include "server/com/error.h"
 #include "tests/com/client.h"
 #include "tests/support/screens.h"
@@ -47,7 +47,7 @@ TEST_F(CollectionArgument, IsAnObjectByReference) {
     expectAccepted(value);
 }
 
-TEST_F(CollectionArgument, IsAVariableThatHoldsAnObject) {
+TEST_F(CollectionArgument, IsAVariableThatContainsAnObject) {
     VARIANT variable = argument(object_);
     expectAccepted(com::borrowedByReference(&variable));
 }
@@ -122,7 +122,7 @@ TEST(ReturnedCollection, IsThePassedOneForAnUnknownFamilyAndNothingForAKnownOne)
     EXPECT_FALSE(unknown);
 }
 
-TEST(Lists, GoIntoTheCollectionAsArraysOfTexts) {
+TEST(Lists, AreStoredInTheCollectionAsArraysOfTexts) {
     const auto profile = newGet(u"CProfile");
     const auto request = terminalCollection({{u"strKeyPrefix", u"PPR"}});
     const Bstr display(screen({u"PDR/KQ4R7T", u"------- PRIORITY", u"1  PPR/WINDOW SEAT", u"END OF DISPLAY"}));
@@ -169,21 +169,21 @@ TextList selectedNumbers(VARIANT* selection) {
     return std::get<TextList>(entriesOf(request.get()).back().value);
 }
 
-TEST(Selection, GoesBackIntoTheCallersArrayOfTexts) {
+TEST(Selection, IsStoredInTheCallersArrayOfTexts) {
     Variant selection = Variant::of(ItemValue(TextList{u"s  rm", u"zz"}));
     EXPECT_EQ(selectedNumbers(selection.pointer()), (TextList{u"", u"3"}));
     // The kind letter and the two blanks of an entry are cut off by taking it from its second character on.
     EXPECT_EQ(com::listIn(selection.get().parray), (TextList{u"RM", u"ZZ"}));
 }
 
-TEST(Selection, GoesBackIntoTheCallersArrayOfVariantsBehindAReference) {
+TEST(Selection, IsStoredInTheCallersArrayOfVariantsByReference) {
     Variant list = Variant::arrayOfVariants({u"s  rm", u"zz"});
     VARIANT variable = com::borrowedByReference(list.pointer());
     EXPECT_EQ(selectedNumbers(&variable), (TextList{u"", u"3"}));
     EXPECT_EQ(com::listIn(list.get().parray), (TextList{u"RM", u"ZZ"}));
 }
 
-TEST(Selection, GoesBackIntoAnArrayWhoseBoundsDoNotStartAtZero) {
+TEST(Selection, IsStoredInAnArrayWhoseLowerBoundIsNotZero) {
     SAFEARRAYBOUND bound{2, 5};
     SAFEARRAY* const array = SafeArrayCreate(VT_BSTR, 1, &bound);
     const TextList entries{u"a  ap", u"rm"};
@@ -226,7 +226,7 @@ TEST(Qualifier, IsATextInAnyForm) {
     }
 }
 
-TEST(Counts, ComeAsIntegersOrAsVariantsWhereTheClassHasThemSo) {
+TEST(Counts, AreIntegersOrVariantsAsTheClassDeclares) {
     const auto profile = newServerObject<ICProfile>(u"CProfile", IID_ICProfile);
     const Bstr display = transferableDisplay();
     SHORT remarks = 0;

@@ -1,4 +1,4 @@
-// Calls a second: through the interface's own operations, by a kept id, and by looking the name up each time. It
+// Calls per second: through the interface's own operations, by a cached id, and by name with a look-up each time. It
 // asserts nothing.
 #include "tests/com/client.h"
 
@@ -27,7 +27,7 @@ void measure(const char* name, Call&& call) {
 }
 
 void run() {
-    // The move down builds its command without the terminal's help: the call itself is what is measured.
+    // The move down builds its command without the terminal, so that only the call is measured.
     const auto trans = newTrans(u"CPDMDTrans");
     const auto object = trans.as<IDispatch>(IID_IDispatch);
     const VARIANT none = noArgument();

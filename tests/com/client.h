@@ -1,5 +1,5 @@
-// An early-bound automation client: what the tests of the server have in common. It knows the interface headers
-// and the class identifiers in the registry, and nothing of the server's code.
+// An early-bound automation client, shared by the tests of the server. It uses the interface headers and the registry's
+// class identifiers, and none of the server's code.
 #pragma once
 
 #include "server/com/array.h"
@@ -46,7 +46,7 @@ Entries entriesOf(IDispatch* collection);
 VARIANT argument(IDispatch* object);
 VARIANT noArgument();
 
-/// What a failed call left behind: the number in its result code and the thread's error information.
+/// The error of a failed call: the number in its result code and the thread's error information.
 struct Raised {
     int number = 0;
     std::string source;

@@ -19,8 +19,8 @@ constexpr long mostCalls = 400;
 
 const Raised terminalsFailure{terminalsNumber, "VantroKestoFaces", "The terminal failed, as it was asked to."};
 
-// Runs a call with the terminal failing at call 1, 2, ... until it needs no further call, and gives every error
-// that came out of it. Where none came out the failure must have been reported.
+// Runs a call with the terminal failing at call 1, 2, ... until it needs no further call, and returns every error that
+// was raised. Where none was raised, the failure must have been reported.
 struct Sweep {
     std::vector<Raised> raised;
     std::vector<int> reported;
@@ -73,7 +73,7 @@ Text busyScreen() { return screen({u"ECHO", u"RP/NCEVN3101/", u"*T* MARTEN/LOVIS
 
 struct Numbers {
     const char16_t* name;
-    int create;  ///< 0: the terminal's own failure comes through
+    int create;  ///< 0: the terminal's own error passes
     int verify;
     bool createCallsTerminal = true;
 };
@@ -273,7 +273,7 @@ TEST(FailingTerminalUnderLinkedProfiles, TheCountReportsItsOwnNumberAndGoesOn) {
     EXPECT_EQ(std::set<int>(seen.reported.begin(), seen.reported.end()), std::set<int>{5130});
 }
 
-TEST(ReportedErrors, AreCurrentInTheThreadWhileTheTerminalIsTold) {
+TEST(ReportedErrors, AreCurrentInTheThreadDuringReportError) {
     const auto trans = newTrans(u"CPDNTrans");
     const auto control = standIn();
     const Bstr response(busyScreen());

@@ -39,7 +39,7 @@ Operation response(const char16_t* className, int number, std::optional<Entries>
             adds};
 }
 
-// The families of a profile: the word that asks for one, the count behind it, and where its elements stand.
+// The families of a profile: the prefix that queries one, its count, and where its elements are.
 struct Family {
     const char16_t* prefix;
     const char16_t* property;

@@ -1,8 +1,8 @@
-// Every operation of every class with what a failing call of the terminal leads to, as the error convention has it:
+// Every operation of every class with the outcome of a failing call of the terminal, by the error convention:
 //
-//   !  the operation raises its own number and gives nothing
-//   ^  the operation has no number, or none for this step: the step's own error comes out
-//   =  a reader reports the error; the operation goes on and gives what there is
+//   !  the operation raises its own number and returns nothing
+//   ^  the operation has no number, or none for this step: it raises the step's own error
+//   =  a reader reports the error; the operation goes on and returns what it has
 #pragma once
 
 #include "tests/support/collections.h"
@@ -16,7 +16,7 @@ namespace vantro::test {
 struct Operation {
     enum class Call { Command, Response, Count, Elements };
 
-    /// What the failure of a call leads to; `calls` are all calls of the operation up to that one.
+    /// The outcome of a call's failure; `calls` are all calls of the operation up to that one.
     char consequence(const std::vector<std::string>& calls) const;
 
     /// The description of the operation's own error.

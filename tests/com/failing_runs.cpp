@@ -1,7 +1,7 @@
 #include "tests/com/failing_runs.h"
 
-#include "server/client/remote_collection.h"
 #include "server/com/error.h"
+#include "tests/com/remote_collection.h"
 #include "tests/support/text.h"
 #include "vantro/registry.h"
 
@@ -61,7 +61,7 @@ Entries readBack(IDispatch* object) {
     return entriesOf(copy);
 }
 
-// Whatever the thread did last may have left an error behind; it is none of this call's.
+// Removes an error that the thread's earlier calls may have left; it does not belong to this call.
 void leaveAnEarlierError() {
     Ptr<ICreateErrorInfo> earlier;
     com::check(CreateErrorInfo(earlier.receive()));

@@ -1,5 +1,5 @@
-// One call of an operation while one call of its terminal ends otherwise than it should: with the linked library,
-// and with the registered server.
+// One call of an operation while one call of its terminal fails: with the linked library, and with the registered
+// server.
 #pragma once
 
 #include "tests/com/client.h"
@@ -13,10 +13,10 @@
 
 namespace vantro::test {
 
-/// What one call of an operation led to.
+/// The outcome of one call of an operation.
 struct Outcome {
     Raised raised;
-    std::string given;  ///< the command, the count, or whether a collection came back
+    std::string given;  ///< the command, the count, or whether a collection was returned
     Entries results;    ///< of that collection
     Entries request;    ///< of the collection passed, after the call
     std::vector<int> reported;

@@ -1,10 +1,10 @@
-// A terminal of another making that fails: every call of every operation in its turn, in every way in which a call
-// by name can fail. What comes out is what the error convention says, and what the linked library makes of the same
-// failure; and nothing is left behind.
-#include "server/client/remote_collection.h"
+// A foreign terminal library that fails: every call of every operation in turn, in every way in which a call by name
+// can fail. The outcome is what the error convention requires and the same as with the linked library, and nothing
+// stays allocated.
 #include "server/com/error.h"
 #include "tests/com/failing_runs.h"
 #include "tests/com/memory_spy.h"
+#include "tests/com/remote_collection.h"
 #include "tests/support/screens.h"
 #include "tests/support/text.h"
 
@@ -30,7 +30,7 @@ Ending endingOfValue(const std::string& call, Fault fault) {
     const bool isText = call == "ItemText" || call.starts_with("ScreenLine ") || call.starts_with("TextField ");
     const bool isTruth = call == "ItemBoolean" || call.starts_with("FindMarker ");
     const bool isNothing = fault == Fault::Nothing || fault == Fault::Empty || fault == Fault::Null;
-    if (call.starts_with("Add ")) return Ending::usual();  // what it gives back is of no interest
+    if (call.starts_with("Add ")) return Ending::usual();  // its result is not used
     if (call == "createCollection") {
         return fault == Fault::Nothing ? Ending::raised(Error(91, ownName, u"Object variable not set"))
                                        : Ending::usual();
@@ -53,7 +53,7 @@ Ending endingOf(const std::string& call, Fault fault) {
 
 class ForeignTerminal : public testing::TestWithParam<Operation> {
 protected:
-    // What the table says; the step's own error is `step`.
+    // The outcome that the table requires; the step's own error is `step`.
     static void expectConsequence(char consequence, const Outcome& outcome, const Error& step) {
         const Operation& operation = GetParam();
         const bool own = consequence == '!';
@@ -93,11 +93,11 @@ TEST_P(ForeignTerminal, IsCalledAsTheLinkedOneIs) {
     EXPECT_TRUE(linked.reported.empty());
 }
 
-TEST_P(ForeignTerminal, FailsAsTheConventionSays) {
+TEST_P(ForeignTerminal, FailsAsTheErrorConventionRequires) {
     const Operation& operation = GetParam();
     ServerRun server(operation);
     server.run(0, Fault::None);
-    server.run(1, Fault::OwnError);  // whatever is made once is made now
+    server.run(1, Fault::OwnError);  // creates what is created only once
     const long objects = server.control().liveObjects();
     const std::size_t blocks = MemorySpy::outstanding();
     const auto calls = static_cast<long>(server.calls().size());
@@ -134,7 +134,7 @@ TEST_P(ForeignTerminal, FailsWithItsReporter) {
     }
 }
 
-// What one apartment makes of a terminal whose helper objects cannot be created, and can be later.
+// One apartment with a terminal whose helper objects cannot be created at first, and can be later.
 void useWithoutHelpers() {
     TerminalControl control;
     const auto company = newTrans(u"CPCNTrans");
@@ -157,7 +157,7 @@ void useWithoutHelpers() {
     EXPECT_TRUE(results);
 }
 
-TEST(ForeignTerminalsObjects, AreAskedForAgainAfterAFailure) {
+TEST(ForeignTerminalsObjects, AreRequestedAgainAfterAFailure) {
     // Another thread has no helper objects yet.
     std::thread apartment([] {
         CoInitialize(nullptr);

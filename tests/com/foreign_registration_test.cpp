@@ -1,5 +1,5 @@
-// Registering and taking back beside what other libraries have in the registry. Each test compares the whole folder
-// of classes before and after.
+// Registering and unregistering beside the entries of other libraries. Each test compares all of the registry's classes
+// before and after.
 #include "server/com/error.h"
 #include "tests/com/client.h"
 #include "tests/com/registry_snapshot.h"
@@ -253,7 +253,7 @@ TEST_F(ServerRegistration, LeavesAnotherVersionOfItsTypeLibrary) {
     EXPECT_FALSE(isClassesKey(versionKey(LIBID_VantroProfileUtils)));
 }
 
-TEST_F(ServerRegistration, SaysWhichHalfFailed) {
+TEST_F(ServerRegistration, ReturnsWhichHalfFailed) {
     ASSERT_EQ(unregister_(), S_OK);
     const Snapshot without = allClasses();
     {

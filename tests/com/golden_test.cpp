@@ -1,5 +1,5 @@
-// The profile displays of samples/ against what samples/expected says of them, asked of the registered server.
-#include "server/client/remote_object.h"
+// The profile displays of samples/, read by the registered server and compared with samples/expected.
+#include "tests/com/remote_object.h"
 #include "tests/com/samples.h"
 #include "tests/support/exchange_file.h"
 #include "tests/support/text.h"
@@ -18,13 +18,13 @@ namespace {
 
 using Json = rapidjson::Value;
 
-// How a query names the fields of an element.
+// The result keys of an element's fields.
 const std::map<std::string, const char16_t*> keys{
     {"text", u"strKeyElement"},    {"number", u"strKeyElementNr"},          {"code", u"strKeyCode"},
     {"airline", u"strKeyAirline"}, {"frequentFlyerNumber", u"strKeyFFNbr"}, {"freeText", u"strKeyFreeText"},
     {"asterisk", u"blnKeyAsterix"}};
 
-// The families that give one element a query; the others give their lists.
+// The families of which a query returns one element; of the others it returns lists.
 bool isSingle(const std::string& family) {
     for (const char* const single : {"SR", "RM", "AP", "OS", "FFN", "ST", "RC"}) {
         if (family == single) return true;

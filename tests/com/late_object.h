@@ -1,4 +1,4 @@
-// An automation object of the test's own, reached by the names of its operations only.
+// An automation object that a test defines, called by the names of its operations only.
 #pragma once
 
 #include "server/com/ptr.h"
@@ -11,7 +11,7 @@
 
 namespace vantro::test {
 
-/// What an operation does with its arguments, which stand in their order; the result is there for it to fill.
+/// The body of an operation: its arguments, in order, and the result to fill.
 using Operation = std::function<HRESULT(const std::vector<VARIANT>& arguments, VARIANT& result, EXCEPINFO& exception)>;
 
 using Operations = std::map<Text, Operation>;
@@ -19,7 +19,7 @@ using Operations = std::map<Text, Operation>;
 /// A new object with these operations.
 com::Ptr<IDispatch> newLateObject(Operations operations);
 
-/// Makes this thread's next objects of a class be of the test's making, as long as it lives.
+/// While an instance exists, this thread's new objects of a class are the test's own.
 class TakenClass {
 public:
     TakenClass(const CLSID& clsid, Operations operations);
@@ -31,7 +31,7 @@ private:
     DWORD cookie_ = 0;
 };
 
-/// Runs in an apartment of its own, where nothing of the terminal is known yet.
+/// Runs in a new apartment, which has no objects of the terminal yet.
 void inNewApartment(const std::function<void()>& body);
 
 }  // namespace vantro::test

@@ -58,7 +58,7 @@ private:
 };
 
 Spy& spy() {
-    static Spy* const only = new Spy;  // the system asks it to the very end
+    static Spy* const only = new Spy;  // the system calls it until the process ends
     return *only;
 }
 

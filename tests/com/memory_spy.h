@@ -1,5 +1,5 @@
-// Counts what the task allocator has given out: BSTRs, arrays and task memory of the whole process. BSTRs are only
-// counted exactly when the environment says OANOCACHE=1.
+// Counts the blocks of the task allocator: BSTRs, arrays and task memory of the whole process. BSTRs are counted
+// exactly only with OANOCACHE=1 in the environment.
 #pragma once
 
 #include "server/com/system.h"
@@ -12,7 +12,7 @@ class MemorySpy {
 public:
     static void install();
 
-    /// Blocks given out since the spy was installed and not freed yet.
+    /// Blocks allocated since the spy was installed and not freed yet.
     static std::size_t outstanding();
 };
 

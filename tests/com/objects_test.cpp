@@ -1,4 +1,4 @@
-// What every object is: its interfaces, its life, and the apartments that it lives in.
+// The objects of every class: their interfaces, lifetime and apartments.
 #include "server/com/error.h"
 #include "tests/com/client.h"
 #include "tests/support/screens.h"
@@ -43,7 +43,7 @@ protected:
 INSTANTIATE_TEST_SUITE_P(, EveryServerClass, testing::ValuesIn(classes),
                          [](const auto& facts) { return utf8(facts.param.name); });
 
-TEST_P(EveryServerClass, GivesItsInterfacesAndRefusesOthers) {
+TEST_P(EveryServerClass, ReturnsItsInterfacesAndRefusesOthers) {
     EXPECT_EQ(gives(object_, IID_IProfileTrans), GetParam().hasTrans);
     EXPECT_EQ(gives(object_, IID_IProfileGet), GetParam().hasGet);
     for (const IID& iid : {IID_IUnknown, IID_IDispatch, IID_ISupportErrorInfo, IID_IProvideClassInfo}) {
@@ -79,7 +79,7 @@ TEST_P(EveryServerClass, CountsItsReferencesTogetherForAllInterfaces) {
     EXPECT_EQ(object_->Release(), 2u);
 }
 
-TEST_P(EveryServerClass, SaysOfItsOwnInterfacesThatTheyLeaveErrorInformation) {
+TEST_P(EveryServerClass, SupportsErrorInformationForItsOwnInterfaces) {
     const auto support = object_.as<ISupportErrorInfo>(IID_ISupportErrorInfo);
     EXPECT_EQ(support->InterfaceSupportsErrorInfo(IID_IProfileTrans), GetParam().hasTrans ? S_OK : S_FALSE);
     EXPECT_EQ(support->InterfaceSupportsErrorInfo(IID_IProfileGet), GetParam().hasGet ? S_OK : S_FALSE);
@@ -117,7 +117,7 @@ TEST_P(EveryServerClass, RefusesNullPointersForResults) {
     EXPECT_EQ(dispatch->GetTypeInfo(1, LOCALE_SYSTEM_DEFAULT, second.receive()), DISP_E_BADINDEX);
 }
 
-TEST_P(EveryServerClass, TellsClientsTheNamesOfItsOperationsOnly) {
+TEST_P(EveryServerClass, FindsTheNamesOfItsOperationsOnly) {
     const auto dispatch = object_.as<IDispatch>(IID_IDispatch);
     for (const auto& [name, known] :
          {std::pair{L"createcommand", GetParam().hasTrans}, std::pair{L"VerifyResponse", GetParam().hasTrans},
@@ -140,7 +140,7 @@ TEST_P(EveryServerClass, RefusesAnInterfaceForItsNames) {
         DISP_E_UNKNOWNINTERFACE);
 }
 
-// The classes of the class table, with the interfaces that it gives them, are those of the type library.
+// The type library has the classes of the class table, with the same interfaces.
 TEST(ServerTypeLibrary, AgreesWithTheClassTable) {
     Ptr<ITypeLib> library;
     const auto object = newServerObject<IDispatch>(u"CPXTrans", IID_IDispatch);
@@ -183,7 +183,7 @@ TEST(ServerLife, KeepsNoObjectsOfTheTerminalButTheHelpers) {
         ASSERT_EQ(trans->CreateCommand(argument(params.get()), command.receive()), S_OK);
         EXPECT_EQ(utf8(command.view()), "PX3");
     }
-    EXPECT_LE(liveObjects(), before + 1);  // the functions object may have been made just now
+    EXPECT_LE(liveObjects(), before + 1);  // the functions object may have been created just now
 }
 
 TEST(ServerLife, UnloadsOnlyWithoutObjectsAndLocks) {
@@ -256,7 +256,7 @@ std::wstring serverPath() {
     return path;
 }
 
-// Lets COM unload the libraries whose objects are gone. One call marks them, a later one lets them go.
+// Makes COM unload the libraries without objects. One call marks them, a later one unloads them.
 void freeUnused() {
     for (int round = 0; round < 2; ++round) CoFreeUnusedLibrariesEx(0, 0);
 }
@@ -281,7 +281,7 @@ TEST(ServerLife, LoadsAndUnloadsAHundredTimes) {
     }
 }
 
-// One apartment's work: results, an error and its information, all of them the thread's own.
+// One apartment's work: results, an error and its information, all of them this thread's own.
 int failuresOfOneApartment() {
     int failures = 0;
     CoInitialize(nullptr);
@@ -310,10 +310,10 @@ TEST(ServerLife, ServesFourApartmentsAtOnce) {
     }
     for (std::thread& apartment : apartments) apartment.join();
     EXPECT_EQ(failures, 0);
-    EXPECT_EQ(liveObjects(), before);  // each apartment took its helper objects with it
+    EXPECT_EQ(liveObjects(), before);  // each apartment released its helper objects
 }
 
-TEST(ServerLife, MakesItsHelperObjectsOnceAThread) {
+TEST(ServerLife, CreatesItsHelperObjectsOncePerThread) {
     const auto trans = newTrans(u"CPDRTrans");
     Ptr<IDispatch> results;
     const Bstr response(screen({u"PDRT/KQ4R7T", u"RECORD LOCATOR NOT FOUND", u">"}));

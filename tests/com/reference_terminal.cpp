@@ -28,7 +28,7 @@ public:
     ScriptedCollection(std::shared_ptr<CallScript> script, std::shared_ptr<BuiltInCollection> inner)
         : script_(std::move(script)), inner_(std::move(inner)) {}
 
-    // Whatever `Add` gives back is of no interest, so that it is done here in any case.
+    // The result of `Add` is not used, so the item is added in any case.
     void Add(TextView key, ItemValue value) override {
         script_->enter("Add " + utf8(key));
         inner_->Add(key, std::move(value));

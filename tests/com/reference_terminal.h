@@ -1,5 +1,5 @@
-// A terminal of the linked library of which one call ends otherwise than it should: what the server makes of the
-// same call of the registered terminal is measured by this.
+// A terminal of the linked library of which one call fails: the reference for the server, whose registered terminal
+// fails at the same call.
 #pragma once
 
 #include "vantro/built_in_terminal.h"
@@ -11,8 +11,7 @@
 
 namespace vantro::test {
 
-/// How a call ends: as it should, with an error, or with the value of something absent: no item, an empty text,
-/// False.
+/// How a call ends: as usual, with an error, or with an absent value: no item, an empty text, False.
 struct Ending {
     enum class Kind { Usual, Raised, Absent };
 
@@ -29,7 +28,7 @@ class CallScript {
 public:
     CallScript(long chosen, Ending ending) : chosen_(chosen), ending_(std::move(ending)) {}
 
-    /// Notes a call; true when it is to answer with something absent. Raises the error of the chosen call.
+    /// Records a call; true when it must return an absent value. Raises the error of the chosen call.
     bool enter(std::string call);
 
     const std::vector<std::string>& calls() const { return calls_; }
@@ -53,7 +52,7 @@ public:
     /// A collection whose operations are calls of this terminal; null stays null.
     CollectionPtr watched(std::shared_ptr<BuiltInCollection> collection) const;
 
-    /// The collection behind a watched one; null stays null.
+    /// The collection that a watched one wraps; null stays null.
     static CollectionPtr inner(const CollectionPtr& collection);
 
     const std::vector<std::string>& calls() const { return script_->calls(); }

@@ -117,10 +117,10 @@ TEST_F(Manifest, CreatesEveryClassWithoutRegistration) {
     EXPECT_EQ(utf8(command.view()), "PX12");
 }
 
-TEST(StandInRegistration, DoesNotTakeThePlaceOfAnInstalledTerminal) {
+TEST(StandInRegistration, DoesNotReplaceAnInstalledTerminal) {
     const auto control = standIn();
     const auto registerStandIn = plainExport(standInModule(), "DllRegisterServer");
-    ASSERT_EQ(registerStandIn(), S_OK);  // its own registration it may renew
+    ASSERT_EQ(registerStandIn(), S_OK);  // it may renew its own registration
     const std::wstring key = std::wstring(classesFolder) + L"\\CLSID\\" +
                              guidText(registeredClass(u"VantroKestoFaces", u"TerminalFunctions")) + L"\\InprocServer32";
     wchar_t own[MAX_PATH] = {};

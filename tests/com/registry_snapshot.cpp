@@ -25,14 +25,14 @@ std::wstring valuesOf(HKEY key) {
     }
 }
 
-// The folders that hold a key for each class, interface or type library of the whole system.
+// The keys that contain a key for each class, interface or type library of the whole system.
 bool isCatalogue(const std::wstring& name) {
     return name == L"CLSID" || name == L"Interface" || name == L"TypeLib" || name == L"Wow6432Node";
 }
 
 const std::set<std::wstring>& ownGuids();
 
-// Of what is the system's own the names are enough: reading all of it takes a long time.
+// For the system's own entries the names are enough: reading all of them takes a long time.
 bool isOfInterest(const std::wstring& name) {
     return isCatalogue(name) || name.starts_with(L"Vantro") || ownGuids().contains(name);
 }
@@ -136,7 +136,7 @@ bool isThere(const std::wstring& path, REGSAM view) {
     return true;
 }
 
-// The topmost key of a path that is missing; empty when all are there.
+// The topmost missing key of a path; empty when all exist.
 std::wstring firstMissing(const std::wstring& path, REGSAM view) {
     for (std::size_t end = path.find(L'\\');; end = path.find(L'\\', end + 1)) {
         const std::wstring upper = path.substr(0, end);

@@ -1,4 +1,4 @@
-// The registry's folder of classes as it stands, and what a test puts there.
+// The current content of the registry's classes, and entries that a test adds.
 #pragma once
 
 #include "server/com/system.h"
@@ -12,11 +12,11 @@ namespace vantro::test {
 
 inline constexpr const wchar_t* classesFolder = L"Software\\Classes";
 
-/// Keys and their values below the folder, flattened: "CLSID\{...}\ProgID" -> "default=...".
+/// Keys and their values below the classes, flattened: "CLSID\{...}\ProgID" -> "default=...".
 using Snapshot = std::map<std::wstring, std::wstring>;
 
-/// The folder: every key's name, and all of what belongs to this project's classes, interfaces and type libraries.
-/// What only the other kind of process sees is under "Wow6432Node".
+/// The name of every key, and the whole content of the keys of this project's classes, interfaces and type libraries.
+/// Entries that only the other kind of process sees are under "Wow6432Node".
 Snapshot allClasses();
 
 /// What is in one of two snapshots only, or in both with other values: "gone ...", "new ...", "changed ...".
@@ -29,8 +29,8 @@ bool isClassesKey(const std::wstring& path);
 
 std::wstring guidText(const GUID& guid);
 
-/// Entries that a test writes in the folder: a path and the key's own value. What stood there before comes back when
-/// it ends; keys that were not there go.
+/// Entries that a test writes: a path and the key's default value. The destructor restores the earlier values and
+/// removes the keys that were missing.
 class WrittenKeys {
 public:
     WrittenKeys() = default;
@@ -40,12 +40,12 @@ public:
 
     void write(const std::wstring& path, const std::wstring& value, REGSAM view = 0);
 
-    /// A key that lets nobody make a lasting key below it.
+    /// A volatile key, below which no permanent key can be created.
     void block(const std::wstring& path);
 
 private:
     struct Before {
-        std::wstring made;  ///< the topmost key that was missing; empty when all were there
+        std::wstring made;  ///< the topmost key that was missing; empty when all existed
         std::wstring path;
         std::wstring value;
         REGSAM view;

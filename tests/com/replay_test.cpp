@@ -1,7 +1,7 @@
-// The recorded exchanges and profiles of samples/, played once against the linked library and once against the
-// registered server: one player, two back ends.
-#include "server/client/remote_object.h"
+// The sample exchanges and profiles of samples/, played once with the linked library and once with the registered
+// server: one player, two back ends.
 #include "tests/com/memory_spy.h"
+#include "tests/com/remote_object.h"
 #include "tests/com/samples.h"
 #include "tests/com/terminal_control.h"
 #include "tests/support/exchange_file.h"
@@ -19,7 +19,7 @@ namespace {
 
 enum class BackEnd { Library, Server };
 
-// Objects of one back end with a terminal that collects what is reported.
+// Objects of one back end, with a terminal that collects the reported errors.
 class Stage {
 public:
     explicit Stage(BackEnd backEnd) : backEnd_(backEnd) {}
@@ -102,7 +102,7 @@ private:
 
 std::string fileTestName(const testing::TestParamInfo<std::filesystem::path>& file) { return testName(file.param); }
 
-class RecordedExchange : public testing::TestWithParam<std::filesystem::path> {
+class SampleExchange : public testing::TestWithParam<std::filesystem::path> {
 protected:
     void play(BackEnd backEnd) {
         Player player(backEnd);
@@ -111,18 +111,18 @@ protected:
         for (const ExchangeStep& step : exchange) player.play(step);
     }
 };
-INSTANTIATE_TEST_SUITE_P(, RecordedExchange, testing::ValuesIn(filesIn(samples() / "exchanges", ".exchange")),
+INSTANTIATE_TEST_SUITE_P(, SampleExchange, testing::ValuesIn(filesIn(samples() / "exchanges", ".exchange")),
                          fileTestName);
 
-TEST_P(RecordedExchange, PlaysThroughTheServer) { play(BackEnd::Server); }
-TEST_P(RecordedExchange, PlaysThroughTheLinkedLibrary) { play(BackEnd::Library); }
+TEST_P(SampleExchange, PlaysThroughTheServer) { play(BackEnd::Server); }
+TEST_P(SampleExchange, PlaysThroughTheLinkedLibrary) { play(BackEnd::Library); }
 
 const char16_t* const prefixes[] = {u"NM",  u"SR",  u"RM",  u"AP",  u"OS",  u"FFN", u"ST",  u"RECLOC", u"OFFID", u"PCN",
                                     u"PHI", u"PPH", u"PCI", u"PPC", u"PIN", u"PSL", u"ALL", u"RC",     u"PPR",   u"PPS",
                                     u"PGL", u"PPA", u"PPK", u"PPI", u"PXC", u"PXA", u"PXK", u"PSH",    u"PSC",   u"PPT",
                                     u"PXT", u"PAS", u"PIV", u"PCE", u"PID", u"PFO", u"XYZ", u""};
 
-// Everything that one request gives, raised errors included, in a form that can be compared.
+// Everything that one request returns, or the error that it raises, in a form that can be compared.
 struct Answer {
     Entries entries;
     TextList selection;
@@ -147,10 +147,10 @@ Answer ask(Stage& stage, TextView className, TextView display, const Entries& re
     return answer;
 }
 
-class RecordedProfile : public testing::TestWithParam<std::filesystem::path> {};
-INSTANTIATE_TEST_SUITE_P(, RecordedProfile, testing::ValuesIn(filesIn(samples() / "profiles", ".txt")), fileTestName);
+class SampleProfile : public testing::TestWithParam<std::filesystem::path> {};
+INSTANTIATE_TEST_SUITE_P(, SampleProfile, testing::ValuesIn(filesIn(samples() / "profiles", ".txt")), fileTestName);
 
-TEST_P(RecordedProfile, GivesTheSameElementsThroughBothBackEnds) {
+TEST_P(SampleProfile, ReturnsTheSameElementsThroughBothBackEnds) {
     Stage library(BackEnd::Library);
     Stage server(BackEnd::Server);
     const Text display = displayIn(GetParam());
@@ -165,7 +165,7 @@ TEST_P(RecordedProfile, GivesTheSameElementsThroughBothBackEnds) {
     EXPECT_EQ(ask(server, u"CProfileNotes", display, notes), ask(library, u"CProfileNotes", display, notes));
 }
 
-TEST_P(RecordedProfile, GivesTheSameCountsAndListsThroughBothBackEnds) {
+TEST_P(SampleProfile, ReturnsTheSameCountsAndListsThroughBothBackEnds) {
     Stage library(BackEnd::Library);
     Stage server(BackEnd::Server);
     const Text display = displayIn(GetParam());
@@ -179,8 +179,8 @@ TEST_P(RecordedProfile, GivesTheSameCountsAndListsThroughBothBackEnds) {
     }
 }
 
-// Playing everything again and again leaves no text, array or task memory behind, and no object of the terminal.
-TEST(RecordedExchanges, LeaveNothingBehind) {
+// Playing everything repeatedly leaves no text, array, task memory or terminal object allocated.
+TEST(SampleExchanges, LeaveNothingAllocated) {
     const auto playAll = [] {
         for (const auto& file : filesIn(samples() / "exchanges", ".exchange")) {
             Player player(BackEnd::Server);

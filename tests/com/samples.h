@@ -1,4 +1,4 @@
-// The recorded samples, as the tests of the server play them.
+// The sample exchanges and profiles, for the tests of the server.
 #pragma once
 
 #include "vantro/text.h"
@@ -12,10 +12,10 @@ namespace vantro::test {
 /// The folder of the samples.
 std::filesystem::path samples();
 
-/// A profile as a text file holds it, a screen line a line.
+/// A profile display from a text file with one screen line per line.
 Text displayIn(const std::filesystem::path& file);
 
-/// The file's name without ending, as a test may be named.
+/// The file's name without its extension, as a valid test name.
 std::string testName(const std::filesystem::path& file);
 
 }  // namespace vantro::test

@@ -1,6 +1,6 @@
 // Runs a VBScript or JScript file through the system's script engine and reports what its checks found. The file
 // is UTF-8. A script sees `Test.Equal(actual, expected, what)`, `Test.Say(text)` and `Test.Done()`: without the
-// last call the script did not run to its end, whatever the engine says.
+// last call the script did not run to its end, even if the engine reports no error.
 #include "server/com/error.h"
 #include "server/com/variant.h"
 
@@ -45,7 +45,7 @@ std::wstring fromUtf8(const std::string& bytes) {
     return text;
 }
 
-// What a check compares: the kind of value does not matter to a script, its text does.
+// What a check compares: for a script only a value's text matters, not its kind.
 Text shown(const VARIANT& value) {
     const VARIANT& behind = dereferenced(value);
     if (behind.vt == VT_DISPATCH) return behind.pdispVal == nullptr ? u"Nothing" : u"(object)";
@@ -116,7 +116,7 @@ private:
     Outcome& outcome_;
 };
 
-// What the engine asks of its host.
+// The host's interface for the engine.
 class Site final : public IActiveScriptSite {
 public:
     Site(TestItem& item, Outcome& outcome) : item_(item), outcome_(outcome) {}

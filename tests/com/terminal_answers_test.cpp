@@ -1,5 +1,4 @@
-// What the server makes of a terminal's answers that are not of the kind they should be, and of exceptions that say
-// nothing of themselves.
+// Answers of the terminal that are of a wrong kind, and exceptions without a description.
 #include "server/com/array.h"
 #include "server/com/error.h"
 #include "tests/com/client.h"
@@ -52,7 +51,7 @@ const WrongAnswer wrongAnswers[] = {{"Null", nullAnswer},
                                     {"Array", arrayAnswer},
                                     {"Word", wordAnswer}};
 
-// The terminal's functions, of which one gives a wrong answer and the others next to nothing.
+// The terminal's functions: one returns a wrong answer, the others an empty one.
 Operations functionsWith(const Text& name, Operation operation) {
     const Operation emptyText = [](const auto&, VARIANT& result, EXCEPINFO&) {
         result = Variant::of(TextView()).detach();
@@ -166,7 +165,7 @@ TEST(TerminalException, KeepsWhatItSaysAndHasThePlainTextsForTheRest) {
     EXPECT_EQ(raised, (Raised{7, "VantroProfileUtils", "Out of paper"}));
 }
 
-// A collection of the test's own whose one item gives this value.
+// A collection whose only item has this value.
 Ptr<IDispatch> collectionWith(VARIANT index) {
     const auto itemWith = [](VARIANT value) {
         return newLateObject({{u"Value", [value](const auto&, VARIANT& result, EXCEPINFO&) {

@@ -1,7 +1,7 @@
 #include "tests/com/terminal_control.h"
 
-#include "server/client/remote_collection.h"
 #include "server/com/error.h"
+#include "tests/com/remote_collection.h"
 #include "tests/support/text.h"
 
 namespace vantro::test {

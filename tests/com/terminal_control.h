@@ -1,4 +1,4 @@
-// The control of whichever terminal library is registered, by name.
+// The control of the registered terminal library, called by name.
 #pragma once
 
 #include "server/com/late_call.h"
@@ -16,9 +16,9 @@ public:
     /// The objects of the terminal that are alive.
     long liveObjects();
 
-    // What only the foreign terminal knows:
+    // Only the foreign terminal has these:
 
-    /// The terminal's calls are counted from 1 anew, and the one with this number fails; 0 for none.
+    /// Restarts the count of the terminal's calls: the one with this number, from 1, fails; 0 for none.
     void failAt(long call, Fault fault);
 
     /// Every report fails, until the next `failAt`.

@@ -1,4 +1,4 @@
-// Arguments are looked at where an operation uses them: what it does not use is neither judged nor changed.
+// Arguments are read where an operation uses them: unused ones are neither checked nor changed.
 #include "server/com/array.h"
 #include "server/com/error.h"
 #include "tests/com/client.h"
@@ -49,13 +49,13 @@ protected:
 INSTANTIATE_TEST_SUITE_P(, CollectionThatIsNone, testing::ValuesIn(collections),
                          [](const auto& used) { return utf8(used.param.name); });
 
-TEST_P(CollectionThatIsNone, IsJudgedByTheCommandsThatReadIt) {
+TEST_P(CollectionThatIsNone, IsCheckedByTheCommandsThatReadIt) {
     Bstr command;
     const Raised raised = raisedBy(trans_->CreateCommand(wrong_.get(), command.receive()));
     EXPECT_EQ(raised, GetParam().byCreateCommand ? mismatch : Raised{});
 }
 
-TEST_P(CollectionThatIsNone, IsJudgedByTheReadersOfState) {
+TEST_P(CollectionThatIsNone, IsCheckedByTheReadersOfState) {
     const Bstr response(screen({u"RLP", u"T/KQ4R7T /P1", u">"}));
     Ptr<IDispatch> results;
     const Raised raised = raisedBy(trans_->VerifyResponse(response.get(), wrong_.get(), results.receive()));
@@ -64,7 +64,7 @@ TEST_P(CollectionThatIsNone, IsJudgedByTheReadersOfState) {
     EXPECT_EQ(static_cast<bool>(results), hasResults && !GetParam().byVerifyResponse);
 }
 
-TEST_P(CollectionThatIsNone, IsNotJudgedForAnEmptyResponse) {
+TEST_P(CollectionThatIsNone, IsNotCheckedForAnEmptyResponse) {
     Ptr<IDispatch> results;
     // This class reads the state first.
     const bool readsFirst = Text(GetParam().name) == u"CPDATrans";
@@ -127,7 +127,7 @@ const OtherPrefix otherPrefixes[] = {{u"CProfile", u"NM"},      {u"CProfile", u"
                                      {u"CProfile", u"XYZ"},     {u"CProfileNotes", u"ProfileNotes"},
                                      {u"CProfileNotes", u"ALL"}};
 
-TEST(SelectionOfOtherPrefixes, IsNotJudged) {
+TEST(SelectionOfOtherPrefixes, IsNotChecked) {
     const Wrong wrong;
     Variant text = Variant::of(TextView(u""));
     VARIANT unallocated = ofKind(VT_ARRAY | VT_BSTR);
@@ -155,7 +155,7 @@ TEST(SelectionOfAll, IsWrittenBackAsTexts) {
     EXPECT_EQ(com::elementsIn(array.get().parray), (TextList{u"7", u""}));
 }
 
-TEST(SelectionOfAll, IsJudgedAfterTheCollectionAndThePrefix) {
+TEST(SelectionOfAll, IsCheckedAfterTheCollectionAndThePrefix) {
     Wrong wrong;
     Variant text = Variant::of(TextView(u"RM"));
     Ptr<IDispatch> unknown;
@@ -170,7 +170,7 @@ TEST(SelectionOfAll, IsJudgedAfterTheCollectionAndThePrefix) {
     EXPECT_EQ(query(u"CProfile", u"ALL", text.pointer(), noArgument()), mismatch);
 }
 
-TEST(SelectionOfAll, IsJudgedAfterTheSecondScreenLine) {
+TEST(SelectionOfAll, IsCheckedAfterTheSecondScreenLine) {
     const auto profile = newGet(u"CProfile");
     const auto request = terminalCollection({{u"strKeyPrefix", u"ALL"}});
     const auto control = standIn();
@@ -222,12 +222,12 @@ TEST(SelectionOfAll, KeepsWhatWasChangedBeforeAnEntryThatIsNoText) {
     EXPECT_EQ(utf8(com::textIn(last.get())), "ap");
 }
 
-TEST(QualifierOfAll, IsJudged) {
+TEST(QualifierOfAll, IsChecked) {
     Variant array = Variant::arrayOfVariants(TextList{u"rm"});
     EXPECT_EQ(query(u"CProfile", u"ALL", nullptr, array.get()), mismatch);
 }
 
-TEST(FiltersOfNotes, AreJudgedWhereThereIsADisplay) {
+TEST(FiltersOfNotes, AreCheckedWhereThereIsADisplay) {
     const auto notes = newServerObject<ICProfileNotes>(u"CProfileNotes", IID_ICProfileNotes);
     Variant array = Variant::arrayOfVariants(TextList{u"rm"});
     SHORT count = 7;

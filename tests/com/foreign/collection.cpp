@@ -1,5 +1,5 @@
-// The keyed collection and its items. The ids are in no order, and the same numbers mean other operations in
-// other classes: whoever calls by number has to ask each class for its own.
+// The keyed collection and its items. The ids are in no order, and the same numbers mean different operations in
+// different classes, so that a caller has to look them up for each class.
 #include "tests/com/foreign/objects.h"
 
 #include <mutex>
@@ -25,7 +25,7 @@ constexpr MemberRow collectionMembers[] = {
     {L"Item", itemId, DISPATCH_METHOD | DISPATCH_PROPERTYGET, 1, 1},
 };
 
-// The items that are alive. An object that offers automation alone is known by its address only.
+// The living items. An object that offers automation alone can be recognised only by its address.
 class LiveItems {
 public:
     static LiveItems& only() {
@@ -91,7 +91,7 @@ private:
         return name + std::wstring(textIn(arguments[0]));
     }
 
-    // A key that is there keeps its place.
+    // An existing key keeps its position.
     Held add(std::wstring_view key, Held value) {
         Entry* entry = find(key);
         if (entry == nullptr) entry = &entries_.emplace_back(Entry{std::wstring(key), {}});

@@ -1,4 +1,4 @@
-// Tells the foreign terminal to fail, and what it has seen.
+// Makes calls of the foreign terminal fail, and returns the calls that it has recorded.
 #include "tests/com/foreign/objects.h"
 
 namespace foreign {

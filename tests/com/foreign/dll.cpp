@@ -1,5 +1,5 @@
-// The exports of the foreign terminal's library. It registers under the terminal's own names and identifiers, in
-// the place of the stand-in, with which it shares no line.
+// The exports of the foreign terminal's library. It registers under the terminal's own names and identifiers, instead
+// of the stand-in, with which it shares no code.
 #include "tests/com/foreign/objects.h"
 
 #include <array>
@@ -16,7 +16,7 @@ struct ClassRow {
     const wchar_t* name;
     CLSID clsid;
     IDispatch* (*create)();
-    Fault (*enter)();  ///< what becomes of a creation
+    Fault (*enter)();  ///< the fault of a creation
 };
 
 Fault enterCollection() { return Watch::only().enter(L"createCollection"); }
@@ -42,7 +42,7 @@ const ClassRow classes[] = {
      enterControl},
 };
 
-// A failed creation has no exception to describe itself in, only the thread's error information.
+// A failed creation has no exception information, only the thread's error information.
 HRESULT failedCreation(Fault fault) {
     if (fault == Fault::NoMemory) return E_OUTOFMEMORY;
     if (fault != Fault::OwnError && fault != Fault::OwnLateError) return E_FAIL;
@@ -59,7 +59,7 @@ HRESULT failedCreation(Fault fault) {
     return resultOfNumber(Watch::only().failingNumber());
 }
 
-// One factory a class, for as long as the library is loaded.
+// One factory per class, as long as the library is loaded.
 class Factory final : public IClassFactory {
 public:
     explicit Factory(const ClassRow& row) : row_(row) {}
@@ -140,7 +140,7 @@ STDAPI DllGetClassObject(REFCLSID clsid, REFIID iid, void** factory) {
     return CLASS_E_CLASSNOTAVAILABLE;
 }
 
-// What it has noted is asked for at any time.
+// Its records may be read at any time.
 STDAPI DllCanUnloadNow() { return S_FALSE; }
 
 STDAPI DllRegisterServer() {

@@ -1,4 +1,4 @@
-// The terminal's functions. Truth comes out as a number where another terminal gives a boolean.
+// The terminal's functions. They return numbers where another terminal returns booleans.
 #include "tests/com/foreign/objects.h"
 
 #include <algorithm>
@@ -92,7 +92,7 @@ private:
     }
 
     static bool isShown(const Arguments& given) {
-        longIn(given[2]);  // a line is asked for, though the whole screen is searched
+        longIn(given[2]);  // a line is required, though the whole screen is searched
         return textIn(given[0]).find(textIn(given[1])) != std::wstring_view::npos;
     }
 

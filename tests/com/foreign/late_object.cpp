@@ -9,7 +9,7 @@ namespace {
 constexpr HRESULT automationError = static_cast<HRESULT>(0x800A0000UL);
 constexpr int highestNumber = 0xFFFF;
 
-// EXCEPINFO gives its texts to the caller.
+// The caller owns the texts of EXCEPINFO.
 void describe(EXCEPINFO& exception, const wchar_t* description) {
     exception.bstrSource = SysAllocString(librarySource);
     exception.bstrDescription = SysAllocString(description);

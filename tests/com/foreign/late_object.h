@@ -43,10 +43,10 @@ protected:
 
     virtual Held call(DISPID member, const Arguments& arguments) = 0;
 
-    /// The call as the watch notes it; empty for one that is not watched.
+    /// The call as the watch records it; empty for one that is not watched.
     virtual std::wstring watched(DISPID member, const Arguments& arguments) const = 0;
 
-    /// What the call is to do instead of its work.
+    /// The fault of the call.
     virtual Fault faultOf(DISPID member, const Arguments& arguments) const;
 
 private:
@@ -56,7 +56,7 @@ private:
     std::atomic<ULONG> references_{1};
 };
 
-/// The result code of an error that the terminal was asked for.
+/// The result code of an error that a test has asked for.
 HRESULT resultOfNumber(LONG number);
 
 inline constexpr const wchar_t* librarySource = L"VantroKestoFaces";

@@ -1,11 +1,10 @@
-// The error reporter. Of an error that is handed over in the thread's error information it asks the number, where
-// the error knows it.
+// The error reporter. It reads the number of an error in the thread's error information, if the error has one.
 #include "tests/com/foreign/objects.h"
 
 namespace foreign {
 
-// An error that tells its number. Its objects come from another library: inside the unnamed namespace the compiler
-// would take it that there are none.
+// Error information with a number. Its objects come from another library: inside the unnamed namespace the compiler
+// would assume that there are none.
 struct NumberedError : IUnknown {
     virtual HRESULT STDMETHODCALLTYPE get_Number(LONG* number) = 0;
 };

@@ -64,7 +64,7 @@ VARIANT Held::detach() {
     return given;
 }
 
-// The empty text goes out as a null one, which is the same to automation.
+// The empty text is returned as a null one, which is the same in automation.
 Held textValue(std::wstring_view text) {
     Held made;
     made.value.vt = VT_BSTR;

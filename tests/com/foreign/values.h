@@ -1,4 +1,4 @@
-// Automation's values as the foreign terminal reads and makes them.
+// Automation's values, as the foreign terminal reads and creates them.
 #pragma once
 
 #include "server/com/system.h"
@@ -7,7 +7,7 @@
 
 namespace foreign {
 
-/// An operation's own failure; it goes out as an exception with this number.
+/// An operation's own failure, returned as an exception with this number.
 struct Failed {
     int number;
     const wchar_t* description;
@@ -15,7 +15,7 @@ struct Failed {
 
 [[noreturn]] void mismatch();
 
-/// A value that is freed with its holder.
+/// An owned value.
 class Held {
 public:
     Held() { VariantInit(&value); }
@@ -36,7 +36,7 @@ Held booleanValue(bool truth);
 Held objectValue(IDispatch* object);
 Held copyOf(const VARIANT& value);
 
-/// The value behind a reference to a variant.
+/// The value that a reference to a variant leads to.
 const VARIANT& behind(const VARIANT& value);
 
 /// True for an argument that was left out or has no value.

@@ -1,4 +1,4 @@
-// What the foreign terminal notes of its calls, and where it is to fail. One for the whole process.
+// The foreign terminal's record of its calls, and the call that is to fail. One for the whole process.
 #pragma once
 
 #include "server/com/system.h"
@@ -12,7 +12,7 @@ namespace foreign {
 
 using vantro::test::Fault;
 
-/// An error as the reporter was told of it.
+/// An error as it was reported.
 struct Report {
     LONG number;
     std::wstring description;
@@ -22,16 +22,17 @@ class Watch {
 public:
     static Watch& only();
 
-    /// Notes a call and gives what it is to do: anything but its work at the call that was chosen.
+    /// Records a call and returns its fault, which is none except for the chosen call.
     Fault enter(std::wstring call);
 
-    /// Calls are counted from 1 anew; the call with this number (none for 0) fails so, with this number of its own.
+    /// Restarts the count of calls: the call with this number, from 1 (0 for none), has this fault and this error
+    /// number.
     void failAt(LONG call, Fault fault, LONG number);
 
-    /// Every report fails so.
+    /// Every report has this fault.
     void failReports(Fault fault);
 
-    /// The functions and the reporter cannot be created so.
+    /// The creation of the functions and of the reporter has this fault.
     void failHelpers(Fault fault);
 
     void addReport(Report report);

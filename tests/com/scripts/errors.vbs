@@ -28,7 +28,7 @@ control.FailAtCall 1, 1004
 trans.VerifyResponse "*T*"
 TestError 5025, "VantroProfileUtils", "An error has occurred while verifying the profile.", "the terminal fails"
 
-' A class without numbers of its own lets the terminal's error through.
+' A class without numbers of its own raises the terminal's error.
 Set trans = CreateObject("VantroProfileUtils.CPCNTrans")
 control.FailAtCall 1, 1004
 text = trans.CreateCommand(params)

@@ -37,7 +37,7 @@ Test.Equal results.Count, 8, "eight results"
 Test.Equal results.Key(0), "blnKeyTrList", "the first"
 Test.Equal results.Key(7), "strKeyRecLocPos", "the last"
 
-' A class that adds to the collection it is given returns that one.
+' A class that adds to the passed collection returns that one.
 Dim mode
 Set mode = CreateObject("VantroProfileUtils.CProfileMode")
 Set params = Collection(Array("blnKeyEnter", True))

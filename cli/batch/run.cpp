@@ -1,0 +1,101 @@
+#include "cli/batch/run.h"
+
+#include "cli/batch/line_reader.h"
+#include "cli/batch/request.h"
+#include "cli/batch/response.h"
+#include "cli/io/failure.h"
+#include "cli/io/standard_io.h"
+
+#include <span>
+#include <string>
+#include <vector>
+
+namespace vantro {
+
+namespace {
+
+constexpr std::size_t fullOutput = std::size_t{64} * 1024;
+
+// Counts the lines that are no requests, for the message at the end.
+struct BadLines {
+    std::size_t lines = 0;
+    std::size_t bad = 0;
+    std::size_t firstBad = 0;
+
+    void count(bool isBad) {
+        ++lines;
+        if (!isBad) return;
+        ++bad;
+        if (firstBad == 0) firstBad = lines;
+    }
+
+    std::string text() const {
+        return std::to_string(bad) + " of " + std::to_string(lines) + " lines are not requests, the first is line " +
+               std::to_string(firstBad) + "; their responses say why";
+    }
+};
+
+/// Responses that have not been written yet, each of them a record.
+class Responses {
+public:
+    std::string& text() { return text_; }
+    void endOne() { ends_.push_back(text_.size()); }
+    bool areMany() const { return text_.size() >= fullOutput; }
+
+    void write() {
+        writeRecords(text_, ends_);
+        text_.clear();
+        ends_.clear();
+    }
+
+private:
+    std::string text_;
+    std::vector<std::size_t> ends_;
+};
+
+class Batch {
+public:
+    Batch(Backend& backend, std::size_t maxLine) : maxLine_(maxLine), lines_(readInput, maxLine), session_(backend) {}
+
+    int run() {
+        while (const auto line = lines_.next()) {
+            badLines_.count(!answer(*line));
+            responses_.endOne();
+            // A client may wait for this response before it sends the next request.
+            if (responses_.areMany() || !lines_.isNextHere()) responses_.write();
+        }
+        if (badLines_.bad == 0) return success;
+        complain(badLines_.text());
+        return callFailed;
+    }
+
+private:
+    /// False when the line is no request.
+    bool answer(std::span<char> line) {
+        std::string& out = responses_.text();
+        if (lines_.wasTooLong()) {
+            appendBadRequest(overLongLine(badLines_.lines + 1, maxLine_), nullptr, out);
+            return false;
+        }
+        reader_.read(line);
+        if (reader_.problem().empty()) {
+            appendResponse(reader_.request(), session_.call(reader_.request()), reader_.id(), out);
+            return true;
+        }
+        appendBadRequest(reader_.problem(), reader_.id(), out);
+        return false;
+    }
+
+    std::size_t maxLine_;
+    LineReader lines_;
+    RequestReader reader_;
+    Session session_;
+    BadLines badLines_;
+    Responses responses_;
+};
+
+}  // namespace
+
+int answerRequests(Backend& backend, std::size_t maxLine) { return Batch(backend, maxLine).run(); }
+
+}  // namespace vantro

@@ -1,0 +1,323 @@
+// The only source that includes the option parser, because it takes longer to compile than the rest of the tool.
+#include "cli/commands/command_line.h"
+
+#include "cli/batch/run.h"
+#include "cli/commands/commands.h"
+#include "cli/commands/describe.h"
+#include "cli/commands/help.h"
+#include "cli/io/failure.h"
+#include "cli/io/standard_io.h"
+
+#include <CLI/CLI.hpp>
+#include <algorithm>
+#include <charconv>
+#include <cstddef>
+#include <cstdint>
+#include <limits>
+#include <optional>
+#include <sstream>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace vantro {
+
+namespace {
+
+constexpr const char* toolName = "vantro-profile";
+
+// ---- Values of options
+
+/// Accepts whole numbers from `smallest` to `largest`.
+CLI::Validator wholeNumber(int smallest, int largest) {
+    const auto check = [smallest, largest](const std::string& text) -> std::string {
+        int number = 0;
+        const char* const end = text.data() + text.size();
+        const auto [stop, problem] = std::from_chars(text.data(), end, number);
+        if (problem == std::errc{} && stop == end && number >= smallest && number <= largest) return {};
+        return "give a whole number from " + std::to_string(smallest) + " to " + std::to_string(largest) + ", not '" +
+               text + "'";
+    };
+    return {check, ""};
+}
+
+constexpr std::size_t kibibyte = 1024;
+
+// No line of a screen is longer than the smallest limit: 80 characters are at most 240 bytes.
+constexpr std::size_t smallestMaxLine = kibibyte;
+constexpr std::size_t largestMaxLine = std::numeric_limits<std::int32_t>::max();
+
+std::size_t unitOf(std::string_view suffix) {
+    if (suffix.empty()) return 1;
+    if (suffix == "K" || suffix == "k") return kibibyte;
+    if (suffix == "M" || suffix == "m") return kibibyte * kibibyte;
+    return 0;
+}
+
+std::optional<std::size_t> maxLineIn(std::string_view text) {
+    std::uint32_t number = 0;
+    const char* const end = text.data() + text.size();
+    const auto [stop, problem] = std::from_chars(text.data(), end, number);
+    if (problem != std::errc{}) return std::nullopt;
+    const std::uint64_t size = std::uint64_t{number} * unitOf({stop, static_cast<std::size_t>(end - stop)});
+    if (size < smallestMaxLine || size > largestMaxLine) return std::nullopt;
+    return static_cast<std::size_t>(size);
+}
+
+/// Replaces a length such as "16M" by its number of bytes.
+CLI::Validator lineLength() {
+    const auto toBytes = [](std::string& text) -> std::string {
+        const auto size = maxLineIn(text);
+        if (!size) return "'" + text + "' is no length; give bytes, or a number with K or M, from 1K to 2047M";
+        text = std::to_string(*size);
+        return {};
+    };
+    return {toBytes, ""};
+}
+
+// ---- Options that several subcommands share
+
+void addMaxLine(CLI::App& command, std::size_t& maxLine) {
+    command
+        .add_option("--max-line", maxLine,
+                    "Length of the longest line that is read, in bytes or with K or M (default: 16M)")
+        ->transform(lineLength())
+        ->type_name("N");
+}
+
+void addClassAndParameters(CLI::App& command, std::string& className, std::vector<std::string>& parameters) {
+    command.add_option("CLASS", className, "A transaction class, such as CPDNTrans")->required()->type_name("");
+    command.add_option("KEY=VALUE", parameters, help::parameter)->type_name("");
+}
+
+void addDisplayFile(CLI::App& command, QueryOptions& options) {
+    command.add_option("FILE", options.file, "File with displays (default: standard input)")->type_name("");
+}
+
+void addQueryOptions(CLI::App& command, QueryOptions& options) {
+    auto* const table = command.add_flag("--table", options.table, "Print a table, also into a file or pipe");
+    command.add_flag("--json", options.json, "Print a JSON object a display, also on a terminal")->excludes(table);
+    addMaxLine(command, options.maxLine);
+}
+
+/// `knownPrefixes` in two lines.
+std::string prefixesInTwoLines() {
+    std::string known = knownPrefixes();
+    return known.replace(known.find(" PPR"), 1, "\n");
+}
+
+// ---- Words for what the parser refuses
+
+// The parser would say of an option without its value that it misses "1 required FILE".
+std::string missingValue(const CLI::ArgumentMismatch& problem) {
+    const std::string words = problem.what();
+    const std::string option = words.substr(0, words.find(':'));
+    return option.starts_with("-") ? "the option " + option + " needs a value" : words;
+}
+
+// The parser would say of an unknown subcommand only that one is missing.
+std::string describeProblem(const CLI::App& tool, const CLI::ParseError& problem) {
+    const std::vector<std::string> unknown = tool.remaining();
+    if (tool.get_subcommands().empty() && !unknown.empty())
+        return "there is no subcommand or option '" + unknown.front() + "'";
+    const auto* const mismatch = dynamic_cast<const CLI::ArgumentMismatch*>(&problem);
+    return mismatch != nullptr ? missingValue(*mismatch) : problem.what();
+}
+
+// The option parser's own words, as one clause of a sentence.
+std::string asOneClause(std::string message) {
+    std::ranges::replace(message, '\n', ' ');
+    const char second = message.size() > 1 ? message[1] : '\0';
+    const bool isWord = second == ' ' || (second >= 'a' && second <= 'z');
+    if (isWord && message[0] >= 'A' && message[0] <= 'Z') message[0] = static_cast<char>(message[0] - 'A' + 'a');
+    return asClause(message);
+}
+
+std::string helpHint(const CLI::App& tool) {
+    const auto chosen = tool.get_subcommands();
+    return std::string("see ") + toolName + (chosen.empty() ? "" : " " + chosen.front()->get_name()) + " --help";
+}
+
+// ---- The command line
+
+class CommandLine {
+public:
+    CommandLine();
+
+    int run(int argc, const char* const* argv);
+
+private:
+    void addClasses();
+    void addDescribe();
+    void addCommand();
+    void addVerify();
+    void addBatch();
+    void addParse();
+    void addElements();
+    void addNotes();
+
+    int answer(const CLI::ParseError& question) const;
+    int refuse(const CLI::ParseError& problem) const;
+
+    CLI::App tool_{"Commands for the reservation host's profiles, and what its screens and displays say", toolName};
+    int status_ = success;
+
+    ClassesOptions classes_;
+    DescribeOptions describe_;
+    CommandOptions command_;
+    VerifyOptions verify_;
+    std::size_t batchMaxLine_ = defaultMaxLine;
+    ParseOptions parse_;
+    ElementsOptions elements_;
+    NotesOptions notes_;
+};
+
+CommandLine::CommandLine() {
+    tool_.set_version_flag("--version", std::string(toolName) + " " VANTRO_VERSION);
+    tool_.set_help_flag("-h,--help", "Print this help and exit");
+    tool_.require_subcommand(1);
+    tool_.allow_windows_style_options(false);
+    tool_.footer(help::tool);
+    // In the order of the help.
+    addClasses();
+    addDescribe();
+    addCommand();
+    addVerify();
+    addBatch();
+    addParse();
+    addElements();
+    addNotes();
+}
+
+int CommandLine::run(int argc, const char* const* argv) {
+    try {
+        tool_.parse(argc, argv);
+    } catch (const CLI::ParseError& problem) {
+        return problem.get_exit_code() == 0 ? answer(problem) : refuse(problem);
+    }
+    return status_;
+}
+
+// The output of --help and --version can fail like any other.
+int CommandLine::answer(const CLI::ParseError& question) const {
+    std::ostringstream out;
+    const int status = tool_.exit(question, out, out);
+    writeOutput(out.str());
+    return status;
+}
+
+int CommandLine::refuse(const CLI::ParseError& problem) const {
+    complain(asOneClause(describeProblem(tool_, problem)) + "; " + helpHint(tool_));
+    return badUsage;
+}
+
+void CommandLine::addClasses() {
+    CLI::App& command = *tool_.add_subcommand("classes", "List the classes, their interfaces and host transactions");
+    auto* const table = command.add_flag("--table", classes_.table, "Print a table, which it does without it, too");
+    command.add_flag("--json", classes_.json, "Print one JSON array, the counts by name")->excludes(table);
+    command.footer(help::classes);
+    command.callback([this] { status_ = runClasses(classes_); });
+}
+
+void CommandLine::addDescribe() {
+    CLI::App& command =
+        *tool_.add_subcommand("describe", "Say what a class is for, what it takes and what comes out of it");
+    command.add_option("CLASS", describe_.className, "A class, such as CPDNTrans (default: all classes, briefly)")
+        ->type_name("");
+    command.add_flag("--json", describe_.json, "Print one JSON value");
+    command.footer(help::describe);
+    command.callback([this] { status_ = runDescribe(describe_); });
+}
+
+void CommandLine::addCommand() {
+    CLI::App& command = *tool_.add_subcommand("command", "Print the command line for the host");
+    addClassAndParameters(command, command_.className, command_.parameters);
+    command.add_flag("--raw", command_.raw, "Let control characters in parameters through into the command line");
+    command.footer(help::command);
+    command.callback([this] { status_ = runCommand(command_); });
+}
+
+void CommandLine::addVerify() {
+    CLI::App& command = *tool_.add_subcommand("verify", "Read the screen that the host answered with");
+    addClassAndParameters(command, verify_.className, verify_.parameters);
+    command
+        .add_option("--screen", verify_.screenFile,
+                    "File with the screen (default: standard input): its lines, each padded to 80\n"
+                    "characters, or one unbroken text")
+        ->type_name("FILE");
+    command
+        .add_option("--state", verify_.stateFile,
+                    "File with the results of the screen before, as --json printed them; KEY=VALUE is added over it")
+        ->type_name("FILE");
+    auto* const table = command.add_flag("--table", verify_.table, "Print a table, also into a file or pipe");
+    command.add_flag("--json", verify_.json, "Print one JSON object, also on a terminal")->excludes(table);
+    command.add_flag("--count", verify_.count, "Print what the class counts on the screen, not its results");
+    addMaxLine(command, verify_.maxLine);
+    command.footer(help::verify);
+    command.callback([this] { status_ = runVerify(verify_); });
+}
+
+void CommandLine::addBatch() {
+    CLI::App& command = *tool_.add_subcommand("batch", "Answer requests, one JSON object a line, from standard input");
+    addMaxLine(command, batchMaxLine_);
+    command.footer(help::batch);
+    command.callback([this] {
+        LinkedBackend library;
+        status_ = answerRequests(library, batchMaxLine_);
+    });
+}
+
+void CommandLine::addParse() {
+    constexpr int mostThreads = 256;
+    CLI::App& command = *tool_.add_subcommand("parse", "Print everything that profile displays hold");
+    command.add_option("FILE", parse_.files, "Files with displays (default, and for -: standard input)")->type_name("");
+    auto* const table = command.add_flag("--table", parse_.table, "Print tables, also into a file or pipe");
+    command.add_flag("--json", parse_.json, "Print JSON, also on a terminal")->excludes(table);
+    command.add_flag("--pretty", parse_.pretty, "Print JSON with an indent of 2 blanks a level")->excludes(table);
+    command.add_option("-j,--jobs", parse_.threads, "Parse on N threads; the order stays")
+        ->check(wholeNumber(1, mostThreads))
+        ->type_name("N")
+        ->capture_default_str();
+    addMaxLine(command, parse_.maxLine);
+    command.footer(help::parse);
+    command.callback([this] { status_ = runParse(parse_); });
+}
+
+void CommandLine::addElements() {
+    CLI::App& command = *tool_.add_subcommand("elements", "Ask profile displays for one kind of element");
+    command.add_option("PREFIX", elements_.prefix, "What is asked for, such as PHI or RM")->required()->type_name("");
+    addDisplayFile(command, elements_.common);
+    command
+        .add_option("--index", elements_.index,
+                    "Place of one element, from 1; SR, RM, AP, OS, FFN, ST and RC give one element only, the\n"
+                    "others give lists whose entry 0 is empty")
+        ->check(wholeNumber(std::numeric_limits<std::int16_t>::min(), std::numeric_limits<std::int16_t>::max()))
+        ->type_name("N");
+    command
+        .add_option("--selection", elements_.selection,
+                    "With ALL: text that an element begins with (\"\" for every element), after \"S  \" or \"A  \"\n"
+                    "for that kind of element only; may be given several times")
+        ->type_name("TEXT")
+        ->allow_extra_args(false);
+    command.add_option("--qualifier", elements_.qualifier, "With ALL: the first word of the elements' text")
+        ->type_name("TEXT");
+    addQueryOptions(command, elements_.common);
+    command.footer("Prefixes:\n" + prefixesInTwoLines() + "\n" + help::manyDisplays + help::elements);
+    command.callback([this] { status_ = runElements(elements_); });
+}
+
+void CommandLine::addNotes() {
+    CLI::App& command = *tool_.add_subcommand("notes", "Print the notes in profile displays");
+    addDisplayFile(command, notes_.common);
+    command.add_option("--search", notes_.search, "Only notes that hold this text")->type_name("TEXT");
+    command.add_option("--qualifier", notes_.qualifier, "Only notes with this character in front")->type_name("TEXT");
+    addQueryOptions(command, notes_.common);
+    command.footer(std::string(help::manyDisplays) + help::notes);
+    command.callback([this] { status_ = runNotes(notes_); });
+}
+
+}  // namespace
+
+int runCommandLine(int argc, const char* const* argv) { return CommandLine().run(argc, argv); }
+
+}  // namespace vantro

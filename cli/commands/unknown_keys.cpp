@@ -1,0 +1,61 @@
+#include "cli/commands/unknown_keys.h"
+
+#include "cli/commands/nearest.h"
+#include "cli/io/standard_io.h"
+#include "cli/io/utf.h"
+
+#include <algorithm>
+#include <optional>
+
+namespace vantro {
+
+namespace {
+
+std::span<const ParameterRow> keysFor(const ClassRow& row, PassedFor purpose) {
+    return purpose == PassedFor::Command ? row.description.parameters : row.description.state;
+}
+
+bool reads(const ClassRow& row, PassedFor purpose, TextView key) {
+    return std::ranges::count(keysFor(row, purpose), key, &ParameterRow::key) > 0;
+}
+
+bool isKnown(const ClassRow& row, PassedFor purpose, TextView key) {
+    if (reads(row, purpose, key)) return true;
+    return purpose == PassedFor::Screen && std::ranges::count(row.description.results, key, &ResultRow::key) > 0;
+}
+
+std::optional<TextView> nearestKey(const ClassRow& row, PassedFor purpose, TextView key) {
+    std::vector<TextView> names;
+    for (const ParameterRow& parameter : keysFor(row, purpose)) names.push_back(parameter.key);
+    return nearestName(key, names);
+}
+
+std::string warningAbout(const ClassRow& row, PassedFor purpose, TextView key) {
+    const bool isForCommand = purpose == PassedFor::Command;
+    const std::string name = toUtf8(row.name);
+    const std::string warning = "warning: " + name + " does not know " + inQuotes(key);
+    if (reads(row, isForCommand ? PassedFor::Screen : PassedFor::Command, key)) {
+        return warning +
+               (isForCommand ? " for a command; it reads it for a screen" : " for a screen; it reads it for a command");
+    }
+    if (const auto nearest = nearestKey(row, purpose, key))
+        return warning + "; did you mean " + inQuotes(*nearest) + "?";
+    return warning + "; 'vantro-profile describe " + name + "' lists the keys";
+}
+
+}  // namespace
+
+std::vector<std::string> unknownKeyWarnings(const ClassRow& row, PassedFor purpose,
+                                            const BuiltInCollection& collection) {
+    std::vector<std::string> warnings;
+    for (const auto& entry : collection.entries()) {
+        if (!isKnown(row, purpose, entry.key())) warnings.push_back(warningAbout(row, purpose, entry.key()));
+    }
+    return warnings;
+}
+
+void warnAboutUnknownKeys(const ClassRow& row, PassedFor purpose, const BuiltInCollection& collection) {
+    for (const std::string& warning : unknownKeyWarnings(row, purpose, collection)) complain(warning);
+}
+
+}  // namespace vantro

@@ -1,0 +1,66 @@
+#include "cli/io/screen_input.h"
+
+#include "cli/io/failure.h"
+#include "cli/io/utf.h"
+
+#include <algorithm>
+
+namespace vantro {
+
+namespace {
+
+constexpr std::string_view byteOrderMark = "\xEF\xBB\xBF";
+
+std::string_view withoutCarriageReturn(std::string_view line) {
+    return line.ends_with('\r') ? line.substr(0, line.size() - 1) : line;
+}
+
+void refuseStrayCarriageReturn(std::string_view utf8) {
+    const std::size_t stray = findStrayCarriageReturn(utf8);
+    if (stray == std::string_view::npos) return;
+    const auto linesAbove = static_cast<std::size_t>(std::ranges::count(utf8.substr(0, stray), '\n'));
+    throw UsageError(strayCarriageReturn("the screen's line " + std::to_string(linesAbove + 1)));
+}
+
+}  // namespace
+
+std::string tooLongLine(std::size_t line, std::size_t length) {
+    return "line " + std::to_string(line) + " has " + std::to_string(length) + " characters, a screen line has " +
+           std::to_string(screenWidth) + " at most";
+}
+
+std::string strayCarriageReturn(const std::string& line) {
+    return line +
+           " holds a carriage return (CR) that no line feed (LF) follows; lines end in LF or CR LF, so convert the "
+           "line ends, for example with: tr '\\r' '\\n'";
+}
+
+std::size_t findStrayCarriageReturn(std::string_view text) {
+    for (std::size_t at = text.find('\r'); at != std::string_view::npos; at = text.find('\r', at + 1)) {
+        if (at + 1 < text.size() && text[at + 1] != '\n') return at;
+    }
+    return std::string_view::npos;
+}
+
+Text screenFromText(std::string_view utf8) {
+    if (!isUtf8(utf8)) throw UsageError("the screen is not UTF-8; convert it first");
+    refuseStrayCarriageReturn(utf8);
+    if (utf8.starts_with(byteOrderMark)) utf8.remove_prefix(byteOrderMark.size());
+    if (utf8.ends_with('\n')) utf8.remove_suffix(1);
+    utf8 = withoutCarriageReturn(utf8);
+    if (utf8.find('\n') == std::string_view::npos) return toUtf16(utf8);
+
+    Text screen;
+    for (std::size_t line = 1;; ++line) {
+        const std::size_t end = utf8.find('\n');
+        const std::size_t start = screen.size();
+        appendUtf16(withoutCarriageReturn(utf8.substr(0, end)), screen);
+        const std::size_t length = screen.size() - start;
+        if (length > screenWidth) throw UsageError("the screen's " + tooLongLine(line, length) + "; break it there");
+        if (end == std::string_view::npos) return screen;
+        screen.resize(start + screenWidth, u' ');
+        utf8.remove_prefix(end + 1);
+    }
+}
+
+}  // namespace vantro

@@ -1,0 +1,114 @@
+// What the descriptions of the classes are made of. A key's kind comes from its type.
+#pragma once
+
+#include "framework/constants.h"
+#include "framework/keys.h"
+#include "vantro/class_description.h"
+
+#include <array>
+
+namespace vantro::rows {
+
+template <class T>
+constexpr ValueKind kindOf(const Key<T>& /*key*/) {
+    if constexpr (std::is_same_v<T, bool>) return ValueKind::Boolean;
+    if constexpr (std::is_same_v<T, std::int16_t>) return ValueKind::Integer;
+    if constexpr (std::is_same_v<T, TextList>) return ValueKind::StringList;
+    return ValueKind::String;
+}
+
+// Parameters
+
+template <class T>
+constexpr ParameterRow required(const Key<T>& name, TextView meaning, std::span<const TextView> values = {}) {
+    return {name.name, kindOf(name), Need::Required, {}, meaning, values};
+}
+
+template <class T>
+constexpr ParameterRow needed(const Key<T>& name, TextView when, TextView meaning) {
+    return {name.name, kindOf(name), Need::Conditional, when, meaning};
+}
+
+template <class T>
+constexpr ParameterRow optional(const Key<T>& name, TextView meaning, std::span<const TextView> values = {}) {
+    return {name.name, kindOf(name), Need::Optional, {}, meaning, values};
+}
+
+// Results
+
+template <class T>
+constexpr ResultRow always(const Key<T>& name, TextView meaning) {
+    return {name.name, kindOf(name), {}, meaning};
+}
+
+template <class T>
+constexpr ResultRow sometimes(const Key<T>& name, TextView when, TextView meaning) {
+    return {name.name, kindOf(name), when, meaning};
+}
+
+// Flags of screens
+
+/// Lines of a screen, both ends included.
+struct Lines {
+    std::int16_t first;
+    std::int16_t last;
+};
+
+constexpr ScreenFlag startsLine(const Key<bool>& flag, TextView mark, Lines lines, TextView other = {}) {
+    return {flag.name, mark, MarkPosition::StartsLine, lines.first, lines.last, other};
+}
+
+constexpr ScreenFlag inLine(const Key<bool>& flag, TextView mark, Lines lines) {
+    return {flag.name, mark, MarkPosition::InLine, lines.first, lines.last};
+}
+
+constexpr ScreenFlag onScreen(const Key<bool>& flag, TextView mark, TextView other = {}) {
+    return {flag.name, mark, MarkPosition::OnScreen, 0, 0, other};
+}
+
+constexpr ScreenFlag sameLine(const Key<bool>& flag, TextView mark, TextView other) {
+    return {flag.name, mark, MarkPosition::SameLine, 0, 0, other};
+}
+
+constexpr ScreenFlag endsList(const Key<bool>& flag) {
+    return {flag.name, mark::endOfBlock, MarkPosition::EndsList, 0, 0, mark::similarCompanies};
+}
+
+/// The answer to one command of several.
+constexpr ScreenFlag answer(TextView command, const Key<bool>& flag, TextView mark,
+                            MarkPosition position = MarkPosition::OnScreen, TextView other = {}) {
+    return {flag.name, mark, position, 0, 0, other, command};
+}
+
+inline constexpr TextView firstLineDecides =
+    u"The lines are looked at in turn, each for these marks in this order; the first match decides.";
+
+// What the two classes share that return the collection they are passed
+
+inline constexpr TextView asForCommand = u"when the command was made with it";
+
+// clang-format off
+inline constexpr ResultRow messageResults[] = {
+    always(key::blnKeyResponseOK,  u"the host has accepted the command"),
+    always(key::strKeyErrorString, u"the host's message, whether it has accepted the command or not: line 1 of the "
+                                   u"screen"),
+};
+// clang-format on
+
+// Errors that pass through an operation without a number of its own
+
+inline constexpr TextView noCollection = u"there is no collection of parameters";
+inline constexpr TextView wrongKind = u"a parameter is of a kind that cannot be read";
+
+inline constexpr ErrorRow commandErrors[] = {
+    {ClassCall::CreateCommand, 91, noCollection},
+    {ClassCall::CreateCommand, 13, wrongKind},
+};
+
+// How a long list is read on
+
+inline constexpr TextView pagingRemark =
+    u"When blnKeyEndOfBlock is True the list goes on: send PDMD and read the next screen with these results as the "
+    u"state.";
+
+}  // namespace vantro::rows
