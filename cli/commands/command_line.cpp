@@ -80,7 +80,7 @@ CLI::Validator lineLength() {
 void addMaxLine(CLI::App& command, std::size_t& maxLine) {
     command
         .add_option("--max-line", maxLine,
-                    "Length of the longest line that is read, in bytes or with K or M (default: 16M)")
+                    "Length of the longest line accepted, in bytes or with K or M (default: 16M)")
         ->transform(lineLength())
         ->type_name("N");
 }
@@ -96,7 +96,7 @@ void addDisplayFile(CLI::App& command, QueryOptions& options) {
 
 void addQueryOptions(CLI::App& command, QueryOptions& options) {
     auto* const table = command.add_flag("--table", options.table, "Print a table, also into a file or pipe");
-    command.add_flag("--json", options.json, "Print a JSON object a display, also on a terminal")->excludes(table);
+    command.add_flag("--json", options.json, "Print one JSON object per display, also on a terminal")->excludes(table);
     addMaxLine(command, options.maxLine);
 }
 
@@ -213,7 +213,7 @@ int CommandLine::refuse(const CLI::ParseError& problem) const {
 
 void CommandLine::addClasses() {
     CLI::App& command = *tool_.add_subcommand("classes", "List the classes, their interfaces and host transactions");
-    auto* const table = command.add_flag("--table", classes_.table, "Print a table, which it does without it, too");
+    auto* const table = command.add_flag("--table", classes_.table, "Print a table (the default)");
     command.add_flag("--json", classes_.json, "Print one JSON array, the counts by name")->excludes(table);
     command.footer(help::classes);
     command.callback([this] { status_ = runClasses(classes_); });
@@ -258,7 +258,8 @@ void CommandLine::addVerify() {
 }
 
 void CommandLine::addBatch() {
-    CLI::App& command = *tool_.add_subcommand("batch", "Answer requests, one JSON object a line, from standard input");
+    CLI::App& command =
+        *tool_.add_subcommand("batch", "Answer requests, one JSON object per line, from standard input");
     addMaxLine(command, batchMaxLine_);
     command.footer(help::batch);
     command.callback([this] {
@@ -269,12 +270,12 @@ void CommandLine::addBatch() {
 
 void CommandLine::addParse() {
     constexpr int mostThreads = 256;
-    CLI::App& command = *tool_.add_subcommand("parse", "Print everything that profile displays hold");
+    CLI::App& command = *tool_.add_subcommand("parse", "Print everything that profile displays contain");
     command.add_option("FILE", parse_.files, "Files with displays (default, and for -: standard input)")->type_name("");
     auto* const table = command.add_flag("--table", parse_.table, "Print tables, also into a file or pipe");
     command.add_flag("--json", parse_.json, "Print JSON, also on a terminal")->excludes(table);
-    command.add_flag("--pretty", parse_.pretty, "Print JSON with an indent of 2 blanks a level")->excludes(table);
-    command.add_option("-j,--jobs", parse_.threads, "Parse on N threads; the order stays")
+    command.add_flag("--pretty", parse_.pretty, "Print JSON with an indent of 2 blanks per level")->excludes(table);
+    command.add_option("-j,--jobs", parse_.threads, "Parse on N threads, with the output in the same order")
         ->check(wholeNumber(1, mostThreads))
         ->type_name("N")
         ->capture_default_str();
@@ -285,12 +286,12 @@ void CommandLine::addParse() {
 
 void CommandLine::addElements() {
     CLI::App& command = *tool_.add_subcommand("elements", "Ask profile displays for one kind of element");
-    command.add_option("PREFIX", elements_.prefix, "What is asked for, such as PHI or RM")->required()->type_name("");
+    command.add_option("PREFIX", elements_.prefix, "What to ask for, such as PHI or RM")->required()->type_name("");
     addDisplayFile(command, elements_.common);
     command
         .add_option("--index", elements_.index,
-                    "Place of one element, from 1; SR, RM, AP, OS, FFN, ST and RC give one element only, the\n"
-                    "others give lists whose entry 0 is empty")
+                    "Index of one element, from 1; SR, RM, AP, OS, FFN, ST and RC return one element only, the\n"
+                    "others return lists whose entry 0 is empty")
         ->check(wholeNumber(std::numeric_limits<std::int16_t>::min(), std::numeric_limits<std::int16_t>::max()))
         ->type_name("N");
     command
@@ -309,8 +310,10 @@ void CommandLine::addElements() {
 void CommandLine::addNotes() {
     CLI::App& command = *tool_.add_subcommand("notes", "Print the notes in profile displays");
     addDisplayFile(command, notes_.common);
-    command.add_option("--search", notes_.search, "Only notes that hold this text")->type_name("TEXT");
-    command.add_option("--qualifier", notes_.qualifier, "Only notes with this character in front")->type_name("TEXT");
+    command.add_option("--search", notes_.search, "Only notes that contain this text")->type_name("TEXT");
+    command
+        .add_option("--qualifier", notes_.qualifier, "Only notes with this qualifier, the character before the text")
+        ->type_name("TEXT");
     addQueryOptions(command, notes_.common);
     command.footer(std::string(help::manyDisplays) + help::notes);
     command.callback([this] { status_ = runNotes(notes_); });

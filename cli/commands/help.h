@@ -22,7 +22,7 @@ inline constexpr auto describe =
 
 inline constexpr auto command =
     "A line break or another control character in a parameter is refused, because what follows it could reach\n"
-    "the host as a command of its own. What is passed on with --raw must come from a source that is trusted.\n"
+    "the host as a command of its own. Parameters that are passed on with --raw must come from a trusted source.\n"
     "An empty command is printed as an empty line: the parameters are not sufficient, and nothing is to be sent.\n"
     "Which parameters a class takes: vantro-profile describe CLASS.\n"
     "\n"
@@ -41,24 +41,24 @@ inline constexpr auto verify =
 
 inline constexpr auto batch =
     "Every line gets one response line; a line that is no request, or is longer than --max-line, gets an error,\n"
-    "and the next one is read. An interrupt lets the response that is being written go out whole.\n"
-    "Exit status: 0 when every line was a request, whatever it came to, 1 when one was not, 2 for bad usage.\n"
+    "and the next one is read. After an interrupt, the response that is being written is completed.\n"
+    "Exit status: 0 when every line was a request, whatever its result, 1 when one was not, 2 for bad usage.\n"
     "\n"
     "Example:\n"
     "  echo '{\"class\":\"CPDNTrans\",\"call\":\"CreateCommand\",\"params\":{\"strKeyName\":\"SMITH\"}}' |\n"
     "      vantro-profile batch";
 
 inline constexpr auto parse =
-    "A display is lines of up to 80 characters, or one unbroken text. It ends with the line that holds END OF\n"
-    "DISPLAY or with a line of the prompt > alone. Blank lines and prompts below its end still belong to it, and\n"
-    "the next other line begins another display. What stands behind the last end is a display without an end.\n"
+    "A display is lines of up to 80 characters, or one unbroken text. It ends with the line that contains END OF\n"
+    "DISPLAY or with a line of the prompt > alone. Blank lines and prompts after its end still belong to it, and\n"
+    "the next other line begins another display. Lines after the last end are a display without an end.\n"
     "Every line but a display's last is padded with blanks to 80 characters.\n"
     "\n"
-    "JSON is one line a display, in the order of the displays. A display with a line that cannot be read is left\n"
-    "out; queries that a display cannot answer are listed under \"problems\". Both are said on standard error. A line\n"
-    "of more bytes than --max-line is such a line, and a text without line ends is one line. An interrupt lets the\n"
-    "display that is being written go out whole.\n"
-    "Exit status: 0 all read and answered, 1 a display was left out, not answered in full or not there at all,\n"
+    "JSON is one line per display, in the order of the displays. A display with a line that cannot be read is left\n"
+    "out; queries that a display cannot answer are listed under \"problems\". Both are reported on standard error. A\n"
+    "line of more bytes than --max-line is such a line, and a text without line ends is one line. After an interrupt,\n"
+    "the display that is being written is completed.\n"
+    "Exit status: 0 all read and answered, 1 a display was left out or not answered in full, or there was none,\n"
     "2 bad usage or a file that cannot be read.\n"
     "\n"
     "Examples:\n"
@@ -68,9 +68,9 @@ inline constexpr auto parse =
 
 /// For the subcommands that query displays.
 inline constexpr auto manyDisplays =
-    "Each display of the file gets an answer: JSON one object a line, in the order of the displays, tables with the\n"
+    "Each display of the file gets an answer: JSON one object per line, in the order of the displays, tables with the\n"
     "display's number above them when there are several. Where a display ends: see vantro-profile parse --help.\n"
-    "Exit status: 0 all answered, 1 a display was left out, not answered or not there at all, 2 bad usage or a file\n"
+    "Exit status: 0 all answered, 1 a display was left out or not answered, or there was none, 2 bad usage or a file\n"
     "that cannot be read.\n";
 
 /// Follows `manyDisplays`.
@@ -83,7 +83,8 @@ inline constexpr auto elements =
 
 /// Follows `manyDisplays`.
 inline constexpr auto notes =
-    "Entry 0 of every list is empty. A note's number is its place under the notes header, whatever is kept.\n"
+    "Entry 0 of every list is empty. A note's number is its position under the notes header, with or without a "
+    "filter.\n"
     "\n"
     "Examples:\n"
     "  vantro-profile notes display.txt\n"
@@ -91,7 +92,7 @@ inline constexpr auto notes =
 
 /// The parameters of `command` and `verify`.
 inline constexpr auto parameter =
-    "A parameter. The key tells its kind: str... a text, bln... true or false, int... a whole number,\n"
-    "...() a list of texts: repeat KEY=VALUE, one for each entry from entry 0 on (an empty one is KEY=)";
+    "A parameter. The key determines its kind: str... a text, bln... true or false, int... a whole number,\n"
+    "...() a list of texts: repeat KEY=VALUE, once per entry from entry 0 on (an empty one is KEY=)";
 
 }  // namespace vantro::help
