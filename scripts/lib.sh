@@ -142,8 +142,9 @@ install_missing() {
         apt-get install -y --no-install-recommends "${missing[@]}"
 }
 
-# strictly FUNCTION: runs a function of this project's scripts so that its first failing command ends it.
-strictly() { bash -euo pipefail -c "$(declare -p root); $(declare -f our_sources "$1"); $1"; }
+# strictly FUNCTION: runs a function of the script so that its first failing command ends it. It sees the script's other
+# functions, root and what is exported.
+strictly() { bash -euo pipefail -c "$(declare -p root); $(declare -f); $1"; }
 
 # our_sources: every C++ file of the project, each ended by a zero byte.
 our_sources() {
@@ -157,6 +158,7 @@ our_sources() {
     com_packages=("${tool_packages[@]}" googletest mingw-w64-tools libwine-dev)
     com_x64_packages=("${com_packages[@]}" g++-mingw-w64-x86-64-posix wine wine64)
     com_x86_packages=("${com_packages[@]}" g++-mingw-w64-i686-posix mmdebstrap)
+    exports_packages=("${tool_packages[@]}" binutils g++-mingw-w64-x86-64-posix)
     test_packages=("${tool_packages[@]}" libgtest-dev libgmock-dev "${com_x64_packages[@]}")
     check_packages=("${test_packages[@]}" "${com_x86_packages[@]}" clang clang-format clang-tidy libclang-rt-dev lld git
         binutils python3 shellcheck)
