@@ -62,6 +62,7 @@ target_sources(vantro_profile_utils PUBLIC FILE_SET HEADERS BASE_DIRS ${PROJECT_
 target_include_directories(vantro_profile_utils PRIVATE ${PROJECT_SOURCE_DIR}/src)
 target_compile_features(vantro_profile_utils PUBLIC cxx_std_20)
 vantro_compile_options(vantro_profile_utils)
+vantro_precompile(vantro_profile_utils)
 set_target_properties(vantro_profile_utils PROPERTIES
     OUTPUT_NAME VantroProfileUtils
     EXPORT_NAME VantroProfileUtils
