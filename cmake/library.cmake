@@ -63,6 +63,7 @@ target_include_directories(vantro_profile_utils PRIVATE ${PROJECT_SOURCE_DIR}/sr
 target_compile_features(vantro_profile_utils PUBLIC cxx_std_20)
 vantro_compile_options(vantro_profile_utils)
 vantro_precompile(vantro_profile_utils)
+vantro_count_coverage(vantro_profile_utils)
 set_target_properties(vantro_profile_utils PROPERTIES
     OUTPUT_NAME VantroProfileUtils
     EXPORT_NAME VantroProfileUtils
