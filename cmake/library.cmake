@@ -7,6 +7,7 @@ set(public_headers
     vantro/class_description.h
     vantro/collection.h
     vantro/error.h
+    vantro/export.h
     vantro/families.h
     vantro/interfaces.h
     vantro/lists.h
@@ -62,14 +63,40 @@ target_sources(vantro_profile_utils PUBLIC FILE_SET HEADERS BASE_DIRS ${PROJECT_
 target_include_directories(vantro_profile_utils PRIVATE ${PROJECT_SOURCE_DIR}/src)
 target_compile_features(vantro_profile_utils PUBLIC cxx_std_20)
 vantro_compile_options(vantro_profile_utils)
+vantro_precompile(vantro_profile_utils)
+vantro_count_coverage(vantro_profile_utils)
 set_target_properties(vantro_profile_utils PROPERTIES
     OUTPUT_NAME VantroProfileUtils
     EXPORT_NAME VantroProfileUtils
     VERSION ${PROJECT_VERSION}
     SOVERSION ${PROJECT_VERSION_MAJOR}
-    WINDOWS_EXPORT_ALL_SYMBOLS ON
     POSITION_INDEPENDENT_CODE ON
 )
+
+# A shared build exports what the public headers mark and nothing else, unless the caller asks for another visibility.
+if(NOT DEFINED CMAKE_CXX_VISIBILITY_PRESET)
+    set_target_properties(vantro_profile_utils PROPERTIES CXX_VISIBILITY_PRESET hidden VISIBILITY_INLINES_HIDDEN ON)
+endif()
+get_target_property(library_type vantro_profile_utils TYPE)
+if(library_type STREQUAL "SHARED_LIBRARY")
+    target_compile_definitions(vantro_profile_utils PUBLIC VANTRO_SHARED PRIVATE VANTRO_BUILDING_SHARED)
+    if(MSVC)
+        # Exported classes with members of the standard library: the library and its user share one runtime.
+        target_compile_options(vantro_profile_utils PUBLIC /wd4251 /wd4275)
+    endif()
+endif()
+
+# vantro_internals is what the tests link: they use what a shared build hides, so there it is an archive of the same
+# objects.
+get_target_property(visibility vantro_profile_utils CXX_VISIBILITY_PRESET)
+if(library_type STREQUAL "SHARED_LIBRARY" AND visibility STREQUAL "hidden")
+    add_library(vantro_internals STATIC EXCLUDE_FROM_ALL $<TARGET_OBJECTS:vantro_profile_utils>)
+    set_target_properties(vantro_internals PROPERTIES LINKER_LANGUAGE CXX)
+    target_include_directories(vantro_internals PUBLIC ${PROJECT_SOURCE_DIR}/include)
+    target_compile_features(vantro_internals PUBLIC cxx_std_20)
+else()
+    add_library(vantro_internals ALIAS vantro_profile_utils)
+endif()
 
 include(GNUInstallDirs)
 include(CMakePackageConfigHelpers)

@@ -12,16 +12,7 @@ set(CMAKE_EXE_LINKER_FLAGS_INIT "-static")
 set(CMAKE_SHARED_LINKER_FLAGS_INIT "-static")
 set(CMAKE_MODULE_LINKER_FLAGS_INIT "-static")
 
-# The header-only libraries of the tool are the build machine's. Its include folder as a whole must not come near
-# a cross compiler, so a folder of links to these libraries alone stands in for it.
-set(VANTRO_HOST_HEADERS ${CMAKE_BINARY_DIR}/host-headers)
-foreach(library CLI rapidjson)
-    if(IS_DIRECTORY /usr/include/${library} AND NOT EXISTS ${VANTRO_HOST_HEADERS}/include/${library})
-        file(MAKE_DIRECTORY ${VANTRO_HOST_HEADERS}/include)
-        file(CREATE_LINK /usr/include/${library} ${VANTRO_HOST_HEADERS}/include/${library} SYMBOLIC)
-    endif()
-endforeach()
-
+include(${CMAKE_CURRENT_LIST_DIR}/host-headers.cmake)
 set(CMAKE_FIND_ROOT_PATH /usr/${VANTRO_MINGW_TRIPLET} ${VANTRO_HOST_HEADERS})
 set(CMAKE_FIND_ROOT_PATH_MODE_PROGRAM NEVER)
 set(CMAKE_FIND_ROOT_PATH_MODE_LIBRARY ONLY)

@@ -7,7 +7,7 @@ cd "$(dirname "$0")/.."
 source scripts/lib.sh
 
 install_missing "${tool_packages[@]}" binutils
-build=build/hardening
+build=build/shared
 step "hardening: configure" cmake --preset release -B $build -DBUILD_SHARED_LIBS=ON
 step "hardening: build" cmake --build $build -j 2
 

@@ -1,8 +1,8 @@
 #!/usr/bin/env bash
-# The long checks, beside scripts/test.sh: format, clang-tidy and the sanitizers, the scalar variant, threads, coverage,
-# hardening, the same bytes twice, the 32-bit COM clients, the fuzz targets and a sample of mutations. Takes about forty
-# minutes on two cores, after the packages that it installs (Debian 12; root or sudo). The last line of a green run is
-# "N passed, 0 failed, M skipped".
+# The long checks, beside scripts/test.sh: format, shellcheck, clang-tidy and the sanitizers, the scalar variant, 64-bit
+# ARM under an emulator, threads, coverage, the exports of a shared build, hardening, the same bytes twice, the 32-bit COM
+# clients, the fuzz targets and a sample of mutations. Takes about forty minutes on two cores, after the packages that it
+# installs (Debian 12; root or sudo). The last line of a green run is "N passed, 0 failed, M skipped".
 set -euo pipefail
 cd "$(dirname "$0")/.."
 # shellcheck source=scripts/lib.sh
@@ -18,10 +18,12 @@ main() {
     check "shellcheck" strictly check_scripts
     build_and_test ci-clang # address and undefined-behaviour sanitizers, clang-tidy over every source
     build_and_test scalar
+    build_and_test arm64
     build_and_test tsan
     check "coverage" bash scripts/coverage.sh
     { grep -E '^(lines|branches|not covered|  )' "$log" || true; } | sed 's/^/          /'
     count_closing_line "the same bytes twice" bash scripts/check-reproducible.sh
+    count_closing_line "exports of a shared build" bash scripts/check-exports.sh
     count_closing_line "hardening" bash scripts/check-hardening.sh
     count_closing_line "COM server, 32-bit, and the same bytes twice" bash scripts/test-com.sh x86 again
     tail -n 3 "$log" | sed 's/^/          /'

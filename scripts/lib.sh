@@ -118,19 +118,19 @@ count_closing_line() {
     add_closing_line "$1" "$log" $status
 }
 
-# install_missing PACKAGE...: installs the Debian packages that are not there yet. Where all are, it needs no rights.
+# install_missing PACKAGE...: installs the Debian packages that are not there yet. Where all are, it needs neither rights
+# nor apt-get; without rights it prints the commands and ends the script.
 install_missing() {
     local package missing=() as_root=()
     for package in "$@"; do
-        if [[ $(dpkg-query -W -f '${db:Status-Status}' "$package" 2>/dev/null) != installed ]]; then
-            missing+=("$package")
-        fi
+        if [[ $(dpkg-query -W -f '${db:Status-Status}' "$package" 2>/dev/null) == installed ]]; then continue; fi
+        if [[ " ${missing[*]} " != *" $package "* ]]; then missing+=("$package"); fi
     done
     if ((${#missing[@]} == 0)); then return; fi
     if ((EUID != 0)); then
         # sudo asks here, where the question is seen.
         if ! command -v sudo >/dev/null || ! sudo -v; then
-            printf 'Packages are missing, and installing them takes root or sudo. As root:\n\n' >&2
+            printf 'Packages are missing, and installing them needs root or sudo. As root:\n\n' >&2
             printf '    apt-get update && apt-get install -y --no-install-recommends %s\n\n' "${missing[*]}" >&2
             exit 1
         fi
@@ -142,8 +142,9 @@ install_missing() {
         apt-get install -y --no-install-recommends "${missing[@]}"
 }
 
-# strictly FUNCTION: runs a function of this project's scripts so that its first failing command ends it.
-strictly() { bash -euo pipefail -c "$(declare -p root); $(declare -f our_sources "$1"); $1"; }
+# strictly FUNCTION: runs a function of the script so that its first failing command ends it. It sees the script's other
+# functions, root and what is exported.
+strictly() { bash -euo pipefail -c "$(declare -p root); $(declare -f); $1"; }
 
 # our_sources: every C++ file of the project, each ended by a zero byte.
 our_sources() {
@@ -157,7 +158,9 @@ our_sources() {
     com_packages=("${tool_packages[@]}" googletest mingw-w64-tools libwine-dev)
     com_x64_packages=("${com_packages[@]}" g++-mingw-w64-x86-64-posix wine wine64)
     com_x86_packages=("${com_packages[@]}" g++-mingw-w64-i686-posix mmdebstrap)
+    exports_packages=("${tool_packages[@]}" binutils g++-mingw-w64-x86-64-posix)
     test_packages=("${tool_packages[@]}" libgtest-dev libgmock-dev "${com_x64_packages[@]}")
-    check_packages=("${test_packages[@]}" "${com_x86_packages[@]}" clang clang-format clang-tidy libclang-rt-dev lld git
-        binutils python3 shellcheck)
+    arm64_packages=("${tool_packages[@]}" googletest g++-aarch64-linux-gnu qemu-user)
+    check_packages=("${test_packages[@]}" "${com_x86_packages[@]}" "${exports_packages[@]}" "${arm64_packages[@]}"
+        clang clang-format clang-tidy libclang-rt-dev lld git python3 shellcheck util-linux)
 }

@@ -1,6 +1,7 @@
 // The built-in terminal library: what stands in for the terminal's own wherever there is none.
 #pragma once
 
+#include "vantro/export.h"
 #include "vantro/terminal.h"
 
 #include <functional>
@@ -11,7 +12,7 @@
 namespace vantro {
 
 /// A collection in memory whose entries can be walked in order.
-class BuiltInCollection final : public KeyedCollection {
+class VANTRO_EXPORT BuiltInCollection final : public KeyedCollection {
 public:
     /// A key and its value.
     class Entry final : public KeyedItem {
@@ -47,7 +48,7 @@ private:
 using ErrorSink = std::function<void(const Error&)>;
 
 /// Built-in helper objects. Screen lines, trims and cuts are views of the caller's text.
-class BuiltInTerminal final : public Terminal, private TerminalFunctions, private ErrorReporter {
+class VANTRO_EXPORT BuiltInTerminal final : public Terminal, private TerminalFunctions, private ErrorReporter {
 public:
     /// Reported errors go to the sink; without one they are dropped.
     explicit BuiltInTerminal(ErrorSink sink = {}) : sink_(std::move(sink)) {}

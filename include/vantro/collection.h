@@ -1,6 +1,7 @@
 // The keyed collection: how parameters and state come in and results go out.
 #pragma once
 
+#include "vantro/export.h"
 #include "vantro/text.h"
 
 #include <cstddef>
@@ -15,7 +16,7 @@ namespace vantro {
 using ItemValue = std::variant<bool, std::int16_t, Text, TextList>;
 
 /// One stored value.
-class KeyedItem {
+class VANTRO_EXPORT KeyedItem {
 public:
     virtual ~KeyedItem() = default;
 
@@ -36,7 +37,7 @@ protected:
 using ItemPtr = std::shared_ptr<const KeyedItem>;
 
 /// Keys and values in the order in which the keys were first added. Keys are exact, case-sensitive texts.
-class KeyedCollection {
+class VANTRO_EXPORT KeyedCollection {
 public:
     virtual ~KeyedCollection() = default;
 

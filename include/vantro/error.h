@@ -1,6 +1,7 @@
 // The numbered errors that operations raise.
 #pragma once
 
+#include "vantro/export.h"
 #include "vantro/text.h"
 
 #include <exception>
@@ -22,7 +23,7 @@ enum class Failure : int {
 
 /// A failure with its number, its source and its description. Operations with an error number of their own
 /// raise that number with a fixed description; operations without one let the failing step's error pass.
-class Error : public std::exception {
+class VANTRO_EXPORT Error : public std::exception {
 public:
     Error(int number, TextView source, TextView description);
 
@@ -41,13 +42,13 @@ private:
 };
 
 /// The error of a failing step; its source is "VantroProfileUtils".
-Error errorOf(Failure failure);
+VANTRO_EXPORT Error errorOf(Failure failure);
 
 /// Raises the error of a failing step.
-[[noreturn]] void fail(Failure failure);
+[[noreturn]] VANTRO_EXPORT void fail(Failure failure);
 
 /// The exception that is being handled, as an error: an `Error` as it is, memory that ran out as 7, anything else
 /// as 51. To be called inside a catch block.
-Error currentError();
+VANTRO_EXPORT Error currentError();
 
 }  // namespace vantro

@@ -2,6 +2,7 @@
 // parts of an element. All texts and lists here live as long as the program.
 #pragma once
 
+#include "vantro/export.h"
 #include "vantro/profile.h"
 #include "vantro/text.h"
 
@@ -43,7 +44,7 @@ struct PartFacts {
     TextView Element::*value = nullptr;  ///< in a whole profile; null for the asterisk, which is a boolean
 };
 
-const PartFacts& factsOf(ElementPart part) noexcept;
+VANTRO_EXPORT const PartFacts& factsOf(ElementPart part) noexcept;
 
 // Queries
 
@@ -83,10 +84,10 @@ struct QueryFacts {
 
 /// The queries of `CProfile` in the order in which it compares their words with the text. The first that matches is
 /// answered.
-std::span<const QueryFacts> profileQueries() noexcept;
+VANTRO_EXPORT std::span<const QueryFacts> profileQueries() noexcept;
 
 /// A query that asks for no family. The notes are answered by `CProfileNotes`, which ignores blanks around their word.
-const QueryFacts& factsOf(OtherQuery query) noexcept;
+VANTRO_EXPORT const QueryFacts& factsOf(OtherQuery query) noexcept;
 
 // Families
 
@@ -113,9 +114,9 @@ struct FamilyFacts : QueryFacts {
     std::span<const ElementPart> furtherParts() const { return parts.subspan(2); }
 };
 
-const FamilyFacts& factsOf(Family family) noexcept;
+VANTRO_EXPORT const FamilyFacts& factsOf(Family family) noexcept;
 
 /// All families in the order of the enumeration.
-std::span<const FamilyFacts> families() noexcept;
+VANTRO_EXPORT std::span<const FamilyFacts> families() noexcept;
 
 }  // namespace vantro

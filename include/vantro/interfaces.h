@@ -2,6 +2,7 @@
 #pragma once
 
 #include "vantro/collection.h"
+#include "vantro/export.h"
 #include "vantro/text.h"
 
 #include <cstddef>
@@ -18,7 +19,7 @@ struct TransErrors {
 };
 
 /// A host transaction: builds the command line and reads the screen that the host answers with.
-class IProfileTrans {
+class VANTRO_EXPORT IProfileTrans {
 public:
     explicit IProfileTrans(TransErrors errors = {}) : errors_(errors) {}
     virtual ~IProfileTrans() = default;
@@ -47,7 +48,7 @@ private:
 
 /// The selection and the qualifier of a query where the caller has to convert them first. Only the prefix "ALL"
 /// asks for anything here: what no other prefix uses is not converted, and cannot fail. A failure is the query's.
-class SelectionSource {
+class VANTRO_EXPORT SelectionSource {
 public:
     virtual ~SelectionSource() = default;
 
@@ -70,7 +71,7 @@ protected:
 };
 
 /// A parser of profile displays.
-class IProfileGet {
+class VANTRO_EXPORT IProfileGet {
 public:
     virtual ~IProfileGet() = default;
 

@@ -2,6 +2,7 @@
 // family's lists; `ProfileObject::list` and `ProfileObject::flagList` return them.
 #pragma once
 
+#include "vantro/export.h"
 #include "vantro/families.h"
 #include "vantro/profile.h"
 #include "vantro/text.h"
@@ -19,7 +20,7 @@ struct ElementListName {
 };
 
 /// All lists of `CProfile`, family by family.
-std::span<const ElementListName> elementLists() noexcept;
+VANTRO_EXPORT std::span<const ElementListName> elementLists() noexcept;
 
 inline const std::span<const ElementListName> elementListNames = elementLists();
 

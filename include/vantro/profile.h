@@ -1,6 +1,7 @@
 // A whole profile display at once.
 #pragma once
 
+#include "vantro/export.h"
 #include "vantro/text.h"
 
 #include <array>
@@ -36,7 +37,7 @@ struct FamilyName {
 };
 
 /// All families in the order in which `ProfileElements` tests its prefixes.
-std::span<const FamilyName> familyNames();
+VANTRO_EXPORT std::span<const FamilyName> familyNames();
 
 /// One element. What its family does not split off is empty.
 struct Element {
@@ -92,6 +93,6 @@ struct Profile {
 
 /// Reads a whole display: lines of 80 characters joined without separators. Nothing is raised for what the
 /// display contains: a query that fails is listed under `problems` and the others are answered.
-Profile parseProfile(Text display);
+VANTRO_EXPORT Profile parseProfile(Text display);
 
 }  // namespace vantro

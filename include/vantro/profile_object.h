@@ -1,6 +1,7 @@
 // What every public class is: an object with one or both interfaces, its lists and its count properties.
 #pragma once
 
+#include "vantro/export.h"
 #include "vantro/interfaces.h"
 #include "vantro/text.h"
 
@@ -9,7 +10,7 @@
 namespace vantro {
 
 /// An instance of a public class. It serves one call at a time.
-class ProfileObject {
+class VANTRO_EXPORT ProfileObject {
 public:
     virtual ~ProfileObject() = default;
 

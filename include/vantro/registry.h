@@ -2,6 +2,7 @@
 #pragma once
 
 #include "vantro/class_description.h"
+#include "vantro/export.h"
 #include "vantro/interfaces.h"
 #include "vantro/profile_object.h"
 #include "vantro/terminal.h"
@@ -24,18 +25,18 @@ struct ClassRow {
 };
 
 /// All public classes: the transactions, then the two parsers.
-std::span<const ClassRow> classTable();
+VANTRO_EXPORT std::span<const ClassRow> classTable();
 
 /// The row of a class by its exact name, or null.
-const ClassRow* findClass(TextView name);
+VANTRO_EXPORT const ClassRow* findClass(TextView name);
 
 /// The count property by its exact name, or null.
-const CountProperty* findCount(const ClassRow& row, TextView name);
+VANTRO_EXPORT const CountProperty* findCount(const ClassRow& row, TextView name);
 
 /// A new instance that works with this terminal library. Raises 429 when the class cannot be created.
-std::unique_ptr<ProfileObject> createObject(const ClassRow& row, Terminal& terminal);
+VANTRO_EXPORT std::unique_ptr<ProfileObject> createObject(const ClassRow& row, Terminal& terminal);
 
 /// The same by the class's exact name. Raises 429, with the name in the description, when there is no such class.
-std::unique_ptr<ProfileObject> createObject(TextView name, Terminal& terminal);
+VANTRO_EXPORT std::unique_ptr<ProfileObject> createObject(TextView name, Terminal& terminal);
 
 }  // namespace vantro

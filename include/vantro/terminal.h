@@ -5,6 +5,7 @@
 
 #include "vantro/collection.h"
 #include "vantro/error.h"
+#include "vantro/export.h"
 #include "vantro/text.h"
 
 #include <cstdint>
@@ -25,7 +26,7 @@ private:
 };
 
 /// The terminal's helper operations on items and screens.
-class TerminalFunctions {
+class VANTRO_EXPORT TerminalFunctions {
 public:
     virtual ~TerminalFunctions() = default;
 
@@ -57,7 +58,7 @@ protected:
 };
 
 /// Where readers that swallow their own errors report them.
-class ErrorReporter {
+class VANTRO_EXPORT ErrorReporter {
 public:
     virtual ~ErrorReporter() = default;
 
@@ -72,7 +73,7 @@ protected:
 };
 
 /// A terminal library as a whole. It must outlive every object that was created for it.
-class Terminal {
+class VANTRO_EXPORT Terminal {
 public:
     virtual ~Terminal() = default;
 

@@ -1,0 +1,46 @@
+# What the tool, the tests and the benchmarks need; the library itself needs nothing. Each package is the system's where
+# the system has it, and is downloaded where not. A folder that needs one calls FetchContent_MakeAvailable.
+include(FetchContent)
+list(APPEND CMAKE_MODULE_PATH ${CMAKE_CURRENT_LIST_DIR}/modules)
+
+# Of the two header-only libraries only the headers are used: a folder without a CMakeLists.txt adds no targets.
+FetchContent_Declare(CLI11
+    URL https://github.com/CLIUtils/CLI11/archive/v2.1.2.tar.gz
+    URL_HASH SHA256=26291377e892ba0e5b4972cdfd4a2ab3bf53af8dac1f4ea8fe0d1376b625c8cb
+    SOURCE_SUBDIR include
+    FIND_PACKAGE_ARGS MODULE)
+FetchContent_Declare(RapidJSON
+    URL https://github.com/Tencent/rapidjson/archive/8f4c021fa2f1e001d2376095928fc0532adf2ae6.zip
+    URL_HASH SHA256=e6fc99c7df7f29995838a764dd68df87b71db360f7727ace467b21b82c85efda
+    SOURCE_SUBDIR include
+    FIND_PACKAGE_ARGS MODULE)
+FetchContent_Declare(googletest
+    URL https://github.com/google/googletest/archive/refs/tags/release-1.12.1.tar.gz
+    URL_HASH SHA256=81964fe578e9bd7c94dfdb09c8e4d6e6759e19967e397dbea48d1c10e45d0df2
+    SYSTEM
+    FIND_PACKAGE_ARGS NAMES GTest)
+FetchContent_Declare(benchmark
+    URL https://github.com/google/benchmark/archive/refs/tags/v1.7.1.tar.gz
+    URL_HASH SHA256=6430e4092653380d9dc4ccb45a1e2dc9259d581f4866dc0759713126056bc1d7
+    SYSTEM
+    FIND_PACKAGE_ARGS)
+set(INSTALL_GTEST OFF)
+set(BENCHMARK_ENABLE_TESTING OFF)
+set(BENCHMARK_ENABLE_INSTALL OFF)
+
+# vantro_headers_of(<package> <target>): a header-only library as a target, found or downloaded.
+function(vantro_headers_of package target)
+    FetchContent_MakeAvailable(${package})
+    if(NOT TARGET ${target})
+        string(TOLOWER ${package} name)
+        add_library(${target} INTERFACE IMPORTED GLOBAL)
+        target_include_directories(${target} INTERFACE ${${name}_SOURCE_DIR}/include)
+    endif()
+endfunction()
+
+if(VANTRO_BUILD_CLI)
+    vantro_headers_of(CLI11 CLI11::CLI11)
+endif()
+if(VANTRO_BUILD_CLI OR VANTRO_BUILD_TESTS)
+    vantro_headers_of(RapidJSON RapidJSON::RapidJSON)
+endif()

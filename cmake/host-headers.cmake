@@ -1,0 +1,9 @@
+# For a cross compiler: the header-only libraries of the build machine. Its include folder as a whole must not come near
+# a cross compiler, so a folder of links to these libraries alone stands in for it.
+set(VANTRO_HOST_HEADERS ${CMAKE_BINARY_DIR}/host-headers)
+file(MAKE_DIRECTORY ${VANTRO_HOST_HEADERS}/include)
+foreach(library CLI rapidjson)
+    if(IS_DIRECTORY /usr/include/${library})
+        file(CREATE_LINK /usr/include/${library} ${VANTRO_HOST_HEADERS}/include/${library} SYMBOLIC)
+    endif()
+endforeach()

@@ -1,0 +1,63 @@
+#!/usr/bin/env bash
+# Reads what a shared build of the library exports: everything that the public headers mark and nothing else, on Linux
+# and for Windows. Then builds a project against the installed shared library and runs it. Installs what is missing
+# (Debian). The last line is "N passed, N failed, N skipped".
+set -euo pipefail
+cd "$(dirname "$0")/.."
+# shellcheck source=scripts/lib.sh
+source scripts/lib.sh
+
+install_missing "${exports_packages[@]}"
+export build=build/shared
+export windows=build/shared-mingw-x64
+step "shared library: configure" cmake --preset release -B $build -DBUILD_SHARED_LIBS=ON
+step "shared library: build" cmake --build $build -j 2
+step "shared library for Windows: configure" cmake --preset mingw-x64 -B $windows -DBUILD_SHARED_LIBS=ON \
+    -DVANTRO_BUILD_COM=OFF -DVANTRO_BUILD_TESTS=OFF -DVANTRO_BUILD_CLI=OFF
+step "shared library for Windows: build" cmake --build $windows -j 2
+
+# The declarations with the mark; export.h defines it.
+marked() { find include/vantro -name '*.h' ! -name export.h -exec grep -h '^[^/]*VANTRO_EXPORT' {} +; }
+marked_classes() { marked | sed -nE 's/^class VANTRO_EXPORT (\w+).*/\1/p' | sort -u; }
+marked_functions() { marked | sed -nE 's/.*VANTRO_EXPORT [^(]*\b(\w+)\(.*/\1/p' | sort -u; }
+
+# The names right under vantro:: of the exported symbols. What belongs to the standard library are its own inline parts.
+exported_names() {
+    nm -D --defined-only --demangle $build/libVantroProfileUtils.so | cut -d ' ' -f 3- | grep -Ev '(^| for | to )std::' |
+        sed -E 's/^(typeinfo name|typeinfo|vtable|non-virtual thunk) (for|to) //; s/^vantro::(\w+).*/\1/' | sort -u
+}
+
+exports_are_the_marked_names() { diff <(sort -u <(marked_classes) <(marked_functions)) <(exported_names); }
+
+# A function at the border that carries no mark.
+no_public_function_is_unmarked() {
+    ! grep -nE '^[A-Za-z][A-Za-z0-9_:<>*& ,]* \*?&?\w+\(.*\);' include/vantro/*.h |
+        grep -vE ':(VANTRO_EXPORT|constexpr|inline|using|static_assert) '
+}
+
+windows_exports_every_function() {
+    local exported name
+    exported=$(x86_64-w64-mingw32-objdump -p $windows/bin/libVantroProfileUtils.dll)
+    for name in $(marked_functions); do
+        grep -qE "_ZN6vantro${#name}$name" <<<"$exported" || { echo "$name is not exported" && return 1; }
+    done
+}
+
+# A project as a user has it, built against the installed shared library.
+installed_library_is_used() {
+    local work=$root/build/shared-package
+    rm -rf "$work"
+    mkdir -p "$work/source"
+    cmake --install $build --prefix "$work/prefix"
+    cp tests/package/CMakeLists.txt "$work/source"
+    cp tests/package/border.cpp "$work/source/main.cpp"
+    cmake -S "$work/source" -B "$work/build" -G Ninja -DCMAKE_PREFIX_PATH="$work/prefix"
+    cmake --build "$work/build"
+    "$work/build/my_terminal" | grep -Fx "all right"
+}
+
+check "exports are the names that the headers mark" strictly exports_are_the_marked_names
+check "no public function is without the mark" strictly no_public_function_is_unmarked
+check "the Windows library exports every public function" strictly windows_exports_every_function
+check "a project uses the installed shared library" strictly installed_library_is_used
+close_counts
