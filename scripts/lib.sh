@@ -4,6 +4,8 @@
 root=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)
 logs=$root/build/logs
 mkdir -p "$logs"
+# A user without a home folder: ccache keeps its files here.
+if [[ ! -w ${HOME:-/nowhere} ]]; then export CCACHE_DIR=${CCACHE_DIR:-$root/build/ccache}; fi
 
 passed=0
 failed=0
