@@ -27,17 +27,15 @@ struct Profile::Storage {
 
 namespace {
 
-/// Collects elements and notes. The elements of a family end up next to each other.
+/// Collects elements and notes. The elements of a family are stored one after the other.
 class Collector final : public ElementSink, public NoteSink {
 public:
     Collector(Profile::Storage& storage, std::size_t usualElements) : storage_(storage) {
         storage_.elements.reserve(usualElements);
-        families_.reserve(usualElements);
     }
 
-    void store(Family family, std::int16_t /*count*/, const FoundElement& found) override {
+    void store(Family /*family*/, std::int16_t /*count*/, const FoundElement& found) override {
         storage_.elements.push_back(found);
-        families_.push_back(family);
     }
 
     void store(std::int16_t /*count*/, const FoundNote& note) override {
@@ -49,52 +47,56 @@ public:
     void storeEmpty(std::int16_t /*number*/, std::int16_t /*amount*/) override {
     }  // the scan fails, its notes are dropped
 
-    std::size_t size() const { return families_.size(); }
+    std::size_t size() const { return storage_.elements.size(); }
 
     /// Drops the elements from an index on.
-    void dropFrom(std::size_t index) {
-        storage_.elements.resize(index);
-        families_.resize(index);
-    }
+    void dropFrom(std::size_t index) { storage_.elements.resize(index); }
 
-    /// Drops the elements of some families.
-    void drop(FamilySet families) {
-        std::size_t kept = 0;
-        for (std::size_t place = 0; place < size(); ++place) {
-            if (families.contains(families_[place])) continue;
-            storage_.elements[kept] = storage_.elements[place];
-            families_[kept++] = families_[place];
-        }
-        dropFrom(kept);
-    }
-
-    /// Sorts the elements of several families, which were stored in the order of the display, by family.
-    void groupByFamily() {
-        std::array<std::size_t, familyCount + 1> next{};
-        for (const Family family : families_) ++next[indexOf(family) + 1];
-        for (std::size_t family = 0; family < familyCount; ++family) next[family + 1] += next[family];
-        const std::vector<Element> elements = storage_.elements;
-        const std::vector<Family> families = families_;
-        for (std::size_t from = 0; from < families.size(); ++from) {
-            const std::size_t place = next[indexOf(families[from])]++;
-            storage_.elements[place] = elements[from];
-            families_[place] = families[from];
-        }
-    }
+    /// Makes the elements from an index on those of a family.
+    void assignFrom(std::size_t index, Family family) { ranges_[indexOf(family)] = {index, size() - index}; }
 
     void keepIn(Profile& profile) const {
-        for (std::size_t begin = 0; begin < size();) {
-            std::size_t end = begin;
-            while (end < size() && families_[end] == families_[begin]) ++end;
-            profile.families[indexOf(families_[begin])] = {storage_.elements.data() + begin, end - begin};
-            begin = end;
+        for (std::size_t family = 0; family < familyCount; ++family) {
+            const auto [begin, count] = ranges_[family];
+            if (count > 0) profile.families[family] = {storage_.elements.data() + begin, count};
         }
         profile.notes = storage_.notes;
     }
 
 private:
+    struct Range {
+        std::size_t begin = 0;
+        std::size_t count = 0;
+    };
+
     Profile::Storage& storage_;
-    std::vector<Family> families_;  // of each element
+    std::array<Range, familyCount> ranges_;
+};
+
+/// The elements of several families in the order of the display.
+class MixedElements final : public ElementSink {
+public:
+    void store(Family family, std::int16_t /*count*/, const FoundElement& found) override {
+        constexpr std::size_t usualElements = 64;
+        if (elements_.empty()) elements_.reserve(usualElements);
+        elements_.push_back({family, found});
+    }
+
+    void copyTo(Collector& collector, Family family) const {
+        const std::size_t begin = collector.size();
+        for (const auto& [itsFamily, element] : elements_) {
+            if (itsFamily == family) collector.store(family, 0, element);
+        }
+        collector.assignFrom(begin, family);
+    }
+
+private:
+    struct Mixed {
+        Family family;
+        Element element;
+    };
+
+    std::vector<Mixed> elements_;
 };
 
 /// Fills a profile query by query; a failing one leaves its value empty and is listed.
@@ -165,9 +167,11 @@ private:
     }
 
     FamilySet readTransferable() {
-        const FamilySet failed = extractTransferable(joiner_, collector_);
-        if (!failed.empty()) collector_.drop(failed);
-        collector_.groupByFamily();
+        MixedElements found;
+        const FamilySet failed = extractTransferable(joiner_, found);
+        for (const TransferableFamily& row : transferableFamilies) {
+            if (!failed.contains(row.family)) found.copyTo(collector_, row.family);
+        }
         return failed;
     }
 
@@ -175,6 +179,7 @@ private:
         const std::size_t before = collector_.size();
         try {
             extract(row.family, joiner_, collector_);
+            collector_.assignFrom(before, row.family);
         } catch (const Error&) {  // Not covered: memory that runs out passes
             collector_.dropFrom(before);
             addProblem(row);
