@@ -220,18 +220,19 @@ LinePrefixes prefixesIn(TextView line) {
 namespace {
 
 template <class Characters>
+LineMarks marksIn(TextView line, const Characters& characters) {
+    return mayContainMark(characters) ? marksByBits(line, characters) : LineMarks();
+}
+
+template <class Characters>
 LineFacts factsByBits(TextView line, const Characters& characters, const LineMarks* knownMarks) {
-    LineFacts facts;
-    facts.blanks = characters.blanks();
-    facts.content = contentOf(facts.blanks);
-    if (knownMarks != nullptr) {
-        facts.marks = *knownMarks;
-    } else if (mayContainMark(characters)) {
-        facts.marks = marksByBits(line, characters);
-    }
+    const LineBits blanks = characters.blanks();
+    const LineFacts::Content content = contentOf(blanks);
     const LineBits slashes = characters.where('/');
-    if (slashes.any()) facts.prefixes = prefixesIn(line, slashes, facts.content.begin);
-    return facts;
+    return {.blanks = blanks,
+            .content = content,
+            .marks = knownMarks != nullptr ? *knownMarks : marksIn(line, characters),
+            .prefixes = slashes.any() ? prefixesIn(line, slashes, content.begin) : LinePrefixes()};
 }
 
 }  // namespace
