@@ -4,7 +4,7 @@ cmake_minimum_required(VERSION 3.25)
 set(wrong "")
 
 # The table: in rows the folders from top to bottom, in may_FOLDER those that the folder names.
-file(STRINGS ${ROOT}/docs/architecture.md table REGEX "^\\| `.+/` \\|")
+file(STRINGS ${ROOT}/docs/architecture.md table REGEX "^\\| `[^`]+/` \\|")
 set(rows "")
 foreach(line IN LISTS table)
     if(NOT line MATCHES "^\\| `([a-z_/]+/)` \\|.*\\| ([^|]+) \\|$")
