@@ -45,7 +45,7 @@ fuzz() {
     local run=$runs/$1-$2 dictionary=()
     rm -rf "$run"
     mkdir -p "$run/found" "$corpora/$2"
-    if [[ -f fuzz/$2.dict ]]; then dictionary=("-dict=fuzz/$2.dict"); fi
+    if [[ $2 == batch_lines ]]; then dictionary=(-dict=fuzz/batch_lines.dict); fi
     # An earlier finding that still fails also ends the run.
     "build/$1/bin/fuzz_$2" -seed=$start -max_total_time="$seconds" -max_len=$longest_input -timeout=$slowest_input \
         -rss_limit_mb=2048 -entropic=0 -print_final_stats=1 -reload=10 -artifact_prefix="$run/found/" "${dictionary[@]}" \

@@ -86,12 +86,14 @@ count_ctest() {
     local junit=$logs/$2.xml status=0 total bad left
     rm -f "$junit"
     run_logged "$1" ctest --preset "$2" --output-junit "$junit" || status=$?
-    total=0 bad=0 left=0
-    if [[ -f $junit ]]; then
-        total=$(attribute tests "$junit")
-        bad=$(attribute failures "$junit")
-        left=$(($(attribute skipped "$junit") + $(attribute disabled "$junit")))
+    if [[ ! -f $junit ]]; then
+        echo "  FAILED  $1: no record of the tests" >&2
+        failed=$((failed + 1))
+        return
     fi
+    total=$(attribute tests "$junit")
+    bad=$(attribute failures "$junit")
+    left=$(($(attribute skipped "$junit") + $(attribute disabled "$junit")))
     if ((status != 0 && bad == 0)); then bad=1 total=$((total + 1)); fi
     passed=$((passed + total - bad - left))
     failed=$((failed + bad))

@@ -100,12 +100,6 @@ void addQueryOptions(CLI::App& command, QueryOptions& options) {
     addMaxLine(command, options.maxLine);
 }
 
-/// `knownPrefixes` in two lines.
-std::string prefixesInTwoLines() {
-    std::string known = knownPrefixes();
-    return known.replace(known.find(" PPR"), 1, "\n");
-}
-
 // ---- Words for what the parser refuses
 
 // The parser would say of an option without its value that it misses "1 required FILE".
@@ -290,8 +284,8 @@ void CommandLine::addElements() {
     addDisplayFile(command, elements_.common);
     command
         .add_option("--index", elements_.index,
-                    "Index of one element, from 1; SR, RM, AP, OS, FFN, ST and RC return one element only, the\n"
-                    "others return lists whose entry 0 is empty")
+                    "Index of one element, from 1; " + prefixesOfOneElement() + " return one element only, the\n" +
+                        "others return lists whose entry 0 is empty")
         ->check(wholeNumber(std::numeric_limits<std::int16_t>::min(), std::numeric_limits<std::int16_t>::max()))
         ->type_name("N");
     command
@@ -303,7 +297,7 @@ void CommandLine::addElements() {
     command.add_option("--qualifier", elements_.qualifier, "With ALL: the first word of the elements' text")
         ->type_name("TEXT");
     addQueryOptions(command, elements_.common);
-    command.footer("Prefixes:\n" + prefixesInTwoLines() + "\n" + help::manyDisplays + help::elements);
+    command.footer("Prefixes:\n" + prefixesWithMeanings() + "\n" + help::manyDisplays + help::elements);
     command.callback([this] { status_ = runElements(elements_); });
 }
 

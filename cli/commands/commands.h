@@ -69,4 +69,10 @@ int runNotes(const NotesOptions& options);
 /// The prefixes that `elements` knows, with blanks between them.
 std::string knownPrefixes();
 
+/// The same, one per line with its meaning.
+std::string prefixesWithMeanings();
+
+/// Those for which `elements` returns one element only: "SR, RM and AP".
+std::string prefixesOfOneElement();
+
 }  // namespace vantro

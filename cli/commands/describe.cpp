@@ -1,24 +1,18 @@
 #include "cli/commands/describe.h"
 
 #include "cli/commands/nearest.h"
+#include "cli/commands/trans_class.h"
 #include "cli/io/failure.h"
 #include "cli/io/standard_io.h"
 #include "cli/io/utf.h"
 #include "cli/json/output.h"
 
-#include <algorithm>
+#include <optional>
 #include <vector>
 
 namespace vantro {
 
 namespace {
-
-// The class of a host transaction, for those who gave its code.
-const ClassRow* classOfTransaction(TextView code) {
-    const auto row = std::ranges::find_if(
-        classTable(), [&](const ClassRow& each) { return std::ranges::count(each.transactions, code) > 0; });
-    return row == classTable().end() ? nullptr : &*row;
-}
 
 std::string unknownClass(const std::string& name) {
     const std::string problem = "no class is named '" + name + "'";

@@ -5,6 +5,7 @@
 
 #include <memory>
 #include <string>
+#include <vector>
 
 namespace vantro {
 
@@ -21,7 +22,7 @@ DisplayQuery queryFor(const ElementsOptions& options) {
 
 std::string adviceOn(const Error& raised, const ElementsOptions& options) {
     const bool lacksIndex = raised.number() == static_cast<int>(Failure::ObjectNotSet) && !options.index;
-    return lacksIndex ? "Give the place with --index." : "";
+    return lacksIndex ? "Name the element's index with --index." : "";
 }
 
 }  // namespace
@@ -34,6 +35,28 @@ std::string knownPrefixes() {
         known += " " + toUtf8(query.word);
     }
     return others.substr(1) + families;
+}
+
+std::string prefixesWithMeanings() {
+    constexpr std::size_t longest = 6;
+    std::string lines;
+    for (const QueryFacts& query : profileQueries()) {
+        std::string word = toUtf8(query.word);
+        word.resize(longest, ' ');
+        lines += "  " + word + "  " + toUtf8(query.meaning) + "\n";
+    }
+    return lines;
+}
+
+std::string prefixesOfOneElement() {
+    std::vector<std::string> words;
+    for (const QueryFacts& query : profileQueries()) {
+        const bool isOne = query.family && factsOf(*query.family).output == ElementOutput::Element;
+        if (isOne) words.push_back(toUtf8(query.word));
+    }
+    std::string text = words.front();
+    for (std::size_t index = 1; index + 1 < words.size(); ++index) text += ", " + words[index];
+    return text + " and " + words.back();
 }
 
 int runElements(const ElementsOptions& options) {

@@ -11,14 +11,6 @@ namespace {
 
 constexpr const char* seeClasses = "; 'vantro-profile classes' lists the classes";
 
-// The class of a host transaction, for a hint when its code was entered instead of the class.
-const ClassRow* classOfTransaction(TextView code) {
-    for (const ClassRow& row : classTable()) {
-        if (std::ranges::count(row.transactions, code) > 0) return &row;
-    }
-    return nullptr;
-}
-
 std::string unknownClass(const std::string& name) {
     const ClassRow* const meant = classOfTransaction(toUtf16(name));
     const std::string hint = meant != nullptr ? "; the class of " + name + " is " + toUtf8(meant->name) : seeClasses;
@@ -26,6 +18,13 @@ std::string unknownClass(const std::string& name) {
 }
 
 }  // namespace
+
+const ClassRow* classOfTransaction(TextView code) {
+    for (const ClassRow& row : classTable()) {
+        if (std::ranges::count(row.transactions, code) > 0) return &row;
+    }
+    return nullptr;
+}
 
 const ClassRow& transactionClass(const std::string& name) {
     const ClassRow* const row = findClass(toUtf16(name));

@@ -1,10 +1,8 @@
 // The transaction class that the commands `command` and `verify` were called with.
 #pragma once
 
-#include "vantro/built_in_terminal.h"
 #include "vantro/registry.h"
 
-#include <memory>
 #include <string>
 
 namespace vantro {
@@ -12,5 +10,8 @@ namespace vantro {
 /// The row of the class with this name. Raises UsageError for an unknown name, and for a class that builds no
 /// commands and reads no screens.
 const ClassRow& transactionClass(const std::string& name);
+
+/// The row of the class of a host transaction ("PDN"), for those who enter its code instead of the class; or null.
+const ClassRow* classOfTransaction(TextView code);
 
 }  // namespace vantro

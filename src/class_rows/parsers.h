@@ -40,7 +40,7 @@ inline constexpr ResultRow profileElements[] = {
 };
 
 inline constexpr ErrorRow profileErrors[] = {
-    {ClassCall::ProfileElements, 5065, emptyPrefix},
+    {ClassCall::ProfileElements, number::emptyPrefix, emptyPrefix},
     {ClassCall::ProfileElements, 91,   u"there is no collection, or intKeyIndex is missing where it is needed"},
     {ClassCall::ProfileElements, 13,   u"a key of the request is of a kind that cannot be read, or intKeyIndex is no "
                                        u"whole number"},
@@ -103,11 +103,11 @@ inline constexpr ResultRow notesElements[] = {
 };
 
 inline constexpr ErrorRow notesErrors[] = {
-    {ClassCall::ProfileElements, 5065, emptyPrefix},
-    {ClassCall::ProfileElements, 5500, u"the notes cannot be read"},
+    {ClassCall::ProfileElements, number::emptyPrefix, emptyPrefix},
+    {ClassCall::ProfileElements, number::notesQuery, u"the notes cannot be read"},
     {ClassCall::ProfileElements, 91,   noRequest},
     {ClassCall::ProfileElements, 13,   unreadableRequest},
-    {ClassCall::Count,           5505, u"the notes cannot be read"},
+    {ClassCall::Count, number::notesCount, u"the notes cannot be read"},
 };
 
 inline constexpr ClassDescription notes{

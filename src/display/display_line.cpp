@@ -74,6 +74,7 @@ bool beginsWithHeader(TextView text, TextView header) {
 void addHeaders(LineMarks& marks, TextView line, LineBits hyphens) {
     // A header has a blank after its seven hyphens: only the last seven of a longer row can begin one.
     constexpr auto ruleLength = static_cast<unsigned>(sectionRule.size());
+    static_assert(sectionRule.find_first_not_of(u'-') == TextView::npos);
     for (LineBits rules = hyphens.runs(ruleLength) & ~hyphens.down(ruleLength); rules.any(); rules.removeLowest()) {
         marks.addRule();
         const TextView fromRule = line.substr(rules.lowest());
@@ -86,6 +87,7 @@ void addHeaders(LineMarks& marks, TextView line, LineBits hyphens) {
 /// The end text is looked for around its "F", the rarest of its letters.
 bool isEndTextAroundF(TextView line, std::size_t position) {
     constexpr std::size_t lettersBefore = mark::endOfDisplay.find(u'F');
+    static_assert(lettersBefore != TextView::npos);
     return position >= lettersBefore && beginsWith(line.substr(position - lettersBefore), mark::endOfDisplay);
 }
 

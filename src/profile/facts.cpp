@@ -1,4 +1,5 @@
 // What the public headers tell of queries, families, parts and lists, put together from their rows.
+#include "display/display_line.h"
 #include "display/families.h"
 #include "framework/keys.h"
 #include "profile/element_parts.h"
@@ -62,6 +63,9 @@ constexpr auto otherQueries = [] {
 
 static_assert(otherQueryRows.size() == otherQueryCount);
 static_assert(std::ranges::none_of(otherQueries, [](const QueryFacts& query) { return query.word.empty(); }));
+static_assert(companyNamePrefix.starts_with(otherQueries[indexOf(OtherQuery::CompanyName)].word));
+static_assert(pinPrefix.starts_with(otherQueries[indexOf(OtherQuery::Pin)].word));
+static_assert(pslPrefix.starts_with(otherQueries[indexOf(OtherQuery::Psl)].word));
 
 // Families
 

@@ -76,7 +76,7 @@ TEST(Elements, AFailedQueryIsOneLineAndStatus1) {
     expectRefused(runTool({"elements", "RM", "--index", "3", sample("traveller")}), 1,
                   "error 5260 from VantroProfileUtils: An error has occurred while verifying the profile.");
     expectRefused(runTool({"elements", "RM", sample("traveller")}), 1, "error 91 ");
-    expectRefused(runTool({"elements", "RM", sample("traveller")}), 1, "Give the place with --index.");
+    expectRefused(runTool({"elements", "RM", sample("traveller")}), 1, "Name the element's index with --index.");
     expectRefused(runTool({"elements", "", sample("traveller")}), 1, "error 5065 ");
 }
 
@@ -85,6 +85,15 @@ TEST(Elements, AnUnknownPrefixIsReportedWithTheKnownOnes) {
     expectRefused(run, 1, "no query has the prefix 'XX'; there are NM RECLOC OFFID PCN PIN PSL ALL SR RM ");
     EXPECT_NE(run.err.find(" PFO"), std::string::npos);
     EXPECT_EQ(run.out, "");
+}
+
+TEST(Elements, HelpSaysWhatEachPrefixAsksFor) {
+    const std::string help = runTool({"elements", "--help"}).out;
+    EXPECT_NE(help.find("\n  NM      name of the profile: "), std::string::npos);
+    EXPECT_NE(help.find("\n  PHI     hotel travel policy "), std::string::npos);
+    EXPECT_NE(help.find("\n  RECLOC  record locator of the profile\n"), std::string::npos);
+    EXPECT_NE(help.find("\n  PFO     follow-up element\n"), std::string::npos);
+    EXPECT_NE(help.find("SR, RM, AP, OS, FFN, ST and RC return one element only"), std::string::npos);
 }
 
 TEST(Elements, BadUsageIsStatus2) {

@@ -5,6 +5,7 @@
 #include "tests/support/recorder.h"
 #include "tests/support/screens.h"
 #include "tests/support/text.h"
+#include "vantro/families.h"
 #include "vantro/registry.h"
 
 #include <gtest/gtest.h>
@@ -51,10 +52,14 @@ std::vector<Text> sampleDisplays() {
     return displays;
 }
 
-const std::vector<TextView> prefixes{
-    u"NM",  u"SR",  u"RM",  u"AP",  u"OS",  u"FFN", u"ST",  u"RECLOC", u"OFFID", u"PCN", u"PHI", u"PPH", u"PCI",
-    u"PPC", u"PIN", u"PSL", u"ALL", u"RC",  u"PPR", u"PPS", u"PGL",    u"PPA",   u"PPK", u"PPI", u"PXC", u"PXA",
-    u"PXK", u"PSH", u"PSC", u"PPT", u"PXT", u"PAS", u"PIV", u"PCE",    u"PID",   u"PFO", u"XYZ"};
+// Every prefix that is known, and one that is not.
+std::vector<TextView> allPrefixes() {
+    std::vector<TextView> prefixes{u"XYZ"};
+    for (const QueryFacts& query : profileQueries()) prefixes.push_back(query.word);
+    return prefixes;
+}
+
+const std::vector<TextView> prefixes = allPrefixes();
 
 // What all runs of one call came to.
 struct Observed {
