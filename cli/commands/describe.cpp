@@ -7,7 +7,6 @@
 #include "cli/io/utf.h"
 #include "cli/json/output.h"
 
-#include <optional>
 #include <vector>
 
 namespace vantro {

@@ -10,9 +10,7 @@
 
 #include <algorithm>
 #include <cstddef>
-#include <functional>
 #include <optional>
-#include <span>
 #include <string>
 #include <string_view>
 

@@ -2,7 +2,6 @@
 
 #include "cli/io/utf.h"
 
-#include <algorithm>
 #include <charconv>
 #include <cstdint>
 #include <optional>

@@ -5,7 +5,6 @@
 #include "framework/keys.h"
 #include "vantro/class_description.h"
 
-#include <array>
 
 namespace vantro::rows {
 

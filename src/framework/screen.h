@@ -7,7 +7,6 @@
 #include "vantro/terminal.h"
 
 #include <cstdint>
-#include <span>
 #include <unordered_map>
 
 namespace vantro {

@@ -8,7 +8,6 @@
 #include "vantro/interfaces.h"
 #include "vantro/profile_object.h"
 
-#include <utility>
 
 namespace vantro {
 

@@ -6,7 +6,6 @@
 #include "vantro/families.h"
 #include "vantro/interfaces.h"
 
-#include <cstdint>
 
 namespace vantro {
 

@@ -9,7 +9,6 @@
 #include "vantro/families.h"
 #include "vantro/profile.h"
 
-#include <algorithm>
 #include <utility>
 
 namespace vantro {

@@ -7,7 +7,6 @@
 #include "framework/constants.h"
 #include "readers/extractors.h"
 
-#include <algorithm>
 #include <array>
 #include <span>
 
