@@ -138,8 +138,8 @@ constexpr std::size_t queryCount = familyCount + otherQueryCount - 1;  // all bu
 constexpr auto queries = [] {
     std::array<QueryFacts, queryCount> all;
     for (const FamilyFacts& facts : familyTable) {
-        const int place = withRow(*facts.family, [](const auto& row) { return row.about.queryPlace; });
-        all.at(static_cast<std::size_t>(place) - 1) = facts;
+        const int order = withRow(*facts.family, [](const auto& row) { return row.about.queryOrder; });
+        all.at(static_cast<std::size_t>(order) - 1) = facts;
     }
     for (const OtherQueryRow& row : otherQueryRows) {
         if (row.place != 0) all.at(static_cast<std::size_t>(row.place) - 1) = queryFrom(row);
