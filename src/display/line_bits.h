@@ -114,11 +114,11 @@ public:
     /// The positions of the blanks; positions after the last character count as blanks.
     LineBits blanks() const { return where(' ') | LineBits::from(Length); }
 
-    /// True when `match` matches any of the characters.
-    template <class Match>
-    bool any(Match match) const {
-        Bytes matches = match(groups_[0]);
-        for (std::size_t group = 1; group < groupCount; ++group) matches = matches | match(groups_[group]);
+    /// True when `test`, which returns its matches in a group of characters, matches any of them.
+    template <class Test>
+    bool any(Test test) const {
+        Bytes matches = test(groups_[0]);
+        for (std::size_t group = 1; group < groupCount; ++group) matches = matches | test(groups_[group]);
         return matches.bits() != 0;
     }
 

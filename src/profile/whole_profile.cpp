@@ -14,7 +14,7 @@
 
 namespace vantro {
 
-/// The display itself, the texts that were joined from several of its lines, and the lists.
+/// The display, the texts that were joined from several of its lines, and the lists.
 struct Profile::Storage {
     explicit Storage(Text text) : display(std::move(text)) {}
 
@@ -27,7 +27,7 @@ struct Profile::Storage {
 
 namespace {
 
-/// Collects elements and notes. The elements of a family end up next to each other.
+/// Collects elements and notes. In the end the elements of a family are next to each other.
 class Collector final : public ElementSink, public NoteSink {
 public:
     Collector(Profile::Storage& storage, std::size_t usualElements) : storage_(storage) {
@@ -57,18 +57,18 @@ public:
         families_.resize(index);
     }
 
-    /// Drops the elements of some families.
+    /// Drops the elements of these families.
     void drop(FamilySet families) {
         std::size_t kept = 0;
-        for (std::size_t place = 0; place < size(); ++place) {
-            if (families.contains(families_[place])) continue;
-            storage_.elements[kept] = storage_.elements[place];
-            families_[kept++] = families_[place];
+        for (std::size_t index = 0; index < size(); ++index) {
+            if (families.contains(families_[index])) continue;
+            storage_.elements[kept] = storage_.elements[index];
+            families_[kept++] = families_[index];
         }
         dropFrom(kept);
     }
 
-    /// Sorts the elements of several families, which were stored in the order of the display, by family.
+    /// Sorts the elements by family. Those of a family stay in the order of the display.
     void groupByFamily() {
         std::array<std::size_t, familyCount + 1> next{};
         for (const Family family : families_) ++next[indexOf(family) + 1];
@@ -76,13 +76,13 @@ public:
         const std::vector<Element> elements = storage_.elements;
         const std::vector<Family> families = families_;
         for (std::size_t from = 0; from < families.size(); ++from) {
-            const std::size_t place = next[indexOf(families[from])]++;
-            storage_.elements[place] = elements[from];
-            families_[place] = families[from];
+            const std::size_t to = next[indexOf(families[from])]++;
+            storage_.elements[to] = elements[from];
+            families_[to] = families[from];
         }
     }
 
-    void keepIn(Profile& profile) const {
+    void storeIn(Profile& profile) const {
         for (std::size_t begin = 0; begin < size();) {
             std::size_t end = begin;
             while (end < size() && families_[end] == families_[begin]) ++end;
@@ -94,10 +94,10 @@ public:
 
 private:
     Profile::Storage& storage_;
-    std::vector<Family> families_;  // of each element
+    std::vector<Family> families_;  // one per element
 };
 
-/// Fills a profile query by query; a failing one leaves its value empty and is listed.
+/// Fills a profile query by query. A query that fails leaves its value empty and is added to the problems.
 class WholeProfileReader {
 public:
     WholeProfileReader(Profile& profile, Profile::Storage& storage)
@@ -112,7 +112,7 @@ public:
         readHeader();
         readFamilies();
         readNotes();
-        collector_.keepIn(profile_);
+        collector_.storeIn(profile_);
         storage_.joinedElements = joiner_.takeTexts();
     }
 

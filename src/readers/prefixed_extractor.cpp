@@ -16,8 +16,8 @@ namespace {
 constexpr Column tagColumn{3};
 constexpr Field numberField{Column{1}, Width{2}};
 constexpr Field textField{Column{8}};
-constexpr Field unprefixedTextField{
-    Column{7}};  // Meant: only in global-search lines the text begins one column earlier
+// Meant: only in the unprefixed global-search lines the text begins one column earlier.
+constexpr Field unprefixedTextField{Column{7}};
 
 /// One extraction, with the current line and the number of elements found so far.
 class PrefixedExtraction {

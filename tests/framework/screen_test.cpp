@@ -121,8 +121,8 @@ TEST(ScreenTest, AsksTheTerminalForFields) {
 enum class Shown : std::uint8_t { Nothing, Traveller, Company };
 
 constexpr ScreenTest<Shown> kinds[] = {
-    {u"*T*", Place::StartsLine, Shown::Traveller},
-    {u"*C*", Place::InLine, Shown::Company},
+    {u"*T*", Match::LineStart, Shown::Traveller},
+    {u"*C*", Match::Anywhere, Shown::Company},
 };
 
 TEST(FindShown, TheFirstLineThatMatchesDecides) {
