@@ -10,8 +10,8 @@
 namespace vantro {
 namespace {
 
-/// Wraps the built-in terminal, notes which lines are fetched and which markers are searched, and returns lines of its
-/// own, as a remote terminal does.
+/// Wraps the built-in terminal, records which lines are fetched and which markers are searched, and makes its own
+/// lines, like a remote terminal.
 class WatchingTerminal final : public Terminal, private TerminalFunctions {
 public:
     TerminalFunctions& functions() override { return *this; }

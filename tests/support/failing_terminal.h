@@ -27,7 +27,7 @@ struct Failing {
     int reports = 0;  ///< this many calls of `ReportError` fail in the same way; they are not counted as calls
 };
 
-/// Throws what the kind stands for; the last two kinds throw nothing.
+/// Throws the exception of this kind; the last two kinds throw nothing.
 [[noreturn]] void raise(FailureKind kind);
 
 /// What `StandardException` and `NoException` throw.
