@@ -1,5 +1,5 @@
-# What the tool, the tests and the benchmarks need; the library itself needs nothing. Each package is the system's where
-# the system has it, and is downloaded where not. A folder that needs one calls FetchContent_MakeAvailable.
+# The dependencies of the tool, the tests and the benchmarks; the library itself has none. A package of the system is
+# used if there is one; otherwise it is downloaded. A folder that needs a package calls FetchContent_MakeAvailable.
 include(FetchContent)
 list(APPEND CMAKE_MODULE_PATH ${CMAKE_CURRENT_LIST_DIR}/modules)
 

@@ -1,5 +1,5 @@
-# What makes an error in memory end the program instead of being used. Shipped code only: the tests leave it aside,
-# and other systems' compilers have switches of their own.
+# Hardening: a memory error ends the program instead of being exploitable. For shipped code only, not for tests; other
+# systems' compilers have their own switches.
 include(CheckCXXCompilerFlag)
 include(CheckLinkerFlag)
 include(CheckPIESupported)
@@ -21,7 +21,7 @@ if(NOT VANTRO_SANITIZE AND NOT CMAKE_CXX_FLAGS MATCHES "-fsanitize")
 endif()
 
 function(vantro_harden target)
-    # VANTRO_HARDENING is asked again: a folder can switch it off for itself.
+    # VANTRO_HARDENING is tested again, because a folder can switch it off.
     if(NOT hardening_possible OR NOT VANTRO_HARDENING)
         return()
     endif()

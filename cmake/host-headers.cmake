@@ -1,5 +1,5 @@
-# For a cross compiler: the header-only libraries of the build machine. Its include folder as a whole must not come near
-# a cross compiler, so a folder of links to these libraries alone stands in for it.
+# For a cross compiler: the header-only libraries of the build machine. Its complete include folder must not be visible
+# to a cross compiler, so this creates a folder of links to these libraries only.
 set(VANTRO_HOST_HEADERS ${CMAKE_BINARY_DIR}/host-headers)
 file(MAKE_DIRECTORY ${VANTRO_HOST_HEADERS}/include)
 foreach(library CLI rapidjson)

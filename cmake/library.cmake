@@ -73,7 +73,7 @@ set_target_properties(vantro_profile_utils PROPERTIES
     POSITION_INDEPENDENT_CODE ON
 )
 
-# A shared build exports what the public headers mark and nothing else, unless the caller asks for another visibility.
+# A shared build exports only what the public headers mark, unless the caller sets another visibility.
 if(NOT DEFINED CMAKE_CXX_VISIBILITY_PRESET)
     set_target_properties(vantro_profile_utils PROPERTIES CXX_VISIBILITY_PRESET hidden VISIBILITY_INLINES_HIDDEN ON)
 endif()
@@ -86,8 +86,7 @@ if(library_type STREQUAL "SHARED_LIBRARY")
     endif()
 endif()
 
-# vantro_internals is what the tests link: they use what a shared build hides, so there it is an archive of the same
-# objects.
+# The tests link vantro_internals. They use what a shared build hides, so it is an archive of the same objects there.
 get_target_property(visibility vantro_profile_utils CXX_VISIBILITY_PRESET)
 if(library_type STREQUAL "SHARED_LIBRARY" AND visibility STREQUAL "hidden")
     add_library(vantro_internals STATIC EXCLUDE_FROM_ALL $<TARGET_OBJECTS:vantro_profile_utils>)

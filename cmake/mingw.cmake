@@ -1,4 +1,4 @@
-# What the two mingw-w64 toolchain files share. The posix thread flavour is preferred: it has the whole of <mutex>.
+# Shared by the two mingw-w64 toolchain files. The posix thread variant is preferred, because it has all of <mutex>.
 set(CMAKE_SYSTEM_NAME Windows)
 
 find_program(VANTRO_MINGW_CXX NAMES ${VANTRO_MINGW_TRIPLET}-g++-posix ${VANTRO_MINGW_TRIPLET}-g++ REQUIRED)

@@ -6,15 +6,15 @@ function(vantro_compile_options target)
         target_compile_options(${target} PRIVATE -Wall -Wextra -Wpedantic -Wconversion -Wshadow
                                $<$<BOOL:${VANTRO_WARNINGS_AS_ERRORS}>:-Werror>)
         if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU" AND CMAKE_CXX_COMPILER_VERSION VERSION_LESS 13)
-            # "literal" + std::string: this compiler sees an overlap inside its own library that cannot be.
+            # "literal" + std::string: this compiler warns of an impossible overlap inside its own library.
             target_compile_options(${target} PRIVATE -Wno-restrict)
         endif()
     endif()
     vantro_harden(${target})
 endfunction()
 
-# vantro_precompile(<target>): what most sources include, compiled once for the target. A clang-tidy build goes without:
-# there every source has to name what it uses.
+# vantro_precompile(<target>): precompiles what most sources include. Not in a clang-tidy build, where every source must
+# include what it uses.
 function(vantro_precompile target)
     if(VANTRO_QUICK_TESTS AND NOT CMAKE_CXX_CLANG_TIDY)
         target_precompile_headers(${target} PRIVATE <algorithm> <array> <functional> <memory> <optional> <span> <string>
@@ -22,7 +22,7 @@ function(vantro_precompile target)
     endif()
 endfunction()
 
-# Where the sources and the build lie is nobody's business: the same sources give the same files in any folder.
+# No paths of the sources or the build in the files: the same sources produce the same files in any folder.
 if(PROJECT_IS_TOP_LEVEL AND VANTRO_BUILD_COM AND NOT MSVC)
     add_compile_options(-ffile-prefix-map=${PROJECT_SOURCE_DIR}=. -ffile-prefix-map=${PROJECT_BINARY_DIR}=build)
 endif()
@@ -31,7 +31,7 @@ if(PROJECT_IS_TOP_LEVEL AND NOT DEFINED CMAKE_CXX_COMPILER_LAUNCHER)
     find_program(VANTRO_CCACHE ccache)
     mark_as_advanced(VANTRO_CCACHE)
     if(VANTRO_CCACHE)
-        # Without this, ccache passes by every source that uses a precompiled header.
+        # Without this, ccache does not cache sources that use a precompiled header.
         set(CMAKE_CXX_COMPILER_LAUNCHER ${CMAKE_COMMAND} -E env CCACHE_SLOPPINESS=pch_defines,time_macros
             ${VANTRO_CCACHE})
     endif()
@@ -65,8 +65,8 @@ if(VANTRO_COVERAGE)
     add_link_options(--coverage)
 endif()
 
-# vantro_count_coverage(<target>): counters in the sources of this target. The second reader that the tests compare with
-# goes without: counting takes most of the time there, and nobody asks for the counts.
+# vantro_count_coverage(<target>): counts coverage in the sources of this target. Not used for the oracle, where
+# counting would take most of the time.
 function(vantro_count_coverage target)
     if(VANTRO_COVERAGE)
         target_compile_options(${target} PRIVATE --coverage)

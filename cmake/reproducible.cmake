@@ -1,4 +1,4 @@
-# The same sources give the same files, whatever folder they are built in and whenever.
+# The same sources produce the same files in any folder and at any time.
 if(NOT PROJECT_IS_TOP_LEVEL OR MSVC)
     return()
 endif()
@@ -7,7 +7,7 @@ endif()
 add_compile_options($<$<CONFIG:Release,RelWithDebInfo,MinSizeRel>:-ffile-prefix-map=${PROJECT_SOURCE_DIR}=.>)
 set(CMAKE_BUILD_RPATH_USE_ORIGIN ON)
 if(NOT APPLE)
-    # D: no times, users or modes in an archive. What CMake adds by itself is only "qc".
+    # D: no times, users or modes in an archive. CMake's default is only "qc".
     set(CMAKE_CXX_ARCHIVE_CREATE "<CMAKE_AR> qcD <TARGET> <LINK_FLAGS> <OBJECTS>")
     set(CMAKE_CXX_ARCHIVE_APPEND "<CMAKE_AR> qD <TARGET> <LINK_FLAGS> <OBJECTS>")
     set(CMAKE_CXX_ARCHIVE_FINISH "<CMAKE_RANLIB> -D <TARGET>")

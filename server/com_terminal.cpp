@@ -81,17 +81,17 @@ private:
 
 class ComReporter final : public ErrorReporter {
 public:
-    void ReportError(const Error& current, const Error* given) override {
+    void ReportError(const Error& current, const Error* replacement) override {
         const Ptr<IErrorInfo> whileReporting = numberedError(current);
-        if (given == nullptr) {
+        if (replacement == nullptr) {
             reportError_.call(object_.get(), {}, whileReporting.get());
             return;
         }
         VARIANT number;
         number.vt = VT_I4;
-        number.lVal = given->number();
-        const Bstr source(given->source());
-        const Bstr description(given->description());
+        number.lVal = replacement->number();
+        const Bstr source(replacement->source());
+        const Bstr description(replacement->description());
         reportError_.call(object_.get(), {number, borrowed(source.get()), borrowed(description.get())},
                           whileReporting.get());
     }

@@ -1,4 +1,4 @@
-// The class table. A new class is one row here, with its error numbers, and its description in src/class_rows/.
+// The class table. A new class is one row here, with its error numbers, and a description in src/class_rows/.
 #include "vantro/registry.h"
 
 #include "class_rows/displays.h"
@@ -70,7 +70,7 @@ constexpr std::array rlpCounts{
                   }},
 };
 
-// Meant: CProfileMode and CProfileNotes share their numbers.
+// Meant: CProfileMode and CProfileNotes raise the same numbers.
 // clang-format off
 constexpr std::array<ClassRow, 19> table{{
     // name             interfaces      host      counts         {create, verify}  creator                description
@@ -122,8 +122,8 @@ static_assert(std::ranges::all_of(table, flagsAreResults));
 
 constexpr bool examplesAreParameters(const ClassRow& row) {
     for (const CommandForm& form : row.description.forms) {
-        for (const ExampleParameter& given : form.example) {
-            if (std::ranges::count(row.description.parameters, given.key, &ParameterRow::key) != 1) return false;
+        for (const ExampleParameter& parameter : form.example) {
+            if (std::ranges::count(row.description.parameters, parameter.key, &ParameterRow::key) != 1) return false;
         }
     }
     return true;

@@ -1,4 +1,4 @@
-// The built-in terminal library: what stands in for the terminal's own wherever there is none.
+// The built-in terminal library: replaces the terminal's own where there is no terminal.
 #pragma once
 
 #include "vantro/export.h"
@@ -11,7 +11,7 @@
 
 namespace vantro {
 
-/// A collection in memory whose entries can be walked in order.
+/// A collection in memory whose entries can be read in order.
 class VANTRO_EXPORT BuiltInCollection final : public KeyedCollection {
 public:
     /// A key and its value.
@@ -37,20 +37,20 @@ public:
 private:
     static constexpr std::size_t absent = ~std::size_t{0};
 
-    std::size_t placeOf(TextView key) const;
-    void notePlaceOfNext(const Text& key);
+    std::size_t indexOf(TextView key) const;
+    void addIndexOfNext(const Text& key);
 
     std::vector<Entry> entries_;
-    std::unordered_map<Text, std::size_t> places_;  // of the keys, once there are many
+    std::unordered_map<Text, std::size_t> indexes_;  // of the keys; empty while there are few
 };
 
-/// Receives what readers report instead of raising it.
+/// Receives the errors that are reported, not raised.
 using ErrorSink = std::function<void(const Error&)>;
 
-/// Built-in helper objects. Screen lines, trims and cuts are views of the caller's text.
+/// The built-in helper objects. Screen lines and fields are views of the caller's text.
 class VANTRO_EXPORT BuiltInTerminal final : public Terminal, private TerminalFunctions, private ErrorReporter {
 public:
-    /// Reported errors go to the sink; without one they are dropped.
+    /// Reported errors go to the sink; an empty sink drops them.
     explicit BuiltInTerminal(ErrorSink sink = {}) : sink_(std::move(sink)) {}
 
     TerminalFunctions& functions() override { return *this; }
@@ -64,7 +64,7 @@ private:
     bool FindMarker(TextView response, TextView marker, std::int16_t line) override;
     TextView TextField(TextView text, std::int16_t number, TextView separator, TextStore& store) override;
     bool linesAreSlices() const override { return true; }
-    void ReportError(const Error& current, const Error* given) override;
+    void ReportError(const Error& current, const Error* replacement) override;
 
     ErrorSink sink_;
 };

@@ -1,4 +1,4 @@
-// The keyed collection: how parameters and state come in and results go out.
+// The keyed collection, which carries parameters and state in and results out.
 #pragma once
 
 #include "vantro/export.h"
@@ -11,8 +11,8 @@
 
 namespace vantro {
 
-/// The kinds of value a collection holds. The first letters of a key tell its kind: "str" text, "bln" boolean,
-/// "int" 16-bit integer; a key ending in "()" holds a list of texts.
+/// A value of a collection. The key says its kind: "str" text, "bln" boolean, "int" 16-bit integer; a key that ends in
+/// "()" has a list of texts.
 using ItemValue = std::variant<bool, std::int16_t, Text, TextList>;
 
 /// One stored value.
@@ -20,11 +20,10 @@ class VANTRO_EXPORT KeyedItem {
 public:
     virtual ~KeyedItem() = default;
 
-    /// The stored value; the reference lives as long as the item.
+    /// The stored value; the reference is valid as long as the item.
     virtual const ItemValue& Value() const = 0;
 
-    /// The lowest index of a stored list. Asking for an entry below it is an index outside the list, whatever
-    /// `Value` holds there.
+    /// The lowest index of a stored list. A lower index is outside the list, whatever `Value` contains there.
     virtual std::size_t firstIndex() const { return 0; }
 
 protected:
@@ -33,15 +32,15 @@ protected:
     KeyedItem& operator=(const KeyedItem&) = default;
 };
 
-/// An item as `Item` gives it; null for an absent one. It is valid until its collection next changes.
+/// The result of `Item`; null for an absent key. Valid until the collection changes.
 using ItemPtr = std::shared_ptr<const KeyedItem>;
 
-/// Keys and values in the order in which the keys were first added. Keys are exact, case-sensitive texts.
+/// Keys and values in the order in which the keys were first added. Keys are compared exactly, case included.
 class VANTRO_EXPORT KeyedCollection {
 public:
     virtual ~KeyedCollection() = default;
 
-    /// Stores a value; a key that is present keeps its place and takes the new value.
+    /// Stores a value. A key that exists keeps its position and gets the new value.
     virtual void Add(TextView key, ItemValue value) = 0;
 
     /// The item stored under the key, or null.
@@ -53,7 +52,7 @@ protected:
     KeyedCollection& operator=(const KeyedCollection&) = default;
 };
 
-/// A collection in an argument or a result; null for no collection.
+/// A collection as an argument or a result; null for no collection.
 using CollectionPtr = std::shared_ptr<KeyedCollection>;
 
 }  // namespace vantro

@@ -1,6 +1,6 @@
-// VANTRO_EXPORT marks what a shared build of the library exports: every class that crosses the border as an object or
-// as an exception, and every function that is not inline. A project that uses a shared build without the installed
-// CMake package defines VANTRO_SHARED itself.
+// VANTRO_EXPORT marks what a shared build of the library exports: every class whose objects or exceptions cross the
+// library's boundary, and every function that is not inline. A project that uses a shared build without the installed
+// CMake package must define VANTRO_SHARED itself.
 #pragma once
 
 #if !defined(VANTRO_SHARED)

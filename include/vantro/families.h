@@ -1,5 +1,5 @@
-// What can be asked of a profile display, and what each answer means: the element families, the other queries, and the
-// parts of an element. All texts and lists here live as long as the program.
+// The queries of a profile display and what their answers mean: the element families, the other queries, and the parts
+// of an element. All texts and lists here are static.
 #pragma once
 
 #include "vantro/export.h"
@@ -16,7 +16,7 @@ namespace vantro {
 
 // The parts of an element
 
-/// The parts of an element that have names of their own.
+/// The parts into which elements are split.
 enum class ElementPart : std::uint8_t {
     WholeText,
     Number,
@@ -32,29 +32,29 @@ inline constexpr std::size_t elementPartCount = 8;
 
 constexpr std::size_t indexOf(ElementPart part) { return static_cast<std::size_t>(part); }
 
-/// What a part means and what it is called, wherever it is returned.
+/// The meaning of a part and its names in every kind of output.
 struct PartFacts {
     ElementPart part = {};
     TextView meaning = {};        ///< "airline of the frequent flyer number"
-    TextView key = {};            ///< of a single element in a collection: "strKeyAirline"
-    TextView listKey = {};        ///< of a whole list in a collection: "strKeyElement()"; empty when there is none
-    TextView listEnding = {};     ///< of the name of its lists in `CProfile`: "Carrier" in "strFrequentFlyerCarrier"
-    std::string_view json = {};   ///< in the JSON object of an element: "airline"
-    std::string_view label = {};  ///< in a table for people; empty when tables do not show it beside the element
-    TextView Element::*value = nullptr;  ///< in a whole profile; null for the asterisk, which is a boolean
+    TextView key = {};            ///< collection key for one element: "strKeyAirline"
+    TextView listKey = {};        ///< collection key for the whole list: "strKeyElement()"; empty when there is none
+    TextView listEnding = {};     ///< end of its list names in `CProfile`: "Carrier" in "strFrequentFlyerCarrier"
+    std::string_view json = {};   ///< name in the JSON object of an element: "airline"
+    std::string_view label = {};  ///< label in printed tables; empty when they have no column for it
+    TextView Element::*value = nullptr;  ///< member of `Element`; null for the asterisk, which is a boolean
 };
 
 VANTRO_EXPORT const PartFacts& factsOf(ElementPart part) noexcept;
 
 // Queries
 
-/// How the word of a query is compared with the text under "strKeyPrefix".
+/// How a query's word is compared with the text under "strKeyPrefix".
 enum class WordMatch : std::uint8_t {
-    Whole,       ///< the text is the word
-    FirstThree,  ///< the text's first three characters are the word: "PHI", "PHI/" and "PHIX" ask for the same
+    Whole,       ///< the text equals the word
+    FirstThree,  ///< the text's first three characters equal the word: "PHI", "PHI/" and "PHIX" are the same query
 };
 
-/// The queries that are no families: values of the header lines, the numbers of transferable elements, and the notes.
+/// The queries for something other than a family: header values, the numbers of transferable elements, and the notes.
 enum class OtherQuery : std::uint8_t {
     Name,
     RecordLocator,
@@ -70,47 +70,46 @@ inline constexpr std::size_t otherQueryCount = 8;
 
 constexpr std::size_t indexOf(OtherQuery query) { return static_cast<std::size_t>(query); }
 
-/// A query that `ProfileElements` answers. It asks for a family or for something else.
+/// A query that `ProfileElements` answers: either `family` or `other` is set.
 struct QueryFacts {
-    TextView word = {};  ///< what it is asked by, under "strKeyPrefix": "PHI", "NM"
+    TextView word = {};  ///< the text under "strKeyPrefix" that selects it: "PHI", "NM"
     WordMatch match = {};
     TextView meaning = {};                ///< a noun phrase: "record locator of the profile"
-    std::span<const TextView> keys = {};  ///< the keys that an answer adds, in this order; not every answer adds all
-    std::string_view json = {};           ///< of its value in the JSON object of a whole profile: "recordLocator";
-                                          ///< empty for families, which are in "elements" under their words
+    std::span<const TextView> keys = {};  ///< the keys that an answer adds, in this order; an answer may omit some
+    std::string_view json = {};           ///< name in the JSON object of a whole profile: "recordLocator"; empty for
+                                          ///< families, which are in "elements" under their words
     std::optional<Family> family = {};
     std::optional<OtherQuery> other = {};
 };
 
-/// The queries of `CProfile` in the order in which it compares their words with the text. The first that matches is
-/// answered.
+/// The queries of `CProfile` in the order in which their words are compared. The first match is answered.
 VANTRO_EXPORT std::span<const QueryFacts> profileQueries() noexcept;
 
-/// A query that asks for no family. The notes are answered by `CProfileNotes`, which ignores blanks around their word.
+/// The facts of one of the other queries. `CProfileNotes` answers the one for notes and ignores blanks around its word.
 VANTRO_EXPORT const QueryFacts& factsOf(OtherQuery query) noexcept;
 
 // Families
 
-/// What the answer to a query for a family is.
+/// What a query for a family returns.
 enum class ElementOutput : std::uint8_t {
     Lists,            ///< the lists of all texts and numbers
-    ElementAndLists,  ///< the element at "intKeyIndex" (from 1) when an index above 0 is there, then the lists
-    Element,          ///< the element at "intKeyIndex" (from 1), which has to be there
+    ElementAndLists,  ///< the element at "intKeyIndex" (from 1) if that is present and above 0, then the lists
+    Element,          ///< the element at "intKeyIndex" (from 1), which is required
 };
 
-/// A family of elements: how it is asked for, how the host prints it, what it is split into, and its names.
+/// A family of elements: its query, how the host prints it, its parts and its names.
 struct FamilyFacts : QueryFacts {
-    TextView tag = {};      ///< in a line, as the host prints it: "PHI/", " SR "
+    TextView tag = {};      ///< what the host prints in its lines: "PHI/", " SR "
     TextView section = {};  ///< the header of its section: "------- TRAVEL POLICIES - HOTEL"
-    TextView sample = {};   ///< a line under that header, trailing blanks left out; invented
+    TextView sample = {};   ///< an invented line of that section, without trailing blanks
     ElementOutput output = {};
-    std::span<const ElementPart> parts = {};  ///< text, number, and what else it is split into
-    TextView countProperty = {};              ///< in `CProfile`: "PHIElementsCount"
-    std::size_t firstIndex = {};              ///< of its elements in its lists: 1 under an empty entry 0, or 0
-    int countError = {};                      ///< raised by the count property and by a query that fails with it
-    int indexError = {};                      ///< raised for an index beyond the count; 0 for `Lists`
+    std::span<const ElementPart> parts = {};  ///< text, number, then the further parts
+    TextView countProperty = {};              ///< its property of `CProfile`: "PHIElementsCount"
+    std::size_t firstIndex = {};  ///< index of the first element in its lists: 1 after an empty entry 0, or 0
+    int countError = {};          ///< raised when its elements cannot be read, by property or query
+    int indexError = {};          ///< raised for an index beyond the count; 0 for `Lists`
 
-    /// The parts beside text and number.
+    /// The parts other than text and number.
     std::span<const ElementPart> furtherParts() const { return parts.subspan(2); }
 };
 

@@ -1,4 +1,4 @@
-// The lists that the parsers keep between calls, by the names that a terminal knows. A count property refills its
+// The lists that the parsers keep between calls, under the names that a terminal knows. A count property refills its
 // family's lists; `ProfileObject::list` and `ProfileObject::flagList` return them.
 #pragma once
 
@@ -11,8 +11,8 @@
 
 namespace vantro {
 
-/// A list of `CProfile`: one part of every element of a family. The part "Asterisk" is a list of booleans, all others
-/// are lists of texts. `FamilyFacts::firstIndex` is the index of the first element.
+/// A list of `CProfile`: one part of every element of a family. The lists for the part `Asterisk` contain booleans, all
+/// others texts. `FamilyFacts::firstIndex` is the index of the first element.
 struct ElementListName {
     TextView name;
     Family family;

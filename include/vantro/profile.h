@@ -1,4 +1,4 @@
-// A whole profile display at once.
+// A complete profile display, read in one call.
 #pragma once
 
 #include "vantro/export.h"
@@ -14,12 +14,12 @@
 
 namespace vantro {
 
-/// The element families of a profile display. vantro/families.h says what each of them means.
+/// The element families of a profile display. vantro/families.h says what each one means.
 enum class Family : std::uint8_t {
     // clang-format off
     // Lines tagged with a prefix
     PPR, PGL, PPS, PHI, PCI, PPC, PPH, PPA, PPK, PPI, PXC, PXA, PXK, PSH, PSC, PPT, PXT,
-    // Data that the host copies into a booking
+    // Elements that the host copies into a PNR
     Remark, Contact, OtherService, FrequentFlyer, ServiceRequest, Seat, RemarkConf,
     // Documents and follow-up
     PAS, PIV, PCE, PID, PFO,
@@ -30,27 +30,27 @@ constexpr std::size_t indexOf(Family family) { return static_cast<std::size_t>(f
 
 inline constexpr std::size_t familyCount = indexOf(Family::PFO) + 1;
 
-/// A family and the prefix under which `ProfileElements` knows it ("PPR", "RM").
+/// A family and its prefix for `ProfileElements` ("PPR", "RM").
 struct FamilyName {
     Family family;
     TextView prefix;
 };
 
-/// All families in the order in which `ProfileElements` tests its prefixes.
+/// All families in the order in which `ProfileElements` tests their prefixes.
 VANTRO_EXPORT std::span<const FamilyName> familyNames();
 
-/// One element. What its family does not split off is empty.
+/// One element. Parts that its family does not have are empty.
 struct Element {
-    TextView number;                    ///< as displayed, trimmed
-    TextView text;                      ///< trimmed, continuation lines joined
+    TextView number;                    ///< as printed, trimmed
+    TextView text;                      ///< trimmed, with continuation lines joined
     TextView code = {};                 ///< service requests
     TextView airline = {};              ///< frequent flyers and service requests
     TextView frequentFlyerNumber = {};  ///< frequent flyers and service requests
     TextView freeText = {};             ///< service requests and confidential remarks
-    bool asterisk = false;              ///< service requests; the display never sets it
+    bool asterisk = false;              ///< service requests; no display sets it
 };
 
-/// A header line's element; without a number where its line has none.
+/// The company name; without a number when its line has none.
 struct CompanyName {
     std::optional<TextView> number;
     TextView text;
@@ -58,20 +58,20 @@ struct CompanyName {
 
 /// One line of the notes.
 struct Note {
-    std::int16_t number;  ///< of the line among those under the notes header, from 1
+    std::int16_t number;  ///< position of the line below the notes header, from 1
     TextView qualifier;   ///< the line's first two characters
     TextView text;        ///< the rest of the line, trimmed
 };
 
-/// A query that could not be answered; its value in the profile is empty.
+/// A query that failed; its value in the profile is empty.
 struct Problem {
     TextView query;    ///< its prefix; "ProfileNotes" for the notes
     int number;        ///< the error number that the single query raises
-    Text description;  ///< the description that it raises
+    Text description;  ///< the description of that error
 };
 
-/// Everything in a display. Each value is exactly what the single query for it returns. All texts are views that
-/// live as long as this object, moves included.
+/// All values of a display. Each value equals the result of the single query for it. All texts are views that stay
+/// valid as long as this object or the one that it was moved to.
 struct Profile {
     TextView name;
     TextView recordLocator;
@@ -86,13 +86,13 @@ struct Profile {
     /// A family's elements in the order of the display; element k is at index k - 1.
     std::span<const Element> elements(Family family) const { return families[indexOf(family)]; }
 
-    /// What the views point into.
+    /// The memory that the views point into.
     struct Storage;
     std::shared_ptr<const Storage> storage;
 };
 
-/// Reads a whole display: lines of 80 characters joined without separators. Nothing is raised for what the
-/// display contains: a query that fails is listed under `problems` and the others are answered.
+/// Reads a complete display: lines of 80 characters joined without separators. No content of the display raises an
+/// error: a query that fails is listed in `problems`, and the others are answered.
 VANTRO_EXPORT Profile parseProfile(Text display);
 
 }  // namespace vantro

@@ -1,4 +1,4 @@
-// The public classes: one row each, and the only way to create them.
+// The public classes, one row each, and their creation.
 #pragma once
 
 #include "vantro/class_description.h"
@@ -12,31 +12,31 @@
 
 namespace vantro {
 
-/// One public class: how it is made, and all that there is to say about it.
+/// One public class: its name, interfaces, error numbers, creation and description.
 struct ClassRow {
     TextView name;
     bool hasProfileTrans;
     bool hasProfileGet;
-    std::span<const TextView> transactions;  ///< host transaction codes, none for a parser
+    std::span<const TextView> transactions;  ///< host transaction codes; empty for a parser
     std::span<const CountProperty> counts;
     TransErrors errors;
     std::unique_ptr<ProfileObject> (*creator)(Terminal& terminal, const TransErrors& errors);
-    ClassDescription description = {};  ///< what it is for, takes and adds
+    ClassDescription description = {};  ///< its purpose, parameters and results
 };
 
 /// All public classes: the transactions, then the two parsers.
 VANTRO_EXPORT std::span<const ClassRow> classTable();
 
-/// The row of a class by its exact name, or null.
+/// The row of the class with exactly this name, or null.
 VANTRO_EXPORT const ClassRow* findClass(TextView name);
 
-/// The count property by its exact name, or null.
+/// The count property with exactly this name, or null.
 VANTRO_EXPORT const CountProperty* findCount(const ClassRow& row, TextView name);
 
-/// A new instance that works with this terminal library. Raises 429 when the class cannot be created.
+/// Returns a new instance that uses this terminal library. Raises 429 when the class cannot be created.
 VANTRO_EXPORT std::unique_ptr<ProfileObject> createObject(const ClassRow& row, Terminal& terminal);
 
-/// The same by the class's exact name. Raises 429, with the name in the description, when there is no such class.
+/// The same for the class with exactly this name. Raises 429, with the name in the description, when there is none.
 VANTRO_EXPORT std::unique_ptr<ProfileObject> createObject(TextView name, Terminal& terminal);
 
 }  // namespace vantro

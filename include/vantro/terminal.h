@@ -1,6 +1,6 @@
-// The seam to the terminal: the helper objects that the library calls and never supplies itself. The built-in
-// terminal library (built_in_terminal.h) is one implementation; the terminal's own, reached through COM, is
-// another; a test's failing or watching wrapper is a third.
+// The interface to the terminal: helper objects that the library calls. Implementations are the built-in terminal
+// library (built_in_terminal.h), the terminal's own library, reached through COM, and wrappers in tests that fail or
+// record calls.
 #pragma once
 
 #include "vantro/collection.h"
@@ -14,11 +14,11 @@
 
 namespace vantro {
 
-/// Keeps texts alive for an operation that hands out views. An implementation whose results are views of its
-/// arguments never touches it; one that has to make a text keeps that here.
+/// Keeps texts alive for an operation that returns views. An implementation that returns views of its arguments does
+/// not use it; one that creates a text stores it here.
 class TextStore {
 public:
-    /// Takes a text over and gives a view of it that lives as long as the store.
+    /// Stores a text and returns a view of it that is valid as long as the store.
     TextView keep(Text text) { return kept_.emplace_front(std::move(text)); }
 
 private:
@@ -30,25 +30,25 @@ class VANTRO_EXPORT TerminalFunctions {
 public:
     virtual ~TerminalFunctions() = default;
 
-    /// The item's value as text: a text as it is, a boolean as "True" or "False", an integer in decimal, an
-    /// absent item as empty text. Raises 13 for a list.
+    /// The item's value as text: a text unchanged, a boolean as "True" or "False", an integer in decimal, an absent
+    /// item as empty text. Raises 13 for a list.
     virtual TextView ItemText(const ItemPtr& item, TextStore& store) = 0;
 
-    /// The item's value as boolean; an absent item and the empty text are False. Raises 13 for a list and for any
-    /// other text that is neither a truth word nor a whole number.
+    /// The item's value as boolean; an absent item and the empty text are False. Raises 13 for a list and for any other
+    /// text that is neither "True" nor "False" (in any case) nor a whole number.
     virtual bool ItemBoolean(const ItemPtr& item) = 0;
 
-    /// Line n of a screen (from 0), untrimmed; empty past the end. Raises 5 for n below 0.
+    /// A line of a screen, counted from 0, untrimmed; empty after the end. Raises 5 for a line below 0.
     virtual TextView ScreenLine(TextView response, std::int16_t line, TextStore& store) = 0;
 
-    /// True when the marker is shown on the screen. The meaning of the line argument is the terminal's.
+    /// True when the screen shows the marker. The terminal defines the meaning of the line argument.
     virtual bool FindMarker(TextView response, TextView marker, std::int16_t line) = 0;
 
-    /// The field with this number (from 1) of a text that the separator splits; empty where there is none.
+    /// The field with this number, from 1, of a text split at the separator; empty when there is none.
     virtual TextView TextField(TextView text, std::int16_t number, TextView separator, TextStore& store) = 0;
 
-    /// True when `ScreenLine` does nothing but slice the text every 80 characters, so that a reader may take
-    /// its lines from the text itself. A wrapper that wants to see every line fetched keeps the default.
+    /// True when `ScreenLine` only cuts the text every 80 characters, so that a reader may cut the lines itself. A
+    /// wrapper that must see every line being fetched keeps the default.
     virtual bool linesAreSlices() const { return false; }
 
 protected:
@@ -57,14 +57,14 @@ protected:
     TerminalFunctions& operator=(const TerminalFunctions&) = default;
 };
 
-/// Where readers that swallow their own errors report them.
+/// Receives the errors that a reader reports instead of raising them.
 class VANTRO_EXPORT ErrorReporter {
 public:
     virtual ~ErrorReporter() = default;
 
-    /// Reports the error being handled. With `given`, its number, source and description are reported
-    /// instead; without it the terminal's operation is called with its arguments left out.
-    virtual void ReportError(const Error& current, const Error* given) = 0;
+    /// Reports the error that is being handled. With a `replacement`, its number, source and description are reported
+    /// instead; without one (null) the terminal's operation is called without arguments.
+    virtual void ReportError(const Error& current, const Error* replacement) = 0;
 
 protected:
     ErrorReporter() = default;
@@ -72,7 +72,7 @@ protected:
     ErrorReporter& operator=(const ErrorReporter&) = default;
 };
 
-/// A terminal library as a whole. It must outlive every object that was created for it.
+/// A terminal library. It must outlive every object that was created with it.
 class VANTRO_EXPORT Terminal {
 public:
     virtual ~Terminal() = default;

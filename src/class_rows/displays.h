@@ -10,7 +10,7 @@ namespace vantro::rows {
 // CPDTrans
 
 inline constexpr ParameterRow pdParameters[] = {
-    needed(key::strKeyItemNr,    u"when blnKeyFromPNR is True", u"the number of the list's line, or of the passenger"),
+    needed(key::strKeyItemNr,    u"when blnKeyFromPNR is True", u"the number of the list's entry, or of the passenger"),
     optional(key::blnKeyFromPNR, u"the number is that of a passenger; adds a slash before it"),
 };
 
@@ -18,15 +18,15 @@ inline constexpr ExampleParameter pdLine[] = {{u"strKeyItemNr", u"3"}};
 inline constexpr ExampleParameter pdPassenger[] = {{u"strKeyItemNr", u"2"}, {u"blnKeyFromPNR", u"True"}};
 
 inline constexpr CommandForm pdForms[] = {
-    {u"PD[item]", u"a line of the last list of similar names", pdLine,      u"PD3"},
-    {u"PD/item",  u"a passenger of the PNR",                   pdPassenger, u"PD/2"},
+    {u"PD[item]", u"an entry of the last similar-name list", pdLine,      u"PD3"},
+    {u"PD/item",  u"a passenger of the PNR",                 pdPassenger, u"PD/2"},
 };
 
 inline constexpr ResultRow pdResults[] = {
     always(key::blnKeyList,      u"a list of similar traveller names is shown"),
     always(key::blnKeyProfile,   u"a traveller's profile is shown"),
-    always(key::blnKeyMerge,     u"the traveller's profile carries the mark of a merged one"),
-    always(key::blnKeyEndOfList, u"the list has no such line"),
+    always(key::blnKeyMerge,     u"the traveller's profile has the merge mark"),
+    always(key::blnKeyEndOfList, u"the list has no such entry"),
     always(key::blnKeyError,     u"the host was unable to process the command"),
     always(key::blnKeyCoProfile, u"a company's profile is shown"),
 };
@@ -43,7 +43,7 @@ inline constexpr ScreenFlag pdFlags[] = {
 };
 
 inline constexpr ClassDescription pd{
-    .purpose = u"Displays the profile of a line in the last list of similar names, or of a passenger of the PNR.",
+    .purpose = u"Displays the profile of an entry of the last similar-name list, or of a passenger of the PNR.",
     .parameters = pdParameters,
     .forms = pdForms,
     .results = pdResults,
@@ -126,9 +126,9 @@ inline constexpr CommandForm pdrForms[] = {
 inline constexpr ResultRow pdrResults[] = {
     always(key::blnKeyCoProfile,           u"a company's profile is shown"),
     always(key::blnKeyTrProfile,           u"a traveller's profile is shown"),
-    always(key::blnKeyErrNoRecLoc,         u"the host knows no such record locator"),
+    always(key::blnKeyErrNoRecLoc,         u"the host does not know the record locator"),
     always(key::blnKeyErrCheckInput,       u"the host asks to check the input"),
-    always(key::blnKeyMerged,              u"the traveller's profile carries the mark of a merged one"),
+    always(key::blnKeyMerged,              u"the traveller's profile has the merge mark"),
     always(key::blnKeyDeactivatedTProfile, u"the traveller's profile is deactivated"),
 };
 
@@ -148,15 +148,15 @@ inline constexpr ClassDescription pdr{
     .forms = pdrForms,
     .results = pdrResults,
     .flags = pdrFlags,
-    .flagRule = u"The lines are looked at in turn for a profile, and the first match decides. Without a profile the "
-                u"whole screen is searched for the refusals in this order, and the first one found decides.",
+    .flagRule = u"The lines are searched one by one for a profile's mark, and the first match decides. Without one "
+                u"the whole screen is searched for the refusals in this order, and the first one found decides.",
     .errors = commandErrors,
 };
 
 // CPCNTrans
 
 inline constexpr ParameterRow pcnParameters[] = {
-    optional(key::strKeyCompany, u"the company's name; the command is sent without one, too"),
+    optional(key::strKeyCompany, u"the company's name; the command is built even without one"),
 };
 
 inline constexpr ExampleParameter pcnCompany[] = {{u"strKeyCompany", u"KESTRELLO"}};
@@ -176,12 +176,12 @@ inline constexpr ScreenFlag pcnFlags[] = {
 };
 
 inline constexpr ClassDescription pcn{
-    .purpose = u"Sends a company's name and says which kind of profile the host shows for it.",
+    .purpose = u"Sends a company's name and returns which kind of profile the host displays.",
     .parameters = pcnParameters,
     .forms = pcnForms,
     .results = pcnResults,
     .flags = pcnFlags,
-    .flagRule = u"The first mark that is found decides.",
+    .flagRule = u"The first mark found decides.",
     .errors = commandErrors,
 };
 

@@ -1,4 +1,4 @@
-// The classes that move profiles into a PNR and keep them up: "PT", "PBN", "PBI", "RLP", "PX" and profile mode.
+// The classes that transfer profiles into a PNR or change them: "PT", "PBN", "PBI", "RLP", "PX" and profile mode.
 #pragma once
 
 #include "class_rows/parts.h"
@@ -9,16 +9,18 @@ namespace vantro::rows {
 
 // CPTTrans
 
-inline constexpr TextView listForm = u"when intKeyArraySize is given";
+inline constexpr TextView listForm = u"when intKeyArraySize is not empty";
 
 inline constexpr ParameterRow ptParameters[] = {
     optional(key::blnKeyAllPNR,    u"for all passengers of the PNR; adds an asterisk"),
     optional(key::blnKeyOverride,  u"overrides; adds the letter O"),
-    optional(key::strKeyElements,  u"the numbers of the profile's lines, as they are typed; not in a list"),
-    optional(key::strKeySegAsso,   u"the segments that the lines are for; not in a list"),
-    optional(key::strKeyPasAsso,   u"the passengers that the lines are for; not in a list"),
-    optional(key::intKeyArraySize, u"the highest index of the three lists, a whole number; asks for a list of groups"),
-    needed(key::strKeyElArray,     listForm, u"the lines' numbers, an entry for each group from index 0 on"),
+    optional(key::strKeyElements,  u"the numbers of the profile's lines, as the agent types them; not with "
+                                   u"intKeyArraySize"),
+    optional(key::strKeySegAsso,   u"the segments that the lines belong to; not with intKeyArraySize"),
+    optional(key::strKeyPasAsso,   u"the passengers that the lines belong to; not with intKeyArraySize"),
+    optional(key::intKeyArraySize, u"the highest index of the three lists, a whole number; selects the form with "
+                                   u"groups"),
+    needed(key::strKeyElArray,     listForm, u"the numbers of the lines, one entry per group from index 0"),
     needed(key::strKeySegArray,    listForm, u"the segments of each group; an empty entry for none"),
     needed(key::strKeyPasArray,    listForm, u"the passengers of each group; an empty entry for none"),
 };
@@ -33,13 +35,13 @@ inline constexpr CommandForm ptForms[] = {
     {u"PT[O][*][lines][/Ssegments][/Ppassengers]",
      u"some lines, or all of the profile", ptLines, u"PT3,5/S2"},
     {u"PT[lines][/Ssegs][/Ppax][//[lines][/Ssegs][/Ppax]]...[O][*]",
-     u"groups of lines, each for segments and passengers of its own", ptGroups, u"PT3/S2//7/P1"},
+     u"groups of lines, each with its own segments and passengers", ptGroups, u"PT3/S2//7/P1"},
 };
 
 inline constexpr ResultRow ptResults[] = {
     always(key::blnKeyPNR,        u"a PNR is shown"),
-    always(key::blnKeyPNRCreated, u"the host has made the PNR"),
-    always(key::blnKeyPNRUpdated, u"the host has changed the PNR"),
+    always(key::blnKeyPNRCreated, u"the host has created the PNR"),
+    always(key::blnKeyPNRUpdated, u"the host has updated the PNR"),
 };
 
 inline constexpr ScreenFlag ptFlags[] = {
@@ -50,21 +52,21 @@ inline constexpr ScreenFlag ptFlags[] = {
 
 inline constexpr ErrorRow ptErrors[] = {
     {ClassCall::CreateCommand, 91, u"there is no collection of parameters, or a list is missing"},
-    {ClassCall::CreateCommand, 13, u"a parameter is of a kind that cannot be read, or intKeyArraySize is no whole "
+    {ClassCall::CreateCommand, 13, u"a parameter has a kind that cannot be converted, or intKeyArraySize is no whole "
                                    u"number"},
-    {ClassCall::CreateCommand, 9,  u"a list is shorter than intKeyArraySize says, or that is negative"},
+    {ClassCall::CreateCommand, 9,  u"intKeyArraySize is negative, or beyond the end of a list"},
     {ClassCall::CreateCommand, 6,  u"intKeyArraySize is above 32767 or below -32768"},
 };
 
 inline constexpr ClassDescription pt{
-    .purpose = u"Transfers lines of the profile on display into the PNR.",
+    .purpose = u"Transfers lines of the displayed profile into the PNR.",
     .parameters = ptParameters,
     .forms = ptForms,
     .results = ptResults,
     .flags = ptFlags,
-    .flagRule = u"Each flag is set by itself.",
+    .flagRule = u"Each flag is set independently.",
     .errors = ptErrors,
-    .remark = u"intKeyArraySize together with strKeyElements, strKeySegAsso or strKeyPasAsso makes no command.",
+    .remark = u"The command is empty when intKeyArraySize comes with strKeyElements, strKeySegAsso or strKeyPasAsso.",
 };
 
 // CPBNTrans and CPBITrans
@@ -72,7 +74,7 @@ inline constexpr ClassDescription pt{
 inline constexpr TextView pbnKinds[] = {u"Company", u"Traveller"};
 
 inline constexpr ParameterRow pbnParameters[] = {
-    required(key::strKeyIndicator,  u"the kind of profile; any other text makes a command without a name", pbnKinds),
+    required(key::strKeyIndicator,  u"the kind of profile; any other text builds a command without a name", pbnKinds),
     needed(key::strKeyCompany,      u"when strKeyIndicator is Company",   u"the company's name"),
     needed(key::strKeyName,         u"when strKeyIndicator is Traveller", u"the traveller's name"),
     optional(key::blnKeyAllPNR,     u"for all passengers of the PNR; adds an asterisk"),
@@ -95,7 +97,7 @@ inline constexpr CommandForm pbnForms[] = {
 
 inline constexpr ResultRow pbResults[] = {
     always(key::blnKeyPNR,        u"a PNR is shown"),
-    always(key::blnKeyPNRUpdated, u"the host has changed the PNR"),
+    always(key::blnKeyPNRUpdated, u"the host has updated the PNR"),
 };
 
 inline constexpr ScreenFlag pbFlags[] = {
@@ -104,17 +106,17 @@ inline constexpr ScreenFlag pbFlags[] = {
 };
 
 inline constexpr ClassDescription pbn{
-    .purpose = u"Makes a PNR from the profile of a company or a traveller, by its name.",
+    .purpose = u"Builds a PNR from the profile of a company or a traveller, by its name.",
     .parameters = pbnParameters,
     .forms = pbnForms,
     .results = pbResults,
     .flags = pbFlags,
-    .flagRule = u"Each flag is set by itself.",
+    .flagRule = u"Each flag is set independently.",
     .errors = commandErrors,
 };
 
 inline constexpr ParameterRow pbiParameters[] = {
-    required(key::strKeyIndex,  u"the number of the profile's line in the list, as it is typed"),
+    required(key::strKeyIndex,  u"the number of the profile's entry in the last list, as the agent types it"),
     optional(key::blnKeyAllPNR, u"for all passengers of the PNR; adds an asterisk"),
 };
 
@@ -125,12 +127,12 @@ inline constexpr CommandForm pbiForms[] = {
 };
 
 inline constexpr ClassDescription pbi{
-    .purpose = u"Makes a PNR from a profile in the list that the host has just shown.",
+    .purpose = u"Builds a PNR from the profile of an entry of the last list.",
     .parameters = pbiParameters,
     .forms = pbiForms,
     .results = pbResults,
     .flags = pbFlags,
-    .flagRule = u"Each flag is set by itself.",
+    .flagRule = u"Each flag is set independently.",
 };
 
 // CRLPTrans
@@ -140,7 +142,7 @@ inline constexpr CommandForm rlpForms[] = {
 };
 
 inline constexpr ParameterRow rlpState[] = {
-    required(key::strKeyIndex, u"the linked profile to return, a whole number from 0 on"),
+    required(key::strKeyIndex, u"the index of the linked profile to return, a whole number from 0"),
 };
 
 inline constexpr TextView pnrShown = u"when a PNR is shown";
@@ -162,22 +164,22 @@ inline constexpr ScreenFlag rlpFlags[] = {
 };
 
 inline constexpr ClassDescription rlp{
-    .purpose = u"Lists the profiles that are linked to the PNR on display, and returns them one at a time.",
+    .purpose = u"Lists the profiles linked to the displayed PNR and returns one of them.",
     .forms = rlpForms,
     .passed = PassedCollection::Required,
     .state = rlpState,
     .results = rlpResults,
     .flags = rlpFlags,
-    .flagRule = u"\"RP/\" has to begin one of the lines 1 to 4, above any \"NO ELEMENT FOUND\".",
+    .flagRule = u"\"RP/\" must begin one of the lines 1 to 4, before any \"NO ELEMENT FOUND\".",
     .counts = u"RecLocCount reads the whole list and returns the index of its last entry. That is the number of "
-              u"profiles where a further line follows them, such as the prompt.",
-    .remark = u"An index outside the list is reported with 5130, not raised, and nothing is added then.",
+              u"profiles if a further line follows them, such as the prompt.",
+    .remark = u"An index outside the list is reported as 5130, not raised; no results of a profile are added then.",
 };
 
 // CPXTrans
 
 inline constexpr ParameterRow pxParameters[] = {
-    optional(key::strKeyItemNr, u"the number of the profile's line in the list; may be empty"),
+    optional(key::strKeyItemNr, u"the number of the profile's entry in the list; may be empty"),
 };
 
 inline constexpr ExampleParameter pxLine[] = {{u"strKeyItemNr", u"3"}};
@@ -228,10 +230,10 @@ inline constexpr CommandForm modeForms[] = {
 };
 
 inline constexpr ParameterRow modeState[] = {
-    needed(key::blnKeyUpdate, asForCommand, u"tells which answer is awaited"),
-    needed(key::blnKeyExit,   asForCommand, u"tells which answer is awaited"),
-    needed(key::blnKeyEnter,  asForCommand, u"tells which answer is awaited"),
-    needed(key::blnKeyIgnore, asForCommand, u"tells which answer is awaited"),
+    needed(key::blnKeyUpdate, asForCommand, u"says which answer is expected"),
+    needed(key::blnKeyExit,   asForCommand, u"says which answer is expected"),
+    needed(key::blnKeyEnter,  asForCommand, u"says which answer is expected"),
+    needed(key::blnKeyIgnore, asForCommand, u"says which answer is expected"),
 };
 
 inline constexpr TextView exitedMark = u"PROFILE MODE EXITED     ";
@@ -254,7 +256,7 @@ inline constexpr ClassDescription mode{
     .state = modeState,
     .results = messageResults,
     .flags = modeFlags,
-    .remark = u"Any other combination of the four flags makes no command, and no answer is an acceptance then.",
+    .remark = u"Any other combination of the four flags makes no command, and no response is accepted for it.",
 };
 
 // clang-format on

@@ -1,4 +1,4 @@
-// The classes that search profiles by name: "PDN", "PDA", and "PDMD" that reads their lists on.
+// The classes that search profiles by name: "PDN", "PDA", and "PDMD", which continues their lists.
 #pragma once
 
 #include "class_rows/parts.h"
@@ -33,8 +33,8 @@ inline constexpr CommandForm pdnForms[] = {
 inline constexpr TextView continuedList = u"when the screen continues a list";
 
 inline constexpr ParameterRow pdnState[] = {
-    needed(key::blnKeyEndOfBlock, continuedList, u"as the screen before returned it"),
-    needed(key::strKeyRecLocPos,  continuedList, u"as the screen before returned it"),
+    needed(key::blnKeyEndOfBlock, continuedList, u"the result of the previous screen"),
+    needed(key::strKeyRecLocPos,  continuedList, u"the result of the previous screen"),
 };
 
 inline constexpr ResultRow pdnResults[] = {
@@ -42,11 +42,11 @@ inline constexpr ResultRow pdnResults[] = {
     always(key::blnKeyTrProfile,   u"a traveller's profile is shown"),
     always(key::blnKeyCompanyList, u"a list of similar company names is shown"),
     always(key::blnKeyCoProfile,   u"a company's profile is shown"),
-    always(key::blnKeyMerge,       u"the traveller's profile carries the mark of a merged one"),
-    always(key::strKeyCoNames,     u"the names of a company list, with commas between them; otherwise empty"),
-    always(key::blnKeyEndOfBlock,  u"the list goes on; what came in where no list was read"),
+    always(key::blnKeyMerge,       u"the traveller's profile has the merge mark"),
+    always(key::strKeyCoNames,     u"the names of a company list, separated by commas; otherwise empty"),
+    always(key::blnKeyEndOfBlock,  u"the list continues; without a list to read, the value of the state"),
     {key::strKeyRecLocPos.name, ValueKind::IntegerOrString, {}, u"column, from 1, of the record locators in a company "
-                                                                u"list; what came in where that was not empty"},
+                                                                u"list; the value of the state if that is not empty"},
 };
 
 inline constexpr Lines pdnLines{1, 9};
@@ -84,22 +84,22 @@ inline constexpr ExampleParameter pdaCompany[] = {{u"strKeyCompany", u"KESTRELLO
 inline constexpr ExampleParameter pdaBoth[] = {{u"strKeyName", u"SMITH"}, {u"strKeyCompany", u"KESTRELLO"}};
 
 inline constexpr CommandForm pdaForms[] = {
-    {u"PDA/-name",   u"travellers of similar names",                     pdaTraveller, u"PDA/-SMITH"},
-    {u"PDA/company", u"companies of similar names",                      pdaCompany,   u"PDA/KESTRELLO"},
-    {u"PDA/",        u"with both names given: neither is in the command", pdaBoth,      u"PDA/"},
+    {u"PDA/-name",   u"travellers with similar names",               pdaTraveller, u"PDA/-SMITH"},
+    {u"PDA/company", u"companies with similar names",                pdaCompany,   u"PDA/KESTRELLO"},
+    {u"PDA/",        u"with both names: neither is in the command", pdaBoth,      u"PDA/"},
 };
 
 inline constexpr ParameterRow pdaState[] = {
-    needed(key::blnKeyEndOfBlock, continuedList, u"as the screen before returned it"),
+    needed(key::blnKeyEndOfBlock, continuedList, u"the result of the previous screen"),
 };
 
 inline constexpr ResultRow pdaResults[] = {
     always(key::blnKeyCoProfile,  u"a company's profile is shown"),
     always(key::blnKeyTrProfile,  u"a traveller's profile is shown"),
     always(key::blnKeyCoList,     u"a list of similar company names is shown"),
-    always(key::strKeyCoNames,    u"the names of a company list, with commas between them; otherwise empty"),
+    always(key::strKeyCoNames,    u"the names of a company list, separated by commas; otherwise empty"),
     always(key::blnKeyTrList,     u"a list of similar traveller names is shown"),
-    always(key::blnKeyEndOfBlock, u"the list goes on; what came in where no list was read"),
+    always(key::blnKeyEndOfBlock, u"the list continues; without a list to read, the value of the state"),
 };
 
 inline constexpr Lines pdaLines{0, 5};
@@ -112,7 +112,7 @@ inline constexpr ScreenFlag pdaFlags[] = {
 };
 
 inline constexpr ClassDescription pda{
-    .purpose = u"Lists the travellers or companies of similar names, or displays the only one.",
+    .purpose = u"Lists travellers or companies with similar names, or displays the only one.",
     .parameters = pdaParameters,
     .forms = pdaForms,
     .passed = PassedCollection::Optional,

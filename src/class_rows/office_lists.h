@@ -1,4 +1,4 @@
-// The classes that list the profiles of an office and show a profile's history: "PLT", "PLC", "PH".
+// The classes that list the profiles of an office or show a profile's history: "PLT", "PLC", "PH".
 #pragma once
 
 #include "class_rows/parts.h"
@@ -27,11 +27,11 @@ inline constexpr ResultRow pltResults[] = {
     always(key::blnKeyTravellerList,     u"a list of travellers is shown"),
     always(key::blnKeyCompanyList,       u"a list of similar company names is shown"),
     always(key::blnKeyProfile,           u"a traveller's profile is shown"),
-    always(key::blnKeyMerge,             u"the traveller's profile carries the mark of a merged one"),
-    always(key::strKeyCoNames,           u"the names of a company list, with commas between them; otherwise empty"),
+    always(key::blnKeyMerge,             u"the traveller's profile has the merge mark"),
+    always(key::strKeyCoNames,           u"the names of a company list, separated by commas; otherwise empty"),
     always(key::blnKeyNoCoFoundString,   u"the host found no such company"),
     always(key::blnKeyNoTrPrFoundString, u"the host found no traveller"),
-    always(key::strKeyNoCoAssoArray,     u"the record locators of the travellers without a company, from entry 1 on; "
+    always(key::strKeyNoCoAssoArray,     u"the record locators of the travellers without a company, from entry 1; "
                                          u"entry 0 is empty"),
 };
 
@@ -90,7 +90,7 @@ inline constexpr ClassDescription plc{
 // CPHTrans
 
 inline constexpr ParameterRow phParameters[] = {
-    optional(key::strKeyElementNr, u"the number of the element whose history is wanted; empty for the whole profile"),
+    optional(key::strKeyElementNr, u"the number of the element whose history is shown; empty for the whole profile"),
 };
 
 inline constexpr ExampleParameter phElement[] = {{u"strKeyElementNr", u"12"}};
@@ -104,7 +104,7 @@ inline constexpr ResultRow phResults[] = {
     always(key::blnKeyEndOfList,           u"the profile has no such element"),
     always(key::strKeyLastPNRTransDate,    u"the date of the last transfer into a PNR; empty when it is not shown"),
     always(key::strKeyName,                u"the name of the traveller or the company; empty when it is not shown"),
-    always(key::strKeyProfileCreationDate, u"the date on which the profile was made; empty when it is not shown"),
+    always(key::strKeyProfileCreationDate, u"the date on which the profile was created; empty when it is not shown"),
 };
 
 inline constexpr Lines phLines{0, 5};
@@ -114,7 +114,7 @@ inline constexpr ScreenFlag phFlags[] = {
 };
 
 inline constexpr ClassDescription ph{
-    .purpose = u"Shows the history of the profile on display, or of one of its elements.",
+    .purpose = u"Shows the history of the displayed profile, or of one of its elements.",
     .parameters = phParameters,
     .forms = phForms,
     .results = phResults,

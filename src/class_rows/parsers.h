@@ -1,5 +1,4 @@
-// The two parsers of profile displays. What the prefixes mean, and the numbers that their families raise, is in the
-// rows of the families.
+// The two parsers of profile displays. The families' rows have the meanings of the prefixes and the error numbers.
 #pragma once
 
 #include "class_rows/parts.h"
@@ -10,24 +9,24 @@ namespace vantro::rows {
 
 inline constexpr TextView emptyPrefix = u"strKeyPrefix is empty";
 inline constexpr TextView noRequest = u"there is no collection";
-inline constexpr TextView unreadableRequest = u"a key of the request is of a kind that cannot be read";
+inline constexpr TextView unreadableRequest = u"a value of the request has a kind that cannot be converted";
 
 // CProfile
 
 inline constexpr ParameterRow profileRequest[] = {
-    required(key::strKeyPrefix, u"the family of elements, or the value of the header, that is asked for"),
-    needed(key::intKeyIndex,    u"for SR, RM, AP, OS, FFN, ST and RC", u"the element that is asked for, from 1 on; "
-                                                                       u"PPR, PGL and PPS take one as well"),
+    required(key::strKeyPrefix, u"the family or the header value to read"),
+    needed(key::intKeyIndex,    u"for SR, RM, AP, OS, FFN, ST and RC", u"the position of the element, from 1; "
+                                                                       u"optional for PPR, PGL and PPS"),
 };
 
-inline constexpr TextView oneElement = u"for a value of the header (PSL: where there is one) and for one element";
-inline constexpr TextView numbered = u"for PCN and PSL (where there is one), PIN, and for one element";
+inline constexpr TextView oneElement = u"for a header value (PSL only if there is one) and for a single element";
+inline constexpr TextView numbered = u"for PIN, PCN with a number, PSL if there is one, and for a single element";
 inline constexpr TextView manyElements = u"for a family that is read as a whole";
 
 inline constexpr ResultRow profileElements[] = {
     sometimes(key::strKeyElement,        oneElement,   u"the value, or the text of the element"),
     sometimes(key::strKeyElementNr,      numbered,     u"the number of the element"),
-    sometimes(key::strKeyElement_list,   manyElements, u"the texts of the elements, from entry 1 on; entry 0 is empty"),
+    sometimes(key::strKeyElement_list,   manyElements, u"the texts of the elements, from entry 1; entry 0 is empty"),
     sometimes(key::strKeyElementNr_list, manyElements, u"the numbers of the elements, from entry 1 on; entry 0 is "
                                                        u"empty"),
     sometimes(key::strKeyCode,           u"for SR",             u"the code of the service"),
@@ -36,27 +35,27 @@ inline constexpr ResultRow profileElements[] = {
     sometimes(key::strKeyFreeText,       u"for SR and RC",      u"the free text"),
     sometimes(key::blnKeyAsterix,        u"for SR",             u"always False"),
     sometimes(key::strKeyElNbrsArray,    u"for ALL",            u"the numbers of the transferable elements that are "
-                                                                u"selected, from entry 1 on; entry 0 is empty"),
+                                                                u"selected, from entry 1; entry 0 is empty"),
 };
 
 inline constexpr ErrorRow profileErrors[] = {
     {ClassCall::ProfileElements, number::emptyPrefix, emptyPrefix},
     {ClassCall::ProfileElements, 91,   u"there is no collection, or intKeyIndex is missing where it is needed"},
-    {ClassCall::ProfileElements, 13,   u"a key of the request is of a kind that cannot be read, or intKeyIndex is no "
-                                       u"whole number"},
+    {ClassCall::ProfileElements, 13,   u"a value of the request has a kind that cannot be converted, or intKeyIndex is "
+                                       u"no whole number"},
     {ClassCall::ProfileElements, 9,    u"intKeyIndex is below 1 for SR, RM, AP, OS, FFN, ST or RC"},
-    {ClassCall::ProfileElements, 6,    u"intKeyIndex leaves 16 bits, or the display has no end"},
+    {ClassCall::ProfileElements, 6,    u"intKeyIndex does not fit in 16 bits, or the display has no end"},
 };
 
 inline constexpr ClassDescription profile{
-    .purpose = u"Takes a displayed profile apart: returns a value of its header, or the elements of one family.",
+    .purpose = u"Parses a displayed profile: returns a header value, or the elements of one family.",
     .request = profileRequest,
     .elements = profileElements,
     .errors = profileErrors,
-    .counts = u"Each family has a property that returns how many elements the display has, and keeps their lists.",
-    .remark = u"A family that cannot be read, or an index beyond its elements, raises a number of the family's own. "
-              u"The elements are added to the collection that was passed. The call returns no collection, but for a "
-              u"prefix that it does not know it returns the passed one.",
+    .counts = u"Each family has a property that returns the number of its elements in the display and fills its lists.",
+    .remark = u"A family that cannot be read and an index beyond its elements raise the family's numbers. "
+              u"The elements are added to the passed collection. The call returns no collection for a known prefix "
+              u"and the passed one for any other.",
 };
 
 // CProfileNotes
@@ -64,19 +63,19 @@ inline constexpr ClassDescription profile{
 inline constexpr TextView notesCommands[] = {code::PN, code::PNE};
 
 inline constexpr ParameterRow notesParameters[] = {
-    required(key::strCommand, u"the command itself; any other text makes no command", notesCommands),
+    required(key::strCommand, u"the command; any other text makes no command", notesCommands),
 };
 
 inline constexpr ExampleParameter notesDisplay[] = {{u"strCommand", u"PN"}};
 inline constexpr ExampleParameter notesChange[] = {{u"strCommand", u"PNE"}};
 
 inline constexpr CommandForm notesForms[] = {
-    {code::PN,  u"to see the notes",    notesDisplay, u"PN"},
-    {code::PNE, u"to change the notes", notesChange,  u"PNE"},
+    {code::PN,  u"displays the notes", notesDisplay, u"PN"},
+    {code::PNE, u"enters notes",       notesChange,  u"PNE"},
 };
 
 inline constexpr ParameterRow notesState[] = {
-    needed(key::strCommand, asForCommand, u"tells which answer is awaited"),
+    needed(key::strCommand, asForCommand, u"says which answer is expected"),
 };
 
 inline constexpr ScreenFlag notesFlags[] = {
@@ -87,7 +86,7 @@ inline constexpr ScreenFlag notesFlags[] = {
 inline constexpr TextView notesPrefix[] = {u"ProfileNotes"};
 
 inline constexpr ParameterRow notesRequest[] = {
-    required(key::strKeyPrefix,       u"the word that asks for the notes; blanks around it do not count", notesPrefix),
+    required(key::strKeyPrefix,       u"selects the notes; blanks around it are ignored", notesPrefix),
     optional(key::strSearchString,    u"only notes whose line contains this text"),
     optional(key::strSearchQualifier, u"only notes whose line begins with this character"),
 };
@@ -95,10 +94,10 @@ inline constexpr ParameterRow notesRequest[] = {
 inline constexpr TextView notesAsked = u"when strKeyPrefix is ProfileNotes";
 
 inline constexpr ResultRow notesElements[] = {
-    sometimes(key::strKeyElement_list,   notesAsked, u"the texts of the notes, from entry 1 on; entry 0 is empty"),
+    sometimes(key::strKeyElement_list,   notesAsked, u"the texts of the notes, from entry 1; entry 0 is empty"),
     sometimes(key::strKeyElementNr_list, notesAsked, u"the position of each note below the notes' header, from entry "
-                                                     u"1 on; entry 0 is empty"),
-    sometimes(key::strKeyQualifier_list, notesAsked, u"the first two characters of each note's line, from entry 1 on; "
+                                                     u"1; entry 0 is empty"),
+    sometimes(key::strKeyQualifier_list, notesAsked, u"the first two characters of each note's line, from entry 1; "
                                                      u"entry 0 is empty"),
 };
 
@@ -111,7 +110,7 @@ inline constexpr ErrorRow notesErrors[] = {
 };
 
 inline constexpr ClassDescription notes{
-    .purpose = u"Asks for the notes of a profile, and reads the notes in a displayed profile.",
+    .purpose = u"Displays or enters the notes of a profile, and reads the notes in a displayed profile.",
     .parameters = notesParameters,
     .forms = notesForms,
     .passed = PassedCollection::Returned,
@@ -121,9 +120,9 @@ inline constexpr ClassDescription notes{
     .request = notesRequest,
     .elements = notesElements,
     .errors = notesErrors,
-    .counts = u"ProfileNotesElementsCount returns how many notes the display has, and keeps their lists.",
-    .remark = u"The notes are added to the collection that was passed. The call returns no collection, but for a "
-              u"prefix that it does not know it returns the passed one.",
+    .counts = u"ProfileNotesElementsCount returns the number of notes in the display and fills their lists.",
+    .remark = u"The notes are added to the passed collection. The call returns no collection for this prefix and the "
+              u"passed one for any other.",
 };
 
 // clang-format on

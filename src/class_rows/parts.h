@@ -1,10 +1,9 @@
-// What the descriptions of the classes are made of. A key's kind comes from its type.
+// Building blocks for the descriptions of the classes. The kind of a value follows from the type of its key.
 #pragma once
 
 #include "framework/constants.h"
 #include "framework/keys.h"
 #include "vantro/class_description.h"
-
 
 namespace vantro::rows {
 
@@ -47,7 +46,7 @@ constexpr ResultRow sometimes(const Key<T>& name, TextView when, TextView meanin
 
 // Flags of screens
 
-/// Lines of a screen, both ends included.
+/// Lines of a screen; `last` is inclusive.
 struct Lines {
     std::int16_t first;
     std::int16_t last;
@@ -73,18 +72,18 @@ constexpr ScreenFlag endsList(const Key<bool>& flag) {
     return {flag.name, mark::endOfBlock, MarkPosition::EndsList, 0, 0, mark::similarCompanies};
 }
 
-/// The answer to one command of several.
+/// The mark that answers one of several commands.
 constexpr ScreenFlag answer(TextView command, const Key<bool>& flag, TextView mark,
                             MarkPosition position = MarkPosition::OnScreen, TextView other = {}) {
     return {flag.name, mark, position, 0, 0, other, command};
 }
 
 inline constexpr TextView firstLineDecides =
-    u"The lines are looked at in turn, each for these marks in this order; the first match decides.";
+    u"The lines are searched one by one for these marks, in this order; the first match decides.";
 
-// What the two classes share that return the collection they are passed
+// Shared by the two classes that return the passed collection
 
-inline constexpr TextView asForCommand = u"when the command was made with it";
+inline constexpr TextView asForCommand = u"when the command was built with it";
 
 // clang-format off
 inline constexpr ResultRow messageResults[] = {
@@ -94,20 +93,20 @@ inline constexpr ResultRow messageResults[] = {
 };
 // clang-format on
 
-// Errors that pass through an operation without a number of its own
+// Errors of operations without a number of their own
 
 inline constexpr TextView noCollection = u"there is no collection of parameters";
-inline constexpr TextView wrongKind = u"a parameter is of a kind that cannot be read";
+inline constexpr TextView wrongKind = u"a parameter has a kind that cannot be converted";
 
 inline constexpr ErrorRow commandErrors[] = {
     {ClassCall::CreateCommand, 91, noCollection},
     {ClassCall::CreateCommand, 13, wrongKind},
 };
 
-// How a long list is read on
+// Long lists
 
 inline constexpr TextView pagingRemark =
-    u"When blnKeyEndOfBlock is True the list goes on: send PDMD and read the next screen with these results as the "
+    u"If blnKeyEndOfBlock is True, the list continues: send PDMD and read the next screen with these results as the "
     u"state.";
 
 }  // namespace vantro::rows

@@ -7,7 +7,7 @@ namespace vantro {
 
 namespace {
 
-/// How many lines may contain anything.
+/// The number of lines that can be non-empty.
 std::size_t lengthOf(const Screen& screen) {
     constexpr std::size_t allLines = std::numeric_limits<std::int16_t>::max() + std::size_t{1};
     const std::size_t printed = (screen.text().size() + screenWidth - 1) / screenWidth;
@@ -17,7 +17,7 @@ std::size_t lengthOf(const Screen& screen) {
 }  // namespace
 
 Display::Display(Terminal& terminal, TextView text) : screen_(terminal, text), positions_(lengthOf(screen_)) {
-    constexpr std::size_t usualMarks = 32;  // ten sections, a prompt and the end text, and some more
+    constexpr std::size_t usualMarks = 32;  // ten section headers, a prompt, the end text, and a reserve
     lines_.reserve(positions_.size());
     marked_.reserve(usualMarks);
 }
@@ -48,7 +48,7 @@ void Display::readAhead() {
     }
 }
 
-// Goes on to the next line that gets past the pre-filter.
+// Sweeps up to and including the next line that passes the pre-filter.
 void Display::sweepNext() {
     swept_ = std::min(nextLineThatMayContainMark(text(), swept_), size());
     if (swept_ == size()) return;
@@ -62,19 +62,20 @@ LineMarks Display::sweptMarksOf(std::size_t index) {
     return found != marked_.end() && found->number == number ? found->marks : LineMarks();
 }
 
-/// The position among all marked lines, swept or not, of the first one at or after a line.
-std::size_t Display::nextSwept(Counter from) {
+/// The index in the list of all marked lines of the first one at or after line `from`. That line may be swept only
+/// later.
+std::size_t Display::nextMarkedIndex(Counter from) {
     while (swept_ < static_cast<std::size_t>(from.value()) && swept_ < size()) sweepNext();
     const auto found = std::ranges::lower_bound(marked_, from, {}, &MarkedLine::number);
     return static_cast<std::size_t>(found - marked_.begin());
 }
 
-const Display::MarkedLine& Display::sweptAt(std::size_t position) {
-    while (position >= marked_.size()) {
-        if (swept_ >= size()) fail(Failure::Overflow);  // nothing but empty lines up to the counter's end
+const Display::MarkedLine& Display::markedAt(std::size_t index) {
+    while (index >= marked_.size()) {
+        if (swept_ >= size()) fail(Failure::Overflow);  // only empty lines follow, up to the counter's end
         sweepNext();
     }
-    return marked_[position];
+    return marked_[index];
 }
 
 template <class Wanted>
@@ -87,7 +88,7 @@ Display::MarkedLine Display::nextFetched(Counter from, Wanted wanted) {
 
 Display::MarkedLine Display::nextMarked(Counter from) {
     if (!screen_.linesAreSlices()) return nextFetched(from, [](LineMarks marks) { return marks.any(); });
-    return sweptAt(nextSwept(from));
+    return markedAt(nextMarkedIndex(from));
 }
 
 Display::MarkedLine Display::nextHeaderOrEnd(Section section, Counter from) {
@@ -95,8 +96,8 @@ Display::MarkedLine Display::nextHeaderOrEnd(Section section, Counter from) {
         return marks.containsHeader(section) || marks.isEndOfDisplay();
     };
     if (!screen_.linesAreSlices()) return nextFetched(from, isWanted);
-    for (std::size_t position = nextSwept(from);; ++position) {
-        const MarkedLine& marked = sweptAt(position);
+    for (std::size_t index = nextMarkedIndex(from);; ++index) {
+        const MarkedLine& marked = markedAt(index);
         if (isWanted(marked.marks)) return marked;
     }
 }

@@ -1,5 +1,5 @@
-// What a line contains. Each fact is found in two ways, which are kept side by side: from the line's bits, and for a
-// line of more than 128 characters by plain search. No host prints such a line, but a terminal may return one.
+// What a line contains. Each fact is found in two ways, which follow each other here: from the line's bits, and by
+// plain search for a line of more than 128 characters. No host prints such a line, but a terminal may return one.
 #include "display/display_line.h"
 
 #include "framework/constants.h"
@@ -34,13 +34,14 @@ Content contentOf(TextView line) {
 
 namespace {
 
-// Pre-filter: every mark contains the prompt or, in whatever column it begins, one of its pairs at an even position.
+// Pre-filter: every mark is the prompt or contains one of these pairs at an even position of the line, whatever column
+// the mark begins in.
 constexpr std::array<TextView, 1> rulePairs{u"--"};
 constexpr std::array<TextView, 2> endTextPairs{u"SP", u"PL"};
 
 template <std::size_t N>
 constexpr bool passes(TextView mark, const std::array<TextView, N>& pairs) {
-    bool passesAt[2] = {false, false};  // when it begins at an even and at an odd position
+    bool passesAt[2] = {false, false};  // if the mark begins at an even, at an odd position
     for (std::size_t at = 0; at + 2 <= mark.size(); ++at) {
         if (std::ranges::find(pairs, mark.substr(at, 2)) != pairs.end()) passesAt[at % 2] = true;
     }
@@ -49,7 +50,7 @@ constexpr bool passes(TextView mark, const std::array<TextView, N>& pairs) {
 
 static_assert(mark::prompt == u">");
 static_assert(passes(mark::endOfDisplay, endTextPairs));
-static_assert(passes(sectionRule, rulePairs), "and so do the headers, which begin with it");
+static_assert(passes(sectionRule, rulePairs), "headers begin with the rule, so they pass too");
 
 template <std::size_t N>
 Bytes anyPair(Bytes bytes, const std::array<TextView, N>& pairs) {
@@ -66,13 +67,13 @@ bool mayContainMark(const Characters& characters) {
         [](Bytes bytes) { return bytes.equal('>') | anyPair(bytes, rulePairs) | anyPair(bytes, endTextPairs); });
 }
 
-/// All headers begin alike: their last letters are compared first.
+/// Compares the last letter first, because all headers begin alike.
 bool beginsWithHeader(TextView text, TextView header) {
     return text.size() >= header.size() && text[header.size() - 1] == header.back() && beginsWith(text, header);
 }
 
 void addHeaders(LineMarks& marks, TextView line, LineBits hyphens) {
-    // A header has a blank after its seven hyphens: only the last seven of a longer row can begin one.
+    // A header has a blank after its seven hyphens: in a longer run only the last seven can begin one.
     constexpr auto ruleLength = static_cast<unsigned>(sectionRule.size());
     static_assert(sectionRule.find_first_not_of(u'-') == TextView::npos);
     for (LineBits rules = hyphens.runs(ruleLength) & ~hyphens.down(ruleLength); rules.any(); rules.removeLowest()) {
@@ -84,7 +85,7 @@ void addHeaders(LineMarks& marks, TextView line, LineBits hyphens) {
     }
 }
 
-/// The end text is looked for around its "F", the rarest of its letters.
+/// Tests for the end text around its "F", the rarest of its letters.
 bool isEndTextAroundF(TextView line, std::size_t position) {
     constexpr std::size_t lettersBefore = mark::endOfDisplay.find(u'F');
     static_assert(lettersBefore != TextView::npos);
@@ -157,7 +158,7 @@ constexpr void forEachPrefix(Take take) {
 
 constexpr bool isCapital(char16_t character) { return character >= u'A' && character <= u'Z'; }
 
-/// The prefixes by the two letters that tell them apart.
+/// The prefixes by their second and third letters, which are unique.
 class PrefixTable {
 public:
     constexpr PrefixTable() {
@@ -191,7 +192,7 @@ constexpr bool isEveryPrefixFound() {
 
 static_assert(isEveryPrefixFound(), "no two prefixes share their letters");
 
-/// Every slash of the line is looked at once, and no prefix is searched for afterwards.
+/// One pass over the slashes of the line finds all prefixes.
 LinePrefixes prefixesIn(TextView line, LineBits slashes, std::size_t contentBegin) {
     LinePrefixes found;
     for (; slashes.any(); slashes.removeLowest()) {
@@ -276,11 +277,11 @@ constexpr Column codeSearchColumn{13};
 static_assert(std::ranges::all_of(transferableFamilies, [](const TransferableFamily& row) {
     const bool isWord = row.code.front() == u' ' && row.code.back() == u' ';
     const bool isShort = row.code.size() == 4 || row.code.size() == 5;
-    return row.test == CodeTest::StandsAtColumn12 || (isWord && isShort);
+    return row.test == CodeTest::AtColumn12 || (isWord && isShort);
 }));
 
 constexpr const TransferableFamily& contact =
-    *std::ranges::find(transferableFamilies, CodeTest::StandsAtColumn12, &TransferableFamily::test);
+    *std::ranges::find(transferableFamilies, CodeTest::AtColumn12, &TransferableFamily::test);
 static_assert(std::ranges::count(transferableFamilies, contact.test, &TransferableFamily::test) == 1);
 
 FamilySet fixedCodesIn(TextView text) {
@@ -296,7 +297,7 @@ FamilySet codesByBits(TextView text, LineBits blanks) {
     for (; words.any(); words.removeLowest()) {
         const TextView word = text.substr(words.lowest());
         for (const TransferableFamily& row : transferableFamilies) {
-            const bool isSearched = row.test == CodeTest::FoundFromColumn13;
+            const bool isSearched = row.test == CodeTest::FromColumn13;
             if (isSearched && beginsWith(word, row.code)) set.add(row.family);
         }
     }
@@ -306,7 +307,7 @@ FamilySet codesByBits(TextView text, LineBits blanks) {
 FamilySet codesBySearch(TextView text) {
     FamilySet set = fixedCodesIn(text);
     for (const TransferableFamily& row : transferableFamilies) {
-        const bool isSearched = row.test == CodeTest::FoundFromColumn13;
+        const bool isSearched = row.test == CodeTest::FromColumn13;
         if (isSearched && containsFrom(text, row.code, codeSearchColumn)) set.add(row.family);
     }
     return set;

@@ -13,7 +13,7 @@
 
 namespace vantro {
 
-/// The marks that a line contains: what ends a display, and what opens and ends its sections. Few lines contain any.
+/// The marks that a line contains: they end a display and begin and end its sections. Few lines contain any.
 class LineMarks {
 public:
     constexpr bool any() const { return bits_ != 0; }
@@ -22,10 +22,10 @@ public:
     constexpr bool containsEndText() const { return (bits_ & endText) != 0; }
     constexpr bool containsHeader(Section section) const { return (bits_ & header(section)) != 0; }
 
-    /// The prompt or the end text: what the searches for a section's header stop at.
+    /// The prompt or the end text: a search for a section's header ends there.
     constexpr bool isEndOfDisplay() const { return (bits_ & (prompt | endText)) != 0; }
 
-    /// A section's rule, which every header begins with, or the end text.
+    /// A section's rule, which is the beginning of every header, or the end text.
     constexpr bool containsRuleOrEndText() const { return (bits_ & (rule | endText)) != 0; }
 
     constexpr void addPrompt() { bits_ |= prompt; }
@@ -45,14 +45,14 @@ private:
 /// The marks of a line of any length.
 LineMarks marksOf(TextView line);
 
-/// Pre-filter: the first line at or after `from` that may contain a mark, in a display that is cut into lines of 80
-/// characters; the number of whole lines when there is none.
+/// Pre-filter: the first line at or after `from` that may contain a mark, in a display cut into lines of 80 characters.
+/// Returns the number of complete lines when there is none.
 std::size_t nextLineThatMayContainMark(TextView display, std::size_t from);
 
 /// The tag of an element ("PPR/") or of a header line ("PIN/"): "P", two capitals and a slash.
 class Prefix {
 public:
-    /// The prefix of a family that has one.
+    /// The prefix of a family; the family must have one.
     constexpr explicit Prefix(Family family) : Prefix(indexOf(family)) {}
 
     friend constexpr bool operator==(Prefix, Prefix) = default;
@@ -95,7 +95,7 @@ struct LinePrefixes {
     PrefixSet fromColumn3;  ///< those that begin in column 3 or after it
 };
 
-/// What is known of a line once it was read.
+/// What is known about a line after it was read.
 struct LineFacts {
     /// Where the trimmed text begins and ends, from 0.
     struct Content {
@@ -103,13 +103,13 @@ struct LineFacts {
         std::uint32_t end = 0;
     };
 
-    LineBits blanks = {};  ///< of a line whose characters have their bits; positions after its end count as blanks
+    LineBits blanks = {};  ///< of a line of at most 128 characters; positions after its end count as blanks
     Content content = {};
     LineMarks marks = {};
     LinePrefixes prefixes = {};
 };
 
-/// The facts of a line of any length; its marks are looked for unless they are known.
+/// The facts of a line of any length; its marks are searched for unless they are known (not null).
 LineFacts factsOf(TextView line, const LineMarks* knownMarks);
 
 class DisplayLine {
@@ -129,13 +129,13 @@ public:
     LineMarks marks() const { return facts_.marks; }
     bool isEndOfDisplay() const { return facts_.marks.isEndOfDisplay(); }
 
-    /// The end of a prefixed family's section: a rule, the end text, or a prompt that is the line's first character
-    /// after its blanks.
+    /// The end of a prefixed family's section: a rule, the end text, or a prompt as the first character that is not
+    /// blank.
     bool isSectionEnd() const {
         return facts_.marks.any() && (facts_.marks.containsRuleOrEndText() || text_[facts_.content.begin] == u'>');
     }
 
-    /// True when the first `width` characters are blank, also for a line that ends before them.
+    /// True when the first `width` characters are blank; characters after the line's end count as blank.
     bool beginsBlank(Width width) const {
         return facts_.content.begin >= static_cast<std::uint32_t>(width.value) || isBlank();
     }
@@ -145,22 +145,21 @@ public:
         return (from == PrefixFrom::Column1 ? facts_.prefixes.anywhere : facts_.prefixes.fromColumn3).contains(prefix);
     }
 
-    /// The column where a word of the line begins, its blanks included, or Column{0}. The word comes with one blank
-    /// on both sides.
+    /// The column of the blank before a word, or Column{0}. The argument is the word with one blank on either side.
     Column findWord(TextView word) const;
 
-    /// True when these characters of the trimmed line are blank; characters after its end are.
+    /// True when these characters of the trimmed line are blank; characters after its end count as blank.
     bool isBlankAt(Column column, Width width) const {
         if (!fitsBits()) return isBlankInText(column, width);
         const std::size_t begin = facts_.content.begin + static_cast<std::size_t>(column.value - 1);
         return !(LineBits::range(begin, static_cast<std::size_t>(width.value)) & ~facts_.blanks).any();
     }
 
-    /// The transferable families whose code the line contains where their elements have it.
+    /// The transferable families whose code the line contains in the columns of their elements.
     FamilySet codes() const;
 
 private:
-    /// True for a line whose characters have their bits.
+    /// True for a line of at most 128 characters.
     bool fitsBits() const { return text_.size() <= LineBits::capacity; }
 
     bool isBlankInText(Column column, Width width) const;
@@ -169,8 +168,8 @@ private:
     LineFacts facts_;
 };
 
-/// The transferable families whose code a text contains where their elements have it: between blanks from column 13
-/// on, a contact's in columns 12 to 17.
+/// The transferable families whose code a text contains in the columns of their elements: between blanks from column 13
+/// on, for contacts in columns 12 to 17.
 FamilySet codesIn(TextView text);
 
 }  // namespace vantro

@@ -1,5 +1,5 @@
-// The element families of a profile display, one row each: what the engines look for, and what the family means and is
-// called. A new family is a new row. What looks irregular here is meant and says so.
+// The element families of a profile display, one row each: what the engines search for, and the family's meaning and
+// names. A new family is a new row. Irregular cells are intended and marked.
 #pragma once
 
 #include "display/sections.h"
@@ -20,34 +20,34 @@ enum class PrefixFrom : std::uint8_t { Column1, Column3 };
 
 /// Which lines continue an element, and how they are joined to it.
 enum class JoinRule : std::uint8_t {
-    Directly,         ///< all lines that begin with nine blanks, one after the other
+    Directly,         ///< all lines that begin with nine blanks
     ColonAfterBlank,  ///< the same, with a blank before a line whose third character is ":"
     OneBelow,         ///< the next line, if it begins with seventeen blanks
-    TwoBelow,         ///< the next two lines, the same
+    TwoBelow,         ///< the next two lines, each if it begins with seventeen blanks
 };
 
 /// How the lines of a prefixed family's section are collected.
 enum class Scheme : std::uint8_t {
-    Plain,         ///< every line from the first prefixed one on; wrapped lines joined directly
-    ColonJoining,  ///< the same, a wrapped line with ":" as its third character joined with a blank
-    Policy,        ///< the family's lines among those of its section's other families; joined as above
-    GlobalSearch,  ///< the line under the header and at most ten unprefixed lines under it
+    Plain,         ///< every line from the first prefixed one on; `JoinRule::Directly`
+    ColonJoining,  ///< the same lines; `JoinRule::ColonAfterBlank`
+    Policy,        ///< only the family's own lines, its section has other families too; `JoinRule::ColonAfterBlank`
+    GlobalSearch,  ///< the line after the header and at most ten unprefixed lines after it; not joined
 };
 
-/// When a property cuts its lists back to the empty entry 0.
+/// When a count property cuts its lists back to the empty entry 0.
 enum class ListCut : std::uint8_t {
-    BeforeEmptyTest,  ///< an empty display leaves them cut
-    AfterEmptyTest,   ///< an empty display leaves them as the last call filled them
+    BeforeEmptyTest,  ///< before the test for an empty display: an empty display cuts them too
+    AfterEmptyTest,   ///< after that test: an empty display leaves them unchanged
 };
 
-/// What a family's row says for everyone but the engines.
+/// The part of a family's row that the engines do not use.
 struct FamilyAbout {
-    int queryPlace;  ///< of its word among the words that a query is compared with, from 1; a new one comes last
+    int queryOrder;  ///< position, from 1, in the order in which queries compare their words; a new family comes last
     ElementOutput output;
-    TextView countProperty;  ///< its lists are named after it
+    TextView countProperty;  ///< the names of its lists begin like it
     TextView meaning;
-    TextView sample;     ///< a line under the section's header
-    int indexError = 0;  ///< raised for an index beyond the count where that is not the row's `error`
+    TextView sample;     ///< an invented line of the section
+    int indexError = 0;  ///< raised for an index beyond the count; 0 if that is the row's `error`
 };
 
 struct PrefixedFamily {
@@ -55,8 +55,8 @@ struct PrefixedFamily {
     Section section;
     TextView prefix;
     Scheme scheme;
-    PrefixFrom searchFrom;  ///< in the lines of its section
-    Width tagWidth;         ///< characters from column 3 that are blank in a line without a prefix of its own
+    PrefixFrom searchFrom;  ///< where the search for the prefix starts in the section's lines
+    Width tagWidth;         ///< characters from column 3 that are blank in a line without a prefix
     int error;
     ListCut cut;
     FamilyAbout about;
@@ -65,18 +65,18 @@ struct PrefixedFamily {
 // clang-format off
 inline constexpr auto prefixedFamilies = std::to_array<PrefixedFamily>({
     // family     section                 prefix    scheme                 from                  tag   error  lists cut
-    //            at  output                          count property        meaning                                  sample, index error
+    //            order, output                       count property        meaning                                  sample, index error
     {Family::PPR, Section::Priority,      u"PPR/",  Scheme::Plain,         PrefixFrom::Column1,  {0},  5266,  ListCut::AfterEmptyTest,
                  {19, ElementOutput::ElementAndLists, u"PPRElementsCount",  u"priority line",                        u"   1 PPR/ ALWAYS OFFER AN AISLE SEAT"}},
     {Family::PGL, Section::GlobalSearch,  u"PGL/",  Scheme::GlobalSearch,  PrefixFrom::Column3,  {5},  5267,  ListCut::AfterEmptyTest,
-                 {21, ElementOutput::ElementAndLists, u"PGLElementsCount",  u"line of the global search",            u"   2 PGL/ HALVORSEN MARINE", 5266}},  // Meant: an index beyond the count raises the priority lines' number
+                 {21, ElementOutput::ElementAndLists, u"PGLElementsCount",  u"line of the global search",            u"   2 PGL/ HALVORSEN MARINE", 5266}},  // Meant: an index beyond the count raises the number of PPR
     {Family::PPS, Section::PreStored,     u"PPS/",  Scheme::ColonJoining,  PrefixFrom::Column1,  {0},  5270,  ListCut::AfterEmptyTest,
                  {20, ElementOutput::ElementAndLists, u"PPSElementsCount",  u"pre-stored entry",                     u"   3 PPS/ RM PURCHASE ORDER 4711"}},
-    {Family::PHI, Section::Hotel,         u"PHI/",  Scheme::Policy,        PrefixFrom::Column1,  {5},  5272,  ListCut::AfterEmptyTest,  // Meant: from 1, its siblings from 3; lists cut late
+    {Family::PHI, Section::Hotel,         u"PHI/",  Scheme::Policy,        PrefixFrom::Column1,  {5},  5272,  ListCut::AfterEmptyTest,  // Meant: searched from column 1, its siblings from 3; lists cut after the empty test
                  {11, ElementOutput::Lists,           u"PHIElementsCount",  u"hotel travel policy of the kind PHI",  u"   4 PHI/ RATE CEILING 120 EUR IN LYON"}},
     {Family::PCI, Section::Car,           u"PCI/",  Scheme::Policy,        PrefixFrom::Column3,  {5},  5290,  ListCut::BeforeEmptyTest,  // Meant: 5290 is PID's number too
                  {13, ElementOutput::Lists,           u"PCIElementsCount",  u"car travel policy of the kind PCI",    u"   5 PCI/ COLLISION COVER IS ALWAYS BOUGHT"}},
-    {Family::PPC, Section::Car,           u"PPC/",  Scheme::Policy,        PrefixFrom::Column3,  {6},  5285,  ListCut::BeforeEmptyTest,  // Meant: 6 characters, its siblings 5
+    {Family::PPC, Section::Car,           u"PPC/",  Scheme::Policy,        PrefixFrom::Column3,  {6},  5285,  ListCut::BeforeEmptyTest,  // Meant: six tag columns, its siblings five
                  {14, ElementOutput::Lists,           u"PPCElementsCount",  u"car travel policy of the kind PPC",    u"   6 PPC/ NORDKAP RENTAL"}},
     {Family::PPH, Section::Hotel,         u"PPH/",  Scheme::Policy,        PrefixFrom::Column3,  {5},  5273,  ListCut::BeforeEmptyTest,
                  {12, ElementOutput::Lists,           u"PPHElementsCount",  u"hotel travel policy of the kind PPH",  u"   7 PPH/ FJELLHEIM HOTELS"}},
@@ -103,22 +103,22 @@ inline constexpr auto prefixedFamilies = std::to_array<PrefixedFamily>({
 });
 // clang-format on
 
-/// How a transferable element's line shows its kind.
+/// Where a transferable element's line contains its code.
 enum class CodeTest : std::uint8_t {
-    FoundFromColumn13,  ///< the code stands somewhere from column 13 on
-    StandsAtColumn12,   ///< the code fills columns 12 to 17 exactly
+    FromColumn13,  ///< anywhere from column 13 on
+    AtColumn12,    ///< in columns 12 to 17
 };
 
-/// What ends the scan for a transferable family, "END OF DISPLAY" aside.
+/// What ends the scan for a transferable family, in addition to "END OF DISPLAY".
 enum class ScanEnd : std::uint8_t {
     PromptAnywhere,   ///< ">" anywhere in a line
-    PromptLineAlone,  ///< a line that is ">" and nothing else
+    PromptLineAlone,  ///< a line that consists of ">"
 };
 
-/// Which lines a transferable family is looked for in.
+/// Where the scan for a transferable family begins.
 enum class ScanStart : std::uint8_t {
-    SectionHeader,  ///< from the section's header on
-    FirstLine,      ///< from line 0 on, so that any other section's header ends the scan
+    SectionHeader,  ///< at the section's header
+    FirstLine,      ///< at line 0, so that the header of any other section ends the scan
 };
 
 /// What a transferable element is split into.
@@ -158,22 +158,22 @@ struct TransferableFamily {
 
 // clang-format off
 inline constexpr auto transferableFamilies = std::to_array<TransferableFamily>({
-    // family                  code       test                         end                        start                     join                 split                   error
-    //                         at  output                  count property                  meaning                     sample, index error
-    {Family::Remark,           u" RM ",   CodeTest::FoundFromColumn13, ScanEnd::PromptAnywhere,   ScanStart::SectionHeader, JoinRule::TwoBelow,  Split::None,            5260,  // Meant: two lines joined, its siblings one
+    // family                  code       test                    end                        start                     join                 split                   error
+    //                         order, output               count property                  meaning                     sample, index error
+    {Family::Remark,           u" RM ",   CodeTest::FromColumn13, ScanEnd::PromptAnywhere,   ScanStart::SectionHeader, JoinRule::TwoBelow,  Split::None,            5260,  // Meant: joins two lines, its siblings one
                               {3,  ElementOutput::Element, u"RemarkElementsCount",         u"remark",                  u"S      1     RM  PREFERS MORNING FLIGHTS"}},
-    {Family::Contact,          u"  AP  ", CodeTest::StandsAtColumn12,  ScanEnd::PromptLineAlone,  ScanStart::SectionHeader, JoinRule::OneBelow,  Split::None,            5235,  // Meant: ">" inside a line does not end the scan
+    {Family::Contact,          u"  AP  ", CodeTest::AtColumn12,   ScanEnd::PromptLineAlone,  ScanStart::SectionHeader, JoinRule::OneBelow,  Split::None,            5235,  // Meant: ">" inside a line does not end the scan
                               {4,  ElementOutput::Element, u"ContactElementsCount",        u"contact",                 u"A      2     AP  LYS 04 72 55 01 90-B"}},
-    {Family::OtherService,     u" OS ",   CodeTest::FoundFromColumn13, ScanEnd::PromptAnywhere,   ScanStart::SectionHeader, JoinRule::OneBelow,  Split::None,            5250,
+    {Family::OtherService,     u" OS ",   CodeTest::FromColumn13, ScanEnd::PromptAnywhere,   ScanStart::SectionHeader, JoinRule::OneBelow,  Split::None,            5250,
                               {5,  ElementOutput::Element, u"OtherServiceElementsCount",   u"other-service element",   u"S      3     OS  XQ CORPORATE CONTRACT 7001"}},
-    {Family::FrequentFlyer,    u" FFN ",  CodeTest::FoundFromColumn13, ScanEnd::PromptAnywhere,   ScanStart::SectionHeader, JoinRule::OneBelow,  Split::FrequentFlyer,   5255,
+    {Family::FrequentFlyer,    u" FFN ",  CodeTest::FromColumn13, ScanEnd::PromptAnywhere,   ScanStart::SectionHeader, JoinRule::OneBelow,  Split::FrequentFlyer,   5255,
                               {6,  ElementOutput::Element, u"FrequentFlyerElementsCount",  u"frequent flyer number",   u"S      4     FFN QV 1234567"}},
-    {Family::ServiceRequest,   u" SR ",   CodeTest::FoundFromColumn13, ScanEnd::PromptAnywhere,   ScanStart::SectionHeader, JoinRule::OneBelow,  Split::ServiceRequest,  5245,
+    {Family::ServiceRequest,   u" SR ",   CodeTest::FromColumn13, ScanEnd::PromptAnywhere,   ScanStart::SectionHeader, JoinRule::OneBelow,  Split::ServiceRequest,  5245,
                               {2,  ElementOutput::Element, u"ServiceRequestElementsCount", u"special service request", u"S      5     SR  FQTVXQ 7654321-GOLD"}},
-    {Family::Seat,             u" ST ",   CodeTest::FoundFromColumn13, ScanEnd::PromptAnywhere,   ScanStart::SectionHeader, JoinRule::OneBelow,  Split::None,            5240,
+    {Family::Seat,             u" ST ",   CodeTest::FromColumn13, ScanEnd::PromptAnywhere,   ScanStart::SectionHeader, JoinRule::OneBelow,  Split::None,            5240,
                               {7,  ElementOutput::Element, u"SeatElementsCount",           u"seat request",            u"A      6     ST  WINDOW"}},
-    {Family::RemarkConf,       u" RC ",   CodeTest::FoundFromColumn13, ScanEnd::PromptAnywhere,   ScanStart::FirstLine,     JoinRule::OneBelow,  Split::RemarkDetail,    5260,  // Meant: shares the remarks' number; found only above or in the display's first section
-                              {18, ElementOutput::Element, u"RemarkConfElementsCount",     u"confidential remark",     u"S      7     RC  CREDIT LIMIT 400000", 5265}},  // Meant: its count raises 5260
+    {Family::RemarkConf,       u" RC ",   CodeTest::FromColumn13, ScanEnd::PromptAnywhere,   ScanStart::FirstLine,     JoinRule::OneBelow,  Split::RemarkDetail,    5260,  // Meant: raises the remarks' number; found only above or in the display's first section
+                              {18, ElementOutput::Element, u"RemarkConfElementsCount",     u"confidential remark",     u"S      7     RC  CREDIT LIMIT 400000", 5265}},  // Meant: its extractor raises 5260
 });
 // clang-format on
 
@@ -187,7 +187,7 @@ struct DocumentFamily {
 
 // clang-format off
 inline constexpr auto documentFamilies = std::to_array<DocumentFamily>({
-    // family      section              prefix   error  at  output                 count property       meaning                sample
+    // family      section              prefix   error  order, output              count property       meaning                sample
     {Family::PAS,  Section::Documents,  u"PAS/", 5287,  {32, ElementOutput::Lists, u"PASElementsCount", u"passport",           u"   1 PAS/ 12345678 FR 01JAN30"}},
     {Family::PIV,  Section::Documents,  u"PIV/", 5288,  {33, ElementOutput::Lists, u"PIVElementsCount", u"visa",               u"   2 PIV/ VISA 998877"}},
     {Family::PCE,  Section::Documents,  u"PCE/", 5289,  {34, ElementOutput::Lists, u"PCEElementsCount", u"certificate",        u"   3 PCE/ VACCINATION 01JAN24"}},
@@ -203,7 +203,7 @@ constexpr bool isTransferable(Family family) {
     return indexOf(family) >= firstTransferable && indexOf(family) < firstDocument;
 }
 
-/// Calls `use` with the family's row, which is of one of the three kinds, and returns what it returns.
+/// Calls `use` with the family's row, which has one of three types, and returns the result.
 template <class Use>
 constexpr decltype(auto) withRow(Family family, Use&& use) {
     const std::size_t index = indexOf(family);
@@ -212,12 +212,12 @@ constexpr decltype(auto) withRow(Family family, Use&& use) {
     return use(documentFamilies[index - firstDocument]);
 }
 
-/// What the host prints to mark a line of the family.
+/// What the host prints in the lines of a family to identify it.
 constexpr TextView tagOf(const PrefixedFamily& row) { return row.prefix; }
 constexpr TextView tagOf(const TransferableFamily& row) { return row.code; }
 constexpr TextView tagOf(const DocumentFamily& row) { return row.prefix; }
 
-/// The word that asks for the family: its tag without slash and blanks.
+/// The word of the family's query: its tag without slash and blanks.
 template <class Row>
 constexpr TextView wordOf(const Row& row) {
     const TextView tag = trimmed(tagOf(row));

@@ -1,4 +1,4 @@
-// A set of element families in one word.
+// A set of element families, in one machine word.
 #pragma once
 
 #include "vantro/profile.h"

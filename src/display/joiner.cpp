@@ -21,9 +21,9 @@ JoinedLine Joiner::joinAllBelow(const DisplayLine& first, Counter number, JoinRu
         const DisplayLine& below = display_.line(last + 1);
         if (!below.beginsBlank(elementIndent) || containsEndText) break;
         ++last;
-        if (display_.isPastEnd(last)) fail(Failure::Overflow);  // empty lines would continue the element for ever
+        if (display_.isPastEnd(last)) fail(Failure::Overflow);  // only empty lines follow, which continue the element
         if (below.isBlank()) continue;
-        // The end text can come about across a seam, but not from further back than its own length.
+        // The end text can arise across the boundary of two joined lines, within its own length of it.
         const std::size_t unseen = joining_.size() - std::min(joining_.size(), mark::endOfDisplay.size());
         const TextView continuation = below.trimmed();
         const bool isColonLine = mid(continuation, Column{3}, Width{1}) == u":";

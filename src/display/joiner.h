@@ -1,4 +1,4 @@
-// Puts the lines of one element together.
+// Joins the lines of an element.
 #pragma once
 
 #include "display/display.h"
@@ -13,7 +13,7 @@ namespace vantro {
 /// Keeps many short texts with few allocations.
 class TextArena {
 public:
-    /// A copy of the text that lives as long as the arena, moves of the arena included.
+    /// Returns a copy of the text that is valid as long as the arena or the one that it was moved to.
     TextView keep(TextView text) {
         if (text.size() > left_) open(std::max(text.size(), blockSize));
         char16_t* const copy = next_;
@@ -37,7 +37,7 @@ private:
     std::size_t left_ = 0;
 };
 
-/// The text of an element and the number of its last line. The text is a view of the display or of the joiner's texts.
+/// The text of an element, a view of the display or of the joiner's arena, and the number of its last line.
 struct JoinedLine {
     TextView text;
     Counter last;
@@ -50,8 +50,8 @@ public:
 
     Display& display() { return display_; }
 
-    /// The element that begins with this line. The first two rules trim each line, the other two keep the blanks before
-    /// the first. Raises 6 when the line number after it would overflow.
+    /// The element that begins with this line. `OneBelow` and `TwoBelow` keep the leading blanks of the first line; all
+    /// other blanks around lines are trimmed. Raises 6 when the next line number would overflow.
     JoinedLine join(const DisplayLine& first, Counter number, JoinRule rule) {
         if (isContinued(number, rule)) return joinContinued(first, number, rule);
         return {keepsIndent(rule) ? first.rightTrimmed() : first.trimmed(), number};
@@ -62,7 +62,7 @@ public:
         return display_.line(number + 1).beginsBlank(keepsIndent(rule) ? transferableIndent : elementIndent);
     }
 
-    /// Moves out what the views of joined texts point into.
+    /// Moves the arena out; views of joined texts stay valid as long as the result.
     TextArena takeTexts() { return std::move(texts_); }
 
 private:
@@ -78,7 +78,7 @@ private:
 
     Display& display_;
     TextArena texts_;
-    Text joining_;  // the text that is being joined
+    Text joining_;  // the element being joined; reused to save allocations
 };
 
 }  // namespace vantro

@@ -1,5 +1,4 @@
-// The characters of a display line, compared sixteen at a time, and sets of positions with one bit per character. A
-// line is compared once and then answers most questions from its bits.
+// The characters of a display line, compared sixteen at a time, and sets of positions with one bit per character.
 #pragma once
 
 #include "framework/bytes.h"
@@ -13,7 +12,7 @@
 
 namespace vantro {
 
-/// A set of positions in a line, from 0. Positions from 128 on do not exist.
+/// A set of positions in a line, from 0 to 127.
 class LineBits {
 public:
     static constexpr std::size_t capacity = 128;
@@ -58,18 +57,18 @@ public:
         }
     }
 
-    /// Every position moved down by `steps` (1 to 63): position p of the result is position p + steps of this set.
+    /// The set moved down by `steps` (1 to 63): it contains p when this set contains p + `steps`.
     constexpr LineBits down(unsigned steps) const { return {low_ >> steps | high_ << (64 - steps), high_ >> steps}; }
 
-    /// The positions in the set that are followed by `length` positions outside it and then one inside it. For the
-    /// blanks of a line: the blank before each word of that length.
+    /// The positions in the set that are followed by `length` positions outside it and then one inside it. In the set
+    /// of a line's blanks: the blank before each word of that length.
     constexpr LineBits beforeWords(unsigned length) const {
         LineBits positions = *this & down(length + 1);
         for (unsigned letter = 1; letter <= length; ++letter) positions = positions & ~down(letter);
         return positions;
     }
 
-    /// The positions where `length` (2 to 63) positions of the set in a row begin.
+    /// The positions p for which the set contains all of p to p + `length` - 1; `length` is 2 to 63.
     constexpr LineBits runs(unsigned length) const {
         LineBits begins = *this;
         for (unsigned covered = 1; covered < length;) {
@@ -89,7 +88,7 @@ private:
     std::uint64_t high_ = 0;
 };
 
-/// The characters of a line of `Length` characters, ready to be compared.
+/// The characters of a line of `Length` characters, narrowed for comparing.
 template <std::size_t Length>
 class LineCharacters {
 public:
@@ -102,7 +101,7 @@ public:
         }
     }
 
-    /// Where an ASCII character is.
+    /// The positions of an ASCII character.
     LineBits where(char wanted) const {
         std::uint64_t words[2] = {0, 0};
         for (std::size_t group = 0; group < groupCount; ++group) {
@@ -112,14 +111,14 @@ public:
         return {words[0], words[1]};
     }
 
-    /// Where the blanks are; positions after the last character count as blanks.
+    /// The positions of the blanks; positions after the last character count as blanks.
     LineBits blanks() const { return where(' ') | LineBits::from(Length); }
 
-    /// True when `match` finds anything among the characters.
-    template <class Match>
-    bool any(Match match) const {
-        Bytes matches = match(groups_[0]);
-        for (std::size_t group = 1; group < groupCount; ++group) matches = matches | match(groups_[group]);
+    /// True when `test`, which returns its matches in a group of characters, matches any of them.
+    template <class Test>
+    bool any(Test test) const {
+        Bytes matches = test(groups_[0]);
+        for (std::size_t group = 1; group < groupCount; ++group) matches = matches | test(groups_[group]);
         return matches.bits() != 0;
     }
 
@@ -127,7 +126,7 @@ private:
     std::array<Bytes, groupCount> groups_;
 };
 
-/// A line of at most `LineBits::capacity` characters with blanks after it.
+/// A line of at most `LineBits::capacity` characters, padded with blanks.
 inline std::array<char16_t, LineBits::capacity> padded(TextView line) {
     std::array<char16_t, LineBits::capacity> characters;
     characters.fill(u' ');
@@ -135,13 +134,13 @@ inline std::array<char16_t, LineBits::capacity> padded(TextView line) {
     return characters;
 }
 
-/// Passes the characters of a line of at most `LineBits::capacity` characters to a function: those of a usual line of
-/// 80 as they are, those of a shorter or longer one with blanks after them.
-template <class Look>
-auto withCharacters(TextView line, Look look) {
+/// Passes the characters of a line of at most `LineBits::capacity` characters to a function and returns its result. A
+/// line of 80 characters is passed unchanged, any other padded with blanks.
+template <class Use>
+auto withCharacters(TextView line, Use use) {
     constexpr std::size_t usualLength = 80;
-    if (line.size() == usualLength) return look(LineCharacters<usualLength>(line.data()));
-    return look(LineCharacters<LineBits::capacity>(padded(line).data()));
+    if (line.size() == usualLength) return use(LineCharacters<usualLength>(line.data()));
+    return use(LineCharacters<LineBits::capacity>(padded(line).data()));
 }
 
 }  // namespace vantro

@@ -36,10 +36,10 @@ inline constexpr std::array<TextView, 10> sectionHeaders{{
     u"------- PROFILE NOTES",
 }};
 
-/// A section's rule: it ends a section wherever it is in a line.
+/// The rule of a section. A line that contains it anywhere ends a section.
 inline constexpr TextView sectionRule = u"-------";
 
-/// What every header begins with: the rule and one blank.
+/// The beginning of every header: the rule and one blank.
 inline constexpr TextView headerStart = u"------- ";
 
 static_assert(headerStart.starts_with(sectionRule));

@@ -21,10 +21,10 @@ TextView Parameters::readEntry(const Key<TextList>& key, std::int16_t index) {
     const auto* list = std::get_if<TextList>(&stored->Value());
     if (list == nullptr) fail(Failure::TypeMismatch);
     if (index < 0) fail(Failure::SubscriptOutOfRange);
-    const auto place = static_cast<std::size_t>(index);
-    if (place < stored->firstIndex() || place >= list->size()) fail(Failure::SubscriptOutOfRange);
-    const TextView entry = (*list)[place];
-    // An item that the terminal made for this call takes its list with it.
+    const auto position = static_cast<std::size_t>(index);
+    if (position < stored->firstIndex() || position >= list->size()) fail(Failure::SubscriptOutOfRange);
+    const TextView entry = (*list)[position];
+    // An item that the terminal created for this call ends with it, and its list too.
     if (stored.use_count() > 0) return texts_.keep(Text(entry));
     return entry;
 }

@@ -1,4 +1,4 @@
-// The access layer over the keyed collection: the only place where keys meet `Item`, `ItemText` and `Add`.
+// Typed access to the keyed collection. Nothing else in the library calls `Item`, `ItemText` and `Add`.
 #pragma once
 
 #include "framework/keys.h"
@@ -9,8 +9,8 @@
 
 namespace vantro {
 
-/// Reads parameters and state. Texts are views that live as long as this object and the collection's item.
-/// Every read raises 91 when there is no collection.
+/// Reads parameters and state. Texts are views that are valid as long as this object and the collection's item. Every
+/// read raises 91 when there is no collection.
 class Parameters {
 public:
     Parameters(Terminal& terminal, const CollectionPtr& collection)
@@ -22,14 +22,14 @@ public:
     /// The boolean under a key; False when the key is absent.
     bool read(const Key<bool>& key) { return functions_.ItemBoolean(item(key.name)); }
 
-    /// The integer under a key; raises 91 when the key is absent and 6 or 13 when its value does not convert.
+    /// The integer under a key. Raises 91 when the key is absent, 6 for an overflow, 13 for a value that is no integer.
     std::int16_t read(const Key<std::int16_t>& key);
 
-    /// The integer's text under a key, as a reader that allows an absent index asks for it.
+    /// The text of an optional integer under a key; empty when the key is absent.
     TextView readAsText(const Key<std::int16_t>& key) { return functions_.ItemText(item(key.name), texts_); }
 
-    /// Entry `index` (from 0) of the list under a key, fetched from the collection anew; raises 91 when the key
-    /// is absent, 13 when it holds no list and 9 when the index is outside the list.
+    /// Entry `index` (from 0) of the list under a key. Every call fetches the item from the collection. Raises 91 when
+    /// the key is absent, 13 when its value is no list and 9 for an index outside the list.
     TextView readEntry(const Key<TextList>& key, std::int16_t index);
 
 private:
@@ -45,7 +45,7 @@ class Results {
 public:
     explicit Results(KeyedCollection& collection) : collection_(collection) {}
 
-    /// Adds a boolean; the type is matched exactly, so that nothing else turns into one unnoticed.
+    /// Adds a boolean. A template that accepts exactly `bool`, so that pointers and numbers are not converted.
     template <std::same_as<bool> Flag>
     void add(const Key<bool>& key, Flag value) {
         collection_.Add(key.name, ItemValue(std::in_place_type<bool>, value));
@@ -56,7 +56,7 @@ public:
     void add(const Key<Text>& key, Text&& value) { collection_.Add(key.name, ItemValue(std::move(value))); }
     void add(const Key<TextList>& key, TextList value) { collection_.Add(key.name, ItemValue(std::move(value))); }
 
-    /// Adds a number under a key that otherwise holds its text: "strKeyRecLocPos" alone.
+    /// Adds a number under a key that otherwise has a text: "strKeyRecLocPos" only.
     void addNumber(const Key<Text>& key, std::int16_t value) { collection_.Add(key.name, ItemValue(value)); }
 
 private:

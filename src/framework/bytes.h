@@ -1,7 +1,7 @@
-// Sixteen characters, each narrowed to a byte, that are compared at once. `narrow` turns a character beyond 0xFF into a
-// byte that is no ASCII letter, digit or sign. `equal` and `equalPairs` set all bits of each byte that matches an ASCII
-// character or a pair of them; pairs begin at even positions only. `bits` has one bit per byte, that of the first
-// character lowest. The variants for SSE2, for 64-bit ARM and without vector instructions return the same answers.
+// Sixteen characters, each narrowed to a byte, compared in one step. `narrow` turns a character above 0xFF into a byte
+// that is no printable ASCII character. `equal` and `equalPairs` set all bits of each byte that equals an ASCII
+// character or belongs to an equal pair; pairs begin at even positions only. `bits` returns one bit per byte, the first
+// character lowest. The variants for SSE2, for 64-bit ARM and without vector instructions have the same results.
 #pragma once
 
 #include <algorithm>

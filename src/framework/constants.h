@@ -1,11 +1,11 @@
-// The fixed texts that classes share: transaction codes, screen marks, error descriptions and limits.
+// The constants that classes share: transaction codes, marks, error numbers and descriptions.
 #pragma once
 
 #include "vantro/text.h"
 
 namespace vantro {
 
-/// The error source of everything that the library raises itself.
+/// The source of every error that the library raises itself.
 inline constexpr TextView applicationTitle = u"VantroProfileUtils";
 
 namespace description {
@@ -16,16 +16,16 @@ inline constexpr TextView readingNotes = u"An error has occurred while reading P
 
 }  // namespace description
 
-/// The error numbers that no row has: a class's are in the class table, a family's in the family tables.
+/// The error numbers that are not in a table. Those of a class are in the class table, those of a family in its row.
 namespace number {
 
 inline constexpr int emptyPrefix = 5065;  ///< a query without a prefix
-inline constexpr int notesQuery = 5500;   ///< the notes, asked for as elements
-inline constexpr int notesCount = 5505;   ///< the notes, counted
+inline constexpr int notesQuery = 5500;   ///< a failing query for the notes
+inline constexpr int notesCount = 5505;   ///< a failing count of the notes
 
 }  // namespace number
 
-/// Transaction codes as the host knows them.
+/// The host's transaction codes.
 namespace code {
 
 inline constexpr TextView PD = u"PD";
@@ -57,7 +57,7 @@ inline constexpr TextView PNL = u"PNL";
 
 }  // namespace code
 
-/// Marks that more than one reader looks for. Trailing blanks belong to a mark.
+/// Marks that several readers search for. Blanks at either end are part of a mark.
 namespace mark {
 
 inline constexpr TextView travellerProfile = u"*T*";

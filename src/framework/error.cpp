@@ -25,7 +25,7 @@ constexpr std::array failureTexts{
     FailureText{Failure::CannotCreateObject, u"This class cannot be created"},
 };
 
-// Descriptions of other origins may hold anything; a log line needs ASCII only.
+// A description of the terminal's may contain any character.
 std::string logLine(int number, TextView description) {
     std::string line = "error " + std::to_string(number) + ": ";
     for (const char16_t character : description) {

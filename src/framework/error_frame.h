@@ -1,6 +1,6 @@
-// The error convention: a public operation turns any failure inside it into its own number and fixed
-// description; a private reader reports a failure and goes on with what it has. A terminal may throw what it likes:
-// every exception is a failure.
+// Error handling: a public operation turns any failure inside it into its own number and fixed description; a private
+// reader reports a failure and continues with the results so far. Every exception of a terminal, of any type, is a
+// failure.
 #pragma once
 
 #include "framework/constants.h"
@@ -10,7 +10,8 @@
 
 namespace vantro {
 
-/// Runs an operation under its number. With `TransErrors::passesThrough` (0) failures pass unchanged.
+/// Runs an operation and raises its number for any failure. With `TransErrors::passesThrough` (0) failures pass
+/// unchanged.
 template <class Body>
 auto raiseAs(int number, TextView description, Body&& body) -> decltype(body()) {
     if (number == 0) return std::forward<Body>(body)();
@@ -21,7 +22,7 @@ auto raiseAs(int number, TextView description, Body&& body) -> decltype(body()) 
     }
 }
 
-/// Runs a private reader: its failure is reported and swallowed. Returns false when it failed.
+/// Runs a private reader. A failure is reported to the terminal and not raised. Returns false after a failure.
 template <class Body>
 bool reportErrors(Terminal& terminal, Body&& body) {
     try {

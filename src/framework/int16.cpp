@@ -12,7 +12,7 @@ std::int16_t toInt16(TextView text) {
     if (negative || (!digits.empty() && digits.front() == u'+')) digits.remove_prefix(1);
     if (!isNumeric(digits)) fail(Failure::TypeMismatch);
 
-    constexpr long long beyond = 100000;  // any larger number overflows as well
+    constexpr long long beyond = 100000;  // overflows in any case, so further digits do not matter
     long long number = 0;
     for (const char16_t digit : digits) {
         if (number < beyond) number = number * 10 + (digit - u'0');

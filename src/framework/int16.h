@@ -1,4 +1,4 @@
-// 16-bit integers of the terminal: line counters, element counts and indexes that fail when they overflow.
+// The terminal's 16-bit integers: line counters, element counts and indexes, which raise an error when they overflow.
 #pragma once
 
 #include "vantro/collection.h"
@@ -19,18 +19,18 @@ constexpr std::int16_t toInt16(long long value) {
     return static_cast<std::int16_t>(value);
 }
 
-/// The whole number that a text holds, blanks at both ends aside: an optional sign and one or more digits.
-/// Raises 13 for any other text, the empty one included, and 6 for a number that does not fit.
+/// The whole number in a text, without blanks at both ends: an optional sign and one or more digits. Raises 13 for any
+/// other text, including the empty one, and 6 for a number that does not fit.
 std::int16_t toInt16(TextView text);
 
-/// A stored value as a 16-bit integer: an integer as it is, True as -1, False as 0, a text as above; raises 13
-/// for a list.
+/// A stored value as a 16-bit integer: an integer unchanged, True as -1, False as 0, a text as above. Raises 13 for a
+/// list.
 std::int16_t toInt16(const ItemValue& value);
 
 /// The number in decimal.
 Text decimal(std::int16_t number);
 
-/// A counter of lines or elements. A step that would leave 16 bits raises 6 and changes nothing.
+/// A counter of lines or elements. A step beyond 16 bits raises 6 and changes nothing.
 class Counter {
 public:
     constexpr explicit Counter(std::int16_t start = 0) : value_(start) {}

@@ -8,10 +8,10 @@ namespace vantro {
 
 namespace {
 
-/// A selection that is made already.
-class GivenSelection final : public SelectionSource {
+/// A selection that needs no conversion.
+class ListSelection final : public SelectionSource {
 public:
-    GivenSelection(TextList* entries, TextView qualifier) : entries_(entries), qualifier_(qualifier) {}
+    ListSelection(TextList* entries, TextView qualifier) : entries_(entries), qualifier_(qualifier) {}
 
     std::size_t size() override { return entries_ == nullptr ? 0 : entries_->size(); }
     Text entry(std::size_t index) override { return (*entries_)[index]; }
@@ -39,8 +39,8 @@ CollectionPtr IProfileTrans::VerifyResponse(TextView response, const CollectionP
                    [&] { return IProfileTrans_VerifyResponse(response, collection); });
 }
 
-// An interface's own operations do nothing. `CPDMDTrans` leaves the reading at that: the screen after a move down is
-// read by the transaction that started the list.
+// The default operations do nothing. `CPDMDTrans` keeps the second one: the screen after "PDMD" is read by the
+// transaction that started the list.
 Text IProfileTrans::IProfileTrans_CreateCommand(const CollectionPtr& /*params*/) { return {}; }
 
 CollectionPtr IProfileTrans::IProfileTrans_VerifyResponse(TextView /*response*/, const CollectionPtr& /*collection*/) {
@@ -49,8 +49,8 @@ CollectionPtr IProfileTrans::IProfileTrans_VerifyResponse(TextView /*response*/,
 
 CollectionPtr IProfileGet::ProfileElements(TextView display, const CollectionPtr& collection, TextList* selection,
                                            TextView qualifier) {
-    GivenSelection given(selection, qualifier);
-    return IProfileGet_ProfileElements(display, collection, given);
+    ListSelection source(selection, qualifier);
+    return IProfileGet_ProfileElements(display, collection, source);
 }
 
 CollectionPtr IProfileGet::ProfileElements(TextView display, const CollectionPtr& collection,

@@ -1,5 +1,5 @@
-// Every key of the collections, named once. The key's spelling decides the C++ type it is read and added as,
-// so that reading a text as a boolean does not compile.
+// All keys of the collections. A key's spelling determines the C++ type of its value, so that reading a text as a
+// boolean does not compile.
 #pragma once
 
 #include "vantro/collection.h"
@@ -14,19 +14,19 @@ template <class T>
 struct Key {
     TextView name;
 
-    consteval explicit Key(TextView spelled) : name(spelled) {
-        if (!fits(spelled)) throw "the key's prefix does not fit its type";
+    consteval explicit Key(TextView spelling) : name(spelling) {
+        if (!fits(spelling)) throw "the key's prefix does not fit its type";
     }
 
 private:
-    static consteval bool fits(TextView spelled) {
-        if constexpr (std::is_same_v<T, bool>) return spelled.starts_with(u"bln");
+    static consteval bool fits(TextView spelling) {
+        if constexpr (std::is_same_v<T, bool>) return spelling.starts_with(u"bln");
         if constexpr (std::is_same_v<T, TextList>) {
-            return spelled.ends_with(u"()") || spelled.ends_with(u"Array");
+            return spelling.ends_with(u"()") || spelling.ends_with(u"Array");
         }
-        if constexpr (std::is_same_v<T, std::int16_t>) return spelled.starts_with(u"int");
-        // "intKeyArraySize" is a text that holds a number: whether it is empty matters before its value does.
-        return (spelled.starts_with(u"str") && !spelled.ends_with(u"()")) || spelled == u"intKeyArraySize";
+        if constexpr (std::is_same_v<T, std::int16_t>) return spelling.starts_with(u"int");
+        // "intKeyArraySize" is read as text, because an empty one is tested for before it is converted.
+        return (spelling.starts_with(u"str") && !spelling.ends_with(u"()")) || spelling == u"intKeyArraySize";
     }
 };
 

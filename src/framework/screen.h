@@ -1,5 +1,5 @@
-// A host screen or profile display: an object that is asked for its lines. The text is lines of 80 characters
-// joined without separators; lines count from 0.
+// The lines of a host screen or profile display. The text consists of lines of 80 characters joined without separators;
+// lines count from 0.
 #pragma once
 
 #include "framework/int16.h"
@@ -11,17 +11,17 @@
 
 namespace vantro {
 
-/// Characters of a screen line.
+/// The number of characters of a screen line.
 inline constexpr int screenWidth = 80;
 
-/// Line `line` (from 0) cut straight from the text; empty past the end.
+/// Line `line` (from 0), cut from the text; empty after the end.
 constexpr TextView lineByPosition(TextView text, std::int16_t line) {
     const auto start = static_cast<std::size_t>(line) * screenWidth;
     return start < text.size() ? text.substr(start, screenWidth) : TextView{};
 }
 
-/// The screen that an operation reads. Every line comes through the terminal's `ScreenLine`, once a call; where
-/// the terminal says that its lines are slices of the text, they are taken from the text itself.
+/// The screen that an operation reads. Lines come from the terminal's `ScreenLine`, each fetched at most once; if the
+/// terminal's lines are slices of the text, they are cut from the text instead.
 class Screen {
 public:
     Screen(Terminal& terminal, TextView response)
@@ -30,7 +30,7 @@ public:
     Screen(const Screen&) = delete;
     Screen& operator=(const Screen&) = delete;
 
-    /// Line `line` (from 0), untrimmed; a view that lives as long as the screen.
+    /// Line `line` (from 0), untrimmed; a view that is valid as long as the screen.
     TextView line(std::int16_t line) { return slices_ && line >= 0 ? lineByPosition(response_, line) : fetch(line); }
     TextView line(Counter line) { return this->line(line.value()); }
 
@@ -39,15 +39,15 @@ public:
         return functions_.FindMarker(response_, marker, lineArgument);
     }
 
-    /// The n-th field (from 1) of a text, as the terminal splits it.
+    /// Field `number` (from 1) of a text, as the terminal splits it.
     TextView textField(TextView text, std::int16_t number, TextView separator) {
         return functions_.TextField(text, number, separator, texts_);
     }
 
-    /// True when lines are slices of the text, and so empty past its end.
+    /// True when lines are slices of the text, so that lines after its end are empty.
     bool linesAreSlices() const { return slices_; }
 
-    /// The whole text, for the few tests that are made without the terminal's help.
+    /// The whole text, for the few tests that do not call the terminal.
     TextView text() const { return response_; }
 
 private:
@@ -60,29 +60,29 @@ private:
     TextStore texts_;
 };
 
-/// Where in its line a mark has to stand.
-enum class Place : std::uint8_t { StartsLine, InLine };
+/// Where in its line a mark must be.
+enum class Match : std::uint8_t { LineStart, Anywhere };
 
-/// How a reader takes its lines: through the terminal, or straight from the text by position.
+/// Where a reader's lines come from: the terminal, or the text by position.
 enum class LineSource : std::uint8_t { Terminal, ByPosition };
 
-/// The lines that a reader looks at, both ends included.
+/// The lines that a reader tests; `last` is inclusive.
 struct LineRange {
     std::int16_t first;
     std::int16_t last;
     LineSource source = LineSource::Terminal;
 };
 
-/// One test of a reader: the mark, its place, and what it shows.
+/// One test of a reader: the mark, where in its line it must be, and what a screen with it shows.
 template <class Shown>
 struct ScreenTest {
     TextView mark;
-    Place place;
+    Match match;
     Shown shown;
 };
 
-/// The line at which a reader stopped looking: what it shows (nothing when no line matched, and then `number`
-/// and `line` are those of the last line looked at).
+/// The result of a search: what the screen shows, and the line that matched. When no line matched, the line is the last
+/// one tested.
 template <class Shown>
 struct ShownLine {
     Shown shown;
@@ -90,12 +90,12 @@ struct ShownLine {
     TextView line;
 };
 
-inline bool stands(TextView line, TextView mark, Place place) {
-    return place == Place::StartsLine ? line.starts_with(mark) : contains(line, mark);
+inline bool matches(TextView line, TextView mark, Match match) {
+    return match == Match::LineStart ? line.starts_with(mark) : contains(line, mark);
 }
 
-/// Looks at the lines one by one and makes every test of the table on each, in the table's order; the first
-/// match decides. `nothing` is what no match shows.
+/// Runs every test of the table, in the table's order, on one line after the other; the first match decides. Without a
+/// match `shown` is `nothing`.
 template <class Shown, std::size_t N>
 ShownLine<Shown> findShown(Screen& screen, LineRange range, const ScreenTest<Shown> (&tests)[N], Shown nothing) {
     ShownLine<Shown> seen{nothing, range.first, {}};
@@ -104,7 +104,7 @@ ShownLine<Shown> findShown(Screen& screen, LineRange range, const ScreenTest<Sho
         seen.number = number;
         seen.line = range.source == LineSource::Terminal ? screen.line(number) : lineByPosition(screen.text(), number);
         for (const ScreenTest<Shown>& test : tests) {
-            if (stands(seen.line, test.mark, test.place)) {
+            if (matches(seen.line, test.mark, test.match)) {
                 seen.shown = test.shown;
                 return seen;
             }

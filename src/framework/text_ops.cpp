@@ -10,15 +10,15 @@ namespace {
 
 constexpr bool isAscii(char16_t character) { return character < 0x80; }
 
-// Compares the first and the last searched character at sixteen positions at a time, and the rest only where both
-// match.
+// Compares the first and the last character of the searched text at sixteen positions at a time, and the rest only
+// where both match.
 std::size_t positionOf(TextView text, TextView searched, std::size_t start) {
     if (searched.empty() || text.size() < searched.size()) return text.find(searched, start);
     if (!isAscii(searched.front()) || !isAscii(searched.back())) return text.find(searched, start);
     const char front = static_cast<char>(searched.front());
     const char back = static_cast<char>(searched.back());
     const std::size_t reach = searched.size() - 1;
-    const std::size_t positions = text.size() - reach;  // where the searched text may begin
+    const std::size_t positions = text.size() - reach;  // the number of positions where the searched text can begin
     std::size_t begin = start;
     for (; begin + Bytes::count <= positions; begin += Bytes::count) {
         const Bytes first = Bytes::narrow(text.data() + begin);

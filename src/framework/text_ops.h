@@ -1,5 +1,5 @@
-// The text operations that every reader uses. Positions count from 1, as the host's column rulers do; a blank
-// is U+0020 and nothing else; all results are views of the argument.
+// The text operations of all readers. Columns count from 1, as on the host's screens; a blank is U+0020 only; results
+// are views of the argument.
 #pragma once
 
 #include "vantro/error.h"
@@ -13,7 +13,7 @@
 
 namespace vantro {
 
-/// A character position, from 1. A type of its own, so that it is never mistaken for a width.
+/// A character position, from 1. A type of its own, so that columns and widths cannot be confused.
 struct Column {
     int value;
 
@@ -26,17 +26,17 @@ struct Width {
     int value;
 };
 
-/// All characters from a position. Raises 5 for a position below 1.
+/// All characters from a column on. Raises 5 for a column below 1.
 constexpr TextView mid(TextView text, Column column) {
     if (column.value < 1) fail(Failure::InvalidProcedureCall);
     return text.substr(std::min(static_cast<std::size_t>(column.value - 1), text.size()));
 }
 
-/// The first characters, as many as there are up to `width`.
+/// The first `width` characters, or fewer when the text is shorter.
 constexpr TextView left(TextView text, Width width) { return text.substr(0, static_cast<std::size_t>(width.value)); }
 
-/// Up to `width` characters from a position. Raises 5 for a position below 1; a position beyond the end or a
-/// width below 1 gives empty text.
+/// Up to `width` characters from a column on; empty for a column after the end or a width below 1. Raises 5 for a
+/// column below 1.
 constexpr TextView mid(TextView text, Column column, Width width) {
     const TextView rest = mid(text, column);
     return width.value < 1 ? TextView{} : left(rest, width);
@@ -45,16 +45,16 @@ constexpr TextView mid(TextView text, Column column, Width width) {
 /// Columns of a line.
 struct Field {
     Column from;
-    Width width = Width{std::numeric_limits<int>::max()};  ///< up to the line's end when it is left out
+    Width width = Width{std::numeric_limits<int>::max()};  ///< by default up to the line's end
 };
 
-/// The last characters, as many as there are up to `width`.
+/// The last `width` characters, or fewer when the text is shorter.
 constexpr TextView right(TextView text, Width width) {
     const auto wanted = static_cast<std::size_t>(width.value);
     return text.size() <= wanted ? text : text.substr(text.size() - wanted);
 }
 
-/// `text.starts_with(start)` in one comparison of memory.
+/// The same as `text.starts_with(start)`, faster.
 inline bool beginsWith(TextView text, TextView start) {
     return text.size() >= start.size() && std::memcmp(text.data(), start.data(), start.size() * sizeof(char16_t)) == 0;
 }
@@ -74,7 +74,7 @@ constexpr TextView trimmed(TextView text) {
 /// The text in a field, trimmed. Raises 5 for a column below 1.
 constexpr TextView cut(TextView line, Field field) { return trimmed(left(mid(line, field.from), field.width)); }
 
-/// True when the text is empty or holds nothing but blanks.
+/// True when the text is empty or consists of blanks.
 constexpr bool isBlank(TextView text) {
     for (const char16_t character : text) {
         if (character != u' ') return false;
@@ -82,19 +82,18 @@ constexpr bool isBlank(TextView text) {
     return true;
 }
 
-/// Where the searched text first starts at or after a position, or Column{0}. A start beyond the end finds
-/// nothing.
+/// The first column at or after `from` where the searched text begins, or Column{0}. Raises 5 for a column below 1.
 Column find(TextView text, TextView searched, Column from = Column{1});
 
-/// True when the text holds the searched one anywhere.
+/// True when the text contains the searched text.
 inline bool contains(TextView text, TextView searched) { return find(text, searched) > Column{0}; }
 
-/// True when the text holds the searched one at or after a position.
+/// True when the searched text begins at or after a column.
 inline bool containsFrom(TextView text, TextView searched, Column from) {
     return find(text, searched, from) > Column{0};
 }
 
-/// A list or passenger number: one or more of the digits 0 to 9 and nothing else.
+/// True for a list or passenger number: one or more of the digits 0 to 9.
 constexpr bool isNumeric(TextView text) {
     for (const char16_t character : text) {
         if (character < u'0' || character > u'9') return false;
@@ -102,10 +101,10 @@ constexpr bool isNumeric(TextView text) {
     return !text.empty();
 }
 
-/// The parts one after the other, in one allocation.
+/// Joins the parts, in one allocation.
 Text concat(std::initializer_list<TextView> parts);
 
-/// A part that is only there when the condition holds.
+/// The part if the condition is true, otherwise an empty text.
 constexpr TextView onlyIf(bool condition, TextView part) { return condition ? part : TextView{}; }
 
 }  // namespace vantro

@@ -1,4 +1,4 @@
-// What every transaction class is made of.
+// The base of the transaction classes.
 #pragma once
 
 #include "framework/access.h"
@@ -8,10 +8,9 @@
 #include "vantro/interfaces.h"
 #include "vantro/profile_object.h"
 
-
 namespace vantro {
 
-/// The common base: an object with `IProfileTrans` and a terminal library to work with.
+/// An object with `IProfileTrans` and the terminal library that it uses.
 class Transaction : public ProfileObject, public IProfileTrans {
 public:
     Transaction(Terminal& terminal, const TransErrors& errors) : IProfileTrans(errors), terminal_(terminal) {}
@@ -23,8 +22,8 @@ protected:
 
     Parameters parameters(const CollectionPtr& collection) { return Parameters(terminal_, collection); }
 
-    /// The usual shape of `VerifyResponse`: nothing for an empty response, otherwise a new collection that the
-    /// reader fills. The reader's failure is reported and leaves the results as far as they were added.
+    /// The usual `VerifyResponse`: null for an empty response, otherwise a new collection that the reader fills. A
+    /// failure of the reader is reported, and the results added before it stay.
     template <class Reader>
     CollectionPtr reportedResults(TextView response, Reader&& reader) {
         if (response.empty()) return {};

@@ -19,8 +19,8 @@ void storeLast(TextList& list, std::size_t length, TextView text) {
     list.emplace_back(text);
 }
 
-/// Stores every part of the elements in its list. Lists are only resized when an element is stored: a call that finds
-/// none leaves them as they are.
+/// Stores every part of an element in its list. Lists are resized only when an element is stored: a call without
+/// elements leaves them unchanged.
 class ListsSink final : public ElementSink {
 public:
     ListsSink(ElementLists& lists, const FamilyFacts& family)
@@ -53,9 +53,9 @@ void cutToEntry0(ElementLists& lists) {
     lists.texts(ElementPart::Number).resize(1);
 }
 
-/// What happens to the lists before the display is read.
+/// Cuts the lists before the display is read, if the family's kind needs it.
 void prepare(const PrefixedFamily& row, TextView display, ElementLists& lists) {
-    // Meant: four families look whether the display is empty before they cut their lists.
+    // Meant: four families test for an empty display before they cut their lists.
     if (row.cut == ListCut::BeforeEmptyTest || !display.empty()) cutToEntry0(lists);
 }
 void prepare(const DocumentFamily& /*row*/, TextView /*display*/, ElementLists& lists) { cutToEntry0(lists); }

@@ -1,4 +1,4 @@
-// The lists of `CProfile`: what the count properties leave for the queries.
+// The lists of `CProfile`, which the count properties fill and the queries return.
 #pragma once
 
 #include "vantro/families.h"
@@ -11,9 +11,8 @@
 
 namespace vantro {
 
-/// The lists of one family, one for each part of its elements and all of the same length. Lists of other parts are
-/// empty. Prefixed, document and follow-up families keep element k at index k, with an empty entry 0; transferable ones
-/// keep it at index k - 1.
+/// The lists of one family: one per part of its elements, all of the same length. Lists of other parts are empty.
+/// Element k is at index k after an empty entry 0; in the lists of transferable families it is at index k - 1.
 class ElementLists {
 public:
     TextList& texts(ElementPart part) { return texts_[indexOf(part)]; }
@@ -33,23 +32,23 @@ public:
     explicit ProfileLists(Terminal& terminal) : terminal_(terminal) {}
 
     /// Reads a family's elements from the display into the family's lists and returns their count. Raises the family's
-    /// number with "An error has occurred while verifying the profile."; the lists then contain what was stored up to
+    /// number with "An error has occurred while verifying the profile."; the lists then contain what was stored before
     /// the failure.
     std::int16_t refill(Family family, TextView display);
 
     const ElementLists& of(Family family) const { return listsOf(family); }
 
-    /// The list of texts of this name ("strServiceRequestCode"), or null.
+    /// The list of texts with this name ("strServiceRequestCode"), or null.
     const TextList* texts(TextView name) const;
 
-    /// The list of booleans of this name, or null.
+    /// The list of booleans with this name, or null.
     const FlagList* flags(TextView name) const;
 
 private:
     ElementLists& listsOf(Family family) const;
 
     Terminal& terminal_;
-    // Most objects are asked for few families: lists are made when they are first asked for.
+    // Created on first use, because most objects serve few families.
     mutable std::array<std::unique_ptr<ElementLists>, familyCount> lists_;
 };
 

@@ -14,7 +14,7 @@ std::int16_t count(ProfileObject& object, const CountRequest& request) {
     return static_cast<CProfile&>(object).count(family, request.text);
 }
 
-/// A retired property that terminals still find in the interface: it reads nothing and stores nothing.
+/// A retired property, kept because terminals expect it in the interface. It reads nothing and stores nothing.
 std::int16_t countNothing(ProfileObject& /*object*/, const CountRequest& /*request*/) { return 0; }
 
 template <Family family>

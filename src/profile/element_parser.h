@@ -20,7 +20,7 @@ public:
     /// number; see `ProfileLists::refill`.
     std::int16_t count(Family family, TextView display) { return lists_.refill(family, display); }
 
-    /// The lists by the names that the terminal knows: "strPPRText", "strServiceRequestCode", ...
+    /// The lists under the names that the terminal knows: "strPPRText", "strServiceRequestCode", ...
     const TextList* list(TextView name) const override { return lists_.texts(name); }
     const FlagList* flagList(TextView name) const override { return lists_.flags(name); }
 
@@ -32,7 +32,7 @@ private:
     ProfileLists lists_;
 };
 
-/// The count properties of `CProfile`, for the class table: one for each family, and a retired one.
+/// The count properties of `CProfile`, for the class table: one per family, and a retired one.
 extern const std::array<CountProperty, familyCount + 1> profileCounts;
 
 }  // namespace vantro

@@ -1,4 +1,4 @@
-// The parts of an element, one row each: what a part means and what it is called wherever it is returned.
+// The parts of an element, one row each: a part's meaning and its names in every kind of output.
 #pragma once
 
 #include "framework/keys.h"
@@ -12,11 +12,11 @@ namespace vantro {
 
 struct ElementPartRow {
     ElementPart part;
-    const Key<Text>* key;          ///< of a single element; null for the asterisk
-    const Key<TextList>* listKey;  ///< of the whole list; null for what is never returned as one
-    TextView listEnding;           ///< of the list's name in `CProfile`
+    const Key<Text>* key;          ///< for one element; null for the asterisk
+    const Key<TextList>* listKey;  ///< for the whole list; null for a part that is never returned as a list
+    TextView listEnding;           ///< end of the list's name in `CProfile`
     std::string_view json;
-    std::string_view label;  ///< in a table for people
+    std::string_view label;  ///< in printed tables
     TextView Element::*value;
     TextView meaning;
 };

@@ -13,7 +13,7 @@ namespace vantro {
 
 namespace {
 
-/// A prefix is compared as stored, blanks and case included.
+/// Compares a prefix as it is stored, blanks and case included.
 bool matches(const QueryFacts& query, TextView prefix) {
     return query.match == WordMatch::Whole ? prefix == query.word : prefix.starts_with(query.word);
 }
@@ -93,10 +93,10 @@ void ProfileQuery::addWholeLists(Family family) {
 }
 
 void ProfileQuery::addElementAndLists(const FamilyFacts& family) {
-    const TextView given = request_.readAsText(key::intKeyIndex);
+    const TextView indexText = request_.readAsText(key::intKeyIndex);
     const std::int16_t count = lists_.refill(*family.family, display_);
-    // The index is converted only now: a display that cannot be read fails before an index that cannot.
-    const std::int16_t index = given.empty() ? std::int16_t{0} : toInt16(given);
+    // Converted after the display was read: a failure of the display comes before one of the index.
+    const std::int16_t index = indexText.empty() ? std::int16_t{0} : toInt16(indexText);
     checkIndex(family, index, count);
     if (index > 0) addParts(family, static_cast<std::size_t>(index));
     addWholeLists(*family.family);

@@ -1,11 +1,10 @@
-// A query of a profile display: from the prefix in the request to the answer in the same collection.
+// A query of a profile display: reads the prefix from the request and adds the answer to the same collection.
 #pragma once
 
 #include "framework/access.h"
 #include "profile/element_lists.h"
 #include "vantro/families.h"
 #include "vantro/interfaces.h"
-
 
 namespace vantro {
 
@@ -19,8 +18,8 @@ public:
           request_(terminal, collection),
           selection_(selection) {}
 
-    /// Null when a query was answered, the request's collection when the prefix asks for none. Raises 5065 for an empty
-    /// prefix; every other failure passes unchanged.
+    /// Returns null for a known prefix, the request's collection for an unknown one. Raises 5065 for an empty prefix;
+    /// every other failure passes unchanged.
     CollectionPtr answer(TextView display);
 
 private:

@@ -1,4 +1,4 @@
-// What the public headers tell of queries, families, parts and lists, put together from their rows.
+// The facts in the public headers about queries, families, parts and lists, built from their rows.
 #include "display/display_line.h"
 #include "display/families.h"
 #include "framework/keys.h"
@@ -12,7 +12,7 @@ namespace vantro {
 
 namespace {
 
-// The queries that are no families
+// The queries other than families
 
 constexpr std::array nameKeys{key::strKeyElement.name};
 constexpr std::array numberedKeys{key::strKeyElement.name, key::strKeyElementNr.name};
@@ -22,7 +22,7 @@ constexpr std::array notesKeys{key::strKeyElement_list.name, key::strKeyElementN
 
 struct OtherQueryRow {
     OtherQuery query;
-    int place;  ///< of its word among the words that a query's text is compared with, from 1; 0 for the notes
+    int order;  ///< position, from 1, in the order in which queries compare their words; 0 for the notes
     TextView word;
     WordMatch match;
     std::span<const TextView> keys;
@@ -32,7 +32,7 @@ struct OtherQueryRow {
 
 // clang-format off
 constexpr auto otherQueryRows = std::to_array<OtherQueryRow>({
-    // query                          place word             match                  keys                JSON                meaning
+    // query                          order word             match                  keys                JSON                meaning
     {OtherQuery::Name,                1,  u"NM",            WordMatch::Whole,      nameKeys,           "name",             u"name of the profile: the traveller's, or else the company's"},
     {OtherQuery::RecordLocator,       8,  u"RECLOC",        WordMatch::Whole,      nameKeys,           "recordLocator",    u"record locator of the profile"},
     {OtherQuery::OfficeIdentifier,    9,  u"OFFID",         WordMatch::Whole,      nameKeys,           "officeIdentifier", u"office identifier of the profile"},
@@ -135,18 +135,18 @@ constexpr auto familyTable = [] {
     return all;
 }();
 
-// Queries in the order of their places. Every place has its query, since there are as many queries as places.
+// All queries, ordered. No position is empty, because there are as many queries as positions.
 
 constexpr std::size_t queryCount = familyCount + otherQueryCount - 1;  // all but the notes
 
 constexpr auto queries = [] {
     std::array<QueryFacts, queryCount> all;
     for (const FamilyFacts& facts : familyTable) {
-        const int place = withRow(*facts.family, [](const auto& row) { return row.about.queryPlace; });
-        all.at(static_cast<std::size_t>(place) - 1) = facts;
+        const int order = withRow(*facts.family, [](const auto& row) { return row.about.queryOrder; });
+        all.at(static_cast<std::size_t>(order) - 1) = facts;
     }
     for (const OtherQueryRow& row : otherQueryRows) {
-        if (row.place != 0) all.at(static_cast<std::size_t>(row.place) - 1) = queryFrom(row);
+        if (row.order != 0) all.at(static_cast<std::size_t>(row.order) - 1) = queryFrom(row);
     }
     return all;
 }();
@@ -168,7 +168,7 @@ constexpr auto names = [] {
 
 // Lists
 
-/// A list's name, put together from what the row of its family and the row of its part say.
+/// A list's name, built from the rows of its family and its part.
 class ListName {
 public:
     constexpr ListName() = default;
@@ -195,25 +195,25 @@ constexpr std::size_t listCount = [] {
     return count;
 }();
 
-/// Calls `take` with each list's place, family and part.
-template <class Take>
-constexpr void forEachList(Take take) {
-    std::size_t place = 0;
+/// Calls `use` with each list's index, family and part.
+template <class Use>
+constexpr void forEachList(Use use) {
+    std::size_t index = 0;
     for (const FamilyFacts& family : familyTable) {
-        for (const ElementPart part : family.parts) take(place++, family, part);
+        for (const ElementPart part : family.parts) use(index++, family, part);
     }
 }
 
 constexpr auto listNames = [] {
     std::array<ListName, listCount> all;
-    forEachList([&](std::size_t place, const FamilyFacts& family, ElementPart part) { all[place] = {family, part}; });
+    forEachList([&](std::size_t index, const FamilyFacts& family, ElementPart part) { all[index] = {family, part}; });
     return all;
 }();
 
 constexpr auto lists = [] {
     std::array<ElementListName, listCount> all{};
-    forEachList([&](std::size_t place, const FamilyFacts& family, ElementPart part) {
-        all[place] = {listNames[place].text(), *family.family, part};
+    forEachList([&](std::size_t index, const FamilyFacts& family, ElementPart part) {
+        all[index] = {listNames[index].text(), *family.family, part};
     });
     return all;
 }();

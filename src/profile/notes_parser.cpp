@@ -38,7 +38,7 @@ public:
     void storeEmpty(std::int16_t number, std::int16_t amount) override {
         const std::size_t first = lists_.text.size();
         const std::size_t length = first + static_cast<std::size_t>(amount);
-        // All the memory first, so that lists that cannot take the notes stay as long as each other.
+        // All allocations first, so that the lists have the same length even if one of them fails.
         for (TextList* const list : {&lists_.text, &lists_.number, &lists_.qualifier}) list->reserve(length);
         lists_.text.resize(length);
         lists_.qualifier.resize(length);
@@ -89,7 +89,7 @@ CollectionPtr CProfileNotes::IProfileGet_ProfileElements(TextView display, const
     return {};
 }
 
-// A failing scan is this operation's failure here, whatever number the count would have raised.
+// A failure of the count has this operation's number here, not its own.
 void CProfileNotes::addNotes(TextView display, const CollectionPtr& collection, const NoteFilter& filter) {
     raiseAs(number::notesQuery, description::readingNotes, [&] {
         ProfileNotesElementsCount(display, filter.searchString, filter.qualifier);

@@ -7,7 +7,7 @@ namespace vantro {
 
 namespace {
 
-// Meant: "PN" wants a mark on the screen, "PNE" wants one not to be there. "PNL" counts inside a word as well.
+// Meant: "PN" needs a mark on the screen, "PNE" needs one to be missing. "PNL" counts inside a word too.
 bool areNotesDisplayed(TextView response) { return contains(response, code::PNL); }
 bool areNotesAllowed(TextView response) { return !contains(response, u"TRANSACTION NOT ALLOWED"); }
 
@@ -19,24 +19,24 @@ bool isAccepted(TextView command, TextView response) {
 
 }  // namespace
 
-// No other text is ever passed on to the host.
+// Any other text makes no command.
 Text CProfileNotes::IProfileTrans_CreateCommand(const CollectionPtr& params) {
-    Parameters given = parameters(params);
-    const TextView command = given.read(key::strCommand);
+    Parameters input = parameters(params);
+    const TextView command = input.read(key::strCommand);
     return Text(onlyIf(command == code::PN || command == code::PNE, command));
 }
 
 CollectionPtr CProfileNotes::IProfileTrans_VerifyResponse(TextView response, const CollectionPtr& collection) {
     if (response.empty()) return {};
-    Parameters given = parameters(collection);
-    // A substring search cannot fail: there is nothing to report here.
-    const bool accepted = isAccepted(given.read(key::strCommand), response);
+    Parameters input = parameters(collection);
+    // A search in a text cannot fail, so nothing is reported here.
+    const bool accepted = isAccepted(input.read(key::strCommand), response);
 
     Screen screen(terminal(), response);
     const TextView message = trimmed(screen.line(std::int16_t{1}));
     Results results(*collection);
     results.add(key::blnKeyResponseOK, accepted);
-    results.add(key::strKeyErrorString, message);  // the host's message, also of a command that was accepted
+    results.add(key::strKeyErrorString, message);  // the host's message, also for an accepted command
     return collection;
 }
 

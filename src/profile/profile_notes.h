@@ -1,4 +1,4 @@
-// Profile notes: the commands "PN" and "PNE", and the notes in a profile display.
+// The profile notes: the commands "PN" and "PNE", and the notes in a profile display.
 #pragma once
 
 #include "framework/transaction.h"
@@ -8,16 +8,16 @@
 
 namespace vantro {
 
-/// The one class with both interfaces. As a transaction it asks for the notes of a profile, and adds its results to the
-/// collection that is passed in, which it returns. As a parser it reads the notes of a display.
+/// The only class with both interfaces. As a transaction it displays the notes of a profile or enters new ones, and
+/// returns the passed collection with its results added. As a parser it reads the notes in a display.
 class CProfileNotes final : public Transaction, public IProfileGet {
 public:
     CProfileNotes(Terminal& terminal, const TransErrors& errors);
 
     IProfileGet* profileGet() override { return this; }
 
-    /// Reads the notes that the two filters keep (empty ones keep all) into the object's lists and returns their
-    /// count. Raises 5505 with "An error has occurred while reading Profile Notes".
+    /// Reads the notes that pass both filters into the object's lists and returns their count; an empty filter passes
+    /// all. Raises 5505 with "An error has occurred while reading Profile Notes".
     std::int16_t ProfileNotesElementsCount(TextView display, TextView searchString, TextView searchQualifier);
 
     /// "strNoteText", "strNoteNumber" and "strNoteQualifier": note k at index k, entry 0 empty.

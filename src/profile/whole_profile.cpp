@@ -13,7 +13,7 @@
 
 namespace vantro {
 
-/// The display itself, the texts that were joined from several of its lines, and the lists.
+/// The display, the texts that were joined from several of its lines, and the lists.
 struct Profile::Storage {
     explicit Storage(Text text) : display(std::move(text)) {}
 
@@ -54,7 +54,7 @@ public:
     /// Makes the elements from an index on those of a family.
     void assignFrom(std::size_t index, Family family) { ranges_[indexOf(family)] = {index, size() - index}; }
 
-    void keepIn(Profile& profile) const {
+    void storeIn(Profile& profile) const {
         for (std::size_t family = 0; family < familyCount; ++family) {
             const auto [begin, count] = ranges_[family];
             if (count > 0) profile.families[family] = {storage_.elements.data() + begin, count};
@@ -98,7 +98,7 @@ private:
     std::vector<Mixed> elements_;
 };
 
-/// Fills a profile query by query; a failing one leaves its value empty and is listed.
+/// Fills a profile query by query. A query that fails leaves its value empty and is added to the problems.
 class WholeProfileReader {
 public:
     WholeProfileReader(Profile& profile, Profile::Storage& storage)
@@ -113,7 +113,7 @@ public:
         readHeader();
         readFamilies();
         readNotes();
-        collector_.keepIn(profile_);
+        collector_.storeIn(profile_);
         storage_.joinedElements = joiner_.takeTexts();
     }
 

@@ -1,7 +1,7 @@
 //   ....+....1....+....2....+....3....+....4
-// n ------- DOCUMENTS                              header, never on line 0
+// n ------- DOCUMENTS                              the section's header; line 0 is not searched
 //    1 PAS/ 12345678 XX 01JAN30                    the family's first element
-//    2      87654321 YY 31DEC28                    an element of the run: five blanks after its number
+//    2      87654321 YY 31DEC28                    the next element of its run: five blanks after the number
 //    3 PIV/ VISA 998877                            another family ends the run
 //   ------- FOLLOW UP                              the next section
 #include "readers/extractors.h"
@@ -14,7 +14,7 @@ constexpr Field numberField{Column{1}, Width{2}};
 constexpr TextView indent = u"     ";
 constexpr Width indentWidth{5};
 
-/// An unprefixed line under an element with a one-digit or a two-digit number.
+/// An element without a prefix: five blanks after a number of one or two digits.
 bool isIndented(TextView trimmedLine) {
     return mid(trimmedLine, Column{2}, indentWidth) == indent || mid(trimmedLine, Column{3}, indentWidth) == indent;
 }
@@ -24,7 +24,7 @@ TextView elementText(const DocumentFamily& row, const DisplayLine& line) {
     return cut(line.trimmed(), {find(line.trimmed(), before) + 1});
 }
 
-/// Only the first run of the family counts; its lines are not tested for an end.
+/// Stores the family's first run, which is all that is read. Its lines are not tested for an end mark.
 std::int16_t collectRun(const DocumentFamily& row, Display& display, Counter number, ElementSink& sink) {
     Counter count;
     do {
@@ -37,10 +37,10 @@ std::int16_t collectRun(const DocumentFamily& row, Display& display, Counter num
     return count.value();
 }
 
-/// The section under its header: the run under the first line with the prefix, or nothing at the section's end.
+/// Stores the run that begins with the first prefixed line after the header. Returns 0 when the section ends first.
 std::int16_t collectSection(const DocumentFamily& row, Display& display, const Display::MarkedLine& header,
                             ElementSink& sink) {
-    // Meant: a header line that holds an end mark too still has the one line under it looked at.
+    // Meant: after a header line that also contains an end mark, one more line is read.
     bool isLast = header.marks.isEndOfDisplay();
     Counter number = header.number;
     do {

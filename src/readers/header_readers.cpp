@@ -1,8 +1,8 @@
 //   ....+....1....+....2....+....3....+....4
 // 0 PDRT/ABC123
-// 1 *T* SMITH/JOHN MR ...                  ABC123    record locator: the line's last six characters
-// 2 -----------------------------------  NCEVN0900    office: the last nine characters under a mark line
-// 3   1 PCN/ ACME TRADING                             company name; continuation lines begin with 14 blanks
+// 1 *T* SMITH/JOHN MR ...                  ABC123    record locator: the last six characters
+// 2 -----------------------------------  NCEVN0900    office: the last nine characters of the line after the mark
+// 3   1 PCN/ ACME TRADING                             company name; its continuation lines begin with 14 blanks
 // 4   2 NM SMITH/JOHN MR                              name
 // 5   3 PIN/ 123456
 #include "readers/header_readers.h"
@@ -23,8 +23,8 @@ constexpr Width officeWidth{9};
 constexpr Width lineNumberWidth{2};
 constexpr Width pslNumberWidth{9};
 constexpr Width continuationIndent{14};
-constexpr std::size_t fullLineLength = 64;  // a company-name line of this length broke a word at its end
-constexpr Column tagAreaColumn{3};          // numbered lines keep two columns in front of them
+constexpr std::size_t fullLineLength = 64;  // a company-name line of this length breaks inside a word
+constexpr Column tagAreaColumn{3};          // every line has a margin of two columns
 
 TextView companyMarkName(Display& display) {
     for (std::int16_t number = 1; number <= 10; ++number) {
@@ -36,18 +36,18 @@ TextView companyMarkName(Display& display) {
 
 TextView lastSix(TextView line) { return trimmed(right(line, recordLocatorWidth)); }
 
-/// Where the first line from `from` on stands that holds the tag, its first two columns aside; nothing at the
-/// end of the display. The tag begins with the prefix, so that lines without the one are passed.
+/// The first line from `from` on that contains the tag from column 3 on; nothing when the display ends first. The tag
+/// begins with the prefix, so that lines without the prefix need no search.
 std::optional<Counter> seekTag(Display& display, Counter from, Prefix prefix, TextView tag) {
     for (Counter number = from;; ++number) {
         const DisplayLine& line = display.expectedLine(number);
         if (line.isEndOfDisplay()) return std::nullopt;
-        const bool mayHoldTag = line.containsPrefix(prefix, PrefixFrom::Column1);
-        if (mayHoldTag && contains(trimmed(mid(line.text(), tagAreaColumn)), tag)) return number;
+        const bool mayContainTag = line.containsPrefix(prefix, PrefixFrom::Column1);
+        if (mayContainTag && contains(trimmed(mid(line.text(), tagAreaColumn)), tag)) return number;
     }
 }
 
-/// A line up to and after its first "/".
+/// A line and the column of its first "/".
 struct TaggedLine {
     TextView whole;
     Column slash;
@@ -92,20 +92,20 @@ TextView readOfficeIdentifier(Display& display) {
 
 namespace {
 
-/// Number, blank and name of the company-name line in one text; the number is "X" when the line has none. Empty
-/// when there is no such line.
+/// The company-name line as one text: number, blank, name. The number is "X" when the line has none. Empty when there
+/// is no such line.
 Text companyNameText(Display& display) {
     // Meant: this reader begins at line 1, the PIN and PSL readers at line 0.
-    const std::optional<Counter> place = seekTag(display, Counter(1), Prefix::companyName, companyNameTag);
-    if (!place) return {};
-    const TextView raw = display.line(*place).text();
+    const std::optional<Counter> first = seekTag(display, Counter(1), Prefix::companyName, companyNameTag);
+    if (!first) return {};
+    const TextView raw = display.line(*first).text();
     const TaggedLine line = tagged(trimmed(mid(raw, tagAreaColumn)));
 
-    // The first line alone says whether the name broke inside a word. The slash's column, counted without the
-    // line's margin, is where the name is cut from its continuation lines, margin and all.
+    // Only the first line's length says whether the name breaks inside a word. The slash's column is counted without
+    // the margin, but applied to the continuation lines with their margin.
     const TextView separator = onlyIf(rightTrimmed(raw).size() != fullLineLength, u" ");
     Text name(line.element());
-    for (Counter below = *place + 1;; ++below) {
+    for (Counter below = *first + 1;; ++below) {
         const DisplayLine& continuation = display.expectedLine(below);
         if (!continuation.beginsBlank(continuationIndent)) break;
         name.append(separator).append(trimmed(mid(continuation.text(), line.slash + 1)));
@@ -119,16 +119,16 @@ Text companyNameText(Display& display) {
 CompanyNameLine readCompanyName(Display& display) {
     const Text line = companyNameText(display);
     const TextView number = display.screen().textField(line, 1, u" ");
-    // The number counts as one character and a blank, whatever its length.
+    // Cut from column 3, as if the number were always one character and a blank.
     CompanyNameLine company{Text(trimmed(mid(line, Column{3}))), std::nullopt};
     if (number != u"X") company.number = number;
     return company;
 }
 
 NumberedText readPin(Display& display) {
-    const std::optional<Counter> place = seekTag(display, Counter(0), Prefix::pin, pinPrefix);
-    if (!place) return {};
-    const TaggedLine line = tagged(trimmed(mid(display.line(*place).text(), tagAreaColumn)));
+    const std::optional<Counter> found = seekTag(display, Counter(0), Prefix::pin, pinPrefix);
+    if (!found) return {};
+    const TaggedLine line = tagged(trimmed(mid(display.line(*found).text(), tagAreaColumn)));
     return {onlyIf(line.slash >= Column{5}, line.number(lineNumberWidth)), line.element()};
 }
 
@@ -138,7 +138,7 @@ std::optional<NumberedText> readPsl(Display& display) {
         const DisplayLine& line = display.expectedLine(number);
         if (line.isEndOfDisplay()) return std::nullopt;
         if (!line.containsPrefix(Prefix::psl, PrefixFrom::Column1)) continue;
-        const TaggedLine element = tagged(line.rightTrimmed());  // this line keeps its front, number area and all
+        const TaggedLine element = tagged(line.rightTrimmed());  // with its margin, unlike the other lines
         return NumberedText{element.number(pslNumberWidth), element.element()};
     }
 }

@@ -1,19 +1,19 @@
-// The line that the host sometimes puts above a display, and what every query does about it.
+// The host line, which the host sometimes prints above a display, and its removal before a query.
 #pragma once
 
 #include "framework/screen.h"
 
 namespace vantro {
 
-/// What happens to a display with a host line that is too short to have one cut off. Only a terminal that makes lines
-/// of its own can show such a line.
-// Meant: a query of elements fails, a query of notes reads an empty display.
+/// What happens to a display with a host line that is too short to remove 80 characters from it. Only a terminal that
+/// makes its own lines can return a host line for such a display.
+// Meant: a query for elements fails, a query for notes reads an empty display.
 enum class ShortDisplay : std::uint8_t {
     Fails,    ///< raises 5
-    IsEmpty,  ///< nothing is left of it
+    IsEmpty,  ///< the display counts as empty
 };
 
-/// The display proper. A display whose line 1 begins with "4505" or "PF24" loses its first line.
+/// Returns the display, without its first 80 characters if its line 1, trimmed, begins with "4505" or "PF24".
 inline TextView withoutHostLine(Terminal& terminal, TextView display, ShortDisplay shortDisplay) {
     Screen screen(terminal, display);
     const TextView line = trimmed(screen.line(std::int16_t{1}));

@@ -1,8 +1,8 @@
 //   ....+....1....+....2....+....3....+....4
-// n ------- PROFILE NOTES                          header, never on line 0
+// n ------- PROFILE NOTES                          the section's header; line 0 is not searched
 //   A CALL BEFORE TICKETING                        qualifier in column 1, text from column 3
 //   B PREFERS AISLE
-//   >                                              prompt: the search for another header goes on under it
+//   >                                              prompt: the search for another header continues after it
 #include "readers/note_scanner.h"
 
 #include <limits>
@@ -19,7 +19,7 @@ bool isKept(const NoteFilter& filter, TextView line) {
     return filter.searchString.empty() || contains(line, filter.searchString);
 }
 
-/// The counters of one scan. Notes are numbered on through a second section.
+/// One scan and its counters. The notes of a second section continue the numbers of the first.
 class NoteScan {
 public:
     NoteScan(Display& display, const NoteFilter& filter, NoteSink& sink)
@@ -27,7 +27,7 @@ public:
 
     std::int16_t run() {
         for (;;) {
-            ++line_;  // the first line looked at is line 1
+            ++line_;  // begins with line 1
             const DisplayLine& line = display_.line(line_);
             if (line.isBlank()) break;
             if (!line.marks().any()) continue;
@@ -42,7 +42,7 @@ public:
     }
 
 private:
-    /// Reads a section up to the line that ends it: the end text (true) or a prompt (false).
+    /// Reads a section up to the line that ends it. Returns true for the end text, false for a prompt.
     bool endsInEndOfDisplay() {
         for (;;) {
             ++line_;
@@ -55,7 +55,7 @@ private:
         }
     }
 
-    /// Every line from here to the line counter's end is an empty note.
+    /// Stores every line from here to the line counter's end as an empty note and raises 6.
     [[noreturn]] void runOut() {
         const int amount = std::numeric_limits<std::int16_t>::max() - line_.value() + 1;
         if (filter_.keepsEveryNote()) sink_.storeEmpty(note_.value(), static_cast<std::int16_t>(amount));

@@ -7,27 +7,27 @@
 
 namespace vantro {
 
-/// Which notes are kept. An empty filter keeps every note.
+/// Which notes are kept. An empty text filters nothing.
 struct NoteFilter {
     TextView searchString;  ///< the note contains this text
-    TextView qualifier;     ///< the note's first character is this text, so that a longer one keeps nothing
+    TextView qualifier;     ///< the note's first character equals this text; a longer text keeps no note
 
     bool keepsEveryNote() const { return searchString.empty() && qualifier.empty(); }
 };
 
-/// A kept note. `number` is its place in the section, from 1, notes that were not kept counted too.
+/// A note that was kept. `number` is its position in the section, from 1, where notes that were not kept count too.
 struct FoundNote {
     std::int16_t number;
     TextView qualifier;  ///< the line's first two characters
     TextView text;       ///< the line from its third character on, trimmed
 };
 
-/// Takes the kept notes in the order of the display; `count` is the note's own, from 1.
+/// Receives the notes that were kept in the order of the display; `count` is the position among them, from 1.
 class NoteSink {
 public:
     virtual void store(std::int16_t count, const FoundNote& note) = 0;
 
-    /// Takes `amount` notes without text at once, numbered from `number` on: the lines after the end of the display.
+    /// Receives `amount` empty notes at once, numbered from `number`: the lines after the end of the display.
     virtual void storeEmpty(std::int16_t number, std::int16_t amount) = 0;
 
 protected:

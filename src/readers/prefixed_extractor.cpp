@@ -3,8 +3,8 @@
 //    1 PHI/ ANY HOTEL IN THE CITY CENTRE           the family's element: number, prefix, text
 //           : NOT NEAR THE AIRPORT                 continuation
 //    2 PPH/ NO SMOKING                             another family's element
-//    3      BREAKFAST INCLUDED                     an element without a prefix
-//   ------- PRE-STORED ENTRIES                     section end
+//    3      BREAKFAST INCLUDED                     an element without a prefix: the family of the one above
+//   ------- PRE-STORED ENTRIES                     the next section
 #include "readers/extractors.h"
 
 #include <algorithm>
@@ -16,10 +16,10 @@ namespace {
 constexpr Column tagColumn{3};
 constexpr Field numberField{Column{1}, Width{2}};
 constexpr Field textField{Column{8}};
-constexpr Field unprefixedTextField{
-    Column{7}};  // Meant: in the global-search lines alone the text begins one column early
+// Meant: only in the unprefixed global-search lines the text begins one column earlier.
+constexpr Field unprefixedTextField{Column{7}};
 
-/// One extraction: the current line and the number of elements found up to it.
+/// One extraction, with the current line and the number of elements found so far.
 class PrefixedExtraction {
 public:
     PrefixedExtraction(const PrefixedFamily& row, Joiner& joiner, ElementSink& sink)
@@ -41,8 +41,8 @@ public:
     }
 
 private:
-    // A section without a prefixed line does not end the search: the same header may come again. The line that
-    // ended the section is not looked at again.
+    // A section without a prefixed line does not end the search, because the same header may come again. The line that
+    // ended the section is skipped.
     void collectWholeSection() {
         for (; seekHeader(); ++line_) {
             if (seekElement()) {
@@ -57,8 +57,8 @@ private:
         while (seekElement() && collectElements()) {}
     }
 
-    /// Collects elements from the current line on: up to another family's element (true) or to the section's
-    /// end (false).
+    /// Collects elements from the current line on. Returns true at another family's element, false at the section's
+    /// end.
     bool collectElements() {
         for (;; ++line_) {
             const DisplayLine& line = display_.expectedLine(line_);
@@ -71,7 +71,7 @@ private:
         }
     }
 
-    // The line directly under a header is used up by its one test.
+    // The line after a header is tested once and then skipped, even if it is a header itself.
     void collectGlobalSearch() {
         for (; seekHeader(); ++line_) {
             ++line_;
@@ -84,7 +84,7 @@ private:
         }
     }
 
-    // No end test here: a line that ends anything else is not blank in the tag's columns.
+    // No test for the section's end: a line that begins with a rule or a prompt is not blank in the tag columns.
     void collectUnprefixed() {
         constexpr int atMost = 10;
         const Counter last = line_ + atMost;
@@ -95,14 +95,14 @@ private:
         }
     }
 
-    /// Goes on to the next header line; false at the end of the display.
+    /// Moves to the next header line; false at the end of the display.
     bool seekHeader() {
         const Display::MarkedLine found = display_.nextHeaderOrEnd(row_.section, line_);
         line_ = found.number;
         return !found.marks.isEndOfDisplay();
     }
 
-    /// Steps on to the section's next line with the prefix; false at the line that ends the section.
+    /// Moves to the section's next line with the prefix; false at the line that ends the section.
     bool seekElement() {
         for (;;) {
             ++line_;
@@ -112,18 +112,18 @@ private:
         }
     }
 
-    /// True for a line that belongs to the family: it has no tag, or the family's own. The whole-section schemes
-    /// have no tag to look at and take every line.
+    /// True for a line without a tag or with the family's own. The whole-section schemes have a tag width of 0, so that
+    /// every line belongs to the family.
     bool isOwn(const DisplayLine& line) const {
         return line.containsPrefix(prefix_, PrefixFrom::Column3) || line.isBlankAt(tagColumn, row_.tagWidth);
     }
 
-    /// The same for a line with others joined to it: the prefix may have come about across a seam, or further on.
+    /// The same for a line joined with others: the prefix may also be in the joined lines or across a boundary.
     bool isOwn(const DisplayLine& first, TextView joined) const {
         if (isBlank(mid(joined, tagColumn, row_.tagWidth)) || first.containsPrefix(prefix_, PrefixFrom::Column3))
             return true;
-        const int seam = static_cast<int>(first.trimmed().size()) - static_cast<int>(row_.prefix.size()) + 2;
-        return containsFrom(joined, row_.prefix, std::max(tagColumn, Column{seam}));
+        const int boundary = static_cast<int>(first.trimmed().size()) - static_cast<int>(row_.prefix.size()) + 2;
+        return containsFrom(joined, row_.prefix, std::max(tagColumn, Column{boundary}));
     }
 
     void store(TextView element, TextView text) {

@@ -2,7 +2,7 @@
 // n ------- PNR TRANSFERABLE DATA                  header
 //   S    1     RM PREFERS MORNING FLIGHTS          number in columns 6 to 8, code from column 14
 //                    AND NO STOPS                  continuation: 17 blanks
-//   A    2    AP  LYS 555-0101                     contacts have their code in columns 12 to 17
+//   A    2    AP  LYS 555-0101                     contact: code in columns 12 to 17
 //   ------- DOCUMENTS                              the next section
 #include "framework/constants.h"
 #include "readers/extractors.h"
@@ -28,7 +28,7 @@ constexpr Column requestCarrierColumn{9};
 constexpr Column requestAccountColumn{12};
 constexpr Width carrierWidth{2};
 
-// A run of four blanks ends the part of a frequent-flyer line that counts, for the stored text too.
+// Four blanks end the text of a frequent-flyer line, also the stored one.
 void splitFrequentFlyer(FoundElement& element) {
     if (const Column gap = find(element.text, u"    "); gap > Column{0}) {
         element.text = trimmed(left(element.text, Width{gap.value}));
@@ -43,7 +43,7 @@ void splitServiceRequest(FoundElement& element) {
     if (element.code.starts_with(u'*')) element.code = mid(text, starredCodeColumn, requestCodeWidth);
     if (const Column dash = find(text, u"-"); dash > Column{0}) element.freeText = trimmed(mid(text, dash + 1));
     if (element.code == u"FQTV") {
-        // Meant: carrier and account stay where an unstarred request has them.
+        // Meant: carrier and account are read from the same columns with and without the star.
         element.airline = mid(text, requestCarrierColumn, carrierWidth);
         element.frequentFlyerNumber = trimmed(mid(text, requestAccountColumn));
     }
@@ -66,7 +66,7 @@ FoundElement split(const TransferableFamily& row, TextView line) {
     return element;
 }
 
-/// The families whose elements may stand in a line that others go on with, by how many go on.
+/// The families with this rule: their elements may continue on one or on two lines.
 constexpr FamilySet familiesJoinedBy(JoinRule rule) {
     FamilySet families;
     for (const TransferableFamily& row : transferableFamilies) {
@@ -78,7 +78,7 @@ constexpr FamilySet familiesJoinedBy(JoinRule rule) {
 constexpr FamilySet oneLineJoiners = familiesJoinedBy(JoinRule::OneBelow);
 constexpr FamilySet twoLineJoiners = familiesJoinedBy(JoinRule::TwoBelow);
 
-/// Several families' scans over the same lines. Each ends where its own row says.
+/// The scans of several families over the same lines. Each ends as its own row says.
 class Scans {
 public:
     Scans(std::span<const TransferableFamily> rows, Joiner& joiner, ElementSink& sink)
@@ -89,7 +89,7 @@ public:
         }
     }
 
-    /// Runs all scans to their ends; gives the count of the one that ended last.
+    /// Runs all scans to their ends and returns the count of the one that ended last.
     std::int16_t run() {
         for (Counter number;; ++number) {
             if (inSection_.empty()) number = display_.nextMarked(number).number;
@@ -106,7 +106,7 @@ public:
     FamilySet running() const { return running_; }
 
 private:
-    /// Ends the scans that end at this line and takes the others into the section that it opens.
+    /// Ends the scans that end at this line; the others enter the section if the line is its header.
     void passBoundary(const DisplayLine& line) {
         const bool isHeader = line.marks().containsHeader(Section::Transferable);
         const bool isOtherHeader = !isHeader && line.text().starts_with(u"------");
@@ -123,7 +123,7 @@ private:
         }
     }
 
-    // Joined lines are not used up: each of them is looked at again as a line of its own.
+    // A continuation line is tested again as a line of its own afterwards.
     void testElement(const DisplayLine& line, Counter number) {
         if (!joiner_.isContinued(number, JoinRule::OneBelow)) {
             storeAs(inSection_ & line.codes(), line.rightTrimmed());
@@ -154,8 +154,8 @@ private:
     Display& display_;
     ElementSink& sink_;
     FamilySet running_;
-    FamilySet inSection_;                                      // of the running ones
-    std::array<Counter, transferableFamilies.size()> counts_;  // of the rows
+    FamilySet inSection_;                                      // a subset of `running_`
+    std::array<Counter, transferableFamilies.size()> counts_;  // one per row
     std::int16_t lastCount_ = 0;
 };
 

@@ -1,7 +1,7 @@
 //   ....+....1....+....2....+....3....+....4
 // n ------- PNR TRANSFERABLE DATA
 //   S    1     RM PREFERS MORNING FLIGHTS          kind in column 1, number in 6 to 8, text from 14
-//                    AND NO STOPS                  17 blanks: goes on from column 18
+//                    AND NO STOPS                  continuation: 17 blanks
 //   A    2    AP  LYS 555-0101
 #include "readers/transferable_scanner.h"
 
@@ -26,7 +26,7 @@ Text upperCased(TextView text) {
     return upper;
 }
 
-/// What the caller wants: the kinds of element and the beginnings of their texts.
+/// The caller's selection: kinds of elements, the qualifier, and the beginnings of element texts.
 class Selection {
 public:
     explicit Selection(SelectionSource& source) : entries_(source.size()) {
@@ -43,7 +43,7 @@ public:
         qualifier_ = source.qualifier();
     }
 
-    bool takes(char16_t kind, TextView text, Display& display) const {
+    bool selects(char16_t kind, TextView text, Display& display) const {
         const bool wantsAnyKind = !wantsS_ && !wantsA_;
         if (!wantsAnyKind && !(kind == u'S' ? wantsS_ : wantsA_)) return false;
         if (!qualifier_.empty() && display.screen().textField(text, 1, u" ") != qualifier_) return false;
@@ -64,9 +64,9 @@ struct TransferableElement {
     Text text;
 };
 
-bool opensElement(TextView line) { return line.starts_with(u'S') || line.starts_with(u'A'); }
+bool beginsElement(TextView line) { return line.starts_with(u'S') || line.starts_with(u'A'); }
 
-/// The first line under the section's header, or nothing when the display ends before it.
+/// The line after the section's header, or nothing when the display ends first.
 std::optional<Counter> seekSection(Display& display) {
     const Display::MarkedLine found = display.nextHeaderOrEnd(Section::Transferable, Counter(0));
     if (found.marks.isEndOfDisplay()) return std::nullopt;
@@ -75,7 +75,7 @@ std::optional<Counter> seekSection(Display& display) {
 
 bool endsSection(const DisplayLine& line) { return line.isEndOfDisplay() || line.text().starts_with(u"------"); }
 
-/// The element whose first line is `number`; leaves `number` at the line under its last one.
+/// The element whose first line is `number`. Sets `number` to the line after its last one.
 TransferableElement readElement(Display& display, Counter& number) {
     const TextView line = display.line(number).text();
     TransferableElement element{line.front(), cut(line, numberField), Text(cut(line, textField))};
@@ -96,12 +96,12 @@ TextList scanTransferable(Display& display, SelectionSource& selection) {
     for (Counter number = *section;;) {
         const DisplayLine& line = display.expectedLine(number);
         if (endsSection(line)) return numbers;
-        if (!opensElement(line.text())) {
+        if (!beginsElement(line.text())) {
             ++number;
             continue;
         }
         const TransferableElement element = readElement(display, number);
-        if (selected.takes(element.kind, element.text, display)) numbers.emplace_back(element.number);
+        if (selected.selects(element.kind, element.text, display)) numbers.emplace_back(element.number);
     }
 }
 

@@ -1,4 +1,4 @@
-// The transferable-element scanner: which displayed elements a selection names.
+// The scanner for transferable elements: finds those that a selection names.
 #pragma once
 
 #include "display/display.h"
@@ -6,10 +6,10 @@
 
 namespace vantro {
 
-/// Numbers of the transferable elements that the selection names, in the order of the display, under an empty
-/// entry 0. The selection's entries are turned into upper case and stored back one by one; "S" or "A" and two blanks in
-/// front of an entry narrow the scan to that kind of element and leave the entry's text alone. A qualifier that is not
-/// empty must equal the element's code. Raises 6 for a display without an end.
+/// Returns the numbers of the selected transferable elements in the order of the display, after an empty entry 0. An
+/// element is selected when its text begins with one of the entries, in any case, and a qualifier that is not empty
+/// equals its code. Each entry is converted to upper case and stored back in the selection. "S" or "A" and two blanks
+/// at its beginning are removed and restrict the scan to elements of that kind. Raises 6 for a display without an end.
 TextList scanTransferable(Display& display, SelectionSource& selection);
 
 }  // namespace vantro

@@ -26,48 +26,48 @@ bool truthOf(TextView text) {
     return text.find_first_not_of(u'0') != TextView::npos;
 }
 
-// Few collections outgrow a search from front to back; those that do keep the places of their keys.
+// Up to this size a collection is searched from front to back; a larger one keeps the indexes of its keys.
 constexpr std::size_t fewKeys = 32;
 
 }  // namespace
 
-std::size_t BuiltInCollection::placeOf(TextView key) const {
-    if (!places_.empty()) {
-        const auto known = places_.find(Text(key));
-        return known == places_.end() ? absent : known->second;
+std::size_t BuiltInCollection::indexOf(TextView key) const {
+    if (!indexes_.empty()) {
+        const auto known = indexes_.find(Text(key));
+        return known == indexes_.end() ? absent : known->second;
     }
     const auto entry = std::ranges::find(entries_, key, &Entry::key);
     return entry == entries_.end() ? absent : static_cast<std::size_t>(entry - entries_.begin());
 }
 
 void BuiltInCollection::Add(TextView key, ItemValue value) {
-    if (const std::size_t place = placeOf(key); place != absent) {
-        entries_[place].value_ = std::move(value);
+    if (const std::size_t index = indexOf(key); index != absent) {
+        entries_[index].value_ = std::move(value);
         return;
     }
-    // All that takes memory comes before the first change: an `Add` that fails leaves the collection as it was.
+    // All allocations come before the first change, so that an `Add` that fails leaves the collection unchanged.
     Entry added(key, std::move(value));
     constexpr std::size_t usualKeys = 8;
     if (entries_.size() == entries_.capacity()) entries_.reserve(std::max(usualKeys, 2 * entries_.size()));
-    if (entries_.size() >= fewKeys) notePlaceOfNext(added.key());
+    if (entries_.size() >= fewKeys) addIndexOfNext(added.key());
     entries_.push_back(std::move(added));
 }
 
-void BuiltInCollection::notePlaceOfNext(const Text& key) {
-    if (!places_.empty()) {
-        places_.emplace(key, entries_.size());
+void BuiltInCollection::addIndexOfNext(const Text& key) {
+    if (!indexes_.empty()) {
+        indexes_.emplace(key, entries_.size());
         return;
     }
-    std::unordered_map<Text, std::size_t> places;
-    for (std::size_t place = 0; place < entries_.size(); ++place) places.emplace(entries_[place].key(), place);
-    places.emplace(key, entries_.size());
-    places_ = std::move(places);
+    std::unordered_map<Text, std::size_t> indexes;
+    for (std::size_t index = 0; index < entries_.size(); ++index) indexes.emplace(entries_[index].key(), index);
+    indexes.emplace(key, entries_.size());
+    indexes_ = std::move(indexes);
 }
 
 ItemPtr BuiltInCollection::Item(TextView key) const {
-    const std::size_t place = placeOf(key);
-    // The item is the entry itself: the pointer owns nothing and costs nothing.
-    return place == absent ? ItemPtr() : ItemPtr(std::shared_ptr<void>(), &entries_[place]);
+    const std::size_t index = indexOf(key);
+    // The item is the entry itself, so the pointer has no owner: nothing is allocated or counted.
+    return index == absent ? ItemPtr() : ItemPtr(std::shared_ptr<void>(), &entries_[index]);
 }
 
 TextView BuiltInTerminal::ItemText(const ItemPtr& item, TextStore& store) {
@@ -93,7 +93,7 @@ TextView BuiltInTerminal::ScreenLine(TextView response, std::int16_t line, TextS
     return lineByPosition(response, line);
 }
 
-// The built-in library knows one screen at a time and looks at all of it, whatever the line argument.
+// The built-in library searches the whole screen, whatever the line argument.
 bool BuiltInTerminal::FindMarker(TextView response, TextView marker, std::int16_t /*line*/) {
     return contains(response, marker);
 }
@@ -107,8 +107,8 @@ TextView BuiltInTerminal::TextField(TextView text, std::int16_t number, TextView
     }
 }
 
-void BuiltInTerminal::ReportError(const Error& current, const Error* given) {
-    if (sink_) sink_(given != nullptr ? *given : current);
+void BuiltInTerminal::ReportError(const Error& current, const Error* replacement) {
+    if (sink_) sink_(replacement != nullptr ? *replacement : current);
 }
 
 }  // namespace vantro

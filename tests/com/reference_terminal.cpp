@@ -100,9 +100,9 @@ TextView ReferenceTerminal::TextField(TextView text, std::int16_t number, TextVi
     return absent ? TextView() : inner_.functions().TextField(text, number, separator, store);
 }
 
-void ReferenceTerminal::ReportError(const Error& current, const Error* given) {
+void ReferenceTerminal::ReportError(const Error& current, const Error* replacement) {
     if (failedReport_) throw Error(*failedReport_);
-    reported_.push_back(given != nullptr ? given->number() : current.number());
+    reported_.push_back(replacement != nullptr ? replacement->number() : current.number());
 }
 
 }  // namespace vantro::test

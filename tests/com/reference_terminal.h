@@ -64,7 +64,7 @@ private:
     TextView ScreenLine(TextView response, std::int16_t line, TextStore& store) override;
     bool FindMarker(TextView response, TextView marker, std::int16_t line) override;
     TextView TextField(TextView text, std::int16_t number, TextView separator, TextStore& store) override;
-    void ReportError(const Error& current, const Error* given) override;
+    void ReportError(const Error& current, const Error* replacement) override;
 
     BuiltInTerminal inner_;
     std::shared_ptr<CallScript> script_;

@@ -139,7 +139,7 @@ TEST(ResultsTest, AddsEachKindUnderItsKeyInOrder) {
     EXPECT_EQ(collection.entries()[3].Value(), ItemValue(std::int16_t{38}));
 }
 
-TEST(ResultsTest, TakesOverAText) {
+TEST(ResultsTest, MovesAText) {
     BuiltInCollection collection;
     Results(collection).add(text, Text(u"KESTREL"));
     EXPECT_EQ(collection.entries()[0].Value(), ItemValue(Text(u"KESTREL")));

@@ -81,7 +81,7 @@ TEST_F(BuiltInFunctions, ItemTextOfAListRaises13) {
 
 TEST_F(BuiltInFunctions, ItemBooleanOfAnAbsentItemIsFalse) { EXPECT_FALSE(functions.ItemBoolean(nullptr)); }
 
-TEST_F(BuiltInFunctions, ItemBooleanTakesBooleansAndIntegers) {
+TEST_F(BuiltInFunctions, ItemBooleanAcceptsBooleansAndIntegers) {
     EXPECT_TRUE(functions.ItemBoolean(itemOf(true)));
     EXPECT_FALSE(functions.ItemBoolean(itemOf(false)));
     EXPECT_FALSE(functions.ItemBoolean(itemOf(std::int16_t{0})));
@@ -89,12 +89,12 @@ TEST_F(BuiltInFunctions, ItemBooleanTakesBooleansAndIntegers) {
     EXPECT_TRUE(functions.ItemBoolean(itemOf(std::int16_t{2})));
 }
 
-TEST_F(BuiltInFunctions, ItemBooleanTakesTruthWordsInAnyCase) {
+TEST_F(BuiltInFunctions, ItemBooleanAcceptsTrueAndFalseInAnyCase) {
     for (const TextView text : {u"True", u"true", u"TRUE", u"tRuE"}) EXPECT_TRUE(booleanOf(text));
     for (const TextView text : {u"False", u"false", u"FALSE", u"fAlSe"}) EXPECT_FALSE(booleanOf(text));
 }
 
-TEST_F(BuiltInFunctions, ItemBooleanTakesWholeNumbersOfAnyLength) {
+TEST_F(BuiltInFunctions, ItemBooleanAcceptsWholeNumbersOfAnyLength) {
     for (const TextView text : {u"1", u"-1", u"+1", u"0001", u"10", u"100000000000000000000000000000"}) {
         EXPECT_TRUE(booleanOf(text));
     }
@@ -125,7 +125,7 @@ TEST_F(BuiltInFunctions, ScreenLineIs80CharactersUntrimmed) {
     EXPECT_EQ(functions.ScreenLine(screen, 1, store).data(), screen.data() + 80) << "a view, not a copy";
 }
 
-TEST_F(BuiltInFunctions, ScreenLinePastTheEndIsEmpty) {
+TEST_F(BuiltInFunctions, ScreenLineAfterTheEndIsEmpty) {
     const Text screen(80, u'a');
     EXPECT_EQ(functions.ScreenLine(screen, 1, store), u"");
     EXPECT_EQ(functions.ScreenLine(screen, 32767, store), u"");

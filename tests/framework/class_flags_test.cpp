@@ -1,4 +1,4 @@
-// What the rows of the classes say about screens: each mark at its position makes its flag True, and nowhere else.
+// The screens in the rows of the classes: a mark sets its flag at its position and nowhere else.
 #include "tests/support/driven_class.h"
 #include "tests/support/parameter_worlds.h"
 #include "tests/support/text.h"
@@ -15,9 +15,9 @@ namespace {
 
 constexpr int width = 80;
 constexpr int lastLine = 26;
-constexpr int otherLine = 1;  // of a second mark: the readers that want one look at this line
+constexpr int otherLine = 1;  // the line of a second mark; all readers that need one test this line
 
-/// A blank screen that marks are written on; lines from 0, columns from 1.
+/// A blank screen on which marks are written; lines from 0, columns from 1.
 class Canvas {
 public:
     Canvas& at(int line, TextView text, int column = 1) {
@@ -41,7 +41,7 @@ class ScreenFlagOf : public testing::TestWithParam<FlagCase> {
 protected:
     const ScreenFlag& flag() const { return *GetParam().flag; }
 
-    /// A screen with the other mark, where there is one.
+    /// A screen with the other mark if the flag needs one.
     Canvas canvas() const {
         Canvas blank;
         return flag().other.empty() ? blank : blank.at(otherLine, flag().other);
@@ -49,7 +49,7 @@ protected:
 
     bool isTakenByTheOther(int line) const { return line == otherLine && !flag().other.empty(); }
 
-    /// The keys that come out True, for the state that the flag's row wants.
+    /// The keys of the flags that the screen sets, for the state that the flag's row needs.
     std::vector<std::string> flagsOn(const Canvas& screen) const {
         DrivenClass driven(GetParam().row->name);
         const auto state = collection(stateFor());
@@ -106,8 +106,8 @@ INSTANTIATE_TEST_SUITE_P(, FlagOfALine, testing::ValuesIn(flagsAt({MarkPosition:
 TEST_P(FlagOfALine, IsSetByItsMarkInTheseLinesOnly) {
     for (int line = 0; line <= lastLine; ++line) {
         if (isTakenByTheOther(line)) continue;
-        const bool isLookedAt = line >= flag().firstLine && line <= flag().lastLine && !flag().flag.empty();
-        EXPECT_EQ(isTrueOn(canvas().at(line, flag().mark)), isLookedAt) << "line " << line;
+        const bool isTested = line >= flag().firstLine && line <= flag().lastLine && !flag().flag.empty();
+        EXPECT_EQ(isTrueOn(canvas().at(line, flag().mark)), isTested) << "line " << line;
     }
 }
 
@@ -123,7 +123,7 @@ INSTANTIATE_TEST_SUITE_P(, MarkWithoutFlag,
                          testing::ValuesIn(flagsWhere([](const ScreenFlag& flag) { return flag.flag.empty(); })),
                          nameOfFlag);
 
-TEST_P(MarkWithoutFlag, HidesWhatStandsBelowIt) {
+TEST_P(MarkWithoutFlag, HidesTheMarksBelowIt) {
     const Canvas profile = canvas().at(flag().lastLine, u"*T*");
     EXPECT_FALSE(flagsOn(profile).empty());
     EXPECT_TRUE(flagsOn(Canvas(profile).at(flag().firstLine, flag().mark)).empty());
@@ -144,7 +144,7 @@ TEST_P(FlagOfAScreen, IsSetByItsMarkAnywhere) {
 class FlagOfTheSameLine : public ScreenFlagOf {};
 INSTANTIATE_TEST_SUITE_P(, FlagOfTheSameLine, testing::ValuesIn(flagsAt({MarkPosition::SameLine})), nameOfFlag);
 
-TEST_P(FlagOfTheSameLine, IsSetByItsMarkInTheOthersLine) {
+TEST_P(FlagOfTheSameLine, IsSetByItsMarkInTheLineOfTheOther) {
     EXPECT_TRUE(isTrueOn(canvas().at(otherLine, flag().mark, 50)));
     EXPECT_FALSE(isTrueOn(canvas().at(otherLine + 1, flag().mark, 50)));
     EXPECT_FALSE(isTrueOn(canvas().at(otherLine - 1, flag().mark, 50)));
@@ -164,7 +164,7 @@ TEST_P(FlagOfALaterLine, IsSetByItsMark80CharactersAfterTheOther) {
 class FlagOfAnAbsentMark : public ScreenFlagOf {};
 INSTANTIATE_TEST_SUITE_P(, FlagOfAnAbsentMark, testing::ValuesIn(flagsAt({MarkPosition::NotOnScreen})), nameOfFlag);
 
-TEST_P(FlagOfAnAbsentMark, IsSetWhereTheMarkIsNot) {
+TEST_P(FlagOfAnAbsentMark, IsSetWithoutTheMark) {
     EXPECT_TRUE(isTrueOn(canvas()));
     for (const int line : {0, 12, lastLine - 1}) EXPECT_FALSE(isTrueOn(canvas().at(line, flag().mark, 75))) << line;
 }
@@ -186,7 +186,7 @@ TEST_P(FlagOfAListsEnd, IsSetByItsMarkBelowTheEntries) {
 
 class AnyScreenFlag : public ScreenFlagOf {
 protected:
-    /// The mark at its position.
+    /// A screen with the mark at its position.
     Canvas shown(TextView mark) const {
         switch (flag().position) {
             case MarkPosition::StartsLine:
@@ -208,7 +208,7 @@ INSTANTIATE_TEST_SUITE_P(, AnyScreenFlag,
                          testing::ValuesIn(flagsWhere([](const ScreenFlag& flag) { return !flag.flag.empty(); })),
                          nameOfFlag);
 
-TEST_P(AnyScreenFlag, TakesTheWholeMarkAndNoMore) {
+TEST_P(AnyScreenFlag, NeedsExactlyItsMark) {
     const bool expected = flag().position != MarkPosition::NotOnScreen;
     const Text mark(flag().mark);
     EXPECT_EQ(isTrueOn(shown(mark + u"x")), expected) << "the mark is complete";
@@ -221,7 +221,7 @@ INSTANTIATE_TEST_SUITE_P(, FlagOfTwoMarks,
                          testing::ValuesIn(flagsWhere([](const ScreenFlag& flag) { return !flag.other.empty(); })),
                          nameOfFlag);
 
-TEST_P(FlagOfTwoMarks, WantsTheOtherMarkAsWell) {
+TEST_P(FlagOfTwoMarks, NeedsTheOtherMarkToo) {
     EXPECT_TRUE(isTrueOn(shown(flag().mark)));
     Canvas without = shown(flag().mark);
     without.at(otherLine, Text(flag().other.size(), u'.'));

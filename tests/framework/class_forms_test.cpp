@@ -1,4 +1,4 @@
-// What the rows of the classes say about commands: the examples, the forms, and which parameters a command needs.
+// The commands in the rows of the classes: the examples, the forms, and which parameters a command needs.
 #include "tests/support/driven_class.h"
 #include "tests/support/parameter_worlds.h"
 #include "tests/support/text.h"
@@ -17,8 +17,7 @@
 namespace vantro::test {
 namespace {
 
-// The form as a regular expression: a small word is a value, "[...]" can be left out, "[...]..." comes any number of
-// times.
+// The form as a regular expression: a lower-case word is a value, "[...]" is optional, "[...]..." may be repeated.
 std::string patternOf(const std::string& form, const std::string& value) {
     std::string pattern;
     for (std::size_t at = 0; at < form.size(); ++at) {
@@ -46,7 +45,7 @@ class FormsOf : public testing::TestWithParam<const ClassRow*> {
 protected:
     const ClassDescription& about() const { return GetParam()->description; }
 
-    /// The command; nothing when it is empty or cannot be built.
+    /// The command, or nothing when it is empty or cannot be built.
     std::optional<std::string> command(const Entries& params) {
         try {
             const Text built = driven_.command(params);
@@ -70,7 +69,7 @@ std::vector<const ClassRow*> transactionRows() {
 INSTANTIATE_TEST_SUITE_P(, FormsOf, testing::ValuesIn(transactionRows()),
                          [](const auto& test) { return className(*test.param); });
 
-TEST_P(FormsOf, ItsExamplesMakeTheCommandsThatTheyShow) {
+TEST_P(FormsOf, ItsExamplesBuildTheirCommands) {
     for (const CommandForm& form : about().forms) {
         EXPECT_EQ(command(entriesOf(form.example)), utf8(form.command));
         EXPECT_TRUE(fits(utf8(form.command), form, "[A-Z0-9,]+(?:/[A-Z]+)?")) << utf8(form.command);
@@ -89,25 +88,25 @@ TEST_P(FormsOf, EveryCommandHasOneOfItsForms) {
     }
 }
 
-bool isGiven(const Entry& entry) {
+bool hasValue(const Entry& entry) {
     if (const auto* truth = std::get_if<bool>(&entry.value)) return *truth;
     if (const auto* list = std::get_if<TextList>(&entry.value)) return !list->empty();
     return std::get<Text>(entry.value) != u"";
 }
 
-// What generated parameters showed of one key.
+// Observations of one key in commands from generated parameters.
 struct Seen {
-    bool lost = false;     ///< a command was lost when it was left out
-    bool without = false;  ///< there is a command without it
+    bool lost = false;     ///< some command could not be built after the key was removed
+    bool without = false;  ///< some command was built without the key
 };
 
-TEST_P(FormsOf, AParameterIsNeededWhenItsRowSaysSo) {
+TEST_P(FormsOf, ParametersAreNeededAsTheirRowsSay) {
     std::map<Text, Seen> seen;
     forEachGood(about().parameters, [&](const Entries& params) {
         if (!command(params)) return;
         for (const ParameterRow& row : about().parameters) {
             const auto entry = std::ranges::find(params, row.key, &Entry::key);
-            if (entry == params.end() || !isGiven(*entry)) {
+            if (entry == params.end() || !hasValue(*entry)) {
                 seen[Text(row.key)].without = true;
                 continue;
             }
@@ -124,7 +123,7 @@ TEST_P(FormsOf, AParameterIsNeededWhenItsRowSaysSo) {
     }
 }
 
-TEST_P(FormsOf, ATextThatTheClassKnowsMakesAnotherCommand) {
+TEST_P(FormsOf, AKnownTextBuildsADifferentCommand) {
     for (const ParameterRow& row : about().parameters) {
         for (const TextView known : row.values) {
             bool differs = false;

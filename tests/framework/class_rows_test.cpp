@@ -1,5 +1,5 @@
-// What the rows of the classes say about keys and error numbers, held against what the classes ask for, add and raise
-// over all samples and over generated parameters.
+// The keys and error numbers in the rows of the classes, compared with what the classes read, add and raise for all
+// samples and for generated parameters.
 #include "tests/support/exchange_file.h"
 #include "tests/support/parameter_worlds.h"
 #include "tests/support/recorder.h"
@@ -61,14 +61,14 @@ std::vector<TextView> allPrefixes() {
 
 const std::vector<TextView> prefixes = allPrefixes();
 
-// What all runs of one call came to.
+// The observations of all runs of one call.
 struct Observed {
     std::map<Text, std::set<Reading>> asked;
-    std::set<std::vector<Text>> askedInOrder;     ///< by each call
+    std::set<std::vector<Text>> askedInOrder;     ///< the keys read by each call
     std::map<Text, std::set<std::size_t>> added;  ///< the alternatives of `ItemValue`
-    std::set<std::vector<Text>> complete;         ///< the keys added by each call that nothing failed in
+    std::set<std::vector<Text>> complete;         ///< the keys added by each call without a failure
     std::set<int> raised;
-    std::set<bool> newCollection;  ///< whether the returned collection was another one than the passed one
+    std::set<bool> newCollection;  ///< whether the returned collection was not the passed one
     bool raisedWithoutCollection = false;
 };
 
@@ -114,11 +114,11 @@ public:
     }
 
 private:
-    // The prefix is a parameter like any other, but each one that is known matters.
+    // The prefix is a parameter like any other, but every known prefix is tested.
     void forEachRequest(const Visit& run) {
         const auto rows = row_.description.request;
-        const bool takesFamilies = rows.front().values.empty();
-        for (const TextView prefix : takesFamilies ? prefixes : std::vector<TextView>{u"ProfileNotes"}) {
+        const bool readsFamilies = rows.front().values.empty();
+        for (const TextView prefix : readsFamilies ? prefixes : std::vector<TextView>{u"ProfileNotes"}) {
             const auto withPrefix = [&](Entries request) {
                 request.emplace_back(rows.front().key, Text(prefix));
                 run(request);
@@ -131,8 +131,8 @@ private:
     }
 
     template <class Call>
-    void call(std::shared_ptr<BuiltInCollection> given, Call&& make) {
-        const CollectionPtr passed = terminal_.recorded(std::move(given));
+    void call(std::shared_ptr<BuiltInCollection> input, Call&& make) {
+        const CollectionPtr passed = terminal_.recorded(std::move(input));
         bool failed = true;
         try {
             const CollectionPtr returned = make(passed);
@@ -168,7 +168,7 @@ std::set<Reading> readingsOf(ValueKind kind) {
     switch (kind) {
         case ValueKind::String: return {Reading::AsText};
         case ValueKind::Boolean: return {Reading::AsBoolean};
-        // The families that take an index or none ask for its text first.
+        // Families with an optional index read it as text first.
         case ValueKind::Integer: return {Reading::AsText, Reading::AsValue};
         case ValueKind::StringList: return {Reading::AsValue};
         case ValueKind::IntegerOrString: break;
@@ -215,7 +215,7 @@ void expectAdds(std::span<const ResultRow> rows, const Observed& observed) {
     EXPECT_EQ(observed.added, expected);
 }
 
-// Keys without a condition are in every answer, keys with one are not, and all come in the order of the rows.
+// Keys without a condition are in every answer, keys with one are not in all, and the order is that of the rows.
 void expectOrder(std::span<const ResultRow> rows, const Observed& observed) {
     for (const ResultRow& row : rows) {
         const bool isInAll = std::ranges::all_of(
@@ -225,7 +225,7 @@ void expectOrder(std::span<const ResultRow> rows, const Observed& observed) {
     for (const std::vector<Text>& keys : observed.complete) EXPECT_EQ(keys, inOrderOf(rows, keys));
 }
 
-// A call raises the number of the whole operation, or those that the row lists; each of these comes up.
+// A call raises the number of the whole operation or one of those in the row; each of these is raised at least once.
 void expectErrors(const ClassRow& row, ClassCall call, int number, std::set<int> raised) {
     raised.erase(number);
     std::set<int> listed;
@@ -297,7 +297,7 @@ TEST_P(DescribedParser, ReadsItsRequestAndAddsItsElements) {
     expectErrors(row, ClassCall::ProfileElements, 0, withoutFamilies(observed.raised));
 }
 
-TEST(DescribedCounts, RaiseWhatTheirRowsSay) {
+TEST(DescribedCounts, RaiseTheNumbersOfTheirRows) {
     BuiltInTerminal terminal;
     const Text endless = screen({u"", u"------- PROFILE NOTES", u"A NO END"});
     for (const ClassRow& row : classTable()) {

@@ -25,13 +25,13 @@ LineBits bitsOf(const Written& text) {
     return bits;
 }
 
-/// True when the text, followed by zeros, has these characters from a position on.
+/// True when the text, padded with zeros, contains these characters at a position.
 bool isAt(const Written& text, std::size_t position, const Written& wanted) {
     const Written padded = text + Written(LineBits::capacity, '0');
     return padded.compare(position, wanted.size(), wanted) == 0;
 }
 
-/// Every position of one of the wanted pieces.
+/// Every position where the wanted characters begin.
 Written positionsOf(const Written& text, const Written& wanted) {
     Written positions(LineBits::capacity, '0');
     for (std::size_t position = 0; position < positions.size(); ++position) {
@@ -40,7 +40,7 @@ Written positionsOf(const Written& text, const Written& wanted) {
     return positions;
 }
 
-/// Sets of any density.
+/// A set of random density.
 Written randomSet(std::mt19937& engine) {
     Written text(LineBits::capacity, '0');
     const auto share = engine() % 10 + 1;

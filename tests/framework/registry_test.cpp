@@ -56,8 +56,8 @@ Text wide(const std::string& name) { return Text(name.begin(), name.end()); }
 TEST(ClassTable, NamesThe19PublicClassesInOrder) {
     ASSERT_EQ(expectedClasses.size(), 19U);
     ASSERT_EQ(classTable().size(), 19U);
-    for (std::size_t place = 0; place < expectedClasses.size(); ++place) {
-        EXPECT_EQ(classTable()[place].name, wide(expectedClasses[place].name)) << "row " << place;
+    for (std::size_t index = 0; index < expectedClasses.size(); ++index) {
+        EXPECT_EQ(classTable()[index].name, wide(expectedClasses[index].name)) << "row " << index;
     }
 }
 
@@ -83,7 +83,7 @@ TEST_P(ClassTableRow, HasItsInterfaces) {
     EXPECT_EQ(row().hasProfileGet, GetParam().get);
 }
 
-TEST_P(ClassTableRow, ServesItsHostTransactions) {
+TEST_P(ClassTableRow, NamesItsHostTransactions) {
     EXPECT_TRUE(std::ranges::equal(row().transactions, GetParam().transactions));
 }
 
@@ -109,21 +109,21 @@ TEST(ErrorNumbers, OnlyProfileModeAndNotesShareThem) {
     }
     std::ranges::sort(numbers);
     std::vector<int> shared;
-    for (auto place = numbers.begin(); (place = std::ranges::adjacent_find(place, numbers.end())) != numbers.end();
-         ++place) {
-        shared.push_back(*place);
+    for (auto number = numbers.begin(); (number = std::ranges::adjacent_find(number, numbers.end())) != numbers.end();
+         ++number) {
+        shared.push_back(*number);
     }
     EXPECT_EQ(shared, (std::vector<int>{5040, 5045}));
 }
 
-TEST(FindClass, WantsTheExactName) {
+TEST(FindClass, ComparesTheExactName) {
     EXPECT_NE(findClass(u"CPXTrans"), nullptr);
     for (const TextView name : {u"", u"CPX", u"cpxtrans", u"CPXTRANS", u"CPXTrans ", u" CPXTrans", u"IProfileTrans"}) {
         EXPECT_EQ(findClass(name), nullptr) << Text(name).size();
     }
 }
 
-TEST(FindCount, AClassWithoutThatPropertyGivesNull) {
+TEST(FindCount, ReturnsNullForAClassWithoutThatProperty) {
     EXPECT_EQ(findCount(*findClass(u"CPXTrans"), u"RecLocCount"), nullptr);
     EXPECT_EQ(findCount(*findClass(u"CProfile"), u"NoSuchElementsCount"), nullptr);
 }
@@ -144,7 +144,7 @@ TEST(CreateObject, AClassThatThisBuildCannotCreateRaises429) {
     EXPECT_EQ(error->source(), u"VantroProfileUtils");
 }
 
-TEST(CreateObject, TakesAClasssExactName) {
+TEST(CreateObject, AcceptsTheExactNameOfAClass) {
     BuiltInTerminal terminal;
     EXPECT_NE(createObject(u"CPDNTrans", terminal)->profileTrans(), nullptr);
     const auto error = raised([&] { createObject(u"CPDNTran", terminal); });

@@ -10,8 +10,8 @@
 namespace vantro {
 namespace {
 
-/// Wraps the built-in terminal, notes which lines are fetched and which markers are searched, and returns lines of its
-/// own, as a remote terminal does.
+/// Wraps the built-in terminal, records which lines are fetched and which markers are searched, and makes its own
+/// lines, like a remote terminal.
 class WatchingTerminal final : public Terminal, private TerminalFunctions {
 public:
     TerminalFunctions& functions() override { return *this; }
@@ -121,8 +121,8 @@ TEST(ScreenTest, AsksTheTerminalForFields) {
 enum class Shown : std::uint8_t { Nothing, Traveller, Company };
 
 constexpr ScreenTest<Shown> kinds[] = {
-    {u"*T*", Place::StartsLine, Shown::Traveller},
-    {u"*C*", Place::InLine, Shown::Company},
+    {u"*T*", Match::LineStart, Shown::Traveller},
+    {u"*C*", Match::Anywhere, Shown::Company},
 };
 
 TEST(FindShown, TheFirstLineThatMatchesDecides) {

@@ -45,7 +45,7 @@ TEST(TextOps, MidBelowColumn1Raises5) {
     EXPECT_EQ(raisedNumber([] { mid(u"TEXT", Column{0}); }), 5);
     EXPECT_EQ(raisedNumber([] { mid(u"TEXT", Column{-3}); }), 5);
     EXPECT_EQ(raisedNumber([] { mid(u"TEXT", Column{0}, Width{2}); }), 5);
-    EXPECT_EQ(raisedNumber([] { mid(u"", Column{0}, Width{0}); }), 5) << "the column is looked at before the width";
+    EXPECT_EQ(raisedNumber([] { mid(u"", Column{0}, Width{0}); }), 5) << "the column is tested before the width";
 }
 
 TEST(TextOps, ResultsAreViewsOfTheArgument) {
@@ -82,7 +82,7 @@ TEST(TextOps, OnlyU0020IsABlank) {
     EXPECT_FALSE(isBlank(u"\u3000"));
 }
 
-TEST(TextOps, BlankMeansEmptyOrOnlyBlanks) {
+TEST(TextOps, BlankTextIsEmptyOrOnlyBlanks) {
     EXPECT_TRUE(isBlank(u""));
     EXPECT_TRUE(isBlank(u"     "));
     EXPECT_FALSE(isBlank(u"    ."));
@@ -103,7 +103,7 @@ TEST(TextOps, FindStartsAtTheGivenColumn) {
     EXPECT_EQ(find(u"PX3 PX4", u"PX", Column{6}), Column{0});
 }
 
-TEST(TextOps, FindBeyondTheEndFindsNothing) {
+TEST(TextOps, FindAfterTheEndFindsNothing) {
     EXPECT_EQ(find(u"PX", u"X", Column{3}), Column{0});
     EXPECT_EQ(find(u"PX", u"X", Column{30000}), Column{0});
 }
@@ -112,14 +112,14 @@ TEST(TextOps, FindBelowColumn1Raises5) {
     EXPECT_EQ(raisedNumber([] { find(u"PX", u"X", Column{0}); }), 5);
 }
 
-TEST(TextOps, HoldsSearchesEverywhereOrFromAColumn) {
+TEST(TextOps, ContainsSearchesTheWholeTextOrFromAColumn) {
     EXPECT_TRUE(contains(u" 12 PPR/AISLE", u"PPR/"));
     EXPECT_FALSE(contains(u" 12 PPR/AISLE", u"PPS/"));
     EXPECT_TRUE(containsFrom(u" 12 PPR/AISLE", u"PPR/", Column{5}));
     EXPECT_FALSE(containsFrom(u" 12 PPR/AISLE", u"PPR/", Column{6}));
 }
 
-TEST(TextOps, NumericMeansOneOrMoreDigitsAndNothingElse) {
+TEST(TextOps, NumericMeansOneOrMoreDigitsOnly) {
     for (const TextView text : {u"0", u"9", u"007", u"123456789012345678901234567890"}) {
         EXPECT_TRUE(isNumeric(text)) << Text(text).size();
     }
@@ -134,7 +134,7 @@ TEST(TextOps, ACharacterIsOneCodeUnit) {
     EXPECT_EQ(mid(pair, Column{3}, Width{1}), u"X");
 }
 
-TEST(TextOps, JoinedConcatenatesItsParts) {
+TEST(TextOps, ConcatJoinsItsParts) {
     EXPECT_EQ(concat({u"PDN", u"/", u"", u"KES"}), u"PDN/KES");
     EXPECT_EQ(concat({}), u"");
     EXPECT_EQ(concat({u"PX", onlyIf(true, u"3"), onlyIf(false, u"4")}), u"PX3");

@@ -1,4 +1,4 @@
-// What the interfaces and the common base do for every transaction class.
+// The behaviour that the interfaces and the common base have for every transaction class.
 #include "framework/transaction.h"
 
 #include "tests/framework/raised.h"
@@ -120,7 +120,7 @@ TEST_F(TransactionTest, AFailingReaderNeverReturnsAPartialResult) {
     EXPECT_TRUE(reported.empty());
 }
 
-TEST_F(TransactionTest, AReportingReaderKeepsWhatItHadAdded) {
+TEST_F(TransactionTest, AReportingReaderKeepsTheResultsAddedBefore) {
     probe.failsHalfway = true;
     probe.reporting = true;
     const CollectionPtr results = probe.VerifyResponse(u"YES", nullptr);
@@ -130,7 +130,7 @@ TEST_F(TransactionTest, AReportingReaderKeepsWhatItHadAdded) {
     EXPECT_EQ(reported, std::vector<int>{13});
 }
 
-// A terminal that is not written in this project's C++ may throw anything.
+// A terminal may throw exceptions of any type.
 struct Thrown {
     Step step;
     int number;
@@ -187,7 +187,7 @@ TEST_F(TransactionTest, HasOnlyTheTransactionInterface) {
 
 struct BareParser final : IProfileGet {};
 
-TEST(Interfaces, TheirOwnBodiesDoNothing) {
+TEST(Interfaces, TheirDefaultsDoNothing) {
     BuiltInTerminal terminal;
     const CollectionPtr collection = terminal.createCollection();
     TextList selection{u"S"};

@@ -1,5 +1,4 @@
-// What a family's row tells, against what the host's terminals know of the family, and against what happens when its
-// sample line is read. The expectations are written by hand.
+// The facts of every family, compared with hand-written expectations and with the results of reading its sample line.
 #include "tests/profile/parser.h"
 #include "vantro/families.h"
 #include "vantro/lists.h"
@@ -20,8 +19,8 @@ const std::string documents = "------- DOCUMENTS";
 
 using enum ElementOutput;
 
-/// A part of a family's elements beside text and number: its key, the end of its list's name, its name in JSON, and
-/// what it is in the sample.
+/// A further part of a family's elements, after text and number: its key, the end of its list's name, its name in JSON,
+/// and its text in the sample.
 struct Further {
     std::string key;
     std::string listEnding;
@@ -34,7 +33,7 @@ struct Expected {
     std::string word;
     std::string tag;
     std::string section;
-    std::string stem;  // of the names of its count property and its lists
+    std::string stem;  // the beginning of the names of its count property and its lists
     ElementOutput output;
     int countError;
     int indexError;
@@ -83,7 +82,7 @@ const std::vector<Expected> expectedFamilies{
 };
 // clang-format on
 
-TEST(FamilyFacts, AreThoseOf29FamiliesInTheirOrder) {
+TEST(FamilyFacts, AreInTheOrderOfThe29Families) {
     ASSERT_EQ(expectedFamilies.size(), 29U);
     ASSERT_EQ(families().size(), 29U);
     for (std::size_t index = 0; index < families().size(); ++index) {
@@ -92,7 +91,7 @@ TEST(FamilyFacts, AreThoseOf29FamiliesInTheirOrder) {
     }
 }
 
-TEST(FamilyFacts, EveryMeaningIsAPhraseOfItsOwn) {
+TEST(FamilyFacts, EveryMeaningIsUnique) {
     std::set<TextView> meanings;
     for (const FamilyFacts& family : families()) {
         EXPECT_TRUE(meanings.insert(family.meaning).second) << utf8(family.meaning);
@@ -101,7 +100,7 @@ TEST(FamilyFacts, EveryMeaningIsAPhraseOfItsOwn) {
     }
 }
 
-TEST(FamilyFacts, APolicyIsSaidToBeOneOfItsSection) {
+TEST(FamilyFacts, TheMeaningOfAPolicyNamesItsSection) {
     for (const FamilyFacts& family : families()) {
         const bool isPolicy = family.section.starts_with(u"------- TRAVEL POLICIES - ");
         EXPECT_EQ(family.meaning.find(u"travel policy") != TextView::npos, isPolicy) << utf8(family.word);
@@ -119,10 +118,10 @@ protected:
     const FamilyFacts& facts() const { return factsOf(expected().family); }
     bool isTransferable() const { return expected().output == Element; }
 
-    /// The sample alone under its section's header.
+    /// A display with only the sample in its section.
     Text sample() const { return ended({"LINE 0", utf8(facts().section), utf8(facts().sample)}); }
 
-    /// What a list contains after an element, with its empty entry 0 where it has one.
+    /// A list with one element, after an empty entry 0 if the family's lists have one.
     Texts listed(const std::string& value) const { return isTransferable() ? Texts{value} : Texts{"", value}; }
 
     Entries element() const {
@@ -138,7 +137,7 @@ protected:
                 {"strKeyElementNr()", "['', '" + expected().number + "']"}};
     }
 
-    /// What a query for the first element adds.
+    /// The entries that a query for the first element adds.
     Entries added() const {
         Entries entries = expected().output == Lists ? Entries{} : element();
         if (expected().output != Element) {
@@ -152,7 +151,7 @@ protected:
 INSTANTIATE_TEST_SUITE_P(Every, FamilyFactsOf, testing::ValuesIn(expectedFamilies),
                          [](const auto& test) { return test.param.word; });
 
-TEST_P(FamilyFactsOf, SayHowItIsAskedForAndPrinted) {
+TEST_P(FamilyFactsOf, DescribeItsQueryAndItsLines) {
     EXPECT_EQ(utf8(facts().word), expected().word);
     EXPECT_EQ(facts().match, isTransferable() ? WordMatch::Whole : WordMatch::FirstThree);
     EXPECT_EQ(utf8(facts().tag), expected().tag);
@@ -163,7 +162,7 @@ TEST_P(FamilyFactsOf, SayHowItIsAskedForAndPrinted) {
     EXPECT_EQ(facts().json, "");
 }
 
-TEST_P(FamilyFactsOf, SayItsErrorNumbers) {
+TEST_P(FamilyFactsOf, NameItsErrorNumbers) {
     EXPECT_EQ(facts().countError, expected().countError);
     EXPECT_EQ(facts().indexError, expected().indexError);
 }
@@ -197,7 +196,7 @@ TEST_P(FamilyFactsOf, NameItsKeysPartsAndLists) {
     EXPECT_EQ(facts().firstIndex, isTransferable() ? 0U : 1U);
 }
 
-TEST_P(FamilyFactsOf, ItsListsAreThoseThatAreNamed) {
+TEST_P(FamilyFactsOf, NameExactlyItsLists) {
     Texts named;
     for (const ElementListName& list : elementListNames) {
         if (list.family == expected().family) named.push_back(utf8(list.name));
@@ -208,15 +207,15 @@ TEST_P(FamilyFactsOf, ItsListsAreThoseThatAreNamed) {
     EXPECT_EQ(named, names);
 }
 
-// The sample line, read
+// Reading the sample line
 
-TEST_P(FamilyFactsOf, TheSampleIsALineOfTheHost) {
+TEST_P(FamilyFactsOf, TheSampleIsALineWithItsTag) {
     EXPECT_LE(facts().sample.size(), 80U);
     EXPECT_NE(facts().sample.back(), u' ');
     EXPECT_NE(facts().sample.find(facts().tag), TextView::npos);
 }
 
-TEST_P(FamilyFactsOf, TheSampleIsCountedIntoTheLists) {
+TEST_P(FamilyFactsOf, TheCountStoresTheSampleInTheLists) {
     Parser parser;
     ASSERT_EQ(parser.count(expected().stem + "ElementsCount", sample()), 1);
     EXPECT_EQ(parser.list("str" + expected().stem + "Text"), listed(expected().text));
@@ -229,7 +228,7 @@ TEST_P(FamilyFactsOf, TheSampleIsCountedIntoTheLists) {
     }
 }
 
-TEST_P(FamilyFactsOf, TheSampleIsTheAnswerToItsQuery) {
+TEST_P(FamilyFactsOf, TheQueryReturnsTheSample) {
     const Request request = wanting(expected().word, ItemValue(std::int16_t{1}));
     EXPECT_EQ(Parser().query(sample(), request), Answer{.added = added()});
 }
@@ -253,7 +252,7 @@ TEST_P(FamilyFactsOf, TheSampleIsTheOnlyElementOfAWholeProfile) {
     EXPECT_FALSE(element.asterisk);
 }
 
-// The error numbers, raised
+// Raising the error numbers
 
 TEST_P(FamilyFactsOf, TheCountRaisesItsNumber) {
     const Text endless = display({"LINE 0", "NO END"});
@@ -262,7 +261,7 @@ TEST_P(FamilyFactsOf, TheCountRaisesItsNumber) {
               verifying(expected().countError));
 }
 
-TEST_P(FamilyFactsOf, AnIndexBeyondTheCountRaisesItsNumberWhereThereIsOne) {
+TEST_P(FamilyFactsOf, AnIndexBeyondTheCountRaisesItsNumberIfThereIsOne) {
     const Answer answer = Parser().query(sample(), wanting(expected().word, ItemValue(std::int16_t{2})));
     if (expected().indexError == 0) {
         EXPECT_EQ(answer, Answer{.added = lists()});
@@ -295,7 +294,7 @@ const std::vector<ExpectedPart> expectedParts{
 };
 // clang-format on
 
-TEST(PartFacts, NameEveryPartEverywhere) {
+TEST(PartFacts, NameEveryPartInEveryOutput) {
     ASSERT_EQ(expectedParts.size(), elementPartCount);
     for (const ExpectedPart& expected : expectedParts) {
         const PartFacts& facts = factsOf(expected.part);

@@ -44,14 +44,14 @@ TEST_P(ElementListOf, ContainsTheEmptyEntryOrNothingInANewObject) {
 }
 
 TEST(ElementLists, HaveAName) {
-    // 22 families with two lists, 7 with two and between them eight further ones.
+    // 22 families with two lists; 7 with two lists and eight further ones in all.
     EXPECT_EQ(elementListNames.size(), 22U * 2 + 7 * 2 + 2 + 5 + 1);
     for (const ElementListName& row : elementListNames) {
         EXPECT_EQ(std::ranges::count(elementListNames, row.name, &ElementListName::name), 1) << test::utf8(row.name);
     }
 }
 
-TEST(ElementLists, OtherNamesAreNoLists) {
+TEST(ElementLists, OtherNamesReturnNull) {
     BuiltInTerminal terminal;
     const auto object = createObject(u"CProfile", terminal);
     for (const TextView name : {u"", u"str", u"PPRText", u"strPPR", u"strpprtext", u"strPPRTexts", u"strNoteText"}) {
@@ -83,7 +83,7 @@ TEST(NoteLists, AreNamedInTheHeader) {
     EXPECT_EQ(object->list(u"strPPRText"), nullptr);
 }
 
-TEST(NoteLists, FetchedBeforeAFailingCountHoldWhatItStored) {
+TEST(NoteLists, FetchedBeforeAFailingCountContainWhatItStored) {
     Text endless(80, u' ');
     endless += u"------- PROFILE NOTES";
     endless.resize(160, u' ');

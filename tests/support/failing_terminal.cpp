@@ -120,9 +120,9 @@ TextView FailingTerminal::TextField(TextView text, std::int16_t number, TextView
     return store.keep(Text(inner_.functions().TextField(text, number, separator, store)));
 }
 
-void FailingTerminal::ReportError(const Error& current, const Error* given) {
+void FailingTerminal::ReportError(const Error& current, const Error* replacement) {
     log_->noteReport();
-    reports_.push_back({current, given != nullptr ? std::make_shared<const Error>(*given) : nullptr});
+    reports_.push_back({current, replacement != nullptr ? std::make_shared<const Error>(*replacement) : nullptr});
 }
 
 }  // namespace vantro::test

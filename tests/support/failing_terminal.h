@@ -27,7 +27,7 @@ struct Failing {
     int reports = 0;  ///< this many calls of `ReportError` fail in the same way; they are not counted as calls
 };
 
-/// Throws what the kind stands for; the last two kinds throw nothing.
+/// Throws the exception of this kind; the last two kinds throw nothing.
 [[noreturn]] void raise(FailureKind kind);
 
 /// What `StandardException` and `NoException` throw.
@@ -99,7 +99,7 @@ private:
     TextView ScreenLine(TextView response, std::int16_t line, TextStore& store) override;
     bool FindMarker(TextView response, TextView marker, std::int16_t line) override;
     TextView TextField(TextView text, std::int16_t number, TextView separator, TextStore& store) override;
-    void ReportError(const Error& current, const Error* given) override;
+    void ReportError(const Error& current, const Error* replacement) override;
 
     BuiltInTerminal inner_;
     std::shared_ptr<CallLog> log_;

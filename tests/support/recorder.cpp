@@ -67,6 +67,6 @@ TextView RecordingTerminal::TextField(TextView text, std::int16_t number, TextVi
     return inner_.functions().TextField(text, number, separator, store);
 }
 
-void RecordingTerminal::ReportError(const Error& /*current*/, const Error* /*given*/) { ++record_.reports; }
+void RecordingTerminal::ReportError(const Error& /*current*/, const Error* /*replacement*/) { ++record_.reports; }
 
 }  // namespace vantro::test

@@ -43,7 +43,7 @@ private:
     bool FindMarker(TextView response, TextView marker, std::int16_t line) override;
     TextView TextField(TextView text, std::int16_t number, TextView separator, TextStore& store) override;
     bool linesAreSlices() const override { return true; }
-    void ReportError(const Error& current, const Error* given) override;
+    void ReportError(const Error& current, const Error* replacement) override;
 
     void note(Reading reading);
     void noteUnread();

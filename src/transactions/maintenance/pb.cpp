@@ -14,8 +14,8 @@ namespace {
 constexpr TextView companyKind = u"Company";
 constexpr TextView travellerKind = u"Traveller";
 
-constexpr std::int16_t answerLine = 6;  // Meant: the transfer into a PNR asks with 10
-// Meant: a PNR that was created has no result of its own here.
+constexpr std::int16_t lineArgument = 6;  // Meant: "PT" asks with 10
+// Meant: there is no result for a PNR that was created.
 // clang-format off
 constexpr PnrTest answer[] = {
     {mark::pnr,        key::blnKeyPNR},
@@ -23,21 +23,21 @@ constexpr PnrTest answer[] = {
 };
 // clang-format on
 
-void readAnswer(Screen& screen, Results& results) { readPnrAnswer(screen, results, answerLine, answer); }
+void readAnswer(Screen& screen, Results& results) { readPnrAnswer(screen, results, lineArgument, answer); }
 
 }  // namespace
 
 Text CPBNTrans::IProfileTrans_CreateCommand(const CollectionPtr& params) {
-    Parameters given = parameters(params);
-    const TextView kind = given.read(key::strKeyIndicator);
-    const TextView company = given.read(key::strKeyCompany);
-    const TextView traveller = given.read(key::strKeyName);
-    const bool allPassengers = given.read(key::blnKeyAllPNR);
-    const bool exactMatch = given.read(key::blnKeyExactMatch);
+    Parameters input = parameters(params);
+    const TextView kind = input.read(key::strKeyIndicator);
+    const TextView company = input.read(key::strKeyCompany);
+    const TextView traveller = input.read(key::strKeyName);
+    const bool allPassengers = input.read(key::blnKeyAllPNR);
+    const bool exactMatch = input.read(key::blnKeyExactMatch);
     const bool forCompany = kind == companyKind;
     const bool forTraveller = kind == travellerKind;
     if (kind.empty() || (forCompany && company.empty()) || (forTraveller && traveller.empty())) return {};
-    // Meant: a kind that is neither is not rejected; the entry then goes out without a name.
+    // Meant: any other kind is not rejected; the command is then built without a name.
     return concat({code::PBN, u"/", onlyIf(forCompany, company), onlyIf(forTraveller, u"-"),
                    onlyIf(forTraveller, traveller), onlyIf(exactMatch, u"/"), onlyIf(allPassengers, u"*")});
 }
@@ -47,10 +47,10 @@ CollectionPtr CPBNTrans::IProfileTrans_VerifyResponse(TextView response, const C
 }
 
 Text CPBITrans::IProfileTrans_CreateCommand(const CollectionPtr& params) {
-    Parameters given = parameters(params);
-    const TextView index = given.read(key::strKeyIndex);
-    if (index.empty()) return {};  // Meant: the other parameter is not even read then
-    const bool allPassengers = given.read(key::blnKeyAllPNR);
+    Parameters input = parameters(params);
+    const TextView index = input.read(key::strKeyIndex);
+    if (index.empty()) return {};  // Meant: the other parameter is not even read
+    const bool allPassengers = input.read(key::blnKeyAllPNR);
     return concat({code::PBI, u"/", index, onlyIf(allPassengers, u"*")});
 }
 

@@ -1,11 +1,11 @@
-// "PBN" and "PBI": make a PNR from a stored profile.
+// "PBN" and "PBI": build a PNR from a profile.
 #pragma once
 
 #include "framework/transaction.h"
 
 namespace vantro {
 
-/// "PBN": by the name of a company or a traveller.
+/// "PBN": by the name of the company or the traveller.
 class CPBNTrans final : public Transaction {
 public:
     using Transaction::Transaction;
@@ -15,7 +15,7 @@ private:
     CollectionPtr IProfileTrans_VerifyResponse(TextView response, const CollectionPtr& collection) override;
 };
 
-/// "PBI": by the number of a line in the list that the host has just shown.
+/// "PBI": by the number of the profile's entry in the last list.
 class CPBITrans final : public Transaction {
 public:
     using Transaction::Transaction;

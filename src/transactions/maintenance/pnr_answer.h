@@ -1,4 +1,4 @@
-// What the host shows after a transfer into a PNR, as three transactions read it.
+// Reads the host's answer to a transfer into a PNR, for three transactions.
 #pragma once
 
 #include "framework/transaction.h"
@@ -7,13 +7,13 @@
 
 namespace vantro {
 
-/// A mark of the answer and the result that it sets.
+/// A mark and the result that it sets.
 struct PnrTest {
     TextView mark;
     Key<bool> result;
 };
 
-/// Asks the terminal for every mark and then adds the results in the table's order.
+/// Asks the terminal for every mark, then adds the results, both in the table's order.
 template <std::size_t N>
 void readPnrAnswer(Screen& screen, Results& results, std::int16_t lineArgument, const PnrTest (&tests)[N]) {
     std::array<bool, N> shown{};

@@ -21,18 +21,18 @@ void appendAssociation(Text& command, TextView associationMark, TextView value) 
     command.append(value);
 }
 
-// The groups 0 to `highest` of the list form. A first group that adds nothing is followed by no separator.
-void appendGroups(Text& command, Parameters& given, Counter highest) {
+// The groups 0 to `highest` of the list form. A separator precedes a group only if an earlier group added something.
+void appendGroups(Text& command, Parameters& input, Counter highest) {
     if (highest < Counter(0)) fail(Failure::SubscriptOutOfRange);
     for (Counter group; group <= highest; ++group) {
         if (command.size() > code::PT.size()) command.append(groupSeparator);
-        command.append(given.readEntry(key::strKeyElArray, group.value()));
-        appendAssociation(command, segmentMark, given.readEntry(key::strKeySegArray, group.value()));
-        appendAssociation(command, passengerMark, given.readEntry(key::strKeyPasArray, group.value()));
+        command.append(input.readEntry(key::strKeyElArray, group.value()));
+        appendAssociation(command, segmentMark, input.readEntry(key::strKeySegArray, group.value()));
+        appendAssociation(command, passengerMark, input.readEntry(key::strKeyPasArray, group.value()));
     }
 }
 
-constexpr std::int16_t answerLine = 10;  // Meant: the transactions that make a PNR from a profile ask with 6
+constexpr std::int16_t lineArgument = 10;  // Meant: "PBN" and "PBI" ask with 6
 // clang-format off
 constexpr PnrTest answer[] = {
     {mark::pnr,          key::blnKeyPNR},
@@ -44,21 +44,21 @@ constexpr PnrTest answer[] = {
 }  // namespace
 
 Text CPTTrans::IProfileTrans_CreateCommand(const CollectionPtr& params) {
-    Parameters given = parameters(params);
-    const bool allPassengers = given.read(key::blnKeyAllPNR);
-    const bool overrides = given.read(key::blnKeyOverride);
-    const TextView elements = given.read(key::strKeyElements);
-    const TextView segments = given.read(key::strKeySegAsso);
-    const TextView passengers = given.read(key::strKeyPasAsso);
-    const TextView highestGroup = given.read(key::intKeyArraySize);
+    Parameters input = parameters(params);
+    const bool allPassengers = input.read(key::blnKeyAllPNR);
+    const bool overrides = input.read(key::blnKeyOverride);
+    const TextView elements = input.read(key::strKeyElements);
+    const TextView segments = input.read(key::strKeySegAsso);
+    const TextView passengers = input.read(key::strKeyPasAsso);
+    const TextView highestGroup = input.read(key::intKeyArraySize);
     const bool isList = !highestGroup.empty();
     if (isList && !(elements.empty() && segments.empty() && passengers.empty())) return {};
 
     Text command;
-    command.reserve(screenWidth);  // an entry rarely fills a line
+    command.reserve(screenWidth);  // few commands are longer than a line
     command.append(code::PT);
-    if (isList) appendGroups(command, given, Counter(toInt16(highestGroup)));
-    // Meant: both marks stand directly behind the code in the single form, behind the last group in the list form.
+    if (isList) appendGroups(command, input, Counter(toInt16(highestGroup)));
+    // Meant: both marks follow the code in the single form, and the last group in the list form.
     command.append(onlyIf(overrides, u"O"));
     command.append(onlyIf(allPassengers, u"*"));
     command.append(elements);
@@ -69,7 +69,7 @@ Text CPTTrans::IProfileTrans_CreateCommand(const CollectionPtr& params) {
 
 CollectionPtr CPTTrans::IProfileTrans_VerifyResponse(TextView response, const CollectionPtr& /*collection*/) {
     return reportedResults(
-        response, [](Screen& screen, Results& results) { readPnrAnswer(screen, results, answerLine, answer); });
+        response, [](Screen& screen, Results& results) { readPnrAnswer(screen, results, lineArgument, answer); });
 }
 
 }  // namespace vantro

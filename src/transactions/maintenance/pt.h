@@ -1,4 +1,4 @@
-// "PT": transfers lines of the profile on display into the PNR.
+// "PT": transfers lines of the displayed profile into the PNR.
 #pragma once
 
 #include "framework/transaction.h"

@@ -9,17 +9,17 @@ namespace {
 
 enum class Shown : std::uint8_t { Nothing, Accepted };
 
-// Meant: the host confirms within its first five lines; the same words further down do not count.
+// Meant: the confirmation counts only on the first five lines.
 constexpr LineRange confirmationLines{0, 4};
 constexpr ScreenTest<Shown> confirmation[] = {
-    {u"WILL BE DEACTIVATED", Place::InLine, Shown::Accepted},
+    {u"WILL BE DEACTIVATED", Match::Anywhere, Shown::Accepted},
 };
 
 }  // namespace
 
 Text CPXTrans::IProfileTrans_CreateCommand(const CollectionPtr& params) {
-    Parameters given = parameters(params);
-    const TextView itemNr = given.read(key::strKeyItemNr);
+    Parameters input = parameters(params);
+    const TextView itemNr = input.read(key::strKeyItemNr);
     return concat({code::PX, itemNr});
 }
 

@@ -16,18 +16,18 @@ enum class Shown : std::uint8_t { Nothing, Pnr, NoElements };
 constexpr LineRange titleLines{1, 4};
 // clang-format off
 constexpr ScreenTest<Shown> titles[] = {
-    {mark::pnr,           Place::StartsLine, Shown::Pnr},
-    {u"NO ELEMENT FOUND", Place::InLine,     Shown::NoElements},
+    {mark::pnr,           Match::LineStart, Shown::Pnr},
+    {u"NO ELEMENT FOUND", Match::Anywhere,  Shown::NoElements},
 };
 // clang-format on
 
 constexpr std::int16_t firstEntryLine = 1;
 constexpr std::int16_t lastEntryLine = 24;
 
-// The next prompt ends the list; the echo of the entry itself does not.
+// A prompt ends the list; the echo of the command does not.
 bool isPrompt(TextView line) { return contains(line, mark::prompt) && !line.starts_with(u">RLP"); }
 
-// A passenger number of two digits, or the first character alone.
+// A passenger number of two digits, or else the first character.
 TextView passengerNumber(TextView association) {
     constexpr Width one{1};
     return isNumeric(mid(association, Column{2}, one)) ? association : left(association, one);
@@ -81,11 +81,11 @@ void CRLPTrans::readProfiles(Screen& screen) {
     }
 }
 
-// An entry that got its kind from a line too short for a locator takes the locator from the next line.
+// When a line has the kind but is too short for a locator, the locator is read from the next line.
 void CRLPTrans::readEntry(TextView line, LinkedProfile& entry) {
     constexpr Column locatorColumn{3};
     constexpr Width locatorWidth{6};
-    constexpr Column associationsFrom{9};  // Meant: a "/P" further left belongs to something else
+    constexpr Column associationsFrom{9};  // Meant: a "/P" further left is no association
     constexpr TextView passengerMark = u"/P";
     constexpr Width passengerWidth{2};
 
@@ -96,9 +96,9 @@ void CRLPTrans::readEntry(TextView line, LinkedProfile& entry) {
     }
     if (!entry.isTraveller && !entry.isCompany) return;
     entry.recordLocator = mid(line, locatorColumn, locatorWidth);
-    if (const Column place = find(line, passengerMark, associationsFrom); place > Column{0}) {
+    if (const Column found = find(line, passengerMark, associationsFrom); found > Column{0}) {
         const int markWidth = static_cast<int>(passengerMark.size());
-        entry.passenger = passengerNumber(trimmed(mid(line, place + markWidth, passengerWidth)));
+        entry.passenger = passengerNumber(trimmed(mid(line, found + markWidth, passengerWidth)));
     }
 }
 

@@ -1,4 +1,4 @@
-// "RLP": lists the profiles that are linked to the PNR on display.
+// "RLP": lists the profiles that are linked to the displayed PNR.
 #pragma once
 
 #include "framework/transaction.h"
@@ -7,17 +7,17 @@
 
 namespace vantro {
 
-/// The one transaction that keeps data between calls: the linked profiles that the last count found.
-/// `VerifyResponse` counts anew and gives the one profile that "strKeyIndex" (from 0) names.
+/// The only transaction that keeps data between calls: the linked profiles of the last count. `VerifyResponse` counts
+/// again and returns the profile at the index "strKeyIndex" (from 0).
 class CRLPTrans final : public Transaction {
 public:
     CRLPTrans(Terminal& terminal, const TransErrors& errors)
         : Transaction(terminal, errors),
           reported_(errors.verifyResponse, applicationTitle, description::verifyingProfile) {}
 
-    /// Reads the linked profiles of a screen, in place of those read before, and gives the index (from 0) of the
-    /// last entry. That entry is an empty one when a further line was read after the last profile, so that the
-    /// index is the number of profiles then. A failure is reported and gives 0.
+    /// Reads the linked profiles of a screen, which replace those read before, and returns the index (from 0) of the
+    /// last entry. That entry is empty if a further line was read after the last profile; the index is then the number
+    /// of profiles. Returns 0 after a failure, which is reported.
     std::int16_t RecLocCount(TextView response);
 
 private:
@@ -35,7 +35,7 @@ private:
     void readProfiles(Screen& screen);
     static void readEntry(TextView line, LinkedProfile& entry);
 
-    // Meant: what this class reports is always its own number, not the failing step's.
+    // Meant: this class always reports its own number, not that of the failing step.
     template <class Body>
     void reportOwnError(Body&& body) {
         try {

@@ -8,7 +8,7 @@ namespace vantro {
 
 namespace {
 
-// The trailing blanks belong to these marks: the same words at the very end of a screen do not count.
+// The trailing blanks are part of these marks: the words alone at the end of a screen do not count.
 constexpr TextView exited = u"PROFILE MODE EXITED     ";
 constexpr TextView ignored = u"IGNORED     ";
 
@@ -17,15 +17,15 @@ bool isProfileModeExited(TextView response) { return contains(response, exited);
 bool isTransactionEnded(TextView response) { return contains(response, u"END OF TRANSACTION COMPLETE"); }
 bool isIgnored(TextView response) { return contains(response, ignored); }
 
-// Meant: the exit counts from a whole line after the beginning of the first "IGNORED" on. The position is a
-// 16-bit integer.
+// Meant: the exit counts only from 80 characters after the beginning of the first "IGNORED". The position is a 16-bit
+// integer.
 bool isIgnoredAndExited(TextView response) {
-    const Column place = find(response, ignored);
-    if (place == Column{0}) return false;
-    return containsFrom(response, exited, Column{toInt16(static_cast<long long>(place.value) + screenWidth)});
+    const Column begin = find(response, ignored);
+    if (begin == Column{0}) return false;
+    return containsFrom(response, exited, Column{toInt16(static_cast<long long>(begin.value) + screenWidth)});
 }
 
-// Meant: only the exit is looked for, not the end of the transaction as well.
+// Meant: only the exit is tested, not the end of the transaction.
 bool isExitedAfterUpdate(TextView response) { return isProfileModeExited(response); }
 
 struct Flags {
@@ -62,25 +62,25 @@ const Step* findStep(const Flags& flags) {
     return nullptr;
 }
 
-Flags readFlags(Parameters& given) {
-    // Braces keep the order of the reads.
-    return {given.read(key::blnKeyUpdate), given.read(key::blnKeyExit), given.read(key::blnKeyEnter),
-            given.read(key::blnKeyIgnore)};
+Flags readFlags(Parameters& input) {
+    // Braces guarantee the order of the reads.
+    return {input.read(key::blnKeyUpdate), input.read(key::blnKeyExit), input.read(key::blnKeyEnter),
+            input.read(key::blnKeyIgnore)};
 }
 
 }  // namespace
 
 Text CProfileMode::IProfileTrans_CreateCommand(const CollectionPtr& params) {
-    Parameters given = parameters(params);
-    const Step* const step = findStep(readFlags(given));
+    Parameters input = parameters(params);
+    const Step* const step = findStep(readFlags(input));
     if (step == nullptr) return {};
     return Text(step->command);
 }
 
 CollectionPtr CProfileMode::IProfileTrans_VerifyResponse(TextView response, const CollectionPtr& collection) {
     if (response.empty()) return {};
-    Parameters given = parameters(collection);
-    const Step* const step = findStep(readFlags(given));
+    Parameters input = parameters(collection);
+    const Step* const step = findStep(readFlags(input));
     bool confirmed = false;
     if (step != nullptr) reportErrors(terminal(), [&] { confirmed = step->isConfirmed(response); });
 
@@ -88,7 +88,7 @@ CollectionPtr CProfileMode::IProfileTrans_VerifyResponse(TextView response, cons
     const TextView message = trimmed(screen.line(std::int16_t{1}));
     Results results(*collection);
     results.add(key::blnKeyResponseOK, confirmed);
-    results.add(key::strKeyErrorString, message);  // the host's message, also of a step that was confirmed
+    results.add(key::strKeyErrorString, message);  // the host's message, also for a confirmed step
     return collection;
 }
 

@@ -1,12 +1,12 @@
-// The cycle of profile mode: "PM", "PME", "PE", "PEE", "PI" and "PIE".
+// Profile mode: "PM", "PME", "PE", "PEE", "PI" and "PIE".
 #pragma once
 
 #include "framework/transaction.h"
 
 namespace vantro {
 
-/// Enters profile mode, ends or ignores the changes, and leaves it; four flags choose the step.
-/// `VerifyResponse` adds to the collection that it is given and gives that one back.
+/// Enters profile mode, keeps or ignores the changes, and leaves it; four flags select the step. `VerifyResponse` adds
+/// its results to the passed collection and returns it.
 class CProfileMode final : public Transaction {
 public:
     using Transaction::Transaction;

@@ -2,7 +2,7 @@
 // 0 PD3
 // 1 *T*  SMITH/ANNA MS                    KQ4R7T     *MRG*
 //
-// or, in place of line 1, a list's title or one of the host's refusals.
+// or, instead of line 1, a list's title or a refusal.
 #include "transactions/search/pd.h"
 
 #include "transactions/search/profile_marks.h"
@@ -13,33 +13,33 @@ namespace {
 
 enum class Shown : std::uint8_t { Nothing, List, EndOfList, Refused, Traveller, Company };
 
-// Meant: "PD" and "PDT" take their lines from the response by position, never from the terminal.
+// Meant: the lines of "PD" and "PDT" come from the response by position, never from the terminal.
 constexpr LineRange answerLines{0, 9, LineSource::ByPosition};
 // clang-format off
 constexpr ScreenTest<Shown> answers[] = {
-    {u"TRAVELLER NAME NOT FOUND", Place::StartsLine, Shown::Nothing},  // ends the search as every other row does
-    {mark::similarTravellers,     Place::StartsLine, Shown::List},
-    {mark::noSuchElement,         Place::StartsLine, Shown::EndOfList},
-    {u"UNABLE TO PROCESS",        Place::StartsLine, Shown::Refused},
-    {mark::travellerProfile,      Place::StartsLine, Shown::Traveller},
-    {mark::companyProfile,        Place::StartsLine, Shown::Company},
+    {u"TRAVELLER NAME NOT FOUND", Match::LineStart, Shown::Nothing},  // ends the search like every other row
+    {mark::similarTravellers,     Match::LineStart, Shown::List},
+    {mark::noSuchElement,         Match::LineStart, Shown::EndOfList},
+    {u"UNABLE TO PROCESS",        Match::LineStart, Shown::Refused},
+    {mark::travellerProfile,      Match::LineStart, Shown::Traveller},
+    {mark::companyProfile,        Match::LineStart, Shown::Company},
 };
 // clang-format on
 
 constexpr ScreenTest<bool> travellerMark[] = {
-    {mark::travellerProfile, Place::StartsLine, true},
+    {mark::travellerProfile, Match::LineStart, true},
 };
 
 constexpr LineRange indexLines{0, 5};
 
 }  // namespace
 
-// Meant: the number follows the code directly, but a passenger's number follows a slash; and only the passenger's
-// form refuses to go out without a number.
+// Meant: a list number follows the code directly, a passenger number follows a slash; only the passenger form needs a
+// number.
 Text CPDTrans::IProfileTrans_CreateCommand(const CollectionPtr& params) {
-    Parameters given = parameters(params);
-    const TextView itemNr = given.read(key::strKeyItemNr);
-    const bool fromPnr = given.read(key::blnKeyFromPNR);
+    Parameters input = parameters(params);
+    const TextView itemNr = input.read(key::strKeyItemNr);
+    const bool fromPnr = input.read(key::blnKeyFromPNR);
     if (fromPnr && itemNr.empty()) return {};
     return concat({code::PD, onlyIf(fromPnr, u"/"), itemNr});
 }
@@ -58,8 +58,8 @@ CollectionPtr CPDTrans::IProfileTrans_VerifyResponse(TextView response, const Co
 }
 
 Text CPDITrans::IProfileTrans_CreateCommand(const CollectionPtr& params) {
-    Parameters given = parameters(params);
-    const TextView index = given.read(key::strKeyIndex);
+    Parameters input = parameters(params);
+    const TextView index = input.read(key::strKeyIndex);
     if (index.empty()) return {};
     return concat({code::PDI, u"/", index});
 }
@@ -74,7 +74,7 @@ CollectionPtr CPDITrans::IProfileTrans_VerifyResponse(TextView response, const C
 
 Text CPDTTrans::IProfileTrans_CreateCommand(const CollectionPtr& /*params*/) { return Text(code::PDT); }
 
-// Meant: nothing is reported here; a failure is the operation's own.
+// Meant: nothing is reported here; the operation raises every failure.
 CollectionPtr CPDTTrans::IProfileTrans_VerifyResponse(TextView response, const CollectionPtr& /*collection*/) {
     if (response.empty()) return {};
     Screen screen(terminal(), response);

@@ -1,11 +1,11 @@
-// "PD", "PDI" and "PDT": display a profile chosen from what is on the screen.
+// "PD", "PDI" and "PDT": display a profile that belongs to what the screen shows.
 #pragma once
 
 #include "framework/transaction.h"
 
 namespace vantro {
 
-/// "PD": the profile of a line of the last similar-name list, or of a passenger of the PNR.
+/// "PD": the profile of an entry of the last similar-name list, or of a passenger of the PNR.
 class CPDTrans final : public Transaction {
 public:
     using Transaction::Transaction;

@@ -6,7 +6,7 @@
 // 4    2 KESTERSON MARINE
 // 5 END OF BLOCK - USE PDMD
 //
-// There is no record locator column: the whole rest of an entry's line is the company's name.
+// There is no column of record locators: the rest of an entry's line is the company's name.
 #include "transactions/search/pda.h"
 
 #include "transactions/search/list_walk.h"
@@ -17,14 +17,14 @@ namespace {
 
 enum class Shown : std::uint8_t { Nothing, CompanyProfile, TravellerProfile, CompanyList, TravellerList };
 
-// Meant: a profile's mark has to start its line, a list's title may stand anywhere in it; line 0 counts.
+// Meant: a profile's mark must start its line, a list's title may be anywhere in its line, and line 0 counts.
 constexpr LineRange titleLines{0, 5};
 // clang-format off
 constexpr ScreenTest<Shown> titles[] = {
-    {mark::companyProfile,    Place::StartsLine, Shown::CompanyProfile},
-    {mark::travellerProfile,  Place::StartsLine, Shown::TravellerProfile},
-    {mark::similarCompanies,  Place::InLine,     Shown::CompanyList},
-    {mark::similarTravellers, Place::InLine,     Shown::TravellerList},
+    {mark::companyProfile,    Match::LineStart, Shown::CompanyProfile},
+    {mark::travellerProfile,  Match::LineStart, Shown::TravellerProfile},
+    {mark::similarCompanies,  Match::Anywhere,  Shown::CompanyList},
+    {mark::similarTravellers, Match::Anywhere,  Shown::TravellerList},
 };
 // clang-format on
 
@@ -36,7 +36,7 @@ public:
 
     Text read() {
         if (!header()) return {};
-        if (isContinuation_) lines_.stepBack();  // Meant: a continuation's entries begin a line earlier, on line 1
+        if (isContinuation_) lines_.stepBack();  // Meant: a continuation's entries begin on line 1, not 2
         do {
             while (entry(lines_.next())) {}
         } while (hasListNumber(lines_.line()) && header());
@@ -46,11 +46,11 @@ public:
 private:
     bool header() {
         if (!lines_.findHeader(isContinuation_ ? anyLine : mark::companyColumn)) return false;
-        if (isContinuation_) lines_.stepBack();  // the line found is an entry already
+        if (isContinuation_) lines_.stepBack();  // the line found is the first entry
         return true;
     }
 
-    // False for the line that ends the block.
+    // Adds an entry; false for the line that ends the block.
     bool entry(TextView line) {
         endOfBlock_ = contains(line, mark::endOfBlock);
         if (endOfBlock_ || !isUsable(line) || !hasListNumber(line)) return false;
@@ -82,16 +82,16 @@ void readScreen(Screen& screen, bool& endOfBlock, Results& results) {
 }  // namespace
 
 Text CPDATrans::IProfileTrans_CreateCommand(const CollectionPtr& params) {
-    Parameters given = parameters(params);
-    const TextView name = given.read(key::strKeyName);
-    const TextView company = given.read(key::strKeyCompany);
+    Parameters input = parameters(params);
+    const TextView name = input.read(key::strKeyName);
+    const TextView company = input.read(key::strKeyCompany);
     if (name.empty() && company.empty()) return {};
-    // Meant: with both given the entry is the code and the slash alone.
+    // Meant: with both names the command is only the code and the slash.
     if (!name.empty() && !company.empty()) return concat({code::PDA, u"/"});
     return concat({code::PDA, u"/", company, onlyIf(!name.empty(), u"-"), name});
 }
 
-// Meant: the collection is made and the state read before the response is found empty.
+// Meant: the state is read before the response is tested for being empty.
 CollectionPtr CPDATrans::IProfileTrans_VerifyResponse(TextView response, const CollectionPtr& collection) {
     CollectionPtr added = terminal().createCollection();
     bool endOfBlock = false;

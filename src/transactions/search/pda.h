@@ -1,4 +1,4 @@
-// "PDA": the similar-name display of a traveller or company, and "PDMD", which moves any long list down a block.
+// "PDA": displays the names similar to a traveller's or a company's name. "PDMD": shows the next block of a long list.
 #pragma once
 
 #include "framework/transaction.h"
@@ -14,8 +14,8 @@ private:
     CollectionPtr IProfileTrans_VerifyResponse(TextView response, const CollectionPtr& collection) override;
 };
 
-/// The continuation screen belongs to the transaction that started the list and is read by it: here
-/// `VerifyResponse` stays the interface's own, which does nothing and gives no collection.
+/// "PDMD". The transaction that started the list reads the continuation screen, so `VerifyResponse` is the default,
+/// which returns null.
 class CPDMDTrans final : public Transaction {
 public:
     using Transaction::Transaction;

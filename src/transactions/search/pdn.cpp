@@ -18,27 +18,27 @@ namespace {
 
 enum class Shown : std::uint8_t { Nothing, TravellerList, CompanyList, CompanyProfile, TravellerProfile };
 
-// Meant: line 0 is the echo of the entry and is never looked at, even when it begins with a mark.
+// Meant: line 0 is the echo of the command and is never tested, even when it begins with a mark.
 constexpr LineRange titleLines{1, 9};
 // clang-format off
 constexpr ScreenTest<Shown> titles[] = {
-    {mark::similarTravellers, Place::StartsLine, Shown::TravellerList},
-    {mark::similarCompanies,  Place::StartsLine, Shown::CompanyList},
-    {mark::companyProfile,    Place::StartsLine, Shown::CompanyProfile},
-    {mark::travellerProfile,  Place::StartsLine, Shown::TravellerProfile},
+    {mark::similarTravellers, Match::LineStart, Shown::TravellerList},
+    {mark::similarCompanies,  Match::LineStart, Shown::CompanyList},
+    {mark::companyProfile,    Match::LineStart, Shown::CompanyProfile},
+    {mark::travellerProfile,  Match::LineStart, Shown::TravellerProfile},
 };
 // clang-format on
 
-/// The record locator's column: as it came in with the call, or as this call found it.
+/// The column of the record locators: from the state, or as this call found it.
 struct LocatorColumn {
-    TextView incoming;
+    TextView fromState;
     std::optional<std::int16_t> found;
 
-    bool isKnown() const { return found.has_value() || !incoming.empty(); }
-    int position() const { return found ? *found : toInt16(incoming); }
+    bool isKnown() const { return found.has_value() || !fromState.empty(); }
+    int position() const { return found ? *found : toInt16(fromState); }
 };
 
-/// What the screen shows; kept as far as it was read when reading fails.
+/// What the screen shows. If reading fails, it keeps what was read before.
 struct Answer {
     bool endOfBlock = false;
     LocatorColumn locator;
@@ -49,14 +49,14 @@ struct Answer {
 
 constexpr Width locatorWidth{6};
 
-// A header without the locator's title puts the column at 5, left of every name.
+// Without the title "RECLOC" in the header the column is 5, left of every name.
 std::int16_t locatorColumnIn(TextView header) {
     constexpr int blanksBeforeTitle = 5;
     return toInt16((find(header, u"     RECLOC     ") + blanksBeforeTitle).value);
 }
 
-// Meant: the part of a name that is copied stops two columns before the locator, while the test for a wrapped
-// name looks one column further, at all that stands before the locator.
+// Meant: the copied part of a name ends one character before the part that is tested for a wrapped name, which ends
+// directly before the locator.
 TextView nameForTest(TextView line, int locator) { return mid(line, entryTextColumn, Width{locator - 6}); }
 TextView nameToCopy(TextView line, int locator) { return mid(line, entryTextColumn, Width{locator - 7}); }
 
@@ -82,11 +82,11 @@ private:
     bool header() {
         if (!lines_.findHeader(isContinuation_ ? anyLine : mark::companyColumn)) return false;
         if (!answer_.locator.isKnown()) answer_.locator.found = locatorColumnIn(lines_.line());
-        if (isContinuation_) lines_.stepBack();  // the line found is an entry already
+        if (isContinuation_) lines_.stepBack();  // the line found is the first entry
         return true;
     }
 
-    // False for the line that ends the block.
+    // Adds an entry or the rest of a wrapped name; false for the line that ends the block.
     bool entry(TextView line) {
         answer_.endOfBlock = contains(line, mark::endOfBlock);
         if (answer_.endOfBlock || !isUsable(line)) return false;
@@ -95,7 +95,7 @@ private:
         const bool hasLocator = !isBlank(mid(line, Column{locator}, locatorWidth));
         const bool hasName = !isBlank(nameForTest(line, locator));
         if (hasName && !hasLocator && number.empty()) {
-            answer_.companyNames.append(nameToCopy(line, locator));  // a name wrapped onto this line
+            answer_.companyNames.append(nameToCopy(line, locator));  // the rest of a wrapped name
             return true;
         }
         if (!isNumeric(number)) return false;
@@ -125,23 +125,23 @@ void readScreen(Screen& screen, Answer& answer) {
     CompanyNames(ListWalk(screen, 1, seen.line), answer).read();
 }
 
-// The column goes out as a number only from the call that found it; what came in passes through.
+// A column that this call found is added as a number; otherwise the text of the state is passed on.
 void addLocatorColumn(Results& results, const LocatorColumn& locator) {
     if (locator.found) {
         results.addNumber(key::strKeyRecLocPos, *locator.found);
     } else {
-        results.add(key::strKeyRecLocPos, locator.incoming);
+        results.add(key::strKeyRecLocPos, locator.fromState);
     }
 }
 
 }  // namespace
 
 Text CPDNTrans::IProfileTrans_CreateCommand(const CollectionPtr& params) {
-    Parameters given = parameters(params);
-    const TextView name = given.read(key::strKeyName);
-    const TextView company = given.read(key::strKeyCompany);
-    const bool exactMatch = given.read(key::blnKeyExactMatch);
-    const TextView office = given.read(key::strKeyOfficeID);
+    Parameters input = parameters(params);
+    const TextView name = input.read(key::strKeyName);
+    const TextView company = input.read(key::strKeyCompany);
+    const bool exactMatch = input.read(key::blnKeyExactMatch);
+    const TextView office = input.read(key::strKeyOfficeID);
     if (name.empty() && company.empty()) return {};
     return concat({code::PDN, u"/", office, onlyIf(!office.empty(), u"/"), company, onlyIf(!name.empty(), u"-"), name,
                    onlyIf(exactMatch, u"/")});
@@ -153,7 +153,7 @@ CollectionPtr CPDNTrans::IProfileTrans_VerifyResponse(TextView response, const C
     Answer answer;
     if (collection) {
         answer.endOfBlock = state.read(key::blnKeyEndOfBlock);
-        answer.locator.incoming = state.read(key::strKeyRecLocPos);
+        answer.locator.fromState = state.read(key::strKeyRecLocPos);
     }
     Screen screen(terminal(), response);
     reportErrors(terminal(), [&] { readScreen(screen, answer); });

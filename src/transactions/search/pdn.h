@@ -1,4 +1,4 @@
-// "PDN": looks for a traveller or company profile by name.
+// "PDN": searches for a traveller or company profile by name.
 #pragma once
 
 #include "framework/transaction.h"

@@ -28,7 +28,7 @@ constexpr RefusalTest refusals[] = {
 };
 // clang-format on
 
-// The rank of the refusals decides, not their order on the screen.
+// The order of the table decides, not the order on the screen.
 Refusal refusalIn(TextView response) {
     for (const RefusalTest& test : refusals) {
         if (contains(response, test.mark)) return test.refusal;
@@ -36,15 +36,15 @@ Refusal refusalIn(TextView response) {
     return Refusal::None;
 }
 
-constexpr std::int16_t profileTypeLine = 4;  // Meant: the terminal is asked with 4 here, with 6 or 10 for a PNR
+constexpr std::int16_t lineArgument = 4;  // Meant: the terminal is asked with 4 here, with 6 or 10 for a PNR
 
 }  // namespace
 
-// Any other indicator, in lower case too, adds nothing.
+// Any other indicator, also "t" or "c", adds nothing.
 Text CPDRTrans::IProfileTrans_CreateCommand(const CollectionPtr& params) {
-    Parameters given = parameters(params);
-    const TextView locator = given.read(key::strKeyRecLoc);
-    const TextView indicator = given.read(key::strKeyIndicator);
+    Parameters input = parameters(params);
+    const TextView locator = input.read(key::strKeyRecLoc);
+    const TextView indicator = input.read(key::strKeyIndicator);
     if (locator.empty()) return {};
     return concat({code::PDR, onlyIf(indicator == u"T" || indicator == u"C", indicator), u"/", locator});
 }
@@ -52,7 +52,7 @@ Text CPDRTrans::IProfileTrans_CreateCommand(const CollectionPtr& params) {
 CollectionPtr CPDRTrans::IProfileTrans_VerifyResponse(TextView response, const CollectionPtr& /*collection*/) {
     return reportedResults(response, [](Screen& screen, Results& results) {
         const auto seen = findShown(screen, profileLines, profileMarks, ProfileShown::None);
-        // Meant: the merge mark counts in the profile's own line only, not anywhere on the screen.
+        // Meant: the merge mark counts only in the line with the profile's mark.
         const bool merged = seen.shown == ProfileShown::Traveller && contains(seen.line, mark::merged);
         const Refusal refusal = seen.shown == ProfileShown::None ? refusalIn(screen.text()) : Refusal::None;
         results.add(key::blnKeyCoProfile, seen.shown == ProfileShown::Company);
@@ -64,18 +64,18 @@ CollectionPtr CPDRTrans::IProfileTrans_VerifyResponse(TextView response, const C
     });
 }
 
-// Meant: an empty company goes out as well.
+// Meant: the command is built even without a company.
 Text CPCNTrans::IProfileTrans_CreateCommand(const CollectionPtr& params) {
-    Parameters given = parameters(params);
-    const TextView company = given.read(key::strKeyCompany);
+    Parameters input = parameters(params);
+    const TextView company = input.read(key::strKeyCompany);
     return concat({code::PCN, u"/", company});
 }
 
 CollectionPtr CPCNTrans::IProfileTrans_VerifyResponse(TextView response, const CollectionPtr& /*collection*/) {
     if (response.empty()) return {};
     Screen screen(terminal(), response);
-    const bool traveller = screen.findMarker(mark::travellerProfile, profileTypeLine);
-    const bool company = !traveller && screen.findMarker(mark::companyProfile, profileTypeLine);
+    const bool traveller = screen.findMarker(mark::travellerProfile, lineArgument);
+    const bool company = !traveller && screen.findMarker(mark::companyProfile, lineArgument);
 
     CollectionPtr added = terminal().createCollection();
     Results results(*added);

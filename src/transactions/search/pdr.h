@@ -1,4 +1,5 @@
-// "PDR": displays a profile by its record locator; "PCN": asks which kind of profile a company name has.
+// "PDR": displays a profile by its record locator; "PCN": sends a company name and reads which kind of profile is
+// displayed.
 #pragma once
 
 #include "framework/transaction.h"

@@ -18,8 +18,8 @@ enum class Shown : std::uint8_t { Nothing, History, EndOfList };
 constexpr LineRange titleLines{0, 5};
 // clang-format off
 constexpr ScreenTest<Shown> titles[] = {
-    {u"PROFILE HISTORY       ", Place::InLine, Shown::History},
-    {mark::noSuchElement,       Place::InLine, Shown::EndOfList},
+    {u"PROFILE HISTORY       ", Match::Anywhere, Shown::History},
+    {mark::noSuchElement,       Match::Anywhere, Shown::EndOfList},
 };
 // clang-format on
 
@@ -41,7 +41,7 @@ struct Label {
 constexpr std::int16_t lastLabelLine = 12;
 constexpr Width toLineEnd{std::numeric_limits<int>::max()};
 
-// Meant: a name begins in column 22, a date in column 21, and the company's label goes without its colon.
+// Meant: a name begins in column 22, a date in column 21, and the company's label has no colon.
 // clang-format off
 constexpr Label labels[] = {
     {u"TRAVELLER PROFILE   :", Column{22}, toLineEnd, &History::name},
@@ -57,7 +57,7 @@ void readLabels(TextView line, History& history) {
     }
 }
 
-// The reading stops at the second date, whether a name was seen or not.
+// Reading ends at the second date, even without a name.
 History readHistory(Screen& screen, std::int16_t titleLine) {
     History history;
     for (std::int16_t number = titleLine; number < lastLabelLine && !history.hasBothDates();) {
@@ -69,8 +69,8 @@ History readHistory(Screen& screen, std::int16_t titleLine) {
 }  // namespace
 
 Text CPHTrans::IProfileTrans_CreateCommand(const CollectionPtr& params) {
-    Parameters given = parameters(params);
-    const TextView elementNr = given.read(key::strKeyElementNr);
+    Parameters input = parameters(params);
+    const TextView elementNr = input.read(key::strKeyElementNr);
     return concat({code::PH, elementNr});
 }
 

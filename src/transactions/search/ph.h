@@ -1,4 +1,4 @@
-// "PH": the history of the profile on display, optionally of one of its elements.
+// "PH": shows the history of the displayed profile, or of one of its elements.
 #pragma once
 
 #include "framework/transaction.h"

@@ -12,16 +12,16 @@ enum class Shown : std::uint8_t { Nothing, CompanyList, Profile };
 constexpr LineRange titleLines{1, 9};
 // clang-format off
 constexpr ScreenTest<Shown> titles[] = {
-    {u"COMPANY NAME LIST",  Place::InLine, Shown::CompanyList},
-    {mark::companyProfile,  Place::InLine, Shown::Profile},  // Meant: anywhere in the line
+    {u"COMPANY NAME LIST",  Match::Anywhere, Shown::CompanyList},
+    {mark::companyProfile,  Match::Anywhere, Shown::Profile},  // Meant: anywhere in the line
 };
 // clang-format on
 
 }  // namespace
 
 Text CPLCTrans::IProfileTrans_CreateCommand(const CollectionPtr& params) {
-    Parameters given = parameters(params);
-    const TextView office = given.read(key::strKeyOfficeID);
+    Parameters input = parameters(params);
+    const TextView office = input.read(key::strKeyOfficeID);
     return concat({code::PLC, onlyIf(!office.empty(), u"/"), office});
 }
 

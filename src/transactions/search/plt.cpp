@@ -1,4 +1,4 @@
-// A list of travellers; the text from column 35 on is the company that a traveller belongs to:
+// A list of travellers. The text from column 35 on is the traveller's company:
 //
 //   ....+....1....+....2....+....3....+....4....+....5....+....6
 // 0 PLT/NCEVN3101
@@ -9,7 +9,7 @@
 // 5    2 BOROVIK/JURI MR        H4J5K6  KESTRELLO TOOLS
 // 6 END OF BLOCK - USE PDMD
 //
-// A list of companies of similar names:
+// A list of companies with similar names:
 //
 //   ....+....1....+....2....+....3....+....4....+....5....+....6
 // 0 PLT//KES
@@ -30,16 +30,16 @@ enum class Shown : std::uint8_t { Nothing, NoCompany, TravellerList, CompanyList
 constexpr LineRange titleLines{1, 9};
 // clang-format off
 constexpr ScreenTest<Shown> titles[] = {
-    {u"NO COMPANY PROFILE FOUND",   Place::InLine, Shown::NoCompany},
-    {u"TRAVELLER LIST FOR",         Place::InLine, Shown::TravellerList},
-    {u"TRAVELLER NAME LIST",        Place::InLine, Shown::TravellerList},
-    {mark::similarCompanies,        Place::InLine, Shown::CompanyList},
-    {u"NO TRAVELLER PROFILE FOUND", Place::InLine, Shown::NoTraveller},
-    {mark::travellerProfile,        Place::InLine, Shown::Profile},  // Meant: anywhere in the line
+    {u"NO COMPANY PROFILE FOUND",   Match::Anywhere, Shown::NoCompany},
+    {u"TRAVELLER LIST FOR",         Match::Anywhere, Shown::TravellerList},
+    {u"TRAVELLER NAME LIST",        Match::Anywhere, Shown::TravellerList},
+    {mark::similarCompanies,        Match::Anywhere, Shown::CompanyList},
+    {u"NO TRAVELLER PROFILE FOUND", Match::Anywhere, Shown::NoTraveller},
+    {mark::travellerProfile,        Match::Anywhere, Shown::Profile},  // Meant: anywhere in the line
 };
 // clang-format on
 
-// Meant: the lists are read from line 3 on, wherever their title stands; line 2 is never looked at.
+// Meant: the lists are read from line 3 on, wherever their title is; line 2 is never read.
 constexpr std::int16_t lineAboveLists = 2;
 
 /// Collects the names of the blocks of a company list.
@@ -61,7 +61,7 @@ private:
         while (isUsable(lines_.next()) && hasListNumber(lines_.line())) name(lines_.line());
     }
 
-    // Meant: names are counted, so that even a blank first one is followed by a comma.
+    // Meant: names are counted, so even a blank first name is followed by a comma.
     void name(TextView line) {
         if (count_ > Counter()) names_.push_back(u',');
         ++count_;
@@ -75,31 +75,31 @@ private:
 
 bool isInBlock(TextView line) { return isUsable(line) && !contains(line, mark::endOfBlock); }
 
-void takeTraveller(TextView line, TextList& locators) {
+void addTraveller(TextView line, TextList& locators) {
     constexpr Column locatorColumn{29};
     constexpr Width locatorWidth{6};
     constexpr Column companyColumn{35};
     if (isBlank(mid(line, companyColumn))) locators.emplace_back(mid(line, locatorColumn, locatorWidth));
 }
 
-// Collects the record locators of the travellers without a company. What was collected stays when a line cannot
-// be read.
+// Collects the record locators of the travellers without a company. If a line cannot be read, the ones collected before
+// it stay.
 void collectNoCompanyRecLocs(Screen& screen, TextList& locators) {
     ListWalk lines(screen, lineAboveLists, screen.line(std::int16_t{1}));
     while (lines.findHeader(u"RECLOC ")) {
-        while (isInBlock(lines.next())) takeTraveller(lines.line(), locators);
+        while (isInBlock(lines.next())) addTraveller(lines.line(), locators);
     }
 }
 
 }  // namespace
 
 Text CPLTTrans::IProfileTrans_CreateCommand(const CollectionPtr& params) {
-    Parameters given = parameters(params);
-    const TextView office = given.read(key::strKeyOfficeID);
-    const TextView company = given.read(key::strKeyCompany);
-    const bool exactMatch = given.read(key::blnKeyExactMatch);
+    Parameters input = parameters(params);
+    const TextView office = input.read(key::strKeyOfficeID);
+    const TextView company = input.read(key::strKeyCompany);
+    const bool exactMatch = input.read(key::blnKeyExactMatch);
     const bool forCompany = !company.empty();
-    // An empty office keeps its place before the company; an exact match is asked for with a company only.
+    // The slash of an empty office stays if there is a company; an exact match needs a company.
     return concat({code::PLT, onlyIf(!office.empty() || forCompany, u"/"), office, onlyIf(forCompany, u"/"), company,
                    onlyIf(forCompany && exactMatch, u"/")});
 }
@@ -118,7 +118,7 @@ CollectionPtr CPLTTrans::IProfileTrans_VerifyResponse(TextView response, const C
         results.add(key::blnKeyTravellerList, seen.shown == Shown::TravellerList);
         results.add(key::blnKeyCompanyList, seen.shown == Shown::CompanyList);
         results.add(key::blnKeyProfile, seen.shown == Shown::Profile);
-        // Meant: the merge mark counts in the profile's own line only, not anywhere on the screen.
+        // Meant: the merge mark counts only in the line with the profile's mark.
         results.add(key::blnKeyMerge, seen.shown == Shown::Profile && contains(seen.line, mark::merged));
         results.add(key::strKeyCoNames, std::move(names));
         results.add(key::blnKeyNoCoFoundString, seen.shown == Shown::NoCompany);

@@ -1,4 +1,4 @@
-// "PLT": lists the traveller profiles of an office, optionally of one company.
+// "PLT": lists the traveller profiles of an office, all or those of one company.
 #pragma once
 
 #include "framework/transaction.h"

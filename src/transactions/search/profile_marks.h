@@ -1,4 +1,4 @@
-// The marks of a profile display, as several readers test them: the company's first.
+// The marks of a profile display, in the order in which several readers test them.
 #pragma once
 
 #include "framework/constants.h"
@@ -10,8 +10,8 @@ enum class ProfileShown : std::uint8_t { None, Company, Traveller };
 
 // clang-format off
 inline constexpr ScreenTest<ProfileShown> profileMarks[] = {
-    {mark::companyProfile,   Place::StartsLine, ProfileShown::Company},
-    {mark::travellerProfile, Place::StartsLine, ProfileShown::Traveller},
+    {mark::companyProfile,   Match::LineStart, ProfileShown::Company},
+    {mark::travellerProfile, Match::LineStart, ProfileShown::Traveller},
 };
 // clang-format on
 
