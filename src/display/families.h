@@ -1,5 +1,5 @@
 // The element families of a profile display, one row each: what the engines look for, and what the family means and is
-// called. A new family is a new row. What looks irregular here is meant and says so.
+// called. A new family is a new row here and an enumerator of `Family`. What looks irregular here is meant and says so.
 #pragma once
 
 #include "display/sections.h"
