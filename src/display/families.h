@@ -1,5 +1,5 @@
 // The element families of a profile display, one row each: what the engines search for, and the family's meaning and
-// names. A new family is a new row. Irregular cells are intended and marked.
+// names. A new family is a new row here and an enumerator of `Family`. Irregular cells are intended and marked.
 #pragma once
 
 #include "display/sections.h"

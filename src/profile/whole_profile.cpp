@@ -123,7 +123,7 @@ private:
         try {
             read();
         } catch (const Error& error) {  // Not covered: memory that runs out passes
-            profile_.problems.push_back({factsOf(query).word, error.number(), error.description()});
+            addProblem(factsOf(query).word, error.number(), error.description());
         }
     }
 
@@ -186,7 +186,15 @@ private:
     }
 
     void addProblem(const FamilyName& row) {
-        profile_.problems.push_back({row.prefix, factsOf(row.family).countError, Text(description::verifyingProfile)});
+        addProblem(row.prefix, factsOf(row.family).countError, description::verifyingProfile);
+    }
+
+    void addProblem(TextView query, int number, TextView description) {
+        // Filled in place: GCC 12 for Windows warns of an access out of bounds where a short text is moved into it.
+        Problem& problem = profile_.problems.emplace_back();
+        problem.query = query;
+        problem.number = number;
+        problem.description = description;
     }
 
     void readNotes() {
@@ -195,8 +203,7 @@ private:
             scanNotes(display_, {}, collector_);
         } catch (const Error&) {
             storage_.notes.clear();
-            profile_.problems.push_back(
-                {factsOf(OtherQuery::Notes).word, number::notesQuery, Text(description::readingNotes)});
+            addProblem(factsOf(OtherQuery::Notes).word, number::notesQuery, description::readingNotes);
         }
     }
 

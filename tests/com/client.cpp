@@ -3,13 +3,16 @@
 #include "tests/support/text.h"
 
 #include <ostream>
+#include <stdexcept>
 
 namespace vantro::test {
 
 CLSID registeredClass(TextView library, TextView name) {
     CLSID clsid{};
     const Bstr progId(Text(library).append(u".").append(name));
-    com::check(CLSIDFromProgID(progId.get(), &clsid));
+    if (FAILED(CLSIDFromProgID(progId.get(), &clsid))) {
+        throw std::runtime_error(utf8(library) + "." + utf8(name) + " is not registered; is it a coclass of the IDL?");
+    }
     return clsid;
 }
 

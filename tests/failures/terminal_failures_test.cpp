@@ -1,9 +1,13 @@
 // The terminal fails at its k-th call, k = 1, 2, 3, ... until the operation needs no further one, in every way in which
 // a call can fail.
 #include "tests/failures/outcome.h"
+#include "tests/support/text.h"
+#include "vantro/families.h"
+#include "vantro/registry.h"
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <iostream>
 
 namespace vantro::test {
@@ -175,6 +179,16 @@ void failEveryCallOf(const std::vector<Input>& inputs) {
         tried += one.tried();
     }
     std::cout << inputs.size() << " inputs, " << tried << " failures\n";
+}
+
+TEST(FailureRules, HaveARowForEveryTransactionAndFamily) {
+    for (const ClassRow& row : classTable()) {
+        const int wanted = row.hasProfileTrans ? 1 : 0;
+        EXPECT_EQ(std::ranges::count(transRules, utf8(row.name), &TransRule::className), wanted) << utf8(row.name);
+    }
+    for (const FamilyFacts& family : families()) {
+        EXPECT_EQ(std::ranges::count(familyRules, utf8(family.word), &FamilyRule::prefix), 1) << utf8(family.word);
+    }
 }
 
 TEST(FailingTerminal, EveryFailingCallOfATransactionHasTheDocumentedOutcome) {

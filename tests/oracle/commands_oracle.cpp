@@ -246,7 +246,7 @@ const std::map<std::string, Builder>& builders() {
 Text command(const std::string& className, const Collection* params) {
     const auto it = builders().find(className);
     if (it == builders().end()) {
-        throw std::invalid_argument(className);
+        throw std::invalid_argument("commands_oracle.cpp has no command for " + className);
     }
     const Builder& builder = it->second;
     if (builder.number == 0) {

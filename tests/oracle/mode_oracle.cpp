@@ -1,6 +1,7 @@
 #include "screens_oracle.h"
 
 #include <map>
+#include <stdexcept>
 
 // The answers that show whether a step was taken, and line 1, the host's message about it:
 //
@@ -107,7 +108,8 @@ Verify verifyOf(const std::string& className) {
         {"CRLPTrans", verifyCRLPTrans}, {"CPTTrans", verifyCPTTrans},         {"CProfileNotes", verifyCProfileNotes},
     };
     const auto it = readers.find(className);
-    return it == readers.end() ? nullptr : it->second;
+    if (it == readers.end()) throw std::invalid_argument("mode_oracle.cpp has no reader for " + className);
+    return it->second;
 }
 
 }  // namespace oracle

@@ -55,7 +55,9 @@ OracleMatch::OracleMatch(std::unique_ptr<Terminal> terminal) : parser_(u"CProfil
             const std::string name = "str" + stem + content;
             const auto expected = oracle_.lists.find(name);
             const TextList* const list = parser_.object().list(wide(name));
-            if ((expected == oracle_.lists.end()) != (list == nullptr)) throw std::logic_error("only one has " + name);
+            if ((expected == oracle_.lists.end()) != (list == nullptr)) {
+                throw std::logic_error("the library or profile_oracle.cpp has no list " + name);
+            }
             if (list == nullptr) continue;
             matched.lists.push_back(list);
             matched.expected.push_back(&expected->second);

@@ -9,6 +9,7 @@
 
 #include <algorithm>
 #include <array>
+#include <stdexcept>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -101,8 +102,10 @@ inline constexpr std::array<TransRule, 18> transRules{{
 // clang-format on
 
 inline const TransRule& transRule(std::string_view className) {
-    return *std::find_if(transRules.begin(), transRules.end(),
-                         [&](const TransRule& rule) { return rule.className == className; });
+    const auto found = std::find_if(transRules.begin(), transRules.end(),
+                                    [&](const TransRule& rule) { return rule.className == className; });
+    if (found == transRules.end()) throw std::logic_error("no row in failure_rules.h for " + std::string(className));
+    return *found;
 }
 
 inline std::string stepName(const std::string& call) { return call.substr(0, call.find(' ')); }
@@ -235,6 +238,7 @@ inline Consequence countConsequence(std::string_view property) {
     if (property == "ProfileNotesElementsCount") return {Fate::Raises, 5505, readingNotes};
     const auto family = std::find_if(familyRules.begin(), familyRules.end(),
                                      [&](const FamilyRule& rule) { return rule.property == property; });
+    if (family == familyRules.end()) throw std::logic_error("no row in failure_rules.h for " + std::string(property));
     return {Fate::Raises, family->number, verifyingProfile};
 }
 

@@ -7,6 +7,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <optional>
 #include <string>
 #include <vector>
@@ -134,6 +135,13 @@ class CommandWorldOf : public testing::TestWithParam<CommandWorld> {};
 
 INSTANTIATE_TEST_SUITE_P(, CommandWorldOf, testing::ValuesIn(worlds),
                          [](const auto& test) { return utf8(test.param.className); });
+
+TEST(CommandWorlds, ContainEveryClassThatBuildsCommands) {
+    for (const ClassRow& row : classTable()) {
+        if (!row.hasProfileTrans) continue;
+        EXPECT_EQ(std::ranges::count(worlds, row.name, &CommandWorld::className), 1) << utf8(row.name);
+    }
+}
 
 TEST_P(CommandWorldOf, IsBuiltAsTheOracleBuildsIt) {
     const CommandWorld& world = GetParam();
