@@ -39,7 +39,7 @@ public:
     int printAll() {
         DisplayStream displays(options_.file, options_.maxLine);
         std::optional<StreamedDisplay> display = displays.next();
-        if (!display) fail(inputName(options_.file) + " holds no display");
+        if (!display) fail(inputName(options_.file) + " contains no display");
         while (display && knowsPrefix_) {
             std::optional<StreamedDisplay> following = displays.next();
             isOneOfMany_ = isOneOfMany_ || following;

@@ -86,7 +86,7 @@ void refuseControlsIn(TextView text, const std::string& where) {
     for (std::size_t at = 0; at < text.size(); ++position) {
         const CodePoint character = codePointAt(text, at);
         if (isControl(character.value)) {
-            throw UsageError(where + " holds the control character " + codePointName(character.value) +
+            throw UsageError(where + " contains the control character " + codePointName(character.value) +
                              " at position " + std::to_string(position) +
                              ", with which the command line could carry another command; take it out, or pass it on "
                              "with --raw");

@@ -87,7 +87,7 @@ private:
             complain(failure);
             status_ = badUsage;
         } else if (displays_ == 0) {
-            fail(" holds no display");
+            fail(" contains no display");
         }
         ++file_;
         displays_ = 0;

@@ -31,7 +31,7 @@ std::string tooLongLine(std::size_t line, std::size_t length) {
 
 std::string strayCarriageReturn(const std::string& line) {
     return line +
-           " holds a carriage return (CR) that no line feed (LF) follows; lines end in LF or CR LF, so convert the "
+           " contains a carriage return (CR) that no line feed (LF) follows; lines end in LF or CR LF, so convert the "
            "line ends, for example with: tr '\\r' '\\n'";
 }
 

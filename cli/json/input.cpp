@@ -76,7 +76,7 @@ JsonOutcome readJson(std::span<char> text, JsonEvents& events) {
         return {false, notJson(result.Offset(), rapidjson::GetParseError_En(result.Code()))};
     }
     if (!sound) return {true, "the text is not UTF-8"};
-    if (!paired) return {true, "a string holds an unpaired surrogate"};
+    if (!paired) return {true, "a string contains an unpaired surrogate"};
     return {true, {}};
 }
 

@@ -2,7 +2,6 @@
 #pragma once
 
 #include "display/families.h"
-#include "display/family_set.h"
 #include "display/line_bits.h"
 #include "display/sections.h"
 #include "framework/text_ops.h"
@@ -48,6 +47,27 @@ LineMarks marksOf(TextView line);
 /// Pre-filter: the first line at or after `from` that may contain a mark, in a display cut into lines of 80 characters.
 /// Returns the number of complete lines when there is none.
 std::size_t nextLineThatMayContainMark(TextView display, std::size_t from);
+
+/// A set of element families.
+class FamilySet {
+public:
+    constexpr FamilySet() = default;
+
+    constexpr void add(Family family) { bits_ |= bit(family); }
+    constexpr void remove(Family family) { bits_ &= ~bit(family); }
+    constexpr bool empty() const { return bits_ == 0; }
+    constexpr bool contains(Family family) const { return (bits_ & bit(family)) != 0; }
+
+    friend constexpr FamilySet operator&(FamilySet a, FamilySet b) { return FamilySet(a.bits_ & b.bits_); }
+
+private:
+    constexpr explicit FamilySet(std::uint64_t bits) : bits_(bits) {}
+
+    static constexpr std::uint64_t bit(Family family) { return std::uint64_t{1} << indexOf(family); }
+    static_assert(familyCount <= 64);
+
+    std::uint64_t bits_ = 0;
+};
 
 /// The tag of an element ("PPR/") or of a header line ("PIN/"): "P", two capitals and a slash.
 class Prefix {

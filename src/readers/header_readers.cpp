@@ -73,6 +73,7 @@ TextView readName(Display& display) {
 
 TextView readRecordLocator(Display& display) {
     const TextView line = display.line(Counter(1)).trimmed();
+    // Meant: a host line is recognised by these texts anywhere in it, for all queries by the texts that begin it.
     const bool isHostLine = contains(line, u"PF24 REQST UMSG") || contains(line, u"4505");
     if (!line.empty() && !isHostLine) return lastSix(line);
     return lastSix(display.line(Counter(2)).trimmed());

@@ -204,7 +204,8 @@ TEST(LongLines, TextAfterAnUnbrokenOneIsRead) {
 
 TEST(CarriageReturns, AloneAsLineEndsAreReportedAtTheirFirstLine) {
     const std::string problem =
-        " holds a carriage return (CR) that no line feed (LF) follows; lines end in LF or CR LF, so convert the line "
+        " contains a carriage return (CR) that no line feed (LF) follows; lines end in LF or CR LF, so convert the "
+        "line "
         "ends, for example with: tr '\\r' '\\n'";
     EXPECT_EQ(problemsOf("A\rEND OF DISPLAY\rB\rEND OF DISPLAY\r", 1024, 1000), Displays{"line 1" + problem});
     EXPECT_EQ(problemsOf("A\n>\nB\nC\rD\n>\nE\n", 1024, 1000), (Displays{"", "line 4" + problem, ""}));

@@ -172,7 +172,7 @@ TEST(ManyDisplays, OneThatCannotBeReadDoesNotAffectTheOthers) {
 }
 
 TEST(ManyDisplays, AnUnknownPrefixIsReportedOnce) {
-    expectRefused(runTool({"notes"}, ""), 1, "standard input holds no display.\n");
+    expectRefused(runTool({"notes"}, ""), 1, "standard input contains no display.\n");
     expectRefused(runTool({"elements", "XX"}, contentOf(sample("minimal")) + contentOf(sample("traveller"))), 1,
                   "'XX'");
 }

@@ -64,7 +64,7 @@ TEST(Input, AnEmptyOneContainsNoDisplay) {
         for (const char* nothing : {"", "\n", "  \r\n\n", "\xEF\xBB\xBF"}) {
             const Finished run = runTool(arguments, nothing);
             EXPECT_EQ(run.out, "");
-            expectComplaint(run, 1, "standard input holds no display.");
+            expectComplaint(run, 1, "standard input contains no display.");
         }
     }
 }
@@ -73,7 +73,8 @@ TEST(Input, CarriageReturnsAloneAreRefusedWithTheSameMessage) {
     std::string text = display + display;
     std::ranges::replace(text, '\n', '\r');
     const std::string words =
-        "line 1 holds a carriage return (CR) that no line feed (LF) follows; lines end in LF or CR LF, so convert the "
+        "line 1 contains a carriage return (CR) that no line feed (LF) follows; lines end in LF or CR LF, so convert "
+        "the "
         "line ends, for example with: tr '\\r' '\\n'.";
     for (const Arguments& arguments : readers) {
         const Finished run = runTool(arguments, text);
@@ -83,7 +84,8 @@ TEST(Input, CarriageReturnsAloneAreRefusedWithTheSameMessage) {
     std::string requests = request + request;
     std::ranges::replace(requests, '\n', '\r');
     const Finished run = runBatch(requests);
-    EXPECT_NE(run.out.find("the line holds a carriage return (CR) that no line feed (LF) follows"), std::string::npos);
+    EXPECT_NE(run.out.find("the line contains a carriage return (CR) that no line feed (LF) follows"),
+              std::string::npos);
     EXPECT_EQ(run.status, 1);
 }
 
@@ -92,9 +94,9 @@ TEST(Input, ACarriageReturnInsideARequestIsABlank) { EXPECT_EQ(runBatch("{\r" + 
 TEST(Parameters, WithAControlCharacterMakeNoCommand) {
     const Finished run = runTool({"command", "CPXTrans", "strKeyItemNr=3\nPX4"});
     EXPECT_EQ(run.out, "");
-    expectComplaint(run, 2, "strKeyItemNr holds the control character U+000A at position 2");
+    expectComplaint(run, 2, "strKeyItemNr contains the control character U+000A at position 2");
     expectComplaint(runTool({"command", "CPTTrans", "strKeyElArray()=1", "strKeyElArray()=\xC2\x85"}), 2,
-                    "entry 1 of strKeyElArray() holds the control character U+0085 at position 1");
+                    "entry 1 of strKeyElArray() contains the control character U+0085 at position 1");
     EXPECT_EQ(runTool({"command", "--raw", "CPXTrans", "strKeyItemNr=3\nPX4"}).out, "PX3\nPX4\n");
     // A batch passes control characters on.
     EXPECT_EQ(runBatch(R"({"class":"CPXTrans","call":"CreateCommand","params":{"strKeyItemNr":"3\nPX4"}})").out,

@@ -130,7 +130,7 @@ TEST(JsonIn, AnUnpairedSurrogateIsAProblemOfTheText) {
     for (const char* text : {R"(["\ud83d",1])", R"(["\ude00",1])", R"({"\ud83d":1})"}) {
         const Outcome outcome = readText(text);
         EXPECT_TRUE(outcome.isJson) << text;
-        EXPECT_EQ(outcome.problem, "a string holds an unpaired surrogate") << text;
+        EXPECT_EQ(outcome.problem, "a string contains an unpaired surrogate") << text;
     }
 }
 

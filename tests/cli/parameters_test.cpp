@@ -104,10 +104,10 @@ TEST(ControlCharacters, AreFoundFromBothBlocks) {
 }
 
 TEST(ControlCharacters, AreReportedWithKeyAndPosition) {
-    EXPECT_EQ(controlIn(Text(u"SMITH\nPX3")), "strKey holds the control character U+000A at position 6");
-    EXPECT_EQ(controlIn(Text(u"\u0085")), "strKey holds the control character U+0085 at position 1");
+    EXPECT_EQ(controlIn(Text(u"SMITH\nPX3")), "strKey contains the control character U+000A at position 6");
+    EXPECT_EQ(controlIn(Text(u"\u0085")), "strKey contains the control character U+0085 at position 1");
     EXPECT_EQ(controlIn(TextList{u"", u"\U0001F600\r"}),
-              "entry 1 of strKey holds the control character U+000D at position 2");
+              "entry 1 of strKey contains the control character U+000D at position 2");
     EXPECT_EQ(controlIn(true), "");
     EXPECT_EQ(controlIn(std::int16_t{10}), "");
 }

@@ -176,8 +176,8 @@ TEST(Parse, AFileWithoutADisplayIsReported) {
     const TemporaryFile blank("\n   \n");
     const Finished run = runTool({"parse", blank.path(), sample("minimal")});
     EXPECT_EQ(run.out, expectedLine("minimal"));
-    expectRefused(run, 1, blank.path() + " holds no display");
-    expectRefused(runTool({"parse"}), 1, "standard input holds no display");
+    expectRefused(run, 1, blank.path() + " contains no display");
+    expectRefused(runTool({"parse"}), 1, "standard input contains no display");
 }
 
 TEST(Parse, AFileThatCannotBeReadDoesNotStopTheOthers) {

@@ -44,7 +44,7 @@ TEST(ScreenInput, ACarriageReturnAloneIsNoLineEnd) {
         } catch (const UsageError& problem) {
             EXPECT_STREQ(
                 problem.what(),
-                "the screen's line 3 holds a carriage return (CR) that no line feed (LF) follows; lines end in "
+                "the screen's line 3 contains a carriage return (CR) that no line feed (LF) follows; lines end in "
                 "LF or CR LF, so convert the line ends, for example with: tr '\\r' '\\n'");
         }
     }
