@@ -91,7 +91,7 @@ TEST_P(FormsOf, EveryCommandHasOneOfItsForms) {
 bool hasValue(const Entry& entry) {
     if (const auto* truth = std::get_if<bool>(&entry.value)) return *truth;
     if (const auto* list = std::get_if<TextList>(&entry.value)) return !list->empty();
-    return std::get<Text>(entry.value) != u"";
+    return !std::get<Text>(entry.value).empty();
 }
 
 // Observations of one key in commands from generated parameters.
