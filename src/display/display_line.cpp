@@ -127,7 +127,6 @@ std::size_t nextLineThatMayContainMark(TextView display, std::size_t from) {
 }
 
 LineMarks marksOf(TextView line) {
-    if (line.size() > LineBits::capacity) return marksBySearch(line);
     return withCharacters(line, [&](const auto& characters) { return marksByBits(line, characters); });
 }
 
@@ -247,9 +246,7 @@ LineFacts factsOf(TextView line, const LineMarks* knownMarks) {
     if (line.size() <= LineBits::capacity) {
         return factsByBits(line, LineCharacters<LineBits::capacity>(padded(line).data()), knownMarks);
     }
-    return {.content = contentOf(line),
-            .marks = knownMarks != nullptr ? *knownMarks : marksBySearch(line),
-            .prefixes = prefixesIn(line)};
+    return {.content = contentOf(line), .marks = marksBySearch(line), .prefixes = prefixesIn(line)};
 }
 
 // Words and blanks.

@@ -41,7 +41,7 @@ private:
     std::uint32_t bits_ = 0;
 };
 
-/// The marks of a line of any length.
+/// The marks of a line of at most `LineBits::capacity` characters.
 LineMarks marksOf(TextView line);
 
 /// Pre-filter: the first line at or after `from` that may contain a mark, in a display cut into lines of 80 characters.

@@ -50,12 +50,16 @@ public:
 
     Display& display() { return display_; }
 
-    /// The element that begins with this line. `OneBelow` and `TwoBelow` keep the leading blanks of the first line; all
-    /// other blanks around lines are trimmed. Raises 6 when the next line number would overflow.
+    /// The element that begins with this line, by `Directly` or `ColonAfterBlank`. Raises 6 when the next line number
+    /// would overflow.
     JoinedLine join(const DisplayLine& first, Counter number, JoinRule rule) {
-        if (isContinued(number, rule)) return joinContinued(first, number, rule);
-        return {keepsIndent(rule) ? first.rightTrimmed() : first.trimmed(), number};
+        if (!isContinued(number, rule)) return {first.trimmed(), number};
+        return joinContinued(first, number, rule);
     }
+
+    /// The element that begins with this line when the next line continues it. `OneBelow` and `TwoBelow` keep the
+    /// leading blanks of the first line; all other blanks around lines are trimmed. Raises 6 as `join` does.
+    JoinedLine joinContinued(const DisplayLine& first, Counter number, JoinRule rule);
 
     /// True when the line after this one continues an element.
     bool isContinued(Counter number, JoinRule rule) {
@@ -73,7 +77,6 @@ private:
         return rule == JoinRule::OneBelow || rule == JoinRule::TwoBelow;
     }
 
-    JoinedLine joinContinued(const DisplayLine& first, Counter number, JoinRule rule);
     JoinedLine joinAllBelow(const DisplayLine& first, Counter number, JoinRule rule);
 
     Display& display_;

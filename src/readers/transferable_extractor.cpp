@@ -135,7 +135,7 @@ private:
 
     void testJoined(const DisplayLine& line, Counter number, JoinRule rule, FamilySet joiners) {
         if (joiners.empty()) return;
-        const TextView text = joiner_.join(line, number, rule).text;
+        const TextView text = joiner_.joinContinued(line, number, rule).text;
         storeAs(joiners & codesIn(text), text);
     }
 

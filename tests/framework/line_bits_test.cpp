@@ -60,6 +60,16 @@ TEST(LineBits, ARangeIsThePositionsFromItsBegin) {
     }
 }
 
+TEST(LineBits, AllPositionsFromABeginAreInTheSet) {
+    for (std::size_t begin = 0; begin < 140; ++begin) {
+        Written expected(LineBits::capacity, '1');
+        for (std::size_t position = 0; position < begin && position < expected.size(); ++position) {
+            expected[position] = '0';
+        }
+        EXPECT_EQ(written(LineBits::from(begin)), expected) << begin;
+    }
+}
+
 TEST(LineBits, BlanksBeforeWordsOfALengthAreFound) {
     std::mt19937 engine(1);
     for (int round = 0; round < 500; ++round) {

@@ -96,6 +96,15 @@ TEST(TextOps, FindReturnsTheFirstColumn) {
     EXPECT_EQ(find(u"", u"PX"), Column{0});
 }
 
+TEST(TextOps, FindFindsTextsThatBeginOrEndOutsideAscii) {
+    const Text line = Text(20, u'A') + u"\u00C4B" + Text(20, u'A') + u"B\u00C4" + Text(20, u'A');
+    EXPECT_EQ(find(line, u"\u00C4B"), Column{21});
+    EXPECT_EQ(find(line, u"B\u00C4"), Column{43});
+    EXPECT_EQ(find(line, u"\u00C4C"), Column{0});
+    EXPECT_EQ(find(line, u"C\u00C4"), Column{0});
+    EXPECT_EQ(find(line, u"\u01C4B"), Column{0}) << "the same low byte";
+}
+
 TEST(TextOps, FindStartsAtTheGivenColumn) {
     EXPECT_EQ(find(u"PX3 PX4", u"PX", Column{1}), Column{1});
     EXPECT_EQ(find(u"PX3 PX4", u"PX", Column{2}), Column{5});
