@@ -69,6 +69,6 @@ endif()
 # counting would take most of the time.
 function(vantro_count_coverage target)
     if(VANTRO_COVERAGE)
-        target_compile_options(${target} PRIVATE --coverage -fprofile-update=atomic)
+        target_compile_options(${target} PRIVATE --coverage)
     endif()
 endfunction()

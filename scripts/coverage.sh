@@ -14,5 +14,9 @@ step "coverage: configure" cmake --preset coverage
 step "coverage: build" cmake --build --preset coverage
 find $build -name '*.gcda' -delete
 # Each program runs once as a whole: a process per test would spend its time on reading and writing counters.
-for program in $build/bin/vantro_*_tests; do step "coverage: $(basename "$program")" "$program"; done
+# The tests with threads run nothing that the others do not, and threads that share a counter lose counts.
+for program in $build/bin/vantro_*_tests; do
+    if [[ $program == */vantro_thread_tests ]]; then continue; fi
+    step "coverage: $(basename "$program")" "$program"
+done
 python3 scripts/coverage_report.py $build

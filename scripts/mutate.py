@@ -46,6 +46,8 @@ def core_texts(root: Path, build: Build) -> dict[str, str]:
         str(path.relative_to(build.source)): path.read_text()
         for path in build.source.rglob("*")
         if path.suffix in (".h", ".cpp") and str(path.relative_to(build.source)).startswith(CORE)
+        # Most tokens of the descriptions are prose; tests compare their keys, marks and numbers with the classes.
+        and "class_rows" not in path.parts
     }
 
 

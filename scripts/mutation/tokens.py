@@ -1,4 +1,4 @@
-"""Splits C++ source into tokens. Leaves out comments, preprocessor lines, and the branch of "#if VANTRO_SSE2" that the
+"""Splits C++ source into tokens. Leaves out comments, preprocessor lines, and the branches for vector instructions that the
 build does not compile."""
 
 import re
@@ -31,7 +31,7 @@ _DIRECTIVE = re.compile(r"[ \t]*#(?:\\\n|[^\n])*")
 
 def tokens_of(text: str, with_simd: bool = True) -> list[Token]:
     found: list[Token] = []
-    branches: list[bool] = []
+    branches: list[Branch] = []
     place = 0
     line_begins = True
     while place < len(text):
@@ -54,22 +54,31 @@ def tokens_of(text: str, with_simd: bool = True) -> list[Token]:
                 continue
         elif kind != "comment":
             line_begins = False
-            if all(branches):
+            if all(branch.is_taken for branch in branches):
                 found.append(Token("string" if kind == "raw" else kind, match.group(), match.start(), match.end()))
         place = match.end()
     return found
 
 
-def _follow(directive: str, branches: list[bool], with_simd: bool) -> None:
-    words = directive.lstrip("# ").split()
-    if words[0] in ("if", "ifdef", "ifndef"):
-        branches.append(with_simd if words[1:] == ["VANTRO_SSE2"] else True)
-        if words[1:] != ["VANTRO_SSE2"]:
-            branches[-1] = True
-    elif words[0] == "else" and branches:
-        branches[-1] = not branches[-1]
-    elif words[0] == "endif" and branches:
+def _follow(directive: str, branches: list["Branch"], with_simd: bool) -> None:
+    word = directive.lstrip("# ").split()[0]
+    if word in ("if", "ifdef", "ifndef"):
+        branches.append(Branch(is_taken=with_simd or "VANTRO_NO_SIMD" not in directive))
+    elif word in ("elif", "else") and branches:
+        branches[-1].go_on(is_compiled="__aarch64__" not in directive)
+    elif word == "endif" and branches:
         branches.pop()
+
+
+class Branch:
+    """The branches of one "#if", of which the first that is compiled counts."""
+
+    def __init__(self, is_taken: bool):
+        self.is_taken = self.was_taken = is_taken
+
+    def go_on(self, is_compiled: bool) -> None:
+        self.is_taken = is_compiled and not self.was_taken
+        self.was_taken = self.was_taken or self.is_taken
 
 
 def closing_brackets(tokens: list[Token]) -> dict[int, int]:

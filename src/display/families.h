@@ -126,22 +126,24 @@ enum class Split : std::uint8_t { None, FrequentFlyer, ServiceRequest, RemarkDet
 
 namespace detail {
 
-template <ElementPart... Parts>
-inline constexpr std::array<ElementPart, sizeof...(Parts)> parts{Parts...};
+using enum ElementPart;
+inline constexpr std::array wholeParts{WholeText, Number};
+inline constexpr std::array frequentFlyerParts{WholeText, Number, Airline, FrequentFlyerNumber};
+inline constexpr std::array serviceRequestParts{WholeText,           Number,   Code,    Airline,
+                                                FrequentFlyerNumber, FreeText, Asterisk};
+inline constexpr std::array remarkParts{WholeText, Number, Detail};
 
 }  // namespace detail
 
 /// Text, number and the parts of a split, in the order in which a query adds them.
 constexpr std::span<const ElementPart> partsOf(Split split) {
-    using enum ElementPart;
     switch (split) {  // Not covered: every split has its case
         case Split::None: break;
-        case Split::FrequentFlyer: return detail::parts<WholeText, Number, Airline, FrequentFlyerNumber>;
-        case Split::ServiceRequest:
-            return detail::parts<WholeText, Number, Code, Airline, FrequentFlyerNumber, FreeText, Asterisk>;
-        case Split::RemarkDetail: return detail::parts<WholeText, Number, Detail>;
+        case Split::FrequentFlyer: return detail::frequentFlyerParts;
+        case Split::ServiceRequest: return detail::serviceRequestParts;
+        case Split::RemarkDetail: return detail::remarkParts;
     }
-    return detail::parts<WholeText, Number>;
+    return detail::wholeParts;
 }
 
 struct TransferableFamily {
