@@ -81,7 +81,7 @@ void ProfileQuery::addOther(OtherQuery query) {
         case OtherQuery::TransferableNumbers:
             results.add(key::strKeyElNbrsArray, scanTransferable(display, selection_));
             break;
-        case OtherQuery::Notes: break;  // Not covered: `CProfileNotes` answers it
+        case OtherQuery::Notes: break;  // Not covered: the class for notes answers it
     }
 }
 
