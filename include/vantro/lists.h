@@ -22,8 +22,6 @@ struct ElementListName {
 /// All lists of `CProfile`, family by family.
 VANTRO_EXPORT std::span<const ElementListName> elementLists() noexcept;
 
-inline const std::span<const ElementListName> elementListNames = elementLists();
-
 /// The lists of `CProfileNotes`: note k at index k, entry 0 empty.
 inline constexpr TextView noteTextList = u"strNoteText";
 inline constexpr TextView noteNumberList = u"strNoteNumber";

@@ -29,10 +29,9 @@ def _declared(tokens) -> str:
                 break
         index += 1
     head = []
-    for token in tokens[index:]:
-        if token.text in ("(", "{", "=", ";", "["):
-            break
-        head.append(token)
+    while index < len(tokens) and tokens[index].text not in ("(", "{", "=", ";", "["):
+        head.append(tokens[index])
+        index += 4 if tokens[index].text == "decltype" else 1  # the parentheses of "decltype(auto)" are no parameters
     words = [token.text for token in head if token.kind == "word"]
     if not words or "operator" in words or "requires" in words:
         return EVERYTHING

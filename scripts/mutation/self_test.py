@@ -6,6 +6,7 @@ from pathlib import Path
 
 from .explained import read_explained
 from .mutants import chosen, places_in
+from .reach import reached
 from .tokens import tokens_of
 
 
@@ -83,6 +84,14 @@ class Mutants(unittest.TestCase):
 
     def test_every_change_is_taken_once_when_more_are_asked_for(self):
         self.assertEqual(len(chosen(places_in({"a.cpp": "Width w{6};"}), 9, 1)), 3)
+
+
+class Reach(unittest.TestCase):
+    def test_a_row_is_used_by_whoever_uses_a_function_over_its_table(self):
+        text = "constexpr int rows[] = {1, 2};\nconstexpr decltype(auto) rowOf(int i) { return (rows[i]); }\nint other();"
+        names = reached("a.h", text.index("1"), {"a.h": text}, True)
+        self.assertLessEqual({"rows", "rowOf"}, names)
+        self.assertNotIn("other", names)
 
 
 class Explanations(unittest.TestCase):

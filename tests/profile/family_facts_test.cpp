@@ -198,7 +198,7 @@ TEST_P(FamilyFactsOf, NameItsKeysPartsAndLists) {
 
 TEST_P(FamilyFactsOf, NameExactlyItsLists) {
     Texts named;
-    for (const ElementListName& list : elementListNames) {
+    for (const ElementListName& list : elementLists()) {
         if (list.family == expected().family) named.push_back(utf8(list.name));
     }
     Texts names{"str" + expected().stem + "Text", "str" + expected().stem + "Number"};

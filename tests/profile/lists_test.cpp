@@ -28,7 +28,7 @@ protected:
     std::unique_ptr<ProfileObject> object = createObject(u"CProfile", terminal);
 };
 
-INSTANTIATE_TEST_SUITE_P(Each, ElementListOf, testing::ValuesIn(elementListNames), nameOfList);
+INSTANTIATE_TEST_SUITE_P(Each, ElementListOf, testing::ValuesIn(elementLists()), nameOfList);
 
 TEST_P(ElementListOf, ContainsTheEmptyEntryOrNothingInANewObject) {
     if (GetParam().part == ElementPart::Asterisk) {
@@ -45,9 +45,9 @@ TEST_P(ElementListOf, ContainsTheEmptyEntryOrNothingInANewObject) {
 
 TEST(ElementLists, HaveAName) {
     // 22 families with two lists; 7 with two lists and eight further ones in all.
-    EXPECT_EQ(elementListNames.size(), 22U * 2 + 7 * 2 + 2 + 5 + 1);
-    for (const ElementListName& row : elementListNames) {
-        EXPECT_EQ(std::ranges::count(elementListNames, row.name, &ElementListName::name), 1) << test::utf8(row.name);
+    EXPECT_EQ(elementLists().size(), 22U * 2 + 7 * 2 + 2 + 5 + 1);
+    for (const ElementListName& row : elementLists()) {
+        EXPECT_EQ(std::ranges::count(elementLists(), row.name, &ElementListName::name), 1) << test::utf8(row.name);
     }
 }
 
