@@ -8,9 +8,9 @@ JoinedLine Joiner::joinContinued(const DisplayLine& first, Counter number, JoinR
     if (!keepsIndent(rule)) return joinAllBelow(first, number, rule);
     joining_ = first.rightTrimmed();
     joining_ += display_.line(number + 1).trimmed();
-    if (rule == JoinRule::OneBelow || !isContinued(number + 1, rule)) return {texts_.keep(joining_), number + 1};
+    if (rule == JoinRule::OneBelow || !isContinued(number + 1, rule)) return {joining_, number + 1};
     joining_ += display_.line(number + 2).trimmed();
-    return {texts_.keep(joining_), number + 2};
+    return {joining_, number + 2};
 }
 
 JoinedLine Joiner::joinAllBelow(const DisplayLine& first, Counter number, JoinRule rule) {
@@ -31,7 +31,7 @@ JoinedLine Joiner::joinAllBelow(const DisplayLine& first, Counter number, JoinRu
         joining_ += continuation;
         containsEndText = contains(TextView(joining_).substr(unseen), mark::endOfDisplay);
     }
-    return {texts_.keep(joining_), last};
+    return {joining_, last};
 }
 
 }  // namespace vantro

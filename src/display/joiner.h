@@ -37,7 +37,7 @@ private:
     std::size_t left_ = 0;
 };
 
-/// The text of an element, a view of the display or of the joiner's arena, and the number of its last line.
+/// The text of an element and the number of its last line. A joined text is valid until the next one is joined.
 struct JoinedLine {
     TextView text;
     Counter last;
@@ -65,6 +65,10 @@ public:
     bool isContinued(Counter number, JoinRule rule) {
         return display_.line(number + 1).beginsBlank(keepsIndent(rule) ? transferableIndent : elementIndent);
     }
+
+    /// A copy of a joined text that is valid as long as the arena. Most joined elements are another family's and are
+    /// not kept.
+    TextView keep(TextView joined) { return texts_.keep(joined); }
 
     /// Moves the arena out; views of joined texts stay valid as long as the result.
     TextArena takeTexts() { return std::move(texts_); }

@@ -64,10 +64,11 @@ private:
             const DisplayLine& line = display_.expectedLine(line_);
             if (line.isSectionEnd()) return false;
             const JoinedLine element = joiner_.join(line, line_, joinRule_);
-            const bool isCollected = element.last == line_ ? isOwn(line) : isOwn(line, element.text);
+            const bool isJoined = element.last != line_;
             line_ = element.last;
-            if (!isCollected) return true;
-            store(element.text, cut(element.text, textField));
+            if (isJoined ? !isOwn(line, element.text) : !isOwn(line)) return true;
+            const TextView text = isJoined ? joiner_.keep(element.text) : element.text;
+            store(text, cut(text, textField));
         }
     }
 

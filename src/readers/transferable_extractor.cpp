@@ -136,7 +136,8 @@ private:
     void testJoined(const DisplayLine& line, Counter number, JoinRule rule, FamilySet joiners) {
         if (joiners.empty()) return;
         const TextView text = joiner_.joinContinued(line, number, rule).text;
-        storeAs(joiners & codesIn(text), text);
+        const FamilySet families = joiners & codesIn(text);
+        if (!families.empty()) storeAs(families, joiner_.keep(text));
     }
 
     void storeAs(FamilySet families, TextView line) {
