@@ -36,6 +36,7 @@ target_sources(vantro_profile_utils PRIVATE
     src/profile/notes_transaction.cpp
     src/profile/whole_profile.cpp
     src/readers/document_extractor.cpp
+    src/readers/element_split.cpp
     src/readers/header_readers.cpp
     src/readers/note_scanner.cpp
     src/readers/prefixed_extractor.cpp

@@ -16,33 +16,32 @@ std::size_t lengthOf(const Screen& screen) {
 
 }  // namespace
 
-Display::Display(Terminal& terminal, TextView text) : screen_(terminal, text), positions_(lengthOf(screen_)) {
+Display::Display(Terminal& terminal, TextView text) : screen_(terminal, text), size_(lengthOf(screen_)), lines_(size_) {
     constexpr std::size_t usualMarks = 32;  // ten section headers, a prompt, the end text, and a reserve
-    lines_.reserve(positions_.size());
     marked_.reserve(usualMarks);
-}
-
-const DisplayLine& Display::keepLine(std::size_t index, TextView text, const LineMarks* marks) {
-    lines_.emplace_back(text, marks);
-    positions_[index] = static_cast<std::uint16_t>(lines_.size());
-    return lines_.back();
 }
 
 const DisplayLine& Display::readLine(std::size_t index) {
     static const DisplayLine emptyLine;
-    if (isPastEnd(Counter(static_cast<std::int16_t>(index)))) return emptyLine;
+    if (index >= size_) return emptyLine;
     const TextView text = screen_.line(static_cast<std::int16_t>(index));
-    if (!screen_.linesAreSlices()) return keepLine(index, text, nullptr);
-    const LineMarks marks = sweptMarksOf(index);
-    return keepLine(index, text, &marks);
+    if (!screen_.linesAreSlices()) return lines_.add(index, text, nullptr);
+    sweepTo(index);
+    if (index < swept_) {
+        const LineMarks marks = sweptMarksOf(index);
+        return lines_.add(index, text, &marks);
+    }
+    const DisplayLine& line = lines_.add(index, text, nullptr);
+    noteSwept(line.marks());
+    return line;
 }
 
 void Display::readAhead() {
     const TextView display = text();
-    const std::size_t wholeLines = std::min(display.size() / screenWidth, size());
+    const std::size_t wholeLines = std::min(display.size() / screenWidth, size_);
     while (swept_ < wholeLines) {
         const TextView line(display.data() + swept_ * screenWidth, screenWidth);
-        const LineMarks marks = keepLine(swept_, line, nullptr).marks();
+        const LineMarks marks = lines_.add(swept_, line, nullptr).marks();
         noteSwept(marks);
         if (marks.isEndOfDisplay()) return;
     }
@@ -50,13 +49,16 @@ void Display::readAhead() {
 
 // Sweeps up to and including the next line that passes the pre-filter.
 void Display::sweepNext() {
-    swept_ = std::min(nextLineThatMayContainMark(text(), swept_), size());
-    if (swept_ == size()) return;
-    noteSwept(marksOf(screen_.line(static_cast<std::int16_t>(swept_))));
+    swept_ = std::min(nextLineThatMayContainMark(text(), swept_), size_);
+    if (swept_ < size_) noteSwept(marksOf(screen_.line(static_cast<std::int16_t>(swept_))));
 }
 
-LineMarks Display::sweptMarksOf(std::size_t index) {
-    while (swept_ <= index) sweepNext();
+/// Sweeps all lines before `index`.
+void Display::sweepTo(std::size_t index) {
+    while (swept_ < std::min(index, size_)) sweepNext();
+}
+
+LineMarks Display::sweptMarksOf(std::size_t index) const {
     const Counter number(static_cast<std::int16_t>(index));
     const auto found = std::ranges::lower_bound(marked_, number, {}, &MarkedLine::number);
     return found != marked_.end() && found->number == number ? found->marks : LineMarks();
@@ -65,17 +67,18 @@ LineMarks Display::sweptMarksOf(std::size_t index) {
 /// The index in the list of all marked lines of the first one at or after line `from`. That line may be swept only
 /// later.
 std::size_t Display::nextMarkedIndex(Counter from) {
-    while (swept_ < static_cast<std::size_t>(from.value()) && swept_ < size()) sweepNext();
+    sweepTo(static_cast<std::size_t>(from.value()));
     const auto found = std::ranges::lower_bound(marked_, from, {}, &MarkedLine::number);
     return static_cast<std::size_t>(found - marked_.begin());
 }
 
-const Display::MarkedLine& Display::markedAt(std::size_t index) {
+/// The marked line at this index, or null when the display has fewer.
+const Display::MarkedLine* Display::markedAt(std::size_t index) {
     while (index >= marked_.size()) {
-        if (swept_ >= size()) fail(Failure::Overflow);  // only empty lines follow, up to the counter's end
+        if (swept_ >= size_) return nullptr;
         sweepNext();
     }
-    return marked_[index];
+    return &marked_[index];
 }
 
 template <class Wanted>
@@ -86,19 +89,21 @@ Display::MarkedLine Display::nextFetched(Counter from, Wanted wanted) {
     }
 }
 
-Display::MarkedLine Display::nextMarked(Counter from) {
+std::optional<Display::MarkedLine> Display::nextMarked(Counter from) {
     if (!screen_.linesAreSlices()) return nextFetched(from, [](LineMarks marks) { return marks.any(); });
-    return markedAt(nextMarkedIndex(from));
+    const MarkedLine* const marked = markedAt(nextMarkedIndex(from));
+    return marked != nullptr ? std::optional(*marked) : std::nullopt;
 }
 
-Display::MarkedLine Display::nextHeaderOrEnd(Section section, Counter from) {
+std::optional<Display::MarkedLine> Display::nextHeaderOrEnd(Section section, Counter from) {
     const auto isWanted = [section](LineMarks marks) {
         return marks.containsHeader(section) || marks.isEndOfDisplay();
     };
     if (!screen_.linesAreSlices()) return nextFetched(from, isWanted);
     for (std::size_t index = nextMarkedIndex(from);; ++index) {
-        const MarkedLine& marked = markedAt(index);
-        if (isWanted(marked.marks)) return marked;
+        const MarkedLine* const marked = markedAt(index);
+        if (marked == nullptr) return std::nullopt;
+        if (isWanted(marked->marks)) return *marked;
     }
 }
 

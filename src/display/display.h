@@ -4,10 +4,55 @@
 #include "display/display_line.h"
 #include "framework/screen.h"
 
+#include <array>
 #include <cstdint>
+#include <memory>
+#include <optional>
 #include <vector>
 
 namespace vantro {
+
+/// The lines of a display that were read so far, in blocks, so that a reader of few lines needs little memory.
+class ReadLines {
+public:
+    explicit ReadLines(std::size_t size) : blocks_((size + blockSize - 1) / blockSize) {}
+
+    /// A line, or null when it was not read yet.
+    const DisplayLine* find(std::size_t index) const {
+        if (index / blockSize >= blocks_.size()) return nullptr;
+        const Block* const block = blocks_[index / blockSize].get();
+        return block != nullptr && block->contains(index % blockSize) ? &block->lines[index % blockSize] : nullptr;
+    }
+
+    /// Adds a line that was not read yet, with its marks if they are known; the reference is valid as long as this
+    /// object.
+    const DisplayLine& add(std::size_t index, TextView text, const LineMarks* knownMarks) {
+        std::unique_ptr<Block>& block = blocks_[index / blockSize];
+        if (!block) block = std::make_unique<Block>();
+        return block->add(index % blockSize, text, knownMarks);
+    }
+
+private:
+    static constexpr std::size_t blockSize = 64;
+
+    struct Block {
+        Block() {}  // the lines stay uninitialised
+
+        bool contains(std::size_t position) const { return (read >> position & 1) != 0; }
+
+        const DisplayLine& add(std::size_t position, TextView text, const LineMarks* knownMarks) {
+            read |= std::uint64_t{1} << position;
+            return *std::construct_at(&lines[position], text, knownMarks);
+        }
+
+        std::uint64_t read = 0;  // one bit per line
+        union {
+            std::array<DisplayLine, blockSize> lines;
+        };
+    };
+
+    std::vector<std::unique_ptr<Block>> blocks_;
+};
 
 /// The display that one operation reads. The operation's readers share it, so that each line is read once. Lines count
 /// from 0; lines after the end are empty.
@@ -21,8 +66,8 @@ public:
     /// A line; the reference is valid as long as the display.
     const DisplayLine& line(Counter number) {
         const auto index = static_cast<std::size_t>(number.value());
-        const std::size_t position = index < positions_.size() ? positions_[index] : 0;
-        return position != 0 ? lines_[position - 1] : readLine(index);
+        const DisplayLine* const known = lines_.find(index);
+        return known != nullptr ? *known : readLine(index);
     }
 
     /// Reads all lines up to the display's end in one pass, for a reader that needs most of them. Lines must be slices
@@ -30,10 +75,13 @@ public:
     void readAhead();
 
     /// True for a line that is known to be empty; all lines after it are empty too.
-    bool isPastEnd(Counter number) const { return static_cast<std::size_t>(number.value()) >= size(); }
+    bool isPastEnd(Counter number) const { return static_cast<std::size_t>(number.value()) >= size_; }
 
-    /// A line in a search that only a mark or a text ends. Raises 6 for a line after the end: only empty lines follow,
-    /// and the 16-bit line counter would overflow.
+    /// A line in a search that only a mark or a text ends; null for a line after the end: the search fails, because
+    /// only empty lines follow and the 16-bit line counter would overflow.
+    const DisplayLine* lineBeforeEnd(Counter number) { return isPastEnd(number) ? nullptr : &line(number); }
+
+    /// The same; raises 6 for a line after the end.
     const DisplayLine& expectedLine(Counter number) {
         if (isPastEnd(number)) fail(Failure::Overflow);
         return line(number);
@@ -45,38 +93,37 @@ public:
         LineMarks marks;
     };
 
-    /// The first line at or after `from` that contains a mark. Raises 6 when there is none.
-    MarkedLine nextMarked(Counter from);
+    /// The first line at or after `from` that contains a mark, if there is one.
+    std::optional<MarkedLine> nextMarked(Counter from);
 
-    /// The first line at or after `from` that contains the section's header or ends the display. Raises 6 when there
-    /// is none.
-    MarkedLine nextHeaderOrEnd(Section section, Counter from);
+    /// The first line at or after `from` that contains the section's header or ends the display, if there is one.
+    std::optional<MarkedLine> nextHeaderOrEnd(Section section, Counter from);
 
     /// The number of lines that can be non-empty.
-    std::size_t size() const { return positions_.size(); }
+    std::size_t size() const { return size_; }
 
     Screen& screen() { return screen_; }
     TextView text() const { return screen_.text(); }
 
 private:
     const DisplayLine& readLine(std::size_t index);
-    const DisplayLine& keepLine(std::size_t index, TextView text, const LineMarks* marks);
-    LineMarks sweptMarksOf(std::size_t index);
+    LineMarks sweptMarksOf(std::size_t index) const;
     void sweepNext();
+    void sweepTo(std::size_t index);
     void noteSwept(LineMarks marks) {
         if (marks.any()) marked_.push_back({Counter(static_cast<std::int16_t>(swept_)), marks});
         ++swept_;
     }
     std::size_t nextMarkedIndex(Counter from);
-    const MarkedLine& markedAt(std::size_t index);
+    const MarkedLine* markedAt(std::size_t index);
     template <class Wanted>
     MarkedLine nextFetched(Counter from, Wanted wanted);
 
     Screen screen_;
-    std::vector<DisplayLine> lines_;        // the lines read so far, in the order of reading; never reallocated
-    std::vector<std::uint16_t> positions_;  // position in `lines_`, from 1, of each line; 0 for a line not read yet
-    std::size_t swept_ = 0;                 // the number of lines, from line 0, that were swept for marks
-    std::vector<MarkedLine> marked_;        // the swept lines that contain marks
+    std::size_t size_;
+    ReadLines lines_;
+    std::size_t swept_ = 0;           // the number of lines, from line 0, whose marks are known
+    std::vector<MarkedLine> marked_;  // those among them that contain marks
 };
 
 }  // namespace vantro

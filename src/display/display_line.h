@@ -2,10 +2,10 @@
 #pragma once
 
 #include "display/families.h"
+#include "display/family_set.h"
 #include "display/line_bits.h"
 #include "display/sections.h"
 #include "framework/text_ops.h"
-#include "vantro/profile.h"
 
 #include <cstddef>
 #include <cstdint>
@@ -47,67 +47,6 @@ LineMarks marksOf(TextView line);
 /// Pre-filter: the first line at or after `from` that may contain a mark, in a display cut into lines of 80 characters.
 /// Returns the number of complete lines when there is none.
 std::size_t nextLineThatMayContainMark(TextView display, std::size_t from);
-
-/// A set of element families.
-class FamilySet {
-public:
-    constexpr FamilySet() = default;
-
-    constexpr void add(Family family) { bits_ |= bit(family); }
-    constexpr void remove(Family family) { bits_ &= ~bit(family); }
-    constexpr bool empty() const { return bits_ == 0; }
-    constexpr bool contains(Family family) const { return (bits_ & bit(family)) != 0; }
-
-    friend constexpr FamilySet operator&(FamilySet a, FamilySet b) { return FamilySet(a.bits_ & b.bits_); }
-
-private:
-    constexpr explicit FamilySet(std::uint64_t bits) : bits_(bits) {}
-
-    static constexpr std::uint64_t bit(Family family) { return std::uint64_t{1} << indexOf(family); }
-    static_assert(familyCount <= 64);
-
-    std::uint64_t bits_ = 0;
-};
-
-/// The tag of an element ("PPR/") or of a header line ("PIN/"): "P", two capitals and a slash.
-class Prefix {
-public:
-    /// The prefix of a family; the family must have one.
-    constexpr explicit Prefix(Family family) : Prefix(indexOf(family)) {}
-
-    friend constexpr bool operator==(Prefix, Prefix) = default;
-
-    static const Prefix companyName;  ///< "PCN/"
-    static const Prefix pin;          ///< "PIN/"
-    static const Prefix psl;          ///< "PSL/"
-
-private:
-    constexpr explicit Prefix(std::size_t index) : index_(static_cast<std::uint8_t>(index)) {}
-
-    friend class PrefixSet;
-    std::uint8_t index_;
-};
-
-/// The header lines' prefixes as the host prints them.
-inline constexpr TextView companyNamePrefix = u"PCN/";
-inline constexpr TextView pinPrefix = u"PIN/";
-inline constexpr TextView pslPrefix = u"PSL/";
-
-inline constexpr Prefix Prefix::companyName{familyCount};
-inline constexpr Prefix Prefix::pin{familyCount + 1};
-inline constexpr Prefix Prefix::psl{familyCount + 2};
-
-class PrefixSet {
-public:
-    constexpr void add(Prefix prefix) { bits_ |= bit(prefix); }
-    constexpr bool contains(Prefix prefix) const { return (bits_ & bit(prefix)) != 0; }
-
-private:
-    static constexpr std::uint64_t bit(Prefix prefix) { return std::uint64_t{1} << prefix.index_; }
-    static_assert(familyCount + 3 <= 64);
-
-    std::uint64_t bits_ = 0;
-};
 
 /// The prefixes that a trimmed line contains.
 struct LinePrefixes {
@@ -163,6 +102,11 @@ public:
     /// True when the trimmed line contains the prefix, beginning at or after a column.
     bool containsPrefix(Prefix prefix, PrefixFrom from) const {
         return (from == PrefixFrom::Column1 ? facts_.prefixes.anywhere : facts_.prefixes.fromColumn3).contains(prefix);
+    }
+
+    /// The families among these whose prefix the trimmed line contains from column 1, or from column 3 on.
+    FamilySet prefixed(FamilySet families, PrefixFrom from) const {
+        return (from == PrefixFrom::Column1 ? facts_.prefixes.anywhere : facts_.prefixes.fromColumn3).among(families);
     }
 
     /// The column of the blank before a word, or Column{0}. The argument is the word with one blank on either side.

@@ -214,6 +214,10 @@ constexpr decltype(auto) withRow(Family family, Use&& use) {
     return use(documentFamilies[index - firstDocument]);
 }
 
+/// The section in which the host prints the elements of a family.
+constexpr Section sectionOf(const TransferableFamily& /*row*/) { return Section::Transferable; }
+constexpr Section sectionOf(const auto& row) { return row.section; }
+
 /// What the host prints in the lines of a family to identify it.
 constexpr TextView tagOf(const PrefixedFamily& row) { return row.prefix; }
 constexpr TextView tagOf(const TransferableFamily& row) { return row.code; }

@@ -21,7 +21,8 @@ JoinedLine Joiner::joinAllBelow(const DisplayLine& first, Counter number, JoinRu
         const DisplayLine& below = display_.line(last + 1);
         if (!below.beginsBlank(elementIndent) || containsEndText) break;
         ++last;
-        if (display_.isPastEnd(last)) fail(Failure::Overflow);  // only empty lines follow, which continue the element
+        // Only empty lines follow, which continue the element up to the line counter's end.
+        if (display_.isPastEnd(last)) return {.text = joining_, .last = last, .isEndless = true};
         if (below.isBlank()) continue;
         // The end text can arise across the boundary of two joined lines, within its own length of it.
         const std::size_t unseen = joining_.size() - std::min(joining_.size(), mark::endOfDisplay.size());

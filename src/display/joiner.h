@@ -41,6 +41,7 @@ private:
 struct JoinedLine {
     TextView text;
     Counter last;
+    bool isEndless = false;  ///< true if all lines up to the display's last one continue the element: the search fails
 };
 
 /// Joins the lines of the elements of one display.

@@ -14,37 +14,65 @@ namespace vantro {
 
 namespace {
 
-void storeLast(TextList& list, std::size_t length, TextView text) {
-    list.resize(length - 1);
-    list.emplace_back(text);
+/// Replaces the entry at an index, which is at most one beyond the last entry.
+void put(TextList& list, std::size_t index, TextView text) {
+    if (index < list.size()) {
+        list[index].assign(text);
+    } else {
+        list.emplace_back(text);
+    }
 }
 
-/// Stores every part of an element in its list. Lists are resized only when an element is stored: a call without
-/// elements leaves them unchanged.
-class ListsSink final : public ElementSink {
+/// Stores every part of the elements in its list. The entries of earlier elements are replaced, which saves
+/// allocations. Lists stay unchanged when there is no element.
+class ListsWriter {
 public:
-    ListsSink(ElementLists& lists, const FamilyFacts& family)
-        : lists_(lists), furtherParts_(family.furtherParts()), firstIndex_(family.firstIndex) {}
+    ListsWriter(ElementLists& lists, const FamilyFacts& family)
+        : lists_(lists), parts_(family.parts), firstIndex_(family.firstIndex) {}
 
-    void store(Family /*family*/, std::int16_t count, const FoundElement& element) override {
-        const std::size_t length = static_cast<std::size_t>(count) + firstIndex_;
-        storeLast(lists_.texts(ElementPart::WholeText), length, element.text);
-        storeLast(lists_.texts(ElementPart::Number), length, element.number);
-        for (const ElementPart part : furtherParts_) storePart(part, length, element);
+    /// When memory runs out, the lists contain the elements before that one.
+    void store(std::span<const FoundElement> found) {
+        if (found.empty()) return;
+        std::size_t stored = 0;
+        try {
+            for (; stored < found.size(); ++stored) {
+                Element element{};
+                split(found[stored], element);
+                store(element, stored + firstIndex_);
+            }
+        } catch (...) {
+            cutTo(stored + firstIndex_);
+            throw;
+        }
+        cutTo(stored + firstIndex_);
     }
 
 private:
-    void storePart(ElementPart part, std::size_t length, const FoundElement& element) {
-        if (part == ElementPart::Asterisk) {
-            lists_.asterisks().resize(length);
-            lists_.asterisks().back() = element.asterisk;
-        } else {
-            storeLast(lists_.texts(part), length, element.*rowOf(part).value);
+    void store(const Element& element, std::size_t index) {
+        for (const ElementPart part : parts_) {
+            if (part == ElementPart::Asterisk) {
+                lists_.asterisks().resize(index);
+                lists_.asterisks().push_back(element.asterisk);
+            } else {
+                put(lists_.texts(part), index, element.*rowOf(part).value);
+            }
+        }
+    }
+
+    /// Cuts longer lists to a length.
+    void cutTo(std::size_t length) {
+        for (const ElementPart part : parts_) {
+            if (part == ElementPart::Asterisk) {
+                lists_.asterisks().resize(std::min(lists_.asterisks().size(), length));
+            } else {
+                TextList& list = lists_.texts(part);
+                list.resize(std::min(list.size(), length));
+            }
         }
     }
 
     ElementLists& lists_;
-    std::span<const ElementPart> furtherParts_;
+    std::span<const ElementPart> parts_;
     std::size_t firstIndex_;
 };
 
@@ -53,13 +81,32 @@ void cutToEntry0(ElementLists& lists) {
     lists.texts(ElementPart::Number).resize(1);
 }
 
-/// Cuts the lists before the display is read, if the family's kind needs it.
-void prepare(const PrefixedFamily& row, TextView display, ElementLists& lists) {
+/// True if a call that finds no element cuts the lists back to entry 0.
+bool isCutWithoutElements(const PrefixedFamily& row, TextView display) {
     // Meant: four families test for an empty display before they cut their lists.
-    if (row.cut == ListCut::BeforeEmptyTest || !display.empty()) cutToEntry0(lists);
+    return row.cut == ListCut::BeforeEmptyTest || !display.empty();
 }
-void prepare(const DocumentFamily& /*row*/, TextView /*display*/, ElementLists& lists) { cutToEntry0(lists); }
-void prepare(const TransferableFamily& /*row*/, TextView /*display*/, ElementLists& /*lists*/) {}
+bool isCutWithoutElements(const DocumentFamily& /*row*/, TextView /*display*/) { return true; }
+bool isCutWithoutElements(const TransferableFamily& /*row*/, TextView /*display*/) { return false; }
+
+/// What a search found, and whether it reached its end.
+struct ReadElements {
+    FoundElements found;
+    bool isComplete;
+};
+
+/// The elements found before the search ended or failed, whatever the failure: the caller raises the family's number.
+ReadElements readElements(Family family, Joiner& joiner) {
+    constexpr std::size_t usualElements = 32;
+    ReadElements read{{}, false};
+    read.found.reserve(usualElements);
+    try {
+        read.isComplete = extract(FamilySet(family), joiner, read.found).empty();
+    } catch (...) {
+        return read;
+    }
+    return read;
+}
 
 const ElementListName* findList(TextView name) {
     const auto row = std::ranges::find(elementLists(), name, &ElementListName::name);
@@ -82,12 +129,17 @@ std::int16_t ProfileLists::refill(Family family, TextView display) {
     return withRow(family, [&](const auto& row) {
         return raiseAs(row.error, description::verifyingProfile, [&]() -> std::int16_t {
             ElementLists& lists = listsOf(family);
-            prepare(row, display, lists);
-            if (display.empty()) return 0;
+            if (display.empty()) {
+                if (isCutWithoutElements(row, display)) cutToEntry0(lists);
+                return 0;
+            }
             Display lines(terminal_, display);
             Joiner joiner(lines);
-            ListsSink sink(lists, factsOf(family));
-            return extract(row, joiner, sink);
+            const auto [found, isComplete] = readElements(family, joiner);
+            if (found.empty() && isCutWithoutElements(row, display)) cutToEntry0(lists);
+            ListsWriter(lists, factsOf(family)).store(found);
+            if (!isComplete) fail(Failure::Overflow);
+            return toInt16(static_cast<long long>(found.size()));
         });
     });
 }

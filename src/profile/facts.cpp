@@ -97,9 +97,6 @@ constexpr std::span<const TextView> keysOf(ElementOutput output, Split split) {
     return keysOfSplit<Split::None>;
 }
 
-constexpr Section sectionOf(const TransferableFamily& /*row*/) { return Section::Transferable; }
-constexpr Section sectionOf(const auto& row) { return row.section; }
-
 constexpr Split splitOf(const TransferableFamily& row) { return row.split; }
 constexpr Split splitOf(const auto& /*row*/) { return Split::None; }
 

@@ -20,83 +20,62 @@ struct Profile::Storage {
     Text display;
     TextArena joinedElements;
     TextArena joinedNames;
-    std::vector<Element> elements;
+    std::unique_ptr<Element[]> elements;
     std::vector<Note> notes;
 };
 
 namespace {
 
-/// Collects elements and notes. The elements of a family are stored one after the other.
-class Collector final : public ElementSink, public NoteSink {
+/// Collects the notes.
+class NoteCollector final : public NoteSink {
 public:
-    Collector(Profile::Storage& storage, std::size_t usualElements) : storage_(storage) {
-        storage_.elements.reserve(usualElements);
-    }
-
-    void store(Family /*family*/, std::int16_t /*count*/, const FoundElement& found) override {
-        storage_.elements.push_back(found);
-    }
+    explicit NoteCollector(std::vector<Note>& notes) : notes_(notes) {}
 
     void store(std::int16_t /*count*/, const FoundNote& note) override {
         constexpr std::size_t usualNotes = 32;
-        if (storage_.notes.empty()) storage_.notes.reserve(usualNotes);
-        storage_.notes.push_back({note.number, note.qualifier, note.text});
+        if (notes_.empty()) notes_.reserve(usualNotes);
+        notes_.push_back({note.number, note.qualifier, note.text});
     }
 
     void storeEmpty(std::int16_t /*number*/, std::int16_t /*amount*/) override {
     }  // the scan fails, its notes are dropped
 
-    std::size_t size() const { return storage_.elements.size(); }
-
-    /// Drops the elements from an index on.
-    void dropFrom(std::size_t index) { storage_.elements.resize(index); }
-
-    /// Makes the elements from an index on those of a family.
-    void assignFrom(std::size_t index, Family family) { ranges_[indexOf(family)] = {index, size() - index}; }
-
-    void storeIn(Profile& profile) const {
-        for (std::size_t family = 0; family < familyCount; ++family) {
-            const auto [begin, count] = ranges_[family];
-            if (count > 0) profile.families[family] = {storage_.elements.data() + begin, count};
-        }
-        profile.notes = storage_.notes;
-    }
-
 private:
-    struct Range {
-        std::size_t begin = 0;
-        std::size_t count = 0;
-    };
-
-    Profile::Storage& storage_;
-    std::array<Range, familyCount> ranges_;
+    std::vector<Note>& notes_;
 };
 
-/// The elements of several families in the order of the display.
-class MixedElements final : public ElementSink {
-public:
-    void store(Family family, std::int16_t /*count*/, const FoundElement& found) override {
-        constexpr std::size_t usualElements = 64;
-        if (elements_.empty()) elements_.reserve(usualElements);
-        elements_.push_back({family, found});
+/// The families of each section.
+constexpr auto familiesOfSections = [] {
+    std::array<FamilySet, sectionHeaders.size()> families;
+    for (std::size_t index = 0; index < familyCount; ++index) {
+        const auto family = static_cast<Family>(index);
+        const Section section = withRow(family, [](const auto& row) { return sectionOf(row); });
+        families[static_cast<std::size_t>(section)].add(family);
     }
+    return families;
+}();
 
-    void copyTo(Collector& collector, Family family) const {
-        const std::size_t begin = collector.size();
-        for (const auto& [itsFamily, element] : elements_) {
-            if (itsFamily == family) collector.store(family, 0, element);
-        }
-        collector.assignFrom(begin, family);
+constexpr FamilySet everyFamily = [] {
+    FamilySet families;
+    for (std::size_t index = 0; index < familyCount; ++index) families.add(static_cast<Family>(index));
+    return families;
+}();
+
+/// Splits the elements into their parts and sorts them by family. The elements of the families that failed are dropped.
+void storeElements(const FoundElements& found, FamilySet failed, Profile& profile,
+                   std::unique_ptr<Element[]>& elements) {
+    std::array<std::size_t, familyCount> counts{};
+    for (const FoundElement& element : found) ++counts[indexOf(element.family)];
+    elements = std::make_unique_for_overwrite<Element[]>(found.size());  // their own constructor makes them empty
+    std::array<Element*, familyCount> next{};
+    Element* begin = elements.get();
+    for (std::size_t family = 0; family < familyCount; ++family) {
+        next[family] = begin;
+        if (!failed.contains(static_cast<Family>(family))) profile.families[family] = {begin, counts[family]};
+        begin += counts[family];
     }
-
-private:
-    struct Mixed {
-        Family family;
-        Element element;
-    };
-
-    std::vector<Mixed> elements_;
-};
+    for (const FoundElement& element : found) split(element, *next[indexOf(element.family)]++);
+}
 
 /// Fills a profile query by query. A query that fails leaves its value empty and is added to the problems.
 class WholeProfileReader {
@@ -105,15 +84,14 @@ public:
         : profile_(profile),
           storage_(storage),
           display_(terminal_, withoutHostLine(terminal_, storage.display, ShortDisplay::IsEmpty)),
-          joiner_(display_),
-          collector_(storage, storage.display.size() / screenWidth) {}  // few displays have an element in every line
+          joiner_(display_) {}
 
     void run() {
         display_.readAhead();
         readHeader();
         readFamilies();
         readNotes();
-        collector_.storeIn(profile_);
+        profile_.notes = storage_.notes;
         storage_.joinedElements = joiner_.takeTexts();
     }
 
@@ -149,40 +127,40 @@ private:
 
     void readFamilies() {
         if (display_.text().empty()) return;
-        const bool isShared = isFarFromCountersEnd();
-        const FamilySet failed = isShared ? readTransferable() : FamilySet();
+        FoundElements found;
+        found.reserve(display_.size());  // few displays have an element in every line
+        const FamilySet failed = isFarFromCountersEnd() ? readSections(found) : readOneByOne(found);
+        storeElements(found, failed, profile_, storage_.elements);
         for (const FamilyName& row : familyNames()) {
-            if (!isTransferable(row.family) || !isShared) {
-                readFamily(row);
-            } else if (failed.contains(row.family)) {
-                addProblem(row);
-            }
+            if (failed.contains(row.family)) addProblem(row);
         }
     }
 
+    /// True if no reader, some of which look two lines ahead, can reach the end of the 16-bit line counter.
     bool isFarFromCountersEnd() const {
         constexpr std::size_t farEnough = 32'000;
-        return storage_.display.size() < farEnough * screenWidth;
+        return display_.size() < farEnough;
     }
 
-    FamilySet readTransferable() {
-        MixedElements found;
-        const FamilySet failed = extractTransferable(joiner_, found);
-        for (const TransferableFamily& row : transferableFamilies) {
-            if (!failed.contains(row.family)) found.copyTo(collector_, row.family);
+    FamilySet readSections(FoundElements& found) {
+        FamilySet failed;
+        for (const FamilySet families : familiesOfSections) {
+            if (!families.empty()) failed.add(extract(families, joiner_, found));
         }
         return failed;
     }
 
-    void readFamily(const FamilyName& row) {
-        const std::size_t before = collector_.size();
-        try {
-            extract(row.family, joiner_, collector_);
-            collector_.assignFrom(before, row.family);
-        } catch (const Error&) {  // Not covered: memory that runs out passes
-            collector_.dropFrom(before);
-            addProblem(row);
-        }
+    /// Each family fails at its own line, if it comes near the line counter's end.
+    FamilySet readOneByOne(FoundElements& found) {
+        FamilySet failed;
+        everyFamily.forEach([&](Family family) {
+            try {
+                failed.add(extract(FamilySet(family), joiner_, found));
+            } catch (const Error&) {  // Not covered: memory that runs out passes
+                failed.add(family);
+            }
+        });
+        return failed;
     }
 
     void addProblem(const FamilyName& row) {
@@ -200,7 +178,8 @@ private:
     void readNotes() {
         if (display_.text().empty()) return;
         try {
-            scanNotes(display_, {}, collector_);
+            NoteCollector collector(storage_.notes);
+            scanNotes(display_, {}, collector);
         } catch (const Error&) {
             storage_.notes.clear();
             addProblem(factsOf(OtherQuery::Notes).word, number::notesQuery, description::readingNotes);
@@ -212,7 +191,6 @@ private:
     Profile::Storage& storage_;
     Display display_;
     Joiner joiner_;
-    Collector collector_;
 };
 
 }  // namespace

@@ -10,7 +10,6 @@ namespace vantro {
 
 namespace {
 
-constexpr Field numberField{Column{1}, Width{2}};
 constexpr TextView indent = u"     ";
 constexpr Width indentWidth{5};
 
@@ -19,50 +18,54 @@ bool isIndented(TextView trimmedLine) {
     return mid(trimmedLine, Column{2}, indentWidth) == indent || mid(trimmedLine, Column{3}, indentWidth) == indent;
 }
 
-TextView elementText(const DocumentFamily& row, const DisplayLine& line) {
-    const TextView before = line.containsPrefix(Prefix(row.family), PrefixFrom::Column1) ? TextView(u"/") : indent;
-    return cut(line.trimmed(), {find(line.trimmed(), before) + 1});
+Column textColumnIn(const DisplayLine& line, Family family) {
+    const TextView before = line.containsPrefix(Prefix(family), PrefixFrom::Column1) ? TextView(u"/") : indent;
+    return find(line.trimmed(), before) + 1;
 }
 
-/// Stores the family's first run, which is all that is read. Its lines are not tested for an end mark.
-std::int16_t collectRun(const DocumentFamily& row, Display& display, Counter number, ElementSink& sink) {
-    Counter count;
+/// Collects the family's first run, which is all that is read. Its lines are not tested for an end mark.
+void collectRun(Family family, Display& display, Counter number, FoundElements& found) {
     do {
         const DisplayLine& line = display.line(number);
-        ++count;
-        sink.store(row.family, count.value(),
-                   {.number = cut(line.trimmed(), numberField), .text = elementText(row, line)});
+        found.push_back({family, textColumnIn(line, family), line.trimmed()});
         ++number;
     } while (isIndented(display.line(number).trimmed()));
-    return count.value();
 }
 
-/// Stores the run that begins with the first prefixed line after the header. Returns 0 when the section ends first.
-std::int16_t collectSection(const DocumentFamily& row, Display& display, const Display::MarkedLine& header,
-                            ElementSink& sink) {
+/// Collects the runs of the families; each begins with the first line after the header that contains the prefix.
+FamilySet collectSection(FamilySet families, Display& display, const Display::MarkedLine& header,
+                         FoundElements& found) {
     // Meant: after a header line that also contains an end mark, one more line is read.
     bool isLast = header.marks.isEndOfDisplay();
     Counter number = header.number;
     do {
         ++number;
-        const DisplayLine& line = isLast ? display.line(number) : display.expectedLine(number);
-        if (line.containsPrefix(Prefix(row.family), PrefixFrom::Column1)) return collectRun(row, display, number, sink);
+        if (display.isPastEnd(number) && !isLast) return families;
+        const DisplayLine& line = display.line(number);
+        const FamilySet begun = line.prefixed(families, PrefixFrom::Column1);
+        begun.forEach([&](Family family) { collectRun(family, display, number, found); });
+        families.remove(begun);
         isLast = isLast || line.trimmed().starts_with(u"-----") || line.isEndOfDisplay();
-    } while (!isLast);
-    return 0;
+    } while (!isLast && !families.empty());
+    return {};
 }
 
 }  // namespace
 
-std::int16_t extract(const DocumentFamily& row, Joiner& joiner, ElementSink& sink) {
+FamilySet extractDocuments(FamilySet families, Joiner& joiner, FoundElements& found) {
     Display& display = joiner.display();
-    const Display::MarkedLine header = display.nextHeaderOrEnd(row.section, Counter(1));
-    if (!header.marks.containsHeader(row.section)) return 0;
-    return collectSection(row, display, header, sink);
+    const Section section = documentFamilies[indexOf(families.first()) - firstDocument].section;
+    const std::optional<Display::MarkedLine> header = display.nextHeaderOrEnd(section, Counter(1));
+    if (!header) return families;
+    if (!header->marks.containsHeader(section)) return {};
+    return collectSection(families, display, *header, found);
 }
 
-std::int16_t extract(Family family, Joiner& joiner, ElementSink& sink) {
-    return withRow(family, [&](const auto& row) { return extract(row, joiner, sink); });
+FamilySet extract(FamilySet families, Joiner& joiner, FoundElements& found) {
+    const std::size_t first = indexOf(families.first());
+    if (first < firstTransferable) return extractPrefixed(families, joiner, found);
+    if (first < firstDocument) return extractTransferable(families, joiner, found);
+    return extractDocuments(families, joiner, found);
 }
 
 }  // namespace vantro

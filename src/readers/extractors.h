@@ -1,38 +1,37 @@
-// The extractors: each finds its family's section in a display and passes the elements to a sink one by one.
+// The extractors: each finds the elements of families in a display.
 #pragma once
 
 #include "display/joiner.h"
 
-#include <cstdint>
+#include <vector>
 
 namespace vantro {
 
-/// An element as an extractor finds it: views of the display and of the joiner's texts.
-using FoundElement = Element;
-
-/// Receives the elements of each family in the order of the display. `count` is the element's position, from 1.
-class ElementSink {
-public:
-    virtual void store(Family family, std::int16_t count, const FoundElement& element) = 0;
-
-protected:
-    ElementSink() = default;
-    ElementSink(const ElementSink&) = default;
-    ElementSink& operator=(const ElementSink&) = default;
-    ~ElementSink() = default;
+/// An element as an extractor finds it: its text, from which its parts are cut later.
+struct FoundElement {
+    Family family;
+    Column textColumn;  ///< where the element's own text begins, after its number and tag
+    TextView text;      ///< a view of the display or of the joiner's texts
 };
 
-/// Returns the number of elements stored. Raises 6 for a display without an end: the 16-bit line counter overflows.
-std::int16_t extract(const PrefixedFamily& row, Joiner& joiner, ElementSink& sink);
-std::int16_t extract(const TransferableFamily& row, Joiner& joiner, ElementSink& sink);
-std::int16_t extract(const DocumentFamily& row, Joiner& joiner, ElementSink& sink);
+/// The elements found so far; those of each family are in the order of the display.
+using FoundElements = std::vector<FoundElement>;
 
-/// The same for the row of a family.
-std::int16_t extract(Family family, Joiner& joiner, ElementSink& sink);
+/// Cuts an element into its parts. Those that its family does not have stay as they are.
+void split(const FoundElement& found, Element& element);
 
-/// Extracts all transferable families in one pass over their lines. Returns the families that fail with 6; the caller
-/// must drop what they stored. Only for displays that end well before the line counter does: near its end remarks,
-/// which look two lines ahead, fail earlier than the others.
-FamilySet extractTransferable(Joiner& joiner, ElementSink& sink);
+// The families that fail are returned: the display ends before their search does, and beyond its end the 16-bit line
+// counter would overflow. What was found of them before stays found. A search that reaches the counter's end itself, in
+// a display of that length or with a terminal that makes its own lines, raises 6.
+
+/// Extracts families of one section in one pass over its lines.
+FamilySet extractPrefixed(FamilySet families, Joiner& joiner, FoundElements& found);
+FamilySet extractDocuments(FamilySet families, Joiner& joiner, FoundElements& found);
+
+/// Extracts transferable families in one pass over their lines.
+FamilySet extractTransferable(FamilySet families, Joiner& joiner, FoundElements& found);
+
+/// Extracts families of one section, of any kind.
+FamilySet extract(FamilySet families, Joiner& joiner, FoundElements& found);
 
 }  // namespace vantro

@@ -8,68 +8,137 @@
 #include "readers/extractors.h"
 
 #include <algorithm>
+#include <array>
 
 namespace vantro {
 
 namespace {
 
 constexpr Column tagColumn{3};
-constexpr Field numberField{Column{1}, Width{2}};
-constexpr Field textField{Column{8}};
+constexpr Column textColumn{8};
 // Meant: only in the unprefixed global-search lines the text begins one column earlier.
-constexpr Field unprefixedTextField{Column{7}};
+constexpr Column unprefixedTextColumn{7};
 
-/// One extraction, with the current line and the number of elements found so far.
-class PrefixedExtraction {
+constexpr const PrefixedFamily& rowOf(Family family) { return prefixedFamilies[indexOf(family)]; }
+
+constexpr FamilySet searchedFromColumn1 = [] {
+    FamilySet families;
+    for (const PrefixedFamily& row : prefixedFamilies) {
+        if (row.searchFrom == PrefixFrom::Column1) families.add(row.family);
+    }
+    return families;
+}();
+
+/// Only policies have sections with several families; the families of a section are read alike.
+static_assert(std::ranges::all_of(prefixedFamilies, [](const PrefixedFamily& row) {
+    return std::ranges::all_of(prefixedFamilies, [&](const PrefixedFamily& other) {
+        const bool isAlike = row.scheme == Scheme::Policy && other.scheme == Scheme::Policy;
+        return row.section != other.section || row.family == other.family || isAlike;
+    });
+}));
+
+/// One pass over a section for some of its families, with the current line.
+class SectionWalk {
 public:
-    PrefixedExtraction(const PrefixedFamily& row, Joiner& joiner, ElementSink& sink)
-        : row_(row),
-          prefix_(row.family),
-          joinRule_(row.scheme == Scheme::Plain ? JoinRule::Directly : JoinRule::ColonAfterBlank),
+    SectionWalk(FamilySet families, Joiner& joiner, FoundElements& found)
+        : families_(families),
+          row_(rowOf(families.first())),
+          joinRule_(row_.scheme == Scheme::Plain ? JoinRule::Directly : JoinRule::ColonAfterBlank),
           joiner_(joiner),
           display_(joiner.display()),
-          sink_(sink) {}
+          found_(found) {}
 
-    std::int16_t run() {
+    FamilySet run() {
         switch (row_.scheme) {  // Not covered: every scheme has its case
             case Scheme::Plain:
             case Scheme::ColonJoining: collectWholeSection(); break;
-            case Scheme::Policy: collectOwnLines(); break;
+            case Scheme::Policy:
+                if (seekHeader()) collectSection();
+                break;
             case Scheme::GlobalSearch: collectGlobalSearch(); break;
         }
-        return count_.value();
+        return failed_;
     }
 
 private:
     // A section without a prefixed line does not end the search, because the same header may come again. The line that
-    // ended the section is skipped.
+    // ended the section is skipped. Every line belongs to the family, which has no tag columns.
     void collectWholeSection() {
-        for (; seekHeader(); ++line_) {
-            if (seekElement()) {
-                collectElements();
+        while (seekHeader()) {
+            collectSection();
+            if (!collecting_.empty() || !failed_.empty()) return;
+            ++line_;
+        }
+    }
+
+    /// Collects the elements of the section up to its end. A family's elements begin with a prefixed line. Those
+    /// without a tag belong to it until a line of another family follows.
+    void collectSection() {
+        FamilySet running = families_;
+        for (;;) {
+            ++line_;
+            leaveJoinedLines();
+            const FamilySet reading = running - inJoinedLines_;
+            if (reading.empty()) continue;
+            const DisplayLine* const line = display_.lineBeforeEnd(line_);
+            if (line == nullptr) {
+                failed_.add(running);
                 return;
             }
+            if (line->isSectionEnd()) {
+                running.remove(reading);
+            } else {
+                collecting_.add(prefixed(*line) & reading);
+                if (const FamilySet collecting = collecting_ & reading; !collecting.empty()) collect(*line, collecting);
+                running.remove(failed_);
+            }
+            if (running.empty()) return;
         }
     }
 
-    void collectOwnLines() {
-        if (!seekHeader()) return;
-        while (seekElement() && collectElements()) {}
+    FamilySet prefixed(const DisplayLine& line) const {
+        return line.prefixed(families_ & searchedFromColumn1, PrefixFrom::Column1) |
+               line.prefixed(families_ - searchedFromColumn1, PrefixFrom::Column3);
     }
 
-    /// Collects elements from the current line on. Returns true at another family's element, false at the section's
-    /// end.
-    bool collectElements() {
-        for (;; ++line_) {
-            const DisplayLine& line = display_.expectedLine(line_);
-            if (line.isSectionEnd()) return false;
-            const JoinedLine element = joiner_.join(line, line_, joinRule_);
-            const bool isJoined = element.last != line_;
-            line_ = element.last;
-            if (isJoined ? !isOwn(line, element.text) : !isOwn(line)) return true;
-            const TextView text = isJoined ? joiner_.keep(element.text) : element.text;
-            store(text, cut(text, textField));
+    void collect(const DisplayLine& line, FamilySet families) {
+        const JoinedLine element = joiner_.join(line, line_, joinRule_);
+        if (element.isEndless) {
+            failed_.add(families);
+        } else if (element.last == line_) {
+            families.forEach([&](Family family) {
+                const bool isOwned = isOwn(rowOf(family), line);
+                store(family, isOwned, element.text);
+            });
+        } else {
+            collectJoined(line, element, families);
         }
+    }
+
+    void collectJoined(const DisplayLine& line, const JoinedLine& element, FamilySet families) {
+        TextView kept;
+        families.forEach([&](Family family) {
+            joinedUpTo_[indexOf(family)] = element.last;
+            const bool isOwned = isOwn(rowOf(family), line, element.text);
+            if (isOwned && kept.empty()) kept = joiner_.keep(element.text);
+            store(family, isOwned, kept);
+        });
+        inJoinedLines_.add(families);
+    }
+
+    void store(Family family, bool isOwned, TextView text) {
+        if (isOwned) {
+            found_.push_back({family, textColumn, text});
+        } else {
+            collecting_.remove(family);
+        }
+    }
+
+    /// A family passes over the lines that were joined to its element.
+    void leaveJoinedLines() {
+        inJoinedLines_.forEach([&](Family family) {
+            if (joinedUpTo_[indexOf(family)] < line_) inJoinedLines_.remove(family);
+        });
     }
 
     // The line after a header is tested once and then skipped, even if it is a header itself.
@@ -77,11 +146,10 @@ private:
         for (; seekHeader(); ++line_) {
             ++line_;
             const DisplayLine& line = display_.line(line_);
-            if (line.containsPrefix(prefix_, row_.searchFrom)) {
-                store(line.trimmed(), cut(line.trimmed(), textField));
-                collectUnprefixed();
-                return;
-            }
+            if (!line.containsPrefix(Prefix(row_.family), row_.searchFrom)) continue;
+            found_.push_back({row_.family, textColumn, line.trimmed()});
+            collectUnprefixed();
+            return;
         }
     }
 
@@ -92,60 +160,52 @@ private:
         for (++line_; line_ <= last; ++line_) {
             const TextView line = display_.line(line_).trimmed();
             if (mid(line, tagColumn, row_.tagWidth) != u"     ") return;
-            store(line, cut(line, unprefixedTextField));
+            found_.push_back({row_.family, unprefixedTextColumn, line});
         }
     }
 
     /// Moves to the next header line; false at the end of the display.
     bool seekHeader() {
-        const Display::MarkedLine found = display_.nextHeaderOrEnd(row_.section, line_);
-        line_ = found.number;
-        return !found.marks.isEndOfDisplay();
-    }
-
-    /// Moves to the section's next line with the prefix; false at the line that ends the section.
-    bool seekElement() {
-        for (;;) {
-            ++line_;
-            const DisplayLine& line = display_.expectedLine(line_);
-            if (line.isSectionEnd()) return false;
-            if (line.containsPrefix(prefix_, row_.searchFrom)) return true;
+        const std::optional<Display::MarkedLine> next = display_.nextHeaderOrEnd(row_.section, line_);
+        if (!next) {
+            failed_ = families_;
+            return false;
         }
+        line_ = next->number;
+        return !next->marks.isEndOfDisplay();
     }
 
     /// True for a line without a tag or with the family's own. The whole-section schemes have a tag width of 0, so that
     /// every line belongs to the family.
-    bool isOwn(const DisplayLine& line) const {
-        return line.containsPrefix(prefix_, PrefixFrom::Column3) || line.isBlankAt(tagColumn, row_.tagWidth);
+    static bool isOwn(const PrefixedFamily& row, const DisplayLine& line) {
+        return line.containsPrefix(Prefix(row.family), PrefixFrom::Column3) || line.isBlankAt(tagColumn, row.tagWidth);
     }
 
     /// The same for a line joined with others: the prefix may also be in the joined lines or across a boundary.
-    bool isOwn(const DisplayLine& first, TextView joined) const {
-        if (isBlank(mid(joined, tagColumn, row_.tagWidth)) || first.containsPrefix(prefix_, PrefixFrom::Column3))
-            return true;
-        const int boundary = static_cast<int>(first.trimmed().size()) - static_cast<int>(row_.prefix.size()) + 2;
-        return containsFrom(joined, row_.prefix, std::max(tagColumn, Column{boundary}));
+    static bool isOwn(const PrefixedFamily& row, const DisplayLine& first, TextView joined) {
+        if (isBlank(mid(joined, tagColumn, row.tagWidth))) return true;
+        if (first.containsPrefix(Prefix(row.family), PrefixFrom::Column3)) return true;
+        const int boundary = static_cast<int>(first.trimmed().size()) - static_cast<int>(row.prefix.size()) + 2;
+        return containsFrom(joined, row.prefix, std::max(tagColumn, Column{boundary}));
     }
 
-    void store(TextView element, TextView text) {
-        ++count_;
-        sink_.store(row_.family, count_.value(), {.number = cut(element, numberField), .text = text});
-    }
-
-    const PrefixedFamily& row_;
-    const Prefix prefix_;
+    const FamilySet families_;
+    const PrefixedFamily& row_;  // of the first family; what the walk itself reads of it is the same in all their rows
     const JoinRule joinRule_;
     Joiner& joiner_;
     Display& display_;
-    ElementSink& sink_;
+    FoundElements& found_;
     Counter line_;
-    Counter count_;
+    FamilySet failed_;
+    FamilySet collecting_;                                     // the families whose lines have begun
+    FamilySet inJoinedLines_;                                  // those whose last element contains the current line
+    std::array<Counter, prefixedFamilies.size()> joinedUpTo_;  // the last lines of these elements
 };
 
 }  // namespace
 
-std::int16_t extract(const PrefixedFamily& row, Joiner& joiner, ElementSink& sink) {
-    return PrefixedExtraction(row, joiner, sink).run();
+FamilySet extractPrefixed(FamilySet families, Joiner& joiner, FoundElements& found) {
+    return SectionWalk(families, joiner, found).run();
 }
 
 }  // namespace vantro

@@ -66,11 +66,12 @@ struct TransferableElement {
 
 bool beginsElement(TextView line) { return line.starts_with(u'S') || line.starts_with(u'A'); }
 
-/// The line after the section's header, or nothing when the display ends first.
+/// The line after the section's header, or nothing when the display ends first. Raises 6 when it has neither.
 std::optional<Counter> seekSection(Display& display) {
-    const Display::MarkedLine found = display.nextHeaderOrEnd(Section::Transferable, Counter(0));
-    if (found.marks.isEndOfDisplay()) return std::nullopt;
-    return found.number + 1;
+    const std::optional<Display::MarkedLine> found = display.nextHeaderOrEnd(Section::Transferable, Counter(0));
+    if (!found) fail(Failure::Overflow);
+    if (found->marks.isEndOfDisplay()) return std::nullopt;
+    return found->number + 1;
 }
 
 bool endsSection(const DisplayLine& line) { return line.isEndOfDisplay() || line.text().starts_with(u"------"); }
