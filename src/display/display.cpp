@@ -16,7 +16,19 @@ std::size_t lengthOf(const Screen& screen) {
 
 }  // namespace
 
-Display::Display(Terminal& terminal, TextView text) : screen_(terminal, text), size_(lengthOf(screen_)), lines_(size_) {
+void ReadLines::beginRun(std::size_t index) {
+    begin_ = index;
+    capacity_ = size_ - index;
+    run_ = std::make_unique_for_overwrite<Slot[]>(capacity_);
+}
+
+const DisplayLine* ReadLines::findApart(std::size_t index) const {
+    const auto found = apart_.find(index);
+    return found != apart_.end() ? &found->second : nullptr;
+}
+
+Display::Display(Terminal& terminal, TextView text)
+    : screen_(terminal, text), size_(lengthOf(screen_)), lines_(screen_.linesAreSlices() ? size_ : 0) {
     constexpr std::size_t usualMarks = 32;  // ten section headers, a prompt, the end text, and a reserve
     marked_.reserve(usualMarks);
 }

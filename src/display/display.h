@@ -4,54 +4,54 @@
 #include "display/display_line.h"
 #include "framework/screen.h"
 
-#include <array>
-#include <cstdint>
+#include <cstddef>
 #include <memory>
 #include <optional>
+#include <type_traits>
+#include <unordered_map>
 #include <vector>
 
 namespace vantro {
 
-/// The lines of a display that were read so far, in blocks, so that a reader of few lines needs little memory.
+/// The lines of a display that were read so far. Most readers read one line after the other: these lines are in one
+/// array. The few others are apart.
 class ReadLines {
 public:
-    explicit ReadLines(std::size_t size) : blocks_((size + blockSize - 1) / blockSize) {}
+    /// `size` is the number of lines, if they are known to be in memory. Other lines are kept apart.
+    explicit ReadLines(std::size_t size) : size_(size) {}
 
     /// A line, or null when it was not read yet.
     const DisplayLine* find(std::size_t index) const {
-        if (index / blockSize >= blocks_.size()) return nullptr;
-        const Block* const block = blocks_[index / blockSize].get();
-        return block != nullptr && block->contains(index % blockSize) ? &block->lines[index % blockSize] : nullptr;
+        if (index - begin_ < count_) return &run_[index - begin_].line;
+        return apart_.empty() ? nullptr : findApart(index);
     }
 
     /// Adds a line that was not read yet, with its marks if they are known; the reference is valid as long as this
     /// object.
     const DisplayLine& add(std::size_t index, TextView text, const LineMarks* knownMarks) {
-        std::unique_ptr<Block>& block = blocks_[index / blockSize];
-        if (!block) block = std::make_unique<Block>();
-        return block->add(index % blockSize, text, knownMarks);
+        if (count_ == 0 && index < size_) beginRun(index);
+        const bool continuesRun = count_ < capacity_ && index == begin_ + count_;
+        if (!continuesRun) return apart_.try_emplace(index, text, knownMarks).first->second;
+        return *std::construct_at(&run_[count_++].line, text, knownMarks);
     }
 
 private:
-    static constexpr std::size_t blockSize = 64;
-
-    struct Block {
-        Block() {}  // the lines stay uninitialised
-
-        bool contains(std::size_t position) const { return (read >> position & 1) != 0; }
-
-        const DisplayLine& add(std::size_t position, TextView text, const LineMarks* knownMarks) {
-            read |= std::uint64_t{1} << position;
-            return *std::construct_at(&lines[position], text, knownMarks);
-        }
-
-        std::uint64_t read = 0;  // one bit per line
-        union {
-            std::array<DisplayLine, blockSize> lines;
-        };
+    /// Memory for a line, not initialised.
+    union Slot {
+        Slot() {}
+        DisplayLine line;
     };
+    static_assert(std::is_trivially_destructible_v<DisplayLine>);
 
-    std::vector<std::unique_ptr<Block>> blocks_;
+    void beginRun(std::size_t index);
+    const DisplayLine* findApart(std::size_t index) const;
+
+    std::size_t size_;
+    std::size_t begin_ = 0;  // the run's first line
+    std::size_t count_ = 0;
+    std::size_t capacity_ = 0;
+    std::unique_ptr<Slot[]> run_;
+    std::unordered_map<std::size_t, DisplayLine> apart_;
 };
 
 /// The display that one operation reads. The operation's readers share it, so that each line is read once. Lines count
@@ -79,12 +79,17 @@ public:
 
     /// A line in a search that only a mark or a text ends; null for a line after the end: the search fails, because
     /// only empty lines follow and the 16-bit line counter would overflow.
-    const DisplayLine* lineBeforeEnd(Counter number) { return isPastEnd(number) ? nullptr : &line(number); }
+    const DisplayLine* lineBeforeEnd(Counter number) {
+        const auto index = static_cast<std::size_t>(number.value());
+        if (const DisplayLine* const known = lines_.find(index)) return known;
+        return isPastEnd(number) ? nullptr : &readLine(index);
+    }
 
     /// The same; raises 6 for a line after the end.
     const DisplayLine& expectedLine(Counter number) {
-        if (isPastEnd(number)) fail(Failure::Overflow);
-        return line(number);
+        const DisplayLine* const found = lineBeforeEnd(number);
+        if (found == nullptr) fail(Failure::Overflow);
+        return *found;
     }
 
     /// A line with marks.

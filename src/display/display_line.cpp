@@ -61,10 +61,12 @@ Bytes anyPair(Bytes bytes, const std::array<TextView, N>& pairs) {
     return found;
 }
 
-template <class Characters>
-bool mayContainMark(const Characters& characters) {
-    return characters.any(
-        [](Bytes bytes) { return bytes.equal('>') | anyPair(bytes, rulePairs) | anyPair(bytes, endTextPairs); });
+/// The prompts, and the pairs of which every other mark contains one.
+Bytes pairsInMarks(Bytes bytes) { return bytes.equal('>') | anyPair(bytes, rulePairs) | anyPair(bytes, endTextPairs); }
+
+template <std::size_t Length>
+bool mayContainMark(const char16_t* text) {
+    return LineCharacters<Length>(text).any(pairsInMarks);
 }
 
 /// Compares the last letter first, because all headers begin alike.
@@ -121,8 +123,7 @@ LineMarks marksBySearch(TextView line) {
 std::size_t nextLineThatMayContainMark(TextView display, std::size_t from) {
     const std::size_t wholeLines = display.size() / screenWidth;
     std::size_t line = from;
-    while (line < wholeLines && !mayContainMark(LineCharacters<screenWidth>(display.data() + line * screenWidth)))
-        ++line;
+    while (line < wholeLines && !mayContainMark<screenWidth>(display.data() + line * screenWidth)) ++line;
     return line;
 }
 
@@ -221,19 +222,37 @@ LinePrefixes prefixesIn(TextView line) {
 
 namespace {
 
-template <class Characters>
-LineMarks marksIn(TextView line, const Characters& characters) {
-    return mayContainMark(characters) ? marksByBits(line, characters) : LineMarks();
+/// What one pass over the characters of a line finds.
+struct LineLook {
+    LineBits blanks;
+    LineBits slashes;
+    bool mayContainMark;
+};
+
+template <std::size_t Length>
+LineLook look(const char16_t* text) {
+    std::uint64_t blanks[2] = {0, 0};
+    std::uint64_t slashes[2] = {0, 0};
+    Bytes inMarks = pairsInMarks(Bytes::narrow(text));
+    for (std::size_t group = 0; group < Length / Bytes::count; ++group) {
+        const Bytes bytes = Bytes::narrow(text + group * Bytes::count);
+        const std::size_t shift = group % 4 * Bytes::count;
+        blanks[group / 4] |= std::uint64_t{bytes.equal(' ').bits()} << shift;
+        slashes[group / 4] |= std::uint64_t{bytes.equal('/').bits()} << shift;
+        inMarks = inMarks | pairsInMarks(bytes);
+    }
+    return {LineBits(blanks[0], blanks[1]) | LineBits::from(Length), {slashes[0], slashes[1]}, inMarks.bits() != 0};
 }
 
-template <class Characters>
-LineFacts factsByBits(TextView line, const Characters& characters, const LineMarks* knownMarks) {
-    const LineBits blanks = characters.blanks();
+/// `characters` are those of the line, padded to `Length`.
+template <std::size_t Length>
+LineFacts factsByBits(TextView line, const char16_t* characters, const LineMarks* knownMarks) {
+    const auto [blanks, slashes, mayContainMark] = look<Length>(characters);
     const LineFacts::Content content = contentOf(blanks);
-    const LineBits slashes = characters.where('/');
+    const LineMarks marks = knownMarks != nullptr ? *knownMarks : mayContainMark ? marksOf(line) : LineMarks();
     return {.blanks = blanks,
             .content = content,
-            .marks = knownMarks != nullptr ? *knownMarks : marksIn(line, characters),
+            .marks = marks,
             .prefixes = slashes.any() ? prefixesIn(line, slashes, content.begin) : LinePrefixes()};
 }
 
@@ -241,10 +260,10 @@ LineFacts factsByBits(TextView line, const Characters& characters, const LineMar
 
 LineFacts factsOf(TextView line, const LineMarks* knownMarks) {
     if (line.size() == screenWidth) {
-        return factsByBits(line, LineCharacters<screenWidth>(line.data()), knownMarks);
+        return factsByBits<screenWidth>(line, line.data(), knownMarks);
     }
     if (line.size() <= LineBits::capacity) {
-        return factsByBits(line, LineCharacters<LineBits::capacity>(padded(line).data()), knownMarks);
+        return factsByBits<LineBits::capacity>(line, padded(line).data(), knownMarks);
     }
     return {.content = contentOf(line), .marks = marksBySearch(line), .prefixes = prefixesIn(line)};
 }
@@ -290,12 +309,11 @@ FamilySet fixedCodesIn(TextView text) {
 FamilySet codesByBits(TextView text, LineBits blanks) {
     FamilySet set = fixedCodesIn(text);
     const LineBits searched = LineBits::from(static_cast<std::size_t>(codeSearchColumn.value - 1));
-    LineBits words = (blanks.beforeWords(2) | blanks.beforeWords(3)) & searched;
-    for (; words.any(); words.removeLowest()) {
+    for (LineBits words = blanks.beforeWords(2) & searched; words.any(); words.removeLowest()) {
         const TextView word = text.substr(words.lowest());
         for (const TransferableFamily& row : transferableFamilies) {
             const bool isSearched = row.test == CodeTest::FromColumn13;
-            if (isSearched && beginsWith(word, row.code)) set.add(row.family);
+            set.add(isSearched && beginsWith(word, row.code) ? FamilySet(row.family) : FamilySet());
         }
     }
     return set;

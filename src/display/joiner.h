@@ -17,7 +17,7 @@ public:
     TextView keep(TextView text) {
         if (text.size() > left_) open(std::max(text.size(), blockSize));
         char16_t* const copy = next_;
-        std::ranges::copy(text, copy);
+        TextView::traits_type::copy(copy, text.data(), text.size());
         next_ += text.size();
         left_ -= text.size();
         return {copy, text.size()};

@@ -39,31 +39,29 @@ public:
 
     /// The lowest position; `capacity` when there is none.
     constexpr std::size_t lowest() const {
-        if (low_ != 0) return static_cast<std::size_t>(std::countr_zero(low_));
-        return 64 + static_cast<std::size_t>(std::countr_zero(high_));
+        const bool isLow = low_ != 0;
+        return static_cast<std::size_t>(std::countr_zero(isLow ? low_ : high_)) + (isLow ? 0 : 64);
     }
 
     /// One more than the highest position; 0 when there is none.
     constexpr std::size_t end() const {
-        if (high_ != 0) return capacity - static_cast<std::size_t>(std::countl_zero(high_));
-        return 64 - static_cast<std::size_t>(std::countl_zero(low_));
+        const bool isHigh = high_ != 0;
+        return (isHigh ? capacity : 64) - static_cast<std::size_t>(std::countl_zero(isHigh ? high_ : low_));
     }
 
     constexpr void removeLowest() {
-        if (low_ != 0) {
-            low_ &= low_ - 1;
-        } else {
-            high_ &= high_ - 1;
-        }
+        const std::uint64_t mask = low_ != 0 ? ~std::uint64_t{0} : high_ - 1;
+        low_ &= low_ - 1;
+        high_ &= mask;
     }
 
     /// The set moved down by `steps` (1 to 63): it contains p when this set contains p + `steps`.
     constexpr LineBits down(unsigned steps) const { return {low_ >> steps | high_ << (64 - steps), high_ >> steps}; }
 
-    /// The positions in the set that are followed by `length` positions outside it and then one inside it. In the set
-    /// of a line's blanks: the blank before each word of that length.
+    /// The positions in the set that are followed by `length` or `length` + 1 positions outside it and then one inside
+    /// it; `length` is 1 to 61. In the set of a line's blanks: the blank before each word of these lengths.
     constexpr LineBits beforeWords(unsigned length) const {
-        LineBits positions = *this & down(length + 1);
+        LineBits positions = *this & (down(length + 1) | down(length + 2));
         for (unsigned letter = 1; letter <= length; ++letter) positions = positions & ~down(letter);
         return positions;
     }
@@ -130,7 +128,7 @@ private:
 inline std::array<char16_t, LineBits::capacity> padded(TextView line) {
     std::array<char16_t, LineBits::capacity> characters;
     characters.fill(u' ');
-    std::ranges::copy(line, characters.begin());
+    TextView::traits_type::copy(characters.data(), line.data(), line.size());
     return characters;
 }
 

@@ -85,6 +85,11 @@ constexpr bool isBlank(TextView text) {
 /// The first column at or after `from` where the searched text begins, or Column{0}. Raises 5 for a column below 1.
 Column find(TextView text, TextView searched, Column from = Column{1});
 
+/// The first column of a character near the text's beginning, or Column{0}.
+constexpr Column find(TextView text, char16_t character) {
+    return Column{static_cast<int>(text.find(character) + 1)};  // npos + 1 is 0
+}
+
 /// True when the text contains the searched text.
 inline bool contains(TextView text, TextView searched) { return find(text, searched) > Column{0}; }
 

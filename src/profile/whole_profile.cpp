@@ -18,8 +18,7 @@ struct Profile::Storage {
     explicit Storage(Text text) : display(std::move(text)) {}
 
     Text display;
-    TextArena joinedElements;
-    TextArena joinedNames;
+    TextArena joinedTexts;
     std::unique_ptr<Element[]> elements;
     std::vector<Note> notes;
 };
@@ -92,7 +91,7 @@ public:
         readFamilies();
         readNotes();
         profile_.notes = storage_.notes;
-        storage_.joinedElements = joiner_.takeTexts();
+        storage_.joinedTexts = joiner_.takeTexts();
     }
 
 private:
@@ -111,8 +110,8 @@ private:
         answer(OtherQuery::OfficeIdentifier, [&] { profile_.officeIdentifier = readOfficeIdentifier(display_); });
         answer(OtherQuery::CompanyName, [&] {
             const CompanyNameLine line = readCompanyName(display_);
-            profile_.companyName.text = storage_.joinedNames.keep(line.name);
-            if (line.number) profile_.companyName.number = storage_.joinedNames.keep(*line.number);
+            profile_.companyName.text = joiner_.keep(line.name);
+            if (line.number) profile_.companyName.number = joiner_.keep(*line.number);
         });
         answer(OtherQuery::Pin, [&] {
             const NumberedText pin = readPin(display_);

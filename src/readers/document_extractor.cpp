@@ -13,14 +13,18 @@ namespace {
 constexpr TextView indent = u"     ";
 constexpr Width indentWidth{5};
 
-/// An element without a prefix: five blanks after a number of one or two digits.
-bool isIndented(TextView trimmedLine) {
-    return mid(trimmedLine, Column{2}, indentWidth) == indent || mid(trimmedLine, Column{3}, indentWidth) == indent;
+/// Where the five blanks begin in an element without a prefix, after a number of one or two digits; Column{0} in any
+/// other line.
+Column indentColumn(const DisplayLine& line) {
+    if (mid(line.trimmed(), Column{2}, indentWidth) == indent) return Column{2};
+    return Column{mid(line.trimmed(), Column{3}, indentWidth) == indent ? 3 : 0};
 }
 
+bool isIndented(const DisplayLine& line) { return indentColumn(line) > Column{0}; }
+
 Column textColumnIn(const DisplayLine& line, Family family) {
-    const TextView before = line.containsPrefix(Prefix(family), PrefixFrom::Column1) ? TextView(u"/") : indent;
-    return find(line.trimmed(), before) + 1;
+    const bool isPrefixed = line.containsPrefix(Prefix(family), PrefixFrom::Column1);
+    return (isPrefixed ? find(line.trimmed(), u'/') : indentColumn(line)) + 1;
 }
 
 /// Collects the family's first run, which is all that is read. Its lines are not tested for an end mark.
@@ -29,7 +33,7 @@ void collectRun(Family family, Display& display, Counter number, FoundElements& 
         const DisplayLine& line = display.line(number);
         found.push_back({family, textColumnIn(line, family), line.trimmed()});
         ++number;
-    } while (isIndented(display.line(number).trimmed()));
+    } while (isIndented(display.line(number)));
 }
 
 /// Collects the runs of the families; each begins with the first line after the header that contains the prefix.

@@ -28,7 +28,7 @@ constexpr Column tagAreaColumn{3};          // every line has a margin of two co
 
 TextView companyMarkName(Display& display) {
     for (std::int16_t number = 1; number <= 10; ++number) {
-        const TextView line = display.line(Counter(number)).text();
+        const TextView line = display.line(Counter(number)).rightTrimmed();
         if (contains(line, mark::companyProfile)) return trimmed(mid(line, companyNameColumn, companyNameWidth));
     }
     return {};
@@ -43,7 +43,7 @@ std::optional<Counter> seekTag(Display& display, Counter from, Prefix prefix, Te
         const DisplayLine& line = display.expectedLine(number);
         if (line.isEndOfDisplay()) return std::nullopt;
         const bool mayContainTag = line.containsPrefix(prefix, PrefixFrom::Column1);
-        if (mayContainTag && contains(trimmed(mid(line.text(), tagAreaColumn)), tag)) return number;
+        if (mayContainTag && contains(trimmed(mid(line.rightTrimmed(), tagAreaColumn)), tag)) return number;
     }
 }
 
@@ -56,7 +56,7 @@ struct TaggedLine {
     TextView number(Width width) const { return trimmed(left(whole, width)); }
 };
 
-TaggedLine tagged(TextView line) { return {line, find(line, u"/")}; }
+TaggedLine tagged(TextView line) { return {line, find(line, u'/')}; }
 
 }  // namespace
 
@@ -65,7 +65,7 @@ TextView readName(Display& display) {
         const DisplayLine& line = display.line(Counter(number));
         const Column tag = line.findWord(nameTag);
         if (tag == Column{0}) continue;
-        const TextView name = trimmed(mid(line.text(), tag + static_cast<int>(nameTag.size())));
+        const TextView name = trimmed(mid(line.rightTrimmed(), tag + static_cast<int>(nameTag.size())));
         return name.empty() ? companyMarkName(display) : name;
     }
     return companyMarkName(display);
@@ -99,17 +99,17 @@ Text companyNameText(Display& display) {
     // Meant: this reader begins at line 1, the PIN and PSL readers at line 0.
     const std::optional<Counter> first = seekTag(display, Counter(1), Prefix::companyName, companyNameTag);
     if (!first) return {};
-    const TextView raw = display.line(*first).text();
+    const TextView raw = display.line(*first).rightTrimmed();
     const TaggedLine line = tagged(trimmed(mid(raw, tagAreaColumn)));
 
     // Only the first line's length says whether the name breaks inside a word. The slash's column is counted without
     // the margin, but applied to the continuation lines with their margin.
-    const TextView separator = onlyIf(rightTrimmed(raw).size() != fullLineLength, u" ");
+    const TextView separator = onlyIf(raw.size() != fullLineLength, u" ");
     Text name(line.element());
     for (Counter below = *first + 1;; ++below) {
         const DisplayLine& continuation = display.expectedLine(below);
         if (!continuation.beginsBlank(continuationIndent)) break;
-        name.append(separator).append(trimmed(mid(continuation.text(), line.slash + 1)));
+        name.append(separator).append(trimmed(mid(continuation.rightTrimmed(), line.slash + 1)));
     }
     const TextView number = line.slash > Column{4} ? line.number(lineNumberWidth) : TextView(u"X");
     return Text(trimmed(concat({number, u" ", name})));
@@ -129,7 +129,7 @@ CompanyNameLine readCompanyName(Display& display) {
 NumberedText readPin(Display& display) {
     const std::optional<Counter> found = seekTag(display, Counter(0), Prefix::pin, pinPrefix);
     if (!found) return {};
-    const TaggedLine line = tagged(trimmed(mid(display.line(*found).text(), tagAreaColumn)));
+    const TaggedLine line = tagged(trimmed(mid(display.line(*found).rightTrimmed(), tagAreaColumn)));
     return {onlyIf(line.slash >= Column{5}, line.number(lineNumberWidth)), line.element()};
 }
 

@@ -17,10 +17,9 @@ constexpr const TransferableFamily& rowOf(Family family) {
     return transferableFamilies[indexOf(family) - firstTransferable];
 }
 
-bool endsScan(ScanEnd end, const DisplayLine& line) {
-    const LineMarks marks = line.marks();
+bool endsScan(ScanEnd end, LineMarks marks, TextView line) {
     if (marks.containsEndText()) return true;
-    return end == ScanEnd::PromptLineAlone ? line.rightTrimmed() == mark::prompt : marks.containsPrompt();
+    return end == ScanEnd::PromptLineAlone ? rightTrimmed(line) == mark::prompt : marks.containsPrompt();
 }
 
 /// The families with this rule: their elements may continue on one or on two lines.
@@ -60,22 +59,26 @@ public:
                 const std::optional<Display::MarkedLine> next = display_.nextMarked(number);
                 if (!next) return running_;
                 number = next->number;
+                passBoundary(next->marks, display_.screen().line(number));
+            } else {
+                const DisplayLine* const line = display_.lineBeforeEnd(number);
+                if (line == nullptr) return running_;
+                if (line->marks().any() || line->text().starts_with(u"------")) {
+                    passBoundary(line->marks(), line->text());
+                }
             }
-            const DisplayLine* const line = display_.lineBeforeEnd(number);
-            if (line == nullptr) return running_;
-            if (line->marks().any() || line->text().starts_with(u"------")) passBoundary(*line);
             if (running_.empty()) return {};
-            if (!inSection_.empty()) testElement(*line, number);
+            if (!inSection_.empty()) testElement(display_.line(number), number);
         }
     }
 
 private:
     /// Ends the scans that end at this line; the others enter the section if the line is its header.
-    void passBoundary(const DisplayLine& line) {
-        const bool isHeader = line.marks().containsHeader(Section::Transferable);
-        const bool isOtherHeader = !isHeader && line.text().starts_with(u"------");
+    void passBoundary(LineMarks marks, TextView line) {
+        const bool isHeader = marks.containsHeader(Section::Transferable);
+        const bool isOtherHeader = !isHeader && line.starts_with(u"------");
         running_.forEach([&](Family family) {
-            if (endsScan(rowOf(family).end, line) || (inSection_.contains(family) && isOtherHeader)) {
+            if (endsScan(rowOf(family).end, marks, line) || (inSection_.contains(family) && isOtherHeader)) {
                 running_.remove(family);
                 inSection_.remove(family);
             } else if (isHeader) {
