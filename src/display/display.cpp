@@ -22,6 +22,13 @@ void ReadLines::beginRun(std::size_t index) {
     run_ = std::make_unique_for_overwrite<Slot[]>(capacity_);
 }
 
+std::size_t ReadLines::addFromFirst(TextView display, std::size_t count) {
+    if (count == 0) return 0;
+    beginRun(0);
+    count_ = makeLines(display, count, &run_[0].line);
+    return count_;
+}
+
 const DisplayLine* ReadLines::findApart(std::size_t index) const {
     const auto found = apart_.find(index);
     return found != apart_.end() ? &found->second : nullptr;
@@ -49,14 +56,9 @@ const DisplayLine& Display::readLine(std::size_t index) {
 }
 
 void Display::readAhead() {
-    const TextView display = text();
-    const std::size_t wholeLines = std::min(display.size() / screenWidth, size_);
-    while (swept_ < wholeLines) {
-        const TextView line(display.data() + swept_ * screenWidth, screenWidth);
-        const LineMarks marks = lines_.add(swept_, line, nullptr).marks();
-        noteSwept(marks);
-        if (marks.isEndOfDisplay()) return;
-    }
+    const std::size_t wholeLines = std::min(text().size() / screenWidth, size_);
+    const std::size_t read = lines_.addFromFirst(text(), wholeLines);
+    while (swept_ < read) noteSwept(lines_.find(swept_)->marks());
 }
 
 // Sweeps up to and including the next line that passes the pre-filter.

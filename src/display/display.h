@@ -35,6 +35,9 @@ public:
         return *std::construct_at(&run_[count_++].line, text, knownMarks);
     }
 
+    /// Adds lines 0 to `count` - 1, or fewer if the display ends before, to an empty object. Returns their number.
+    std::size_t addFromFirst(TextView display, std::size_t count);
+
 private:
     /// Memory for a line, not initialised.
     union Slot {

@@ -268,6 +268,15 @@ LineFacts factsOf(TextView line, const LineMarks* knownMarks) {
     return {.content = contentOf(line), .marks = marksBySearch(line), .prefixes = prefixesIn(line)};
 }
 
+std::size_t makeLines(TextView display, std::size_t count, DisplayLine* lines) {
+    for (std::size_t made = 0; made < count;) {
+        const TextView line(display.data() + made * screenWidth, screenWidth);
+        std::construct_at(&lines[made], line, factsByBits<screenWidth>(line, line.data(), nullptr));
+        if (lines[made++].isEndOfDisplay()) return made;
+    }
+    return count;
+}
+
 // Words and blanks.
 
 Column DisplayLine::findWord(TextView word) const {

@@ -78,6 +78,8 @@ public:
     explicit DisplayLine(TextView text, const LineMarks* knownMarks = nullptr)
         : text_(text), facts_(factsOf(text, knownMarks)) {}
 
+    DisplayLine(TextView text, const LineFacts& facts) : text_(text), facts_(facts) {}
+
     /// The line as read.
     TextView text() const { return text_; }
 
@@ -135,5 +137,9 @@ private:
 /// The transferable families whose code a text contains in the columns of their elements: between blanks from column 13
 /// on, for contacts in columns 12 to 17.
 FamilySet codesIn(TextView text);
+
+/// Makes the first `count` lines of a display, each of 80 characters, in memory that is not initialised. Stops after
+/// the line that ends the display. Returns the number of lines made.
+std::size_t makeLines(TextView display, std::size_t count, DisplayLine* lines);
 
 }  // namespace vantro

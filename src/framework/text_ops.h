@@ -29,7 +29,8 @@ struct Width {
 /// All characters from a column on. Raises 5 for a column below 1.
 constexpr TextView mid(TextView text, Column column) {
     if (column.value < 1) fail(Failure::InvalidProcedureCall);
-    return text.substr(std::min(static_cast<std::size_t>(column.value - 1), text.size()));
+    text.remove_prefix(std::min(static_cast<std::size_t>(column.value - 1), text.size()));
+    return text;
 }
 
 /// The first `width` characters, or fewer when the text is shorter.
@@ -60,15 +61,13 @@ inline bool beginsWith(TextView text, TextView start) {
 }
 
 constexpr TextView rightTrimmed(TextView text) {
-    std::size_t length = text.size();
-    while (length > 0 && text[length - 1] == u' ') --length;
-    return text.substr(0, length);
+    while (text.ends_with(u' ')) text.remove_suffix(1);
+    return text;
 }
 
 constexpr TextView trimmed(TextView text) {
-    std::size_t blanks = 0;
-    while (blanks < text.size() && text[blanks] == u' ') ++blanks;
-    return rightTrimmed(text.substr(blanks));
+    while (text.starts_with(u' ')) text.remove_prefix(1);
+    return rightTrimmed(text);
 }
 
 /// The text in a field, trimmed. Raises 5 for a column below 1.

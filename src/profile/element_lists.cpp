@@ -36,7 +36,7 @@ public:
         std::size_t stored = 0;
         try {
             for (; stored < found.size(); ++stored) {
-                Element element{};
+                Element element;
                 split(found[stored], element);
                 store(element, stored + firstIndex_);
             }

@@ -11,13 +11,14 @@ namespace vantro {
 namespace {
 
 constexpr TextView indent = u"     ";
-constexpr Width indentWidth{5};
 
 /// Where the five blanks begin in an element without a prefix, after a number of one or two digits; Column{0} in any
 /// other line.
 Column indentColumn(const DisplayLine& line) {
-    if (mid(line.trimmed(), Column{2}, indentWidth) == indent) return Column{2};
-    return Column{mid(line.trimmed(), Column{3}, indentWidth) == indent ? 3 : 0};
+    for (const Column column : {Column{2}, Column{3}}) {
+        if (beginsWith(mid(line.trimmed(), column), indent)) return column;
+    }
+    return Column{0};
 }
 
 bool isIndented(const DisplayLine& line) { return indentColumn(line) > Column{0}; }

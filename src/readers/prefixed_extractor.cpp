@@ -77,7 +77,7 @@ private:
         FamilySet running = families_;
         for (;;) {
             ++line_;
-            leaveJoinedLines();
+            if (!inJoinedLines_.empty()) leaveJoinedLines();
             const FamilySet reading = running - inJoinedLines_;
             if (reading.empty()) continue;
             const DisplayLine* const line = display_.lineBeforeEnd(line_);
