@@ -22,11 +22,12 @@ void ReadLines::beginRun(std::size_t index) {
     run_ = std::make_unique_for_overwrite<Slot[]>(capacity_);
 }
 
-std::size_t ReadLines::addFromFirst(TextView display, std::size_t count) {
-    if (count == 0) return 0;
-    beginRun(0);
-    count_ = makeLines(display, count, &run_[0].line);
-    return count_;
+std::size_t ReadLines::addPass(TextView display, std::size_t first, std::size_t last, ReadTo end) {
+    if (count_ == 0) beginRun(first);
+    if (first != begin_ + count_) return first;
+    const std::size_t made = makeLines(display.data() + first * screenWidth, last - first, end, &run_[count_].line);
+    count_ += made;
+    return first + made;
 }
 
 const DisplayLine* ReadLines::findApart(std::size_t index) const {
@@ -55,10 +56,12 @@ const DisplayLine& Display::readLine(std::size_t index) {
     return line;
 }
 
-void Display::readAhead() {
+void Display::readAhead(Counter from, ReadTo end) {
+    const auto first = static_cast<std::size_t>(from.value());
     const std::size_t wholeLines = std::min(text().size() / screenWidth, size_);
-    const std::size_t read = lines_.addFromFirst(text(), wholeLines);
-    while (swept_ < read) noteSwept(lines_.find(swept_)->marks());
+    if (!screen_.linesAreSlices() || first != swept_ || first >= wholeLines) return;
+    const std::size_t readTo = lines_.addPass(text(), first, wholeLines, end);
+    while (swept_ < readTo) noteSwept(lines_.find(swept_)->marks());
 }
 
 // Sweeps up to and including the next line that passes the pre-filter.

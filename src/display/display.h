@@ -35,8 +35,9 @@ public:
         return *std::construct_at(&run_[count_++].line, text, knownMarks);
     }
 
-    /// Adds lines 0 to `count` - 1, or fewer if the display ends before, to an empty object. Returns their number.
-    std::size_t addFromFirst(TextView display, std::size_t count);
+    /// Adds lines from `first` on in one pass, which ends at the latest before line `last`, if that is possible: no
+    /// line was added before, or the line before `first` was the last one. Returns the line after the pass.
+    std::size_t addPass(TextView display, std::size_t first, std::size_t last, ReadTo end);
 
 private:
     /// Memory for a line, not initialised.
@@ -73,9 +74,9 @@ public:
         return known != nullptr ? *known : readLine(index);
     }
 
-    /// Reads all lines up to the display's end in one pass, for a reader that needs most of them. Lines must be slices
-    /// of the text.
-    void readAhead();
+    /// Reads lines from `from` on in one pass, for a reader that needs most of them. Does nothing if the terminal makes
+    /// the lines itself: it is asked only for those that a reader needs.
+    void readAhead(Counter from, ReadTo end);
 
     /// True for a line that is known to be empty; all lines after it are empty too.
     bool isPastEnd(Counter number) const { return static_cast<std::size_t>(number.value()) >= size_; }

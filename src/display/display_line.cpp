@@ -268,11 +268,14 @@ LineFacts factsOf(TextView line, const LineMarks* knownMarks) {
     return {.content = contentOf(line), .marks = marksBySearch(line), .prefixes = prefixesIn(line)};
 }
 
-std::size_t makeLines(TextView display, std::size_t count, DisplayLine* lines) {
+DisplayLine::DisplayLine(const char16_t* characters)
+    : text_(characters, screenWidth), facts_(factsByBits<screenWidth>(text_, characters, nullptr)) {}
+
+std::size_t makeLines(const char16_t* text, std::size_t count, ReadTo end, DisplayLine* lines) {
     for (std::size_t made = 0; made < count;) {
-        const TextView line(display.data() + made * screenWidth, screenWidth);
-        std::construct_at(&lines[made], line, factsByBits<screenWidth>(line, line.data(), nullptr));
-        if (lines[made++].isEndOfDisplay()) return made;
+        const DisplayLine& line = *std::construct_at(&lines[made], text + made * screenWidth);
+        ++made;
+        if (line.isEndOfDisplay() || (end == ReadTo::SectionEnd && line.isSectionEnd())) return made;
     }
     return count;
 }

@@ -78,7 +78,8 @@ public:
     explicit DisplayLine(TextView text, const LineMarks* knownMarks = nullptr)
         : text_(text), facts_(factsOf(text, knownMarks)) {}
 
-    DisplayLine(TextView text, const LineFacts& facts) : text_(text), facts_(facts) {}
+    /// A line of 80 characters.
+    explicit DisplayLine(const char16_t* characters);
 
     /// The line as read.
     TextView text() const { return text_; }
@@ -138,8 +139,11 @@ private:
 /// on, for contacts in columns 12 to 17.
 FamilySet codesIn(TextView text);
 
-/// Makes the first `count` lines of a display, each of 80 characters, in memory that is not initialised. Stops after
-/// the line that ends the display. Returns the number of lines made.
-std::size_t makeLines(TextView display, std::size_t count, DisplayLine* lines);
+/// Where a pass over consecutive lines ends: after the line that ends the display or, earlier, that ends a section.
+enum class ReadTo : std::uint8_t { DisplayEnd, SectionEnd };
+
+/// Makes up to `count` lines of 80 characters each, which follow each other in a text, in memory that is not
+/// initialised. Returns the number of lines made.
+std::size_t makeLines(const char16_t* text, std::size_t count, ReadTo end, DisplayLine* lines);
 
 }  // namespace vantro

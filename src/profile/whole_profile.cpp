@@ -86,7 +86,7 @@ public:
           joiner_(display_) {}
 
     void run() {
-        display_.readAhead();
+        display_.readAhead(Counter(0), ReadTo::DisplayEnd);
         readHeader();
         readFamilies();
         readNotes();
