@@ -58,20 +58,52 @@ Decoded decodeFirst(std::string_view bytes) {
     return value < smallest[length] || value > 0x10FFFF || surrogate ? malformed : Decoded{value, length};
 }
 
-void appendCodeUnits(char32_t value, Text& text) {
+// Returns the number of code units.
+std::size_t putCodeUnits(char32_t value, char16_t* target) {
     if (value < 0x10000) {
-        text += static_cast<char16_t>(value);
-    } else {
-        text += static_cast<char16_t>(0xD800U + ((value - 0x10000U) >> 10U));
-        text += static_cast<char16_t>(0xDC00U + ((value - 0x10000U) & 0x3FFU));
+        target[0] = static_cast<char16_t>(value);
+        return 1;
     }
+    target[0] = static_cast<char16_t>(0xD800U + ((value - 0x10000U) >> 10U));
+    target[1] = static_cast<char16_t>(0xDC00U + ((value - 0x10000U) & 0x3FFU));
+    return 2;
 }
 
-void appendAscii(std::string_view ascii, Text& text) {
-    const std::size_t before = text.size();
-    text.resize(before + ascii.size());
-    char16_t* const target = text.data() + before;
-    for (std::size_t i = 0; i < ascii.size(); ++i) target[i] = static_cast<unsigned char>(ascii[i]);
+constexpr std::uint64_t everyByte(unsigned char value) { return value * std::uint64_t{0x0101010101010101}; }
+
+// True when none of the 16 bytes is the stop character or above 0x7F.
+bool isPlainBlock(const char* bytes, char stop) {
+    std::uint64_t halves[2];
+    std::memcpy(halves, bytes, blockSize);
+    const std::uint64_t stops = everyByte(static_cast<unsigned char>(stop));
+    const auto marked = [stops](std::uint64_t half) { return half | ((half ^ stops) - everyByte(1)); };
+    return ((marked(halves[0]) | marked(halves[1])) & everyByte(0x80)) == 0;
+}
+
+// A loop of fixed length, which compilers turn into vector instructions.
+void widenBlock(const char* bytes, char16_t* target) {
+    for (std::size_t i = 0; i < blockSize; ++i) target[i] = static_cast<unsigned char>(bytes[i]);
+}
+
+// Writes the text's plain beginning and returns its length.
+std::size_t widenPlain(std::string_view bytes, char stop, char16_t* target) {
+    const char* const from = bytes.data();
+    std::size_t length = 0;
+    while (bytes.size() - length >= blockSize && isPlainBlock(from + length, stop)) {
+        widenBlock(from + length, target + length);
+        length += blockSize;
+    }
+    // The last block overlaps the one before.
+    const std::size_t last = bytes.size() - blockSize;
+    if (bytes.size() >= blockSize && bytes.size() - length < blockSize && isPlainBlock(from + last, stop)) {
+        widenBlock(from + last, target + last);
+        return bytes.size();
+    }
+    for (; length < bytes.size() && bytes[length] != stop && static_cast<unsigned char>(bytes[length]) < 0x80;
+         ++length) {
+        target[length] = static_cast<unsigned char>(bytes[length]);
+    }
+    return length;
 }
 
 }  // namespace
@@ -88,15 +120,39 @@ bool isUtf8(std::string_view bytes) {
     }
 }
 
-void appendUtf16(std::string_view utf8, Text& text) {
+Widened widen(std::string_view utf8, char stop, char16_t* target) {
+    Widened done{0, 0};
     while (true) {
-        const std::size_t ascii = asciiPrefixLength(utf8);
-        appendAscii(utf8.substr(0, ascii), text);
-        utf8.remove_prefix(ascii);
-        if (utf8.empty()) return;
-        const Decoded character = decodeFirst(utf8);
-        appendCodeUnits(character.length == 0 ? replacementCharacter : character.value, text);
-        utf8.remove_prefix(character.length == 0 ? 1 : character.length);
+        const std::size_t plain = widenPlain(utf8.substr(done.bytes), stop, target + done.units);
+        done.bytes += plain;
+        done.units += plain;
+        if (done.bytes == utf8.size() || utf8[done.bytes] == stop) return done;
+        const Decoded character = decodeFirst(utf8.substr(done.bytes));
+        const bool malformed = character.length == 0;
+        done.units += putCodeUnits(malformed ? replacementCharacter : character.value, target + done.units);
+        done.bytes += malformed ? 1 : character.length;
+    }
+}
+
+void mendUtf8(std::span<char> bytes) {
+    while (!bytes.empty()) {
+        const std::size_t length = decodeFirst({bytes.data(), bytes.size()}).length;
+        if (length == 0) bytes.front() = '?';
+        bytes = bytes.subspan(std::max<std::size_t>(length, 1));
+    }
+}
+
+void appendUtf16(std::string_view utf8, Text& text) {
+    const std::size_t before = text.size();
+    text.resize(before + utf8.size());
+    char16_t* const target = text.data() + before;
+    std::size_t units = 0;
+    while (true) {
+        const Widened widened = widen(utf8, '\0', target + units);
+        units += widened.units;
+        if (widened.bytes == utf8.size()) return text.resize(before + units);
+        target[units++] = u'\0';
+        utf8.remove_prefix(widened.bytes + 1);
     }
 }
 

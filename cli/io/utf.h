@@ -4,6 +4,7 @@
 #include "vantro/text.h"
 
 #include <cstddef>
+#include <span>
 #include <string>
 #include <string_view>
 
@@ -21,6 +22,20 @@ bool isUtf8(std::string_view bytes);
 /// Appends the code units of a UTF-8 text. A byte that belongs to no well-formed character becomes U+FFFD.
 void appendUtf16(std::string_view utf8, Text& text);
 Text toUtf16(std::string_view utf8);
+
+/// How much of a text was converted.
+struct Widened {
+    std::size_t bytes;
+    std::size_t units;
+};
+
+/// Writes the code units of a UTF-8 text up to its first `stop` character, which must be below 0x80, or to its end.
+/// `target` has room for as many units as there are bytes. A byte that belongs to no well-formed character becomes
+/// U+FFFD.
+Widened widen(std::string_view utf8, char stop, char16_t* target);
+
+/// Replaces each byte that belongs to no well-formed character by a question mark.
+void mendUtf8(std::span<char> bytes);
 
 /// The number of UTF-16 code units of a well-formed UTF-8 text.
 std::size_t utf16Length(std::string_view utf8);

@@ -1,0 +1,19 @@
+// The text of a JSON string.
+#pragma once
+
+#include <string_view>
+
+namespace vantro {
+
+/// The end of a decoded string.
+struct DecodedString {
+    char16_t* end;          ///< one past the last unit written
+    const char* badEscape;  ///< the backslash of the first escape sequence that JSON does not have, or null
+    bool hasLoneSurrogate;  ///< an escaped surrogate without its other half was read as U+FFFD
+};
+
+/// Writes the text between a string's quotation marks as UTF-16. `target` has room for as many units as there are
+/// bytes.
+DecodedString decodeString(std::string_view json, char16_t* target);
+
+}  // namespace vantro
