@@ -3,6 +3,9 @@
 #include <algorithm>
 #include <cstdint>
 #include <cstring>
+#if defined(__SSE2__)
+#include <emmintrin.h>
+#endif
 
 namespace vantro {
 
@@ -69,41 +72,24 @@ std::size_t putCodeUnits(char32_t value, char16_t* target) {
     return 2;
 }
 
-constexpr std::uint64_t everyByte(unsigned char value) { return value * std::uint64_t{0x0101010101010101}; }
+constexpr bool isPlain(char byte, char stop) { return static_cast<unsigned char>(byte) < 0x80 && byte != stop; }
 
-// True when none of the 16 bytes is the stop character or above 0x7F.
-bool isPlainBlock(const char* bytes, char stop) {
-    std::uint64_t halves[2];
-    std::memcpy(halves, bytes, blockSize);
-    const std::uint64_t stops = everyByte(static_cast<unsigned char>(stop));
-    const auto marked = [stops](std::uint64_t half) { return half | ((half ^ stops) - everyByte(1)); };
-    return ((marked(halves[0]) | marked(halves[1])) & everyByte(0x80)) == 0;
-}
-
-// A loop of fixed length, which compilers turn into vector instructions.
-void widenBlock(const char* bytes, char16_t* target) {
-    for (std::size_t i = 0; i < blockSize; ++i) target[i] = static_cast<unsigned char>(bytes[i]);
-}
-
-// Writes the text's plain beginning and returns its length.
-std::size_t widenPlain(std::string_view bytes, char stop, char16_t* target) {
-    const char* const from = bytes.data();
-    std::size_t length = 0;
-    while (bytes.size() - length >= blockSize && isPlainBlock(from + length, stop)) {
-        widenBlock(from + length, target + length);
-        length += blockSize;
+// Writes 16 bytes as code units. True when all of them are plain: neither the stop character nor above 0x7F.
+bool widenBlock(const char* bytes, char stop, char16_t* target) {
+#if defined(__SSE2__)
+    const __m128i block = _mm_loadu_si128(reinterpret_cast<const __m128i*>(bytes));
+    const __m128i zero = _mm_setzero_si128();
+    _mm_storeu_si128(reinterpret_cast<__m128i*>(target), _mm_unpacklo_epi8(block, zero));
+    _mm_storeu_si128(reinterpret_cast<__m128i*>(target + 8), _mm_unpackhi_epi8(block, zero));
+    return _mm_movemask_epi8(_mm_or_si128(block, _mm_cmpeq_epi8(block, _mm_set1_epi8(stop)))) == 0;
+#else
+    bool allPlain = true;
+    for (std::size_t i = 0; i < blockSize; ++i) {
+        target[i] = static_cast<unsigned char>(bytes[i]);
+        allPlain &= isPlain(bytes[i], stop);
     }
-    // The last block overlaps the one before.
-    const std::size_t last = bytes.size() - blockSize;
-    if (bytes.size() >= blockSize && bytes.size() - length < blockSize && isPlainBlock(from + last, stop)) {
-        widenBlock(from + last, target + last);
-        return bytes.size();
-    }
-    for (; length < bytes.size() && bytes[length] != stop && static_cast<unsigned char>(bytes[length]) < 0x80;
-         ++length) {
-        target[length] = static_cast<unsigned char>(bytes[length]);
-    }
-    return length;
+    return allPlain;
+#endif
 }
 
 }  // namespace
@@ -118,6 +104,23 @@ bool isUtf8(std::string_view bytes) {
         if (character.length == 0) return false;
         bytes.remove_prefix(character.length);
     }
+}
+
+std::size_t widenPlain(std::string_view bytes, char stop, char16_t* target) {
+    const char* const from = bytes.data();
+    std::size_t length = 0;
+    bool isPlainSoFar = true;
+    while (isPlainSoFar && bytes.size() - length >= blockSize) {
+        isPlainSoFar = widenBlock(from + length, stop, target + length);
+        if (isPlainSoFar) length += blockSize;
+    }
+    // The last block overlaps the one before.
+    const std::size_t last = bytes.size() - blockSize;
+    if (isPlainSoFar && bytes.size() >= blockSize && widenBlock(from + last, stop, target + last)) return bytes.size();
+    for (; length < bytes.size() && isPlain(bytes[length], stop); ++length) {
+        target[length] = static_cast<unsigned char>(bytes[length]);
+    }
+    return length;
 }
 
 Widened widen(std::string_view utf8, char stop, char16_t* target) {

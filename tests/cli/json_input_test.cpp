@@ -1,5 +1,5 @@
 #include "cli/json/input.h"
-#include "cli/json/strings.h"
+#include "cli/json/spelling.h"
 
 #include <gtest/gtest.h>
 
@@ -150,8 +150,8 @@ TEST(JsonIn, WhatIsWrongHasAPlace) {
         {R"({"a":1} x)", "9: an unexpected character"},
         {R"({"a":1}})", "8: an unexpected character"},
         {R"(1,2)", "3: the value has ended before"},
-        {R"({"a":tru})", "6: a value is expected"},
-        {R"({"a":01})", "6: the number is malformed"},
+        {R"({"a":tru})", "6: an invalid value"},
+        {R"({"a":01})", "6: an invalid value"},
         {R"({"a":"b\x"})", "8: JSON has no such escape sequence"},
         {"{\"a\":\"b\tc\"}", "8: a control character stands in a string"},
         {R"({"a":"b)", "8: a string is not closed"},

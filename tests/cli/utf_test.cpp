@@ -70,8 +70,9 @@ TEST(Utf, WideningEndsAtTheStopCharacter) {
     for (std::size_t place = 0; place <= text.size(); ++place) {
         if (place < text.size() && (text[place] & 0xC0) == 0x80) continue;  // inside a character
         const std::string head = text.substr(0, place);
-        Text target(head.size(), u'?');
-        const Widened widened = widen(head + "|\xC3\xA9", '|', target.data());
+        const std::string whole = head + "|\xC3\xA9";
+        Text target(whole.size(), u'?');
+        const Widened widened = widen(whole, '|', target.data());
         EXPECT_EQ(widened.bytes, place);
         EXPECT_EQ(target.substr(0, widened.units), toUtf16(head));
     }

@@ -1,7 +1,8 @@
-#include "cli/json/strings.h"
+#include "cli/json/spelling.h"
 
 #include "cli/io/utf.h"
 
+#include <algorithm>
 #include <charconv>
 #include <cstddef>
 #include <optional>
@@ -64,6 +65,25 @@ DecodedString decodeString(std::string_view json, char16_t* target) {
             decoded.hasLoneSurrogate = decoded.hasLoneSurrogate || isLone;
         }
     }
+}
+
+bool isNumber(std::string_view text) {
+    const auto skip = [&text](std::string_view any) {
+        const bool isThere = !text.empty() && any.find(text.front()) != std::string_view::npos;
+        if (isThere) text.remove_prefix(1);
+        return isThere;
+    };
+    const auto skipDigits = [&text] {
+        const std::size_t digits = std::min(text.find_first_not_of("0123456789"), text.size());
+        text.remove_prefix(digits);
+        return digits > 0;
+    };
+    skip("-");
+    if (!skip("0") && !skipDigits()) return false;
+    if (skip(".") && !skipDigits()) return false;
+    if (!skip("eE")) return text.empty();
+    skip("+-");
+    return skipDigits() && text.empty();
 }
 
 }  // namespace vantro

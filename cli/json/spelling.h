@@ -1,4 +1,4 @@
-// The text of a JSON string.
+// How JSON spells strings and numbers.
 #pragma once
 
 #include <string_view>
@@ -15,5 +15,8 @@ struct DecodedString {
 /// Writes the text between a string's quotation marks as UTF-16. `target` has room for as many units as there are
 /// bytes.
 DecodedString decodeString(std::string_view json, char16_t* target);
+
+/// True for a number, of any size.
+bool isNumber(std::string_view text);
 
 }  // namespace vantro
