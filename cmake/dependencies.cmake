@@ -53,6 +53,7 @@ if(VANTRO_BUILD_CLI)
     if(NOT TARGET simdjson::simdjson)
         add_library(simdjson STATIC ${simdjson_SOURCE_DIR}/singleheader/simdjson.cpp)
         target_include_directories(simdjson SYSTEM PUBLIC ${simdjson_SOURCE_DIR}/singleheader)
+        target_compile_definitions(simdjson PUBLIC SIMDJSON_NO_PORTABILITY_WARNING)  # slower on 32-bit processors
         add_library(simdjson::simdjson ALIAS simdjson)
     endif()
 endif()
