@@ -86,4 +86,24 @@ bool isNumber(std::string_view text) {
     return skipDigits() && text.empty();
 }
 
+// The conversion stops before a fraction or an exponent and fails for a number out of range.
+std::optional<std::int16_t> wholeNumber(std::string_view number) {
+    std::int16_t value = 0;
+    const char* const end = number.data() + number.size();
+    const auto [stop, problem] = std::from_chars(number.data(), end, value);
+    if (problem != std::errc{} || stop != end) return std::nullopt;
+    return value;
+}
+
+const char* controlInString(std::string_view text) {
+    bool inString = false;
+    const char* at = text.data();
+    for (const char* const end = at + text.size(); at < end; ++at) {
+        if (inString && static_cast<unsigned char>(*at) < 0x20) break;
+        if (*at == '"') inString = !inString;
+        if (inString && *at == '\\') ++at;
+    }
+    return at;
+}
+
 }  // namespace vantro

@@ -1,6 +1,8 @@
 // How JSON spells strings and numbers.
 #pragma once
 
+#include <cstdint>
+#include <optional>
 #include <string_view>
 
 namespace vantro {
@@ -18,5 +20,11 @@ DecodedString decodeString(std::string_view json, char16_t* target);
 
 /// True for a number, of any size.
 bool isNumber(std::string_view text);
+
+/// The 16-bit integer that a number spells without fraction and exponent; nothing for another number.
+std::optional<std::int16_t> wholeNumber(std::string_view number);
+
+/// The first control character in a string of a text; the end of the text for none.
+const char* controlInString(std::string_view text);
 
 }  // namespace vantro
