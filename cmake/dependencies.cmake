@@ -14,6 +14,15 @@ FetchContent_Declare(RapidJSON
     URL_HASH SHA256=e6fc99c7df7f29995838a764dd68df87b71db360f7727ace467b21b82c85efda
     SOURCE_SUBDIR include
     FIND_PACKAGE_ARGS MODULE)
+# Debian keeps the same archive as the makers; every build folder uses the one downloaded first.
+FetchContent_Declare(simdjson
+    URL https://github.com/simdjson/simdjson/archive/v3.0.1.tar.gz
+        http://deb.debian.org/debian/pool/main/s/simdjson/simdjson_3.0.1.orig.tar.gz
+    URL_HASH SHA256=156b1bc5eb0561b2bd166b46d191fd3d95a3e709cc63761477d3b7aec2b6e9ed
+    DOWNLOAD_DIR ${PROJECT_SOURCE_DIR}/build/downloads
+    DOWNLOAD_NAME simdjson-3.0.1.tar.gz
+    SOURCE_SUBDIR singleheader/none
+    FIND_PACKAGE_ARGS)
 FetchContent_Declare(googletest
     URL https://github.com/google/googletest/archive/refs/tags/release-1.12.1.tar.gz
     URL_HASH SHA256=81964fe578e9bd7c94dfdb09c8e4d6e6759e19967e397dbea48d1c10e45d0df2
@@ -40,6 +49,13 @@ endfunction()
 
 if(VANTRO_BUILD_CLI)
     vantro_headers_of(CLI11 CLI11::CLI11)
+    FetchContent_MakeAvailable(simdjson)
+    if(NOT TARGET simdjson::simdjson)
+        add_library(simdjson STATIC ${simdjson_SOURCE_DIR}/singleheader/simdjson.cpp)
+        target_include_directories(simdjson SYSTEM PUBLIC ${simdjson_SOURCE_DIR}/singleheader)
+        target_compile_definitions(simdjson PUBLIC SIMDJSON_NO_PORTABILITY_WARNING)  # slower on 32-bit processors
+        add_library(simdjson::simdjson ALIAS simdjson)
+    endif()
 endif()
 if(VANTRO_BUILD_CLI OR VANTRO_BUILD_TESTS)
     vantro_headers_of(RapidJSON RapidJSON::RapidJSON)

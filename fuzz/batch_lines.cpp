@@ -18,8 +18,8 @@ namespace {
 
 using rapidjson::Document;
 
-constexpr unsigned strict = rapidjson::kParseValidateEncodingFlag | rapidjson::kParseIterativeFlag;
-constexpr unsigned spelled = strict | rapidjson::kParseNumbersAsStringsFlag;
+constexpr unsigned spelled =
+    rapidjson::kParseValidateEncodingFlag | rapidjson::kParseIterativeFlag | rapidjson::kParseNumbersAsStringsFlag;
 constexpr std::string_view byteOrderMark = "\xEF\xBB\xBF";
 
 /// The request lines that a batch must read: the bytes between line ends.
@@ -71,6 +71,12 @@ std::string formOf(const std::string& line, Document& response) {
     return {};
 }
 
+/// True for a line that only the tool can read: this parser refuses large exponents.
+bool containsHugeNumber(const std::string& line) {
+    Document request;
+    return request.Parse<spelled>(line.data(), line.size()).GetParseError() == rapidjson::kParseErrorNumberTooBig;
+}
+
 bool isBadRequest(const Document& response) {
     return response.HasMember("error") && response["error"]["number"] == "0" &&
            response["error"]["source"] == "request";
@@ -87,8 +93,6 @@ std::string mismatch(const std::string& line, const Document& response) {
     if (containsZero || containsMark || request.HasParseError() || !request.IsObject()) {
         return isBadRequest(response) ? std::string() : "no bad request error for a line without a JSON object";
     }
-    Document checked;
-    if (checked.Parse<strict>(line.data(), line.size()).HasParseError()) return {};  // number out of range
     const rapidjson::Value* const id = lastMember(request, "id");
     if ((id != nullptr) != response.HasMember("id")) return "the id is missing, or was not in the request";
     // The tool reads an escaped unpaired surrogate as U+FFFD; this parser does not.
@@ -138,6 +142,7 @@ std::string batchLines(Bytes input) {
         return std::to_string(responses.size()) + " responses to " + std::to_string(requests.size()) + " requests\n";
     }
     for (std::size_t index = 0; index < requests.size(); ++index) {
+        if (containsHugeNumber(requests[index])) continue;
         Document response;
         std::string message = formOf(responses[index], response);
         if (message.empty()) message = mismatch(requests[index], response);

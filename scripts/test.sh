@@ -23,6 +23,7 @@ check_package() {
 
 main() {
     install_missing "${test_packages[@]}"
+    bash scripts/test-com.sh install x64
     build_and_test ci-gcc
     check "install and find_package" strictly check_package
     count_closing_line "COM server, 64-bit" bash scripts/test-com.sh x64

@@ -1,7 +1,7 @@
 // One line of a batch: the call and its arguments.
 #pragma once
 
-#include "cli/json/values.h"
+#include "cli/json/input.h"
 #include "vantro/registry.h"
 
 #include <array>
@@ -27,29 +27,12 @@ struct Request {
     TextView searchQualifier;
 };
 
-/// A host screen: a string, or an array of strings, each one screen line of up to 80 characters.
-class ScreenReader final : public ValueReader {
-public:
-    bool isNull() const { return null_; }
-    const Text& screen() const { return screen_; }
-
-private:
-    void clear() override;
-    void takeWanted(const JsonEvent& event) override;
-    void addLine(std::string_view line);
-
-    Text screen_;
-    std::size_t lines_ = 0;
-    bool inList_ = false;
-    bool null_ = false;
-};
-
 /// Reads requests, one line after the other. Its buffers are reused from line to line.
-class RequestReader final : private JsonEvents {
+class RequestReader {
 public:
     RequestReader() = default;
 
-    /// Reads a line, which is decoded in place (see `readJson`).
+    /// Reads a line, which `jsonPadding` bytes must follow.
     void read(std::span<char> line);
 
     /// The problem with the line, for the response; empty for a well-formed request.
@@ -59,45 +42,37 @@ public:
     Request& request() { return request_; }
 
     /// The request's id as JSON; null when it has none, or when the line is no JSON object.
-    const std::string* id() const { return isObject_ && id_.isGiven() ? &id_.json() : nullptr; }
+    const std::string* id() const { return isObject_ && members_[0].isGiven ? &id_ : nullptr; }
 
 private:
-    struct Member {
-        std::string_view name;
-        ValueReader* reader;
-    };
-
-    void forget();
-    void take(const JsonEvent& event) override;
-    ValueReader& memberNamed(std::string_view name);
-
     void assemble();
     void chooseCall();
-    void takeScreen(std::string_view member, ScreenReader& screen);
-    void takeText(std::string_view member, const TextReader& reader, TextView& target);
+    void takeScreen(std::string_view name, const JsonScreen& screen);
     void takeParams();
     void takeArgumentsOfProfileElements();
     void takeArgumentsOfCount();
-    bool require(std::string_view member, const ValueReader& reader);
-    void complainAbout(std::string_view member, std::string_view fault);
+    const JsonMember& member(std::string_view name) const;
+    bool has(std::string_view name);
+    bool require(std::string_view name);
+    void complainAbout(std::string_view name, std::string_view fault);
 
-    TextReader class_;
-    TextReader call_;
-    TextReader object_;
-    TextReader qualifier_;
-    TextReader searchString_;
-    TextReader searchQualifier_;
-    CollectionReader params_;
-    ScreenReader response_;
-    ScreenReader display_;
-    ListReader selection_;
-    CopyReader id_;
-    IgnoringReader ignored_;
+    JsonInput input_;
+    JsonCopy id_;
+    Text class_;
+    Text call_;
+    Text object_;
+    Text qualifier_;
+    Text searchString_;
+    Text searchQualifier_;
+    JsonCollection params_;
+    JsonScreen response_;
+    JsonScreen display_;
+    TextList selection_;
 
-    const std::array<Member, 11> members_{{
+    std::array<JsonMember, 11> members_{{
+        {"id", &id_},
         {"class", &class_},
         {"call", &call_},
-        {"id", &id_},
         {"object", &object_},
         {"params", &params_},
         {"response", &response_},
@@ -108,8 +83,6 @@ private:
         {"searchQualifier", &searchQualifier_},
     }};
 
-    ValueReader* current_ = &ignored_;
-    int depth_ = 0;
     bool isObject_ = false;
     std::string problem_;
     Request request_;

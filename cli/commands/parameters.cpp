@@ -2,7 +2,7 @@
 
 #include "cli/io/failure.h"
 #include "cli/io/utf.h"
-#include "cli/json/values.h"
+#include "cli/json/input.h"
 
 #include <algorithm>
 #include <charconv>
@@ -133,16 +133,14 @@ void addParameters(const std::vector<std::string>& texts, BuiltInCollection& col
 }
 
 std::shared_ptr<BuiltInCollection> collectionFromJson(std::string json, const std::string& name) {
-    CollectionReader reader;
-    const std::size_t length = json.size();
-    json.append(jsonPadding, '\0');
-    reader.begin();
-    const JsonOutcome outcome = readJson(std::span(json).first(length), reader);
-    const std::string& problem = outcome.problem.empty() ? reader.fault() : outcome.problem;
+    JsonCollection collection;
+    JsonMember state{name, &collection};
+    const JsonOutcome outcome = JsonInput().readValue(json, state);
+    const std::string& problem = outcome.problem.empty() ? state.fault : outcome.problem;
     if (!problem.empty()) {
         throw UsageError(name + ": " + asClause(problem) + "; give the JSON object that verify --json printed");
     }
-    return reader.collection();
+    return collection;
 }
 
 }  // namespace vantro

@@ -3,6 +3,9 @@
 #include <algorithm>
 #include <cstdint>
 #include <cstring>
+#if defined(__SSE2__)
+#include <emmintrin.h>
+#endif
 
 namespace vantro {
 
@@ -58,20 +61,35 @@ Decoded decodeFirst(std::string_view bytes) {
     return value < smallest[length] || value > 0x10FFFF || surrogate ? malformed : Decoded{value, length};
 }
 
-void appendCodeUnits(char32_t value, Text& text) {
+// Returns the number of code units.
+std::size_t putCodeUnits(char32_t value, char16_t* target) {
     if (value < 0x10000) {
-        text += static_cast<char16_t>(value);
-    } else {
-        text += static_cast<char16_t>(0xD800U + ((value - 0x10000U) >> 10U));
-        text += static_cast<char16_t>(0xDC00U + ((value - 0x10000U) & 0x3FFU));
+        target[0] = static_cast<char16_t>(value);
+        return 1;
     }
+    target[0] = static_cast<char16_t>(0xD800U + ((value - 0x10000U) >> 10U));
+    target[1] = static_cast<char16_t>(0xDC00U + ((value - 0x10000U) & 0x3FFU));
+    return 2;
 }
 
-void appendAscii(std::string_view ascii, Text& text) {
-    const std::size_t before = text.size();
-    text.resize(before + ascii.size());
-    char16_t* const target = text.data() + before;
-    for (std::size_t i = 0; i < ascii.size(); ++i) target[i] = static_cast<unsigned char>(ascii[i]);
+constexpr bool isPlain(char byte, char stop) { return static_cast<unsigned char>(byte) < 0x80 && byte != stop; }
+
+// Writes 16 bytes as code units. True when all of them are plain: neither the stop character nor above 0x7F.
+bool widenBlock(const char* bytes, char stop, char16_t* target) {
+#if defined(__SSE2__)
+    const __m128i block = _mm_loadu_si128(reinterpret_cast<const __m128i*>(bytes));
+    const __m128i zero = _mm_setzero_si128();
+    _mm_storeu_si128(reinterpret_cast<__m128i*>(target), _mm_unpacklo_epi8(block, zero));
+    _mm_storeu_si128(reinterpret_cast<__m128i*>(target + 8), _mm_unpackhi_epi8(block, zero));
+    return _mm_movemask_epi8(_mm_or_si128(block, _mm_cmpeq_epi8(block, _mm_set1_epi8(stop)))) == 0;
+#else
+    bool allPlain = true;
+    for (std::size_t i = 0; i < blockSize; ++i) {
+        target[i] = static_cast<unsigned char>(bytes[i]);
+        allPlain &= isPlain(bytes[i], stop);
+    }
+    return allPlain;
+#endif
 }
 
 }  // namespace
@@ -88,15 +106,56 @@ bool isUtf8(std::string_view bytes) {
     }
 }
 
-void appendUtf16(std::string_view utf8, Text& text) {
+std::size_t widenPlain(std::string_view bytes, char stop, char16_t* target) {
+    const char* const from = bytes.data();
+    std::size_t length = 0;
+    bool isPlainSoFar = true;
+    while (isPlainSoFar && bytes.size() - length >= blockSize) {
+        isPlainSoFar = widenBlock(from + length, stop, target + length);
+        if (isPlainSoFar) length += blockSize;
+    }
+    // The last block overlaps the one before.
+    const std::size_t last = bytes.size() - blockSize;
+    if (isPlainSoFar && bytes.size() >= blockSize && widenBlock(from + last, stop, target + last)) return bytes.size();
+    for (; length < bytes.size() && isPlain(bytes[length], stop); ++length) {
+        target[length] = static_cast<unsigned char>(bytes[length]);
+    }
+    return length;
+}
+
+Widened widen(std::string_view utf8, char stop, char16_t* target) {
+    Widened done{0, 0};
     while (true) {
-        const std::size_t ascii = asciiPrefixLength(utf8);
-        appendAscii(utf8.substr(0, ascii), text);
-        utf8.remove_prefix(ascii);
-        if (utf8.empty()) return;
-        const Decoded character = decodeFirst(utf8);
-        appendCodeUnits(character.length == 0 ? replacementCharacter : character.value, text);
-        utf8.remove_prefix(character.length == 0 ? 1 : character.length);
+        const std::size_t plain = widenPlain(utf8.substr(done.bytes), stop, target + done.units);
+        done.bytes += plain;
+        done.units += plain;
+        if (done.bytes == utf8.size() || utf8[done.bytes] == stop) return done;
+        const Decoded character = decodeFirst(utf8.substr(done.bytes));
+        const bool malformed = character.length == 0;
+        done.units += putCodeUnits(malformed ? replacementCharacter : character.value, target + done.units);
+        done.bytes += malformed ? 1 : character.length;
+    }
+}
+
+void mendUtf8(std::span<char> bytes) {
+    while (!bytes.empty()) {
+        const std::size_t length = decodeFirst({bytes.data(), bytes.size()}).length;
+        if (length == 0) bytes.front() = '?';
+        bytes = bytes.subspan(std::max<std::size_t>(length, 1));
+    }
+}
+
+void appendUtf16(std::string_view utf8, Text& text) {
+    const std::size_t before = text.size();
+    text.resize(before + utf8.size());
+    char16_t* const target = text.data() + before;
+    std::size_t units = 0;
+    while (true) {
+        const Widened widened = widen(utf8, '\0', target + units);
+        units += widened.units;
+        if (widened.bytes == utf8.size()) return text.resize(before + units);
+        target[units++] = u'\0';
+        utf8.remove_prefix(widened.bytes + 1);
     }
 }
 

@@ -4,6 +4,7 @@
 #include "vantro/text.h"
 
 #include <cstddef>
+#include <span>
 #include <string>
 #include <string_view>
 
@@ -21,6 +22,23 @@ bool isUtf8(std::string_view bytes);
 /// Appends the code units of a UTF-8 text. A byte that belongs to no well-formed character becomes U+FFFD.
 void appendUtf16(std::string_view utf8, Text& text);
 Text toUtf16(std::string_view utf8);
+
+/// Writes a text up to its first `stop` character (below 0x80) or byte beyond ASCII as UTF-16, and returns the number
+/// of characters. `target` has room for as many as there are bytes; what follows the text there is overwritten.
+std::size_t widenPlain(std::string_view bytes, char stop, char16_t* target);
+
+/// How much of a text was converted.
+struct Widened {
+    std::size_t bytes;
+    std::size_t units;
+};
+
+/// The same for all of UTF-8: it ends at the first `stop` character only. A byte that belongs to no well-formed
+/// character becomes U+FFFD.
+Widened widen(std::string_view utf8, char stop, char16_t* target);
+
+/// Replaces each byte that belongs to no well-formed character by a question mark.
+void mendUtf8(std::span<char> bytes);
 
 /// The number of UTF-16 code units of a well-formed UTF-8 text.
 std::size_t utf16Length(std::string_view utf8);

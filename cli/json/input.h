@@ -1,48 +1,82 @@
-// JSON read as a stream of events. No tree is built, so memory use does not depend on the input.
+// JSON read into targets: each member of an object directly into the variable that it is for.
 #pragma once
 
+#include "vantro/built_in_terminal.h"
+
 #include <cstddef>
+#include <memory>
 #include <span>
 #include <string>
 #include <string_view>
+#include <variant>
 
 namespace vantro {
 
-enum class JsonKind { Null, Boolean, Number, String, Key, StartObject, EndObject, StartArray, EndArray };
-
-/// One event. The text is UTF-8: the decoded string or key, or a number as it is spelled. It is valid until the
-/// next event.
-struct JsonEvent {
-    JsonKind kind;
-    std::string_view text = {};
-    bool truth = false;
-};
-
-class JsonEvents {
+/// A host screen: a string, or an array of strings, each one screen line of up to 80 characters; null for none.
+class JsonScreen {
 public:
-    virtual ~JsonEvents() = default;
-    virtual void take(const JsonEvent& event) = 0;
+    bool isNull() const { return isNull_; }
+    TextView text() const { return TextView(units_).substr(0, length_); }
 
-protected:
-    JsonEvents() = default;
-    JsonEvents(const JsonEvents&) = default;
-    JsonEvents& operator=(const JsonEvents&) = default;
+private:
+    friend class JsonInput;
+
+    Text units_;  // grows only; what follows the text is room for longer ones
+    std::size_t length_ = 0;
+    bool isNull_ = false;
 };
 
-/// The number of writable bytes that must follow a text: the first becomes its terminating zero, the others may be
-/// read.
-inline constexpr std::size_t jsonPadding = 32;
+/// A keyed collection: an object of texts, booleans, 16-bit integers and lists of texts; null for none.
+using JsonCollection = std::shared_ptr<BuiltInCollection>;
+
+/// Any value, kept as JSON. Numbers keep their spelling.
+using JsonCopy = std::string;
+
+/// Where a value is stored. Its kind is the kind of value that is expected.
+using JsonTarget = std::variant<Text*, TextList*, JsonScreen*, JsonCollection*, JsonCopy*>;
+
+/// A member of an object. A value of another kind than expected is recorded as a fault, not raised: whether it matters
+/// is known only when the whole object has been read.
+struct JsonMember {
+    std::string_view name;
+    JsonTarget target;
+    bool isGiven = false;
+    std::string fault = {};  ///< what is wrong with the value, such as "a text is expected"; empty for a correct one
+
+    bool isGood() const { return isGiven && fault.empty(); }
+};
+
+/// The number of bytes that must follow a text: the first becomes its terminating zero, the others may be read.
+inline constexpr std::size_t jsonPadding = 64;
 
 /// The outcome of reading a text. JSON with invalid characters (malformed UTF-8, an unpaired surrogate) is read to its
 /// end, with U+FFFD in place of each.
 struct JsonOutcome {
     bool isJson;
+    bool isObject;        ///< false for a text that is not JSON
     std::string problem;  ///< what is wrong and where; empty for JSON with valid characters
 };
 
-/// Reads one JSON value and passes its parts to `events`. The text is decoded in place, which changes it, and
-/// `jsonPadding` bytes must follow it. Deep nesting uses heap memory, not stack. A number beyond the range of a double
-/// is an error.
-JsonOutcome readJson(std::span<char> text, JsonEvents& events);
+/// Reads JSON texts, one after the other. Every byte of a text is checked, also in values that nobody wants. Deep
+/// nesting uses heap memory, not stack. Numbers may be of any size.
+class JsonInput {
+public:
+    JsonInput();
+    ~JsonInput();
+    JsonInput(const JsonInput&) = delete;
+    JsonInput& operator=(const JsonInput&) = delete;
+
+    /// Reads an object's members into their targets; other members are ignored. The last value of a repeated member
+    /// counts. `jsonPadding` bytes must follow the text.
+    JsonOutcome readObject(std::span<char> text, std::span<JsonMember> members);
+
+    /// Reads a value of any kind into the member's target.
+    JsonOutcome readValue(std::string_view text, JsonMember& member);
+
+private:
+    class Parser;
+
+    std::unique_ptr<Parser> parser_;
+};
 
 }  // namespace vantro

@@ -171,7 +171,7 @@ TEST(MaxLine, IsANumberOfBytes) {
 TEST(Messages, AreSentences) {
     const TemporaryFile state("{");
     expectComplaint(runTool({"verify", "CPXTrans", "--state", state.path()}, "x"), 2,
-                    "not JSON at byte 2: Missing a name for object member; give the JSON object");
+                    "not JSON at byte 2: the text ends too early; give the JSON object");
     expectComplaint(runTool({"elements", "RM"}, display), 1,
                     "Object variable not set. Name the element's index with --index.");
     expectComplaint(runTool({"verify", "CRLPTrans", "strKeyIndex=9"}, "RLP\nRP/NCEVN0900/\nT/ABC123 /P1\n>\n"), 0,

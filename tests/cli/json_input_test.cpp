@@ -1,105 +1,113 @@
 #include "cli/json/input.h"
-#include "cli/json/text_checks.h"
+#include "cli/json/spelling.h"
 
 #include <gtest/gtest.h>
 
+#include <array>
 #include <string>
 
 namespace vantro {
 
 namespace {
 
-struct Mended {
-    std::string text;
-    bool paired;
+struct Decoded {
+    Text text;
+    bool hasLoneSurrogate;
+    std::ptrdiff_t badEscape;  // its index, or -1
 };
 
-Mended mend(std::string text) {
-    const bool paired = mendUnpairedSurrogates(text);
-    return {text, paired};
+Decoded decode(std::string_view json) {
+    Text text(json.size(), u'?');
+    const DecodedString string = decodeString(json, text.data());
+    text.resize(static_cast<std::size_t>(string.end - text.data()));
+    return {text, string.hasLoneSurrogate, string.badEscape == nullptr ? -1 : string.badEscape - json.data()};
 }
 
-TEST(JsonText, TabsAndLineEndsAreNoStrayControls) { EXPECT_FALSE(containsStrayControl(std::string("{\t\r\n}"))); }
+TEST(JsonString, EscapesAreDecoded) {
+    EXPECT_EQ(decode(R"(\"\\\/\b\f\n\r\t\u0041\u00e9\u0000)").text, Text(u"\"\\/\b\f\n\r\tA\u00E9\0", 11));
+    EXPECT_EQ(decode("").text, u"");
+}
 
-TEST(JsonText, EveryOtherControlIsStrayAtEveryPosition) {
-    for (int control = 0; control < 0x20; ++control) {
-        if (control == '\t' || control == '\n' || control == '\r') continue;
-        for (const std::size_t place : {0U, 63U, 64U, 99U}) {
-            std::string text(100, 'x');
-            text[place] = static_cast<char>(control);
-            EXPECT_TRUE(containsStrayControl(text)) << control << " at " << place;
+TEST(JsonString, EscapesStandAnywhereInALongText) {
+    const std::string filler = "0123456789ABCDEFGHIJKLMNOPQRSTUVWXYZ";
+    for (std::size_t before = 0; before <= filler.size(); ++before) {
+        for (std::size_t after = 0; after <= filler.size(); ++after) {
+            const std::string head = filler.substr(0, before);
+            const std::string tail = filler.substr(0, after);
+            Text wanted(head.begin(), head.end());
+            wanted += u"\n\u00E9\u20AC";
+            wanted.append(tail.begin(), tail.end());
+            EXPECT_EQ(decode(head + "\\n\xC3\xA9\\u20aC" + tail).text, wanted);
         }
     }
-    EXPECT_FALSE(containsStrayControl(std::string("\x7F\x80\xFF")));
 }
 
-TEST(JsonText, SurrogatePairsStay) {
-    const Mended mended = mend(R"("\ud83d\ude00 \uD83D\uDE00")");
-    EXPECT_TRUE(mended.paired);
-    EXPECT_EQ(mended.text, R"("\ud83d\ude00 \uD83D\uDE00")");
+TEST(JsonString, ASurrogatePairIsOneCharacter) {
+    const Decoded decoded = decode(R"(\ud83d\ude00 \uD83D\uDE00)");
+    EXPECT_EQ(decoded.text, u"\U0001F600 \U0001F600");
+    EXPECT_FALSE(decoded.hasLoneSurrogate);
 }
 
-TEST(JsonText, AHighSurrogateAloneIsReplaced) {
-    const Mended mended = mend(R"("\ud83dx \ud83d\n \ud83d\u0041 \ud83d")");
-    EXPECT_FALSE(mended.paired);
-    EXPECT_EQ(mended.text, R"("\uFFFDx \uFFFD\n \uFFFD\u0041 \uFFFD")");
+TEST(JsonString, AHighSurrogateAloneIsReplaced) {
+    const Decoded decoded = decode(R"(\ud83dx \ud83d\n \ud83d\u0041 \ud83d)");
+    EXPECT_TRUE(decoded.hasLoneSurrogate);
+    EXPECT_EQ(decoded.text, u"\uFFFDx \uFFFD\n \uFFFDA \uFFFD");
 }
 
-TEST(JsonText, ALowSurrogateAloneIsReplaced) {
-    const Mended mended = mend(R"("\ude00 \ude00\ud83d\ude00")");
-    EXPECT_FALSE(mended.paired);
-    EXPECT_EQ(mended.text, R"("\uFFFD \uFFFD\ud83d\ude00")");
+TEST(JsonString, ALowSurrogateAloneIsReplaced) {
+    const Decoded decoded = decode(R"(\ude00 \ude00\ud83d\ude00)");
+    EXPECT_TRUE(decoded.hasLoneSurrogate);
+    EXPECT_EQ(decoded.text, u"\uFFFD \uFFFD\U0001F600");
 }
 
-TEST(JsonText, TwoHighSurrogatesBeforeALowOneLeaveAPair) {
-    EXPECT_EQ(mend(R"("\ud83d\ud83d\ude00")").text, R"("\uFFFD\ud83d\ude00")");
+TEST(JsonString, TwoHighSurrogatesBeforeALowOneLeaveAPair) {
+    EXPECT_EQ(decode(R"(\ud83d\ud83d\ude00)").text, u"\uFFFD\U0001F600");
 }
 
-TEST(JsonText, AnEscapedBackslashBeforeUIsNoSurrogate) {
-    EXPECT_TRUE(mend(R"("\\ud83d")").paired);
-    EXPECT_FALSE(mend(R"("\\\ud83d")").paired);
+TEST(JsonString, AnEscapedBackslashBeforeUIsNoSurrogate) {
+    EXPECT_FALSE(decode(R"(\\ud83d)").hasLoneSurrogate);
+    EXPECT_TRUE(decode(R"(\\\ud83d)").hasLoneSurrogate);
 }
 
-TEST(JsonText, AnIncompleteEscapeIsLeftToTheParser) {
-    for (const char* text : {"\\", "\\u", "\\ud83", "\\ud83\"", "\"\\ud83d\\"}) {
-        EXPECT_EQ(mend(text).text.size(), std::string(text).size());
+TEST(JsonString, ABadEscapeIsFound) {
+    for (const char* json : {R"(ab\x)", R"(ab\)", R"(ab\u)", R"(ab\u123)", R"(ab\u12g4)", R"(ab\u+123)", R"(ab\u0x1)",
+                             R"(ab\U0041)", R"(ab\')", R"(ab\0)"}) {
+        EXPECT_EQ(decode(json).badEscape, 2) << json;
     }
+    EXPECT_EQ(decode(R"(\ud83d\u12)").badEscape, 6);
+    EXPECT_EQ(decode(R"(\u00e9)").badEscape, -1);
 }
 
-class Recorder final : public JsonEvents {
-public:
-    void take(const JsonEvent& event) override {
-        constexpr const char* names = "nb#sk{}[]";
-        events += names[static_cast<int>(event.kind)];
-        events += std::string(event.text) + (event.truth ? "true" : "");
-        events += ' ';
-    }
-
-    std::string events;
-};
-
-struct Outcome {
+// The outcome of reading a text of any kind and its copy.
+struct Copied {
     bool isJson;
     std::string problem;
-    std::string events;
+    std::string json;
 };
 
-Outcome readText(std::string text) {
-    Recorder recorder;
-    const std::size_t length = text.size();
-    text.append(jsonPadding, '\0');
-    const JsonOutcome outcome = readJson(std::span(text).first(length), recorder);
-    return {outcome.isJson, outcome.problem, recorder.events};
+Copied copy(const std::string& text) {
+    JsonCopy json;
+    JsonMember member{"text", &json};
+    const JsonOutcome outcome = JsonInput().readValue(text, member);
+    return {outcome.isJson, outcome.problem, json};
 }
 
-TEST(JsonIn, EventsComeInTheOrderOfTheText) {
-    EXPECT_EQ(readText(R"({"a":[1,-2.50e+3,"x"],"b":{"c":null},"d":true,"e":false})").events,
-              "{ ka [ #1 #-2.50e+3 sx ] kb { kc n } kd btrue ke b } ");
+TEST(JsonIn, ValuesKeepTheirOrderAndNumbersTheirSpelling) {
+    const std::string json = R"({"a":[1,-2.50e+3,"x"],"b":{"c":null},"d":true,"e":false,"a":{},"f":[[],[{}]]})";
+    EXPECT_EQ(copy(json).json, json);
+    EXPECT_EQ(copy(" [ 1 ,\t{ \"a\" :\r[ ] } ]\n").json, R"([1,{"a":[]}])");
 }
 
-TEST(JsonIn, EscapesAreDecoded) {
-    EXPECT_EQ(readText(R"(["\"\\\/\b\f\n\r\t\u0041\u00e9\ud83d\ude00"])").events,
-              "[ s\"\\/\b\f\n\r\tA\xC3\xA9\xF0\x9F\x98\x80 ] ");
+TEST(JsonIn, EscapesAreWrittenInTheirShortestForm) {
+    EXPECT_EQ(copy(R"(["\"\\\/\b\f\n\r\t\u0041\u00e9\ud83d\ude00"])").json,
+              "[\"\\\"\\\\/\\b\\f\\n\\r\\tA\xC3\xA9\xF0\x9F\x98\x80\"]");
+}
+
+TEST(JsonIn, NumbersMayBeOfAnySize) {
+    for (const std::string number : {"0", "-0", "123456789012345678901234567890.10", "1e400", "-1E-400", "0.0e+07"}) {
+        EXPECT_EQ(copy(number).json, number);
+        EXPECT_EQ(copy("[" + number + "]").json, "[" + number + "]");
+    }
 }
 
 class NotJson : public testing::TestWithParam<std::string> {};
@@ -111,37 +119,68 @@ INSTANTIATE_TEST_SUITE_P(JsonIn, NotJson,
                                          "[\"0123456789abcdefghi\x1F"
                                          "0123456789abcdefghi\"]",
                                          std::string("{\0}", 3), std::string("{}\0", 3), std::string("[\"a\0b\"]", 7),
-                                         "NaN", "[1] // remark", "\xFF", "\xEF\xBB\xBF{}"));
+                                         "NaN", "[1] // remark", "\xFF", "\xEF\xBB\xBF{}", "truex", "nullx", "1x",
+                                         "1 2", "1,2", "{}]", "1]", "[[\"a\":1]]]", "{\"a\":[1}", "[1,2",
+                                         "{\"a\":{\"b\":1}", "[\"a\"x]", "[\"a\"\"b\"]", "{\"a\"}", "{1:2}", "{,}",
+                                         "[,1]", "[\f]"));
 
 TEST_P(NotJson, IsReportedAsNotJson) {
-    const Outcome outcome = readText(GetParam());
+    const Copied copied = copy(GetParam());
+    EXPECT_FALSE(copied.isJson);
+    EXPECT_EQ(copied.problem.rfind("not JSON at byte ", 0), 0U) << copied.problem;
+}
+
+TEST_P(NotJson, IsNotJsonAsAnIgnoredMemberEither) {
+    std::string text = "{\"a\":" + GetParam() + "}";
+    if (GetParam() == "{}}") return;  // the bracket ends the object
+    const std::size_t length = text.size();
+    text.append(jsonPadding, '\0');
+    const JsonOutcome outcome = JsonInput().readObject(std::span(text).first(length), {});
     EXPECT_FALSE(outcome.isJson);
-    EXPECT_EQ(outcome.problem.rfind("not JSON", 0), 0U) << outcome.problem;
+    EXPECT_FALSE(outcome.isObject);
+}
+
+TEST(JsonIn, WhatIsWrongHasAPlace) {
+    const std::array<std::pair<const char*, const char*>, 14> faults{{
+        {"", "1: the text is empty"},
+        {"  ", "3: the text is empty"},
+        {R"({"a":1)", "7: the text ends too early"},
+        {R"({"a":[1,2)", "10: the text ends too early"},
+        {R"({"a" 1})", "6: an unexpected character"},
+        {R"({"a":1} x)", "9: an unexpected character"},
+        {R"({"a":1}})", "8: an unexpected character"},
+        {R"(1,2)", "3: the value has ended before"},
+        {R"({"a":tru})", "6: an invalid value"},
+        {R"({"a":01})", "6: an invalid value"},
+        {R"({"a":"b\x"})", "8: JSON has no such escape sequence"},
+        {"{\"a\":\"b\tc\"}", "8: a control character stands in a string"},
+        {R"({"a":"b)", "8: a string is not closed"},
+        {"{\"\xFF\":\"\xFF\" 1}", "10: an unexpected character"},
+    }};
+    for (const auto& [text, problem] : faults) {
+        EXPECT_EQ(copy(text).problem, std::string("not JSON at byte ") + problem) << text;
+    }
 }
 
 TEST(JsonIn, BytesThatAreNotUtf8InAStringAreAProblemOfTheText) {
-    const Outcome outcome = readText("[\"a\xFFz\",1]");
-    EXPECT_TRUE(outcome.isJson);
-    EXPECT_EQ(outcome.problem, "the text is not UTF-8");
-    EXPECT_EQ(outcome.events.substr(outcome.events.size() - 5), "#1 ] ");
+    const Copied copied = copy("[\"a\xFFz\xE2\x82\",1]");
+    EXPECT_TRUE(copied.isJson);
+    EXPECT_EQ(copied.problem, "the text is not UTF-8");
+    EXPECT_EQ(copied.json, "[\"a\xEF\xBF\xBDz\xEF\xBF\xBD\xEF\xBF\xBD\",1]");
 }
 
 TEST(JsonIn, AnUnpairedSurrogateIsAProblemOfTheText) {
     for (const char* text : {R"(["\ud83d",1])", R"(["\ude00",1])", R"({"\ud83d":1})"}) {
-        const Outcome outcome = readText(text);
-        EXPECT_TRUE(outcome.isJson) << text;
-        EXPECT_EQ(outcome.problem, "a string contains an unpaired surrogate") << text;
+        const Copied copied = copy(text);
+        EXPECT_TRUE(copied.isJson) << text;
+        EXPECT_EQ(copied.problem, "a string contains an unpaired surrogate") << text;
     }
 }
 
 TEST(JsonIn, NestingUsesNoStack) {
     constexpr std::size_t depth = 1'000'000;
-    EXPECT_TRUE(readText(std::string(depth, '[') + std::string(depth, ']')).problem.empty());
-    EXPECT_FALSE(readText(std::string(depth, '[')).isJson);
-}
-
-TEST(JsonIn, LongNumbersKeepTheirSpelling) {
-    EXPECT_EQ(readText("123456789012345678901234567890.10").events, "#123456789012345678901234567890.10 ");
+    EXPECT_TRUE(copy(std::string(depth, '[') + std::string(depth, ']')).problem.empty());
+    EXPECT_FALSE(copy(std::string(depth, '[')).isJson);
 }
 
 }  // namespace

@@ -65,6 +65,25 @@ TEST(Utf, ALongQuotedTextIsShortened) {
     EXPECT_EQ(inQuotes(Text(61, u'x')), "\"" + std::string(60, 'x') + "...\"");
 }
 
+TEST(Utf, WideningEndsAtTheStopCharacter) {
+    const std::string text = "0123456789ABCDEF\xC3\xA9\xF0\x9F\x98\x80 0123456789ABCDEF";
+    for (std::size_t place = 0; place <= text.size(); ++place) {
+        if (place < text.size() && (text[place] & 0xC0) == 0x80) continue;  // inside a character
+        const std::string head = text.substr(0, place);
+        const std::string whole = head + "|\xC3\xA9";
+        Text target(whole.size(), u'?');
+        const Widened widened = widen(whole, '|', target.data());
+        EXPECT_EQ(widened.bytes, place);
+        EXPECT_EQ(target.substr(0, widened.units), toUtf16(head));
+    }
+}
+
+TEST(Utf, MendingReplacesTheBytesThatBelongToNoCharacter) {
+    std::string text = "a\xC3\xA9\xFFz\xE2\x82";
+    mendUtf8(text);
+    EXPECT_EQ(text, "a\xC3\xA9?z??");
+}
+
 TEST(Utf, TheLengthInUtf16IsTheTextsLength) {
     for (const std::string text :
          {"", "A", "\xC3\xA9", "\xE2\x82\xAC", "\xF0\x9F\x98\x80", "a\xC3\xA9\xF0\x9F\x98\x80z"}) {
