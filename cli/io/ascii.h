@@ -3,6 +3,9 @@
 
 #include "vantro/text.h"
 
+#include <algorithm>
+#include <array>
+#include <bit>
 #include <cstddef>
 #include <string_view>
 
@@ -13,59 +16,101 @@
 
 namespace vantro {
 
-inline constexpr std::size_t asciiBlock = 16;
-
 #ifdef VANTRO_ASCII_SSE2
 
-/// Writes sixteen units for sixteen bytes. False when a byte is not ASCII; what was written is then of no use.
-inline bool widenAsciiBlock(const char* from, char16_t* to) {
-    const __m128i bytes = _mm_loadu_si128(reinterpret_cast<const __m128i*>(from));
-    const __m128i zero = _mm_setzero_si128();
-    _mm_storeu_si128(reinterpret_cast<__m128i*>(to), _mm_unpacklo_epi8(bytes, zero));
-    _mm_storeu_si128(reinterpret_cast<__m128i*>(to + 8), _mm_unpackhi_epi8(bytes, zero));
-    return _mm_movemask_epi8(bytes) == 0;
-}
+/// Sixteen characters as bytes: those beyond ASCII are 0x80 or above. Sets of characters have one bit per character,
+/// the first one lowest.
+struct AsciiBlock {
+    static constexpr std::size_t size = 16;
+    __m128i bytes;
 
-/// The same from units to bytes.
-inline bool narrowAsciiBlock(const char16_t* from, char* to) {
-    const __m128i low = _mm_loadu_si128(reinterpret_cast<const __m128i*>(from));
-    const __m128i high = _mm_loadu_si128(reinterpret_cast<const __m128i*>(from + 8));
-    _mm_storeu_si128(reinterpret_cast<__m128i*>(to), _mm_packus_epi16(low, high));
-    // The sum's highest bit is set for all units from 0x80 on.
-    const __m128i sums = _mm_adds_epu16(_mm_or_si128(low, high), _mm_set1_epi16(0x7F80));
-    return (_mm_movemask_epi8(sums) & 0xAAAA) == 0;
-}
+    static AsciiBlock load(const char* from) { return {_mm_loadu_si128(reinterpret_cast<const __m128i*>(from))}; }
+    static AsciiBlock narrow(const char16_t* from) {
+        const auto eight = [](const char16_t* units) {
+            const __m128i value = _mm_loadu_si128(reinterpret_cast<const __m128i*>(units));
+            return _mm_sub_epi16(value, _mm_subs_epu16(value, _mm_set1_epi16(0xFF)));  // at most 0xFF
+        };
+        return {_mm_packus_epi16(eight(from), eight(from + 8))};
+    }
+    void store(char* to) const { _mm_storeu_si128(reinterpret_cast<__m128i*>(to), bytes); }
+    void widen(char16_t* to) const {
+        _mm_storeu_si128(reinterpret_cast<__m128i*>(to), _mm_unpacklo_epi8(bytes, _mm_setzero_si128()));
+        _mm_storeu_si128(reinterpret_cast<__m128i*>(to + 8), _mm_unpackhi_epi8(bytes, _mm_setzero_si128()));
+    }
+    unsigned beyondAscii() const { return static_cast<unsigned>(_mm_movemask_epi8(bytes)); }
+
+    /// The quotation marks and backslashes, and all characters below the blank or beyond ASCII.
+    unsigned specialInJson() const {
+        const auto equal = [this](char wanted) { return _mm_cmpeq_epi8(bytes, _mm_set1_epi8(wanted)); };
+        const __m128i outside = _mm_cmplt_epi8(bytes, _mm_set1_epi8(' '));  // bytes from 0x80 on are negative
+        return static_cast<unsigned>(_mm_movemask_epi8(_mm_or_si128(outside, _mm_or_si128(equal('"'), equal('\\')))));
+    }
+};
 
 #else
 
-/// Writes sixteen units for sixteen bytes. False when a byte is not ASCII; what was written is then of no use.
-inline bool widenAsciiBlock(const char* from, char16_t* to) {
-    unsigned all = 0;
-    for (std::size_t at = 0; at < asciiBlock; ++at) {
-        const auto byte = static_cast<unsigned char>(from[at]);
-        to[at] = byte;
-        all |= byte;
-    }
-    return all < 0x80;
-}
+struct AsciiBlock {
+    static constexpr std::size_t size = 16;
+    std::array<unsigned char, size> bytes;
 
-/// The same from units to bytes.
-inline bool narrowAsciiBlock(const char16_t* from, char* to) {
-    unsigned all = 0;
-    for (std::size_t at = 0; at < asciiBlock; ++at) {
-        to[at] = static_cast<char>(from[at]);
-        all |= from[at];
+    static AsciiBlock load(const char* from) {
+        AsciiBlock block;
+        for (std::size_t at = 0; at < size; ++at) block.bytes[at] = static_cast<unsigned char>(from[at]);
+        return block;
     }
-    return all < 0x80;
-}
+    static AsciiBlock narrow(const char16_t* from) {
+        AsciiBlock block;
+        for (std::size_t at = 0; at < size; ++at) {
+            block.bytes[at] = static_cast<unsigned char>(std::min(from[at], char16_t{0xFF}));
+        }
+        return block;
+    }
+    void store(char* to) const {
+        for (const unsigned char byte : bytes) *to++ = static_cast<char>(byte);
+    }
+    void widen(char16_t* to) const {
+        for (const unsigned char byte : bytes) *to++ = byte;
+    }
+    unsigned beyondAscii() const {
+        return bitsOf([](unsigned char byte) { return byte >= 0x80; });
+    }
+    unsigned specialInJson() const {
+        return bitsOf([](unsigned char byte) { return byte < ' ' || byte >= 0x80 || byte == '"' || byte == '\\'; });
+    }
+
+private:
+    template <class Test>
+    unsigned bitsOf(Test test) const {
+        unsigned bits = 0;
+        for (std::size_t at = 0; at < size; ++at) bits |= static_cast<unsigned>(test(bytes[at])) << at;
+        return bits;
+    }
+};
 
 #endif
+
+/// Calls `stop` with the index of each block of a text of at least one block; the last one may overlap the one before
+/// it. Returns the index of the first character in a set that `stop` returned, or the size.
+template <class Stop>
+std::size_t findInBlocks(std::size_t size, Stop stop) {
+    const std::size_t last = size - AsciiBlock::size;
+    for (std::size_t at = 0;; at = std::min(at + AsciiBlock::size, last)) {
+        if (const unsigned found = stop(at)) return at + static_cast<std::size_t>(std::countr_zero(found));
+        if (at == last) return size;
+    }
+}
 
 /// Widens the bytes before the first one that is not ASCII and returns their number. `to` has room for all bytes; its
 /// content after that number is unspecified.
 inline std::size_t widenAscii(std::string_view from, char16_t* to) {
+    if (from.size() >= AsciiBlock::size) {
+        return findInBlocks(from.size(), [from, to](std::size_t at) {
+            const AsciiBlock block = AsciiBlock::load(from.data() + at);
+            block.widen(to + at);
+            return block.beyondAscii();
+        });
+    }
     std::size_t done = 0;
-    while (from.size() - done >= asciiBlock && widenAsciiBlock(from.data() + done, to + done)) done += asciiBlock;
     for (; done < from.size() && static_cast<unsigned char>(from[done]) < 0x80; ++done) {
         to[done] = static_cast<unsigned char>(from[done]);
     }
@@ -74,8 +119,14 @@ inline std::size_t widenAscii(std::string_view from, char16_t* to) {
 
 /// The same from units to bytes.
 inline std::size_t narrowAscii(TextView from, char* to) {
+    if (from.size() >= AsciiBlock::size) {
+        return findInBlocks(from.size(), [from, to](std::size_t at) {
+            const AsciiBlock block = AsciiBlock::narrow(from.data() + at);
+            block.store(to + at);
+            return block.beyondAscii();
+        });
+    }
     std::size_t done = 0;
-    while (from.size() - done >= asciiBlock && narrowAsciiBlock(from.data() + done, to + done)) done += asciiBlock;
     for (; done < from.size() && from[done] < 0x80; ++done) to[done] = static_cast<char>(from[done]);
     return done;
 }
