@@ -1,5 +1,6 @@
 #include "cli/io/displays.h"
 
+#include "cli/io/ascii.h"
 #include "cli/io/screen_input.h"
 #include "cli/io/utf.h"
 
@@ -33,17 +34,23 @@ bool isPrompt(std::string_view line) {
 /// True for a line that can begin a display after another one.
 bool isContent(std::string_view line) { return !isBlank(line) && !isPrompt(line); }
 
-// Searches for the last letter of the end text, which is the rarest of its letters in a profile.
-bool containsEndText(std::string_view line) {
+// The first end text, or the end of the text. The last letter is searched for: it is the rarest in a profile.
+const char* endTextIn(std::string_view text) {
     constexpr std::size_t before = endText.size() - 1;
-    for (std::size_t last = line.find(endText.back(), before); last != std::string_view::npos;
-         last = line.find(endText.back(), last + 1)) {
-        if (line.substr(last - before, endText.size()) == endText) return true;
+    for (std::size_t last = text.find(endText.back(), before); last != std::string_view::npos;
+         last = text.find(endText.back(), last + 1)) {
+        if (text.substr(last - before, endText.size()) == endText) return text.data() + last - before;
     }
-    return false;
+    return text.data() + text.size();
 }
 
-bool isEnd(std::string_view line) { return isPrompt(line) || containsEndText(line); }
+bool isEnd(std::string_view line) { return isPrompt(line) || endTextIn(line) != line.data() + line.size(); }
+
+/// Several lines: a display is made of blanks first, a few lines at a time.
+const Text& blankLines() {
+    static const Text lines(16 * screenWidth, u' ');
+    return lines;
+}
 
 /// The start of the text's last display when another one precedes it; 0 when there is none. The text's last line may
 /// be incomplete: its beginning is enough to see that a display begins there.
@@ -178,13 +185,14 @@ std::string describe(const FaultyLine& faulty, std::size_t linesAbove, std::size
 }
 
 ChunkDisplays::ChunkDisplays(std::string_view chunk)
-    : rest_(chunk), isUtf8_(isUtf8(chunk)), containsStrayCarriageReturn_(containsStray(chunk)) {}
+    : rest_(chunk), endText_(endTextIn(chunk)), containsStrayCarriageReturn_(containsStray(chunk)) {}
 
 std::string_view ChunkDisplays::lineHere() const { return withoutCarriageReturn(rest_.substr(0, rest_.find('\n'))); }
 
 std::string_view ChunkDisplays::takeLine() {
     const std::size_t end = rest_.find('\n');
     const std::string_view line = withoutCarriageReturn(rest_.substr(0, end));
+    if (endText_ < line.data()) endText_ = endTextIn(rest_);
     rest_.remove_prefix(end == std::string_view::npos ? rest_.size() : end + 1);
     ++line_;
     return line;
@@ -192,27 +200,38 @@ std::string_view ChunkDisplays::takeLine() {
 
 std::optional<FoundDisplay> ChunkDisplays::next() {
     FoundDisplay display;
-    bool containsAnything = false;
+    display.text.reserve(usualLength_);
+    std::size_t length = 0;
     bool hasEnded = false;
     for (std::size_t place = 0; !rest_.empty(); ++place) {
         if (hasEnded && isContent(lineHere())) break;
         const std::string_view line = takeLine();
         if (isBlank(line)) continue;
-        containsAnything = true;
-        hasEnded = hasEnded || isEnd(line);
-        add(line, place, display);
+        hasEnded = hasEnded || endText_ < line.data() + line.size() || isPrompt(line);
+        length = add(line, place, display);
     }
-    if (!containsAnything) return std::nullopt;
+    if (length == 0) return std::nullopt;
+    display.text.resize(length);
+    usualLength_ = length + blankLines().size();
     return display;
 }
 
-// Blank lines are added together with the line below them, so that the last line is not padded.
-void ChunkDisplays::add(std::string_view line, std::size_t place, FoundDisplay& display) const {
-    if (display.faulty.fault != LineFault::None) return;
+/// Adds a line and the blank lines above it. Returns the length of the text without the blanks that follow the line.
+std::size_t ChunkDisplays::add(std::string_view line, std::size_t place, FoundDisplay& display) const {
+    Text& text = display.text;
+    if (display.faulty.fault != LineFault::None) return text.size();
+    const std::size_t start = place * screenWidth;
+    while (text.size() < start + screenWidth) text += blankLines();
+    if (line.size() <= screenWidth && widenAscii(line, text.data() + start) == line.size() &&
+        !containsStrayCarriageReturn_) {
+        return start + line.size();
+    }
     display.faulty = look(line);
-    if (display.faulty.fault != LineFault::None) return;
-    display.text.resize(place * screenWidth, u' ');
-    appendUtf16(line, display.text);
+    if (display.faulty.fault == LineFault::None) {
+        text.resize(start);
+        appendUtf16(line, text);
+    }
+    return text.size();
 }
 
 FaultyLine ChunkDisplays::look(std::string_view line) const {
@@ -221,9 +240,9 @@ FaultyLine ChunkDisplays::look(std::string_view line) const {
         faulty.fault = LineFault::OverLong;
         line.remove_prefix(leftOutMark.size());
         std::from_chars(line.data(), line.data() + line.size(), faulty.unbrokenLine);
-    } else if (!isUtf8_ && !isUtf8(line)) {
+    } else if (!isUtf8(line)) {
         faulty.fault = LineFault::NotUtf8;
-    } else if (containsStrayCarriageReturn_ && line.find('\r') != std::string_view::npos) {
+    } else if (line.find('\r') != std::string_view::npos) {
         faulty.fault = LineFault::StrayCarriageReturn;
     } else if (line.size() > screenWidth && utf16Length(line) > screenWidth) {
         faulty.fault = LineFault::TooLong;
