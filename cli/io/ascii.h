@@ -38,6 +38,9 @@ struct AsciiBlock {
         _mm_storeu_si128(reinterpret_cast<__m128i*>(to + 8), _mm_unpackhi_epi8(bytes, _mm_setzero_si128()));
     }
     unsigned beyondAscii() const { return static_cast<unsigned>(_mm_movemask_epi8(bytes)); }
+    unsigned equal(char wanted) const {
+        return static_cast<unsigned>(_mm_movemask_epi8(_mm_cmpeq_epi8(bytes, _mm_set1_epi8(wanted))));
+    }
 
     /// The quotation marks and backslashes, and all characters below the blank or beyond ASCII.
     unsigned specialInJson() const {
@@ -73,6 +76,9 @@ struct AsciiBlock {
     }
     unsigned beyondAscii() const {
         return bitsOf([](unsigned char byte) { return byte >= 0x80; });
+    }
+    unsigned equal(char wanted) const {
+        return bitsOf([wanted](unsigned char byte) { return byte == static_cast<unsigned char>(wanted); });
     }
     unsigned specialInJson() const {
         return bitsOf([](unsigned char byte) { return byte < ' ' || byte >= 0x80 || byte == '"' || byte == '\\'; });

@@ -4,6 +4,7 @@
 #include "cli/io/screen_input.h"
 #include "cli/io/utf.h"
 
+#include <bit>
 #include <charconv>
 #include <utility>
 
@@ -46,9 +47,12 @@ const char* endTextIn(std::string_view text) {
 
 bool isEnd(std::string_view line) { return isPrompt(line) || endTextIn(line) != line.data() + line.size(); }
 
+/// A line and the blocks of characters that may end after it.
+constexpr std::size_t rowSize = screenWidth + 2 * AsciiBlock::size;
+
 /// Several lines: a display is made of blanks first, a few lines at a time.
 const Text& blankLines() {
-    static const Text lines(16 * screenWidth, u' ');
+    static const Text lines(25 * screenWidth, u' ');
     return lines;
 }
 
@@ -189,49 +193,64 @@ ChunkDisplays::ChunkDisplays(std::string_view chunk)
 
 std::string_view ChunkDisplays::lineHere() const { return withoutCarriageReturn(rest_.substr(0, rest_.find('\n'))); }
 
-std::string_view ChunkDisplays::takeLine() {
-    const std::size_t end = rest_.find('\n');
+/// Widens the next line into a row of blanks, and returns the index of its line feed. Returns npos for a line that
+/// needs more care: one that is not ASCII, far too long, or near the end of the chunk.
+std::size_t ChunkDisplays::widenLine(char16_t* row) const {
+    for (std::size_t at = 0; at <= screenWidth && rest_.size() - at >= AsciiBlock::size; at += AsciiBlock::size) {
+        const AsciiBlock block = AsciiBlock::load(rest_.data() + at);
+        block.widen(row + at);
+        const unsigned stop = block.equal('\n') | block.beyondAscii();
+        if (stop == 0) continue;
+        const std::size_t end = at + static_cast<std::size_t>(std::countr_zero(stop));
+        if (rest_[end] != '\n') break;
+        std::fill_n(row + end, AsciiBlock::size, u' ');
+        if (end > 0 && rest_[end - 1] == '\r') row[end - 1] = u' ';
+        return end;
+    }
+    return std::string_view::npos;
+}
+
+/// Takes the line that ends at this index; at npos, the last one.
+std::string_view ChunkDisplays::takeLine(std::size_t end) {
     const std::string_view line = withoutCarriageReturn(rest_.substr(0, end));
     if (endText_ < line.data()) endText_ = endTextIn(rest_);
-    rest_.remove_prefix(end == std::string_view::npos ? rest_.size() : end + 1);
+    rest_.remove_prefix(std::min(end, rest_.size() - 1) + 1);
     ++line_;
     return line;
 }
 
 std::optional<FoundDisplay> ChunkDisplays::next() {
     FoundDisplay display;
-    display.text.reserve(usualLength_);
+    display.text.reserve(longest_);
     std::size_t length = 0;
     bool hasEnded = false;
-    for (std::size_t place = 0; !rest_.empty(); ++place) {
+    for (std::size_t start = 0; !rest_.empty(); start += screenWidth) {
         if (hasEnded && isContent(lineHere())) break;
-        const std::string_view line = takeLine();
+        const bool isReady = start + rowSize <= display.text.size() && !containsStrayCarriageReturn_;
+        const std::size_t end = isReady ? widenLine(display.text.data() + start) : std::string_view::npos;
+        const bool isWidened = end != std::string_view::npos;
+        const std::string_view line = takeLine(isWidened ? end : rest_.find('\n'));
         if (isBlank(line)) continue;
         hasEnded = hasEnded || endText_ < line.data() + line.size() || isPrompt(line);
-        length = add(line, place, display);
+        length = isWidened && line.size() <= screenWidth ? start + line.size() : add(line, start, display);
     }
     if (length == 0) return std::nullopt;
-    display.text.resize(length);
-    usualLength_ = length + blankLines().size();
+    longest_ = std::max(longest_, display.text.size());
+    display.text.resize(std::min(length, display.text.size()));
     return display;
 }
 
-/// Adds a line and the blank lines above it. Returns the length of the text without the blanks that follow the line.
-std::size_t ChunkDisplays::add(std::string_view line, std::size_t place, FoundDisplay& display) const {
+/// Adds any line, the blank ones above it and the rows of some more. Returns the length of the text without these rows.
+std::size_t ChunkDisplays::add(std::string_view line, std::size_t start, FoundDisplay& display) const {
     Text& text = display.text;
-    if (display.faulty.fault != LineFault::None) return text.size();
-    const std::size_t start = place * screenWidth;
-    while (text.size() < start + screenWidth) text += blankLines();
-    if (line.size() <= screenWidth && widenAscii(line, text.data() + start) == line.size() &&
-        !containsStrayCarriageReturn_) {
-        return start + line.size();
-    }
-    display.faulty = look(line);
-    if (display.faulty.fault == LineFault::None) {
-        text.resize(start);
-        appendUtf16(line, text);
-    }
-    return text.size();
+    if (display.faulty.fault == LineFault::None) display.faulty = look(line);
+    if (display.faulty.fault != LineFault::None) return start + 1;
+    while (text.size() < start) text += blankLines();
+    text.resize(start);
+    appendUtf16(line, text);
+    const std::size_t length = text.size();
+    text += blankLines();
+    return length;
 }
 
 FaultyLine ChunkDisplays::look(std::string_view line) const {
