@@ -11,12 +11,8 @@
 
 #if !defined(VANTRO_NO_SIMD) && (defined(__SSE2__) || defined(_M_X64) || (defined(_M_IX86_FP) && _M_IX86_FP >= 2))
 #include <emmintrin.h>
-#define VANTRO_ASCII_SSE2
-#endif
 
 namespace vantro {
-
-#ifdef VANTRO_ASCII_SSE2
 
 /// Sixteen characters as bytes: those beyond ASCII are 0x80 or above. Sets of characters have one bit per character,
 /// the first one lowest.
@@ -44,13 +40,16 @@ struct AsciiBlock {
 
     /// The quotation marks and backslashes, and all characters below the blank or beyond ASCII.
     unsigned specialInJson() const {
-        const auto equal = [this](char wanted) { return _mm_cmpeq_epi8(bytes, _mm_set1_epi8(wanted)); };
         const __m128i outside = _mm_cmplt_epi8(bytes, _mm_set1_epi8(' '));  // bytes from 0x80 on are negative
-        return static_cast<unsigned>(_mm_movemask_epi8(_mm_or_si128(outside, _mm_or_si128(equal('"'), equal('\\')))));
+        return static_cast<unsigned>(_mm_movemask_epi8(outside)) | equal('"') | equal('\\');
     }
 };
 
+}  // namespace vantro
+
 #else
+
+namespace vantro {
 
 struct AsciiBlock {
     static constexpr std::size_t size = 16;
@@ -93,7 +92,11 @@ private:
     }
 };
 
+}  // namespace vantro
+
 #endif
+
+namespace vantro {
 
 /// Calls `stop` with the index of each block of a text of at least one block; the last one may overlap the one before
 /// it. Returns the index of the first character in a set that `stop` returned, or the size.
