@@ -7,6 +7,7 @@
 #include <array>
 #include <bit>
 #include <cstddef>
+#include <cstdint>
 #include <string_view>
 
 #if !defined(VANTRO_NO_SIMD) && (defined(__SSE2__) || defined(_M_X64) || (defined(_M_IX86_FP) && _M_IX86_FP >= 2))
@@ -42,6 +43,45 @@ struct AsciiBlock {
     unsigned specialInJson() const {
         const __m128i outside = _mm_cmplt_epi8(bytes, _mm_set1_epi8(' '));  // bytes from 0x80 on are negative
         return static_cast<unsigned>(_mm_movemask_epi8(outside)) | equal('"') | equal('\\');
+    }
+};
+
+}  // namespace vantro
+
+#elif !defined(VANTRO_NO_SIMD) && (defined(__aarch64__) || defined(_M_ARM64))
+#include <arm_neon.h>
+
+namespace vantro {
+
+struct AsciiBlock {
+    static constexpr std::size_t size = 16;
+    uint8x16_t bytes;
+
+    static AsciiBlock load(const void* from) { return {vld1q_u8(static_cast<const std::uint8_t*>(from))}; }
+    static AsciiBlock narrow(const char16_t* from) {
+        const auto eight = [](const void* units) {
+            return vqmovn_u16(vreinterpretq_u16_u8(vld1q_u8(static_cast<const std::uint8_t*>(units))));
+        };
+        return {vcombine_u8(eight(from), eight(from + 8))};
+    }
+    void store(void* to) const { vst1q_u8(static_cast<std::uint8_t*>(to), bytes); }
+    void widen(char16_t* to) const {
+        AsciiBlock{vreinterpretq_u8_u16(vmovl_u8(vget_low_u8(bytes)))}.store(to);
+        AsciiBlock{vreinterpretq_u8_u16(vmovl_u8(vget_high_u8(bytes)))}.store(to + 8);
+    }
+    unsigned beyondAscii() const { return bits(vcgeq_u8(bytes, vdupq_n_u8(0x80))); }
+    unsigned equal(char wanted) const { return bits(isEqual(wanted)); }
+    unsigned specialInJson() const {
+        const uint8x16_t outside = vorrq_u8(vcltq_u8(bytes, vdupq_n_u8(' ')), vcgeq_u8(bytes, vdupq_n_u8(0x80)));
+        return bits(vorrq_u8(outside, vorrq_u8(isEqual('"'), isEqual('\\'))));
+    }
+
+private:
+    uint8x16_t isEqual(char wanted) const { return vceqq_u8(bytes, vdupq_n_u8(static_cast<std::uint8_t>(wanted))); }
+    static unsigned bits(uint8x16_t set) {
+        static constexpr std::uint8_t weights[size] = {1, 2, 4, 8, 16, 32, 64, 128, 1, 2, 4, 8, 16, 32, 64, 128};
+        const uint8x16_t weighted = vandq_u8(set, vld1q_u8(weights));
+        return unsigned{vaddv_u8(vget_low_u8(weighted))} | unsigned{vaddv_u8(vget_high_u8(weighted))} << 8;
     }
 };
 
