@@ -15,8 +15,10 @@ void appendProfile(const Profile& profile, ProfileForm form, std::string& out) {
         out += profileTable(profile);
         return;
     }
-    JsonOut json(out, form == ProfileForm::IndentedJson ? JsonStyle::Indented : JsonStyle::OneLine);
+    const std::size_t start = out.size();
+    JsonOut json(out);
     writeProfile(profile, json);
+    if (form == ProfileForm::IndentedJson) out.replace(start, out.npos, indented(std::string_view(out).substr(start)));
     out += '\n';
 }
 

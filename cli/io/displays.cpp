@@ -1,8 +1,10 @@
 #include "cli/io/displays.h"
 
+#include "cli/io/ascii.h"
 #include "cli/io/screen_input.h"
 #include "cli/io/utf.h"
 
+#include <bit>
 #include <charconv>
 #include <utility>
 
@@ -33,17 +35,26 @@ bool isPrompt(std::string_view line) {
 /// True for a line that can begin a display after another one.
 bool isContent(std::string_view line) { return !isBlank(line) && !isPrompt(line); }
 
-// Searches for the last letter of the end text, which is the rarest of its letters in a profile.
-bool containsEndText(std::string_view line) {
+// The first end text, or the end of the text. The last letter is searched for: it is the rarest in a profile.
+const char* endTextIn(std::string_view text) {
     constexpr std::size_t before = endText.size() - 1;
-    for (std::size_t last = line.find(endText.back(), before); last != std::string_view::npos;
-         last = line.find(endText.back(), last + 1)) {
-        if (line.substr(last - before, endText.size()) == endText) return true;
+    for (std::size_t last = text.find(endText.back(), before); last != std::string_view::npos;
+         last = text.find(endText.back(), last + 1)) {
+        if (text.substr(last - before, endText.size()) == endText) return text.data() + last - before;
     }
-    return false;
+    return text.data() + text.size();
 }
 
-bool isEnd(std::string_view line) { return isPrompt(line) || containsEndText(line); }
+bool isEnd(std::string_view line) { return isPrompt(line) || endTextIn(line) != line.data() + line.size(); }
+
+/// A line and the blocks of characters that may end after it.
+constexpr std::size_t rowSize = screenWidth + 2 * AsciiBlock::size;
+
+/// Several lines: a display is made of blanks first, a few lines at a time.
+const Text& blankLines() {
+    static const Text lines(25 * screenWidth, u' ');
+    return lines;
+}
 
 /// The start of the text's last display when another one precedes it; 0 when there is none. The text's last line may
 /// be incomplete: its beginning is enough to see that a display begins there.
@@ -178,41 +189,68 @@ std::string describe(const FaultyLine& faulty, std::size_t linesAbove, std::size
 }
 
 ChunkDisplays::ChunkDisplays(std::string_view chunk)
-    : rest_(chunk), isUtf8_(isUtf8(chunk)), containsStrayCarriageReturn_(containsStray(chunk)) {}
+    : rest_(chunk), endText_(endTextIn(chunk)), containsStrayCarriageReturn_(containsStray(chunk)) {}
 
 std::string_view ChunkDisplays::lineHere() const { return withoutCarriageReturn(rest_.substr(0, rest_.find('\n'))); }
 
-std::string_view ChunkDisplays::takeLine() {
-    const std::size_t end = rest_.find('\n');
+/// Widens the next line into a row of blanks, and returns the index of its line feed. Returns npos for a line that
+/// needs more care: one that is not ASCII, far too long, or near the end of the chunk.
+std::size_t ChunkDisplays::widenLine(char16_t* row) const {
+    for (std::size_t at = 0; at <= screenWidth && rest_.size() - at >= AsciiBlock::size; at += AsciiBlock::size) {
+        const AsciiBlock block = AsciiBlock::load(rest_.data() + at);
+        block.widen(row + at);
+        const unsigned stop = block.equal('\n') | block.beyondAscii();
+        if (stop == 0) continue;
+        const std::size_t end = at + static_cast<std::size_t>(std::countr_zero(stop));
+        if (rest_[end] != '\n') break;
+        std::fill_n(row + end, AsciiBlock::size, u' ');
+        if (end > 0 && rest_[end - 1] == '\r') row[end - 1] = u' ';
+        return end;
+    }
+    return std::string_view::npos;
+}
+
+/// Takes the line that ends at this index; at npos, the last one.
+std::string_view ChunkDisplays::takeLine(std::size_t end) {
     const std::string_view line = withoutCarriageReturn(rest_.substr(0, end));
-    rest_.remove_prefix(end == std::string_view::npos ? rest_.size() : end + 1);
+    if (endText_ < line.data()) endText_ = endTextIn(rest_);
+    rest_.remove_prefix(std::min(end, rest_.size() - 1) + 1);
     ++line_;
     return line;
 }
 
 std::optional<FoundDisplay> ChunkDisplays::next() {
     FoundDisplay display;
-    bool containsAnything = false;
+    display.text.reserve(longest_);
+    std::size_t length = 0;
     bool hasEnded = false;
-    for (std::size_t place = 0; !rest_.empty(); ++place) {
+    for (std::size_t start = 0; !rest_.empty(); start += screenWidth) {
         if (hasEnded && isContent(lineHere())) break;
-        const std::string_view line = takeLine();
+        const bool isReady = start + rowSize <= display.text.size() && !containsStrayCarriageReturn_;
+        const std::size_t end = isReady ? widenLine(display.text.data() + start) : std::string_view::npos;
+        const bool isWidened = end != std::string_view::npos;
+        const std::string_view line = takeLine(isWidened ? end : rest_.find('\n'));
         if (isBlank(line)) continue;
-        containsAnything = true;
-        hasEnded = hasEnded || isEnd(line);
-        add(line, place, display);
+        hasEnded = hasEnded || endText_ < line.data() + line.size() || isPrompt(line);
+        length = isWidened && line.size() <= screenWidth ? start + line.size() : add(line, start, display);
     }
-    if (!containsAnything) return std::nullopt;
+    if (length == 0) return std::nullopt;
+    longest_ = std::max(longest_, display.text.size());
+    display.text.resize(std::min(length, display.text.size()));
     return display;
 }
 
-// Blank lines are added together with the line below them, so that the last line is not padded.
-void ChunkDisplays::add(std::string_view line, std::size_t place, FoundDisplay& display) const {
-    if (display.faulty.fault != LineFault::None) return;
-    display.faulty = look(line);
-    if (display.faulty.fault != LineFault::None) return;
-    display.text.resize(place * screenWidth, u' ');
-    appendUtf16(line, display.text);
+/// Adds any line, the blank ones above it and the rows of some more. Returns the length of the text without these rows.
+std::size_t ChunkDisplays::add(std::string_view line, std::size_t start, FoundDisplay& display) const {
+    Text& text = display.text;
+    if (display.faulty.fault == LineFault::None) display.faulty = look(line);
+    if (display.faulty.fault != LineFault::None) return start + 1;
+    while (text.size() < start) text += blankLines();
+    text.resize(start);
+    appendUtf16(line, text);
+    const std::size_t length = text.size();
+    text += blankLines();
+    return length;
 }
 
 FaultyLine ChunkDisplays::look(std::string_view line) const {
@@ -221,9 +259,9 @@ FaultyLine ChunkDisplays::look(std::string_view line) const {
         faulty.fault = LineFault::OverLong;
         line.remove_prefix(leftOutMark.size());
         std::from_chars(line.data(), line.data() + line.size(), faulty.unbrokenLine);
-    } else if (!isUtf8_ && !isUtf8(line)) {
+    } else if (!isUtf8(line)) {
         faulty.fault = LineFault::NotUtf8;
-    } else if (containsStrayCarriageReturn_ && line.find('\r') != std::string_view::npos) {
+    } else if (line.find('\r') != std::string_view::npos) {
         faulty.fault = LineFault::StrayCarriageReturn;
     } else if (line.size() > screenWidth && utf16Length(line) > screenWidth) {
         faulty.fault = LineFault::TooLong;

@@ -96,13 +96,15 @@ public:
 
 private:
     std::string_view lineHere() const;
-    std::string_view takeLine();
-    void add(std::string_view line, std::size_t place, FoundDisplay& display) const;
+    std::size_t widenLine(char16_t* row) const;
+    std::string_view takeLine(std::size_t end);
+    std::size_t add(std::string_view line, std::size_t start, FoundDisplay& display) const;
     FaultyLine look(std::string_view line) const;
 
     std::string_view rest_;
     std::size_t line_ = 0;
-    bool isUtf8_;
+    const char* endText_;      // the first end text that was not read yet, or the end of the chunk
+    std::size_t longest_ = 0;  // text so far, so that few texts grow
     bool containsStrayCarriageReturn_;
 };
 

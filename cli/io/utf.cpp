@@ -1,5 +1,7 @@
 #include "cli/io/utf.h"
 
+#include "cli/io/ascii.h"
+
 #include <algorithm>
 #include <cstdint>
 #include <cstring>
@@ -182,8 +184,8 @@ CodePoint codePointAt(TextView text, std::size_t index) {
     return {0x10000U + ((unit - 0xD800U) << 10U) + (next - 0xDC00U), 2};
 }
 
-void appendUtf8(char32_t codePoint, std::string& utf8) {
-    const auto put = [&utf8](char32_t byte) { utf8 += static_cast<char>(static_cast<unsigned char>(byte)); };
+char* writeUtf8(char32_t codePoint, char* to) {
+    const auto put = [&to](char32_t byte) { *to++ = static_cast<char>(static_cast<unsigned char>(byte)); };
     const auto putTail = [&put, codePoint](unsigned shift) { put(0x80U | ((codePoint >> shift) & 0x3FU)); };
     if (codePoint < 0x80) {
         put(codePoint);
@@ -200,23 +202,24 @@ void appendUtf8(char32_t codePoint, std::string& utf8) {
         putTail(6);
         putTail(0);
     }
+    return to;
 }
 
 void appendUtf8(TextView text, std::string& utf8) {
-    while (!text.empty()) {
-        const auto isAsciiUnit = [](char16_t unit) { return unit < 0x80; };
-        const auto beyond = std::ranges::find_if_not(text, isAsciiUnit);
-        const auto ascii = static_cast<std::size_t>(beyond - text.begin());
-        const std::size_t before = utf8.size();
-        utf8.resize(before + ascii);
-        std::ranges::transform(text.substr(0, ascii), utf8.data() + before,
-                               [](char16_t unit) { return static_cast<char>(unit); });
+    constexpr std::size_t mostBytes = 3;  // for one unit
+    const std::size_t before = utf8.size();
+    utf8.resize(before + mostBytes * text.size());
+    char* to = utf8.data() + before;
+    while (true) {
+        const std::size_t ascii = narrowAscii(text, to);
+        to += ascii;
         text.remove_prefix(ascii);
-        if (text.empty()) return;
+        if (text.empty()) break;
         const CodePoint character = codePointAt(text, 0);
-        appendUtf8(character.value, utf8);
+        to = writeUtf8(character.value, to);
         text.remove_prefix(character.units);
     }
+    utf8.resize(static_cast<std::size_t>(to - utf8.data()));
 }
 
 std::string toUtf8(TextView text) {

@@ -57,7 +57,7 @@ struct CodePoint {
 };
 CodePoint codePointAt(TextView text, std::size_t index);
 
-/// Appends one code point as UTF-8.
-void appendUtf8(char32_t codePoint, std::string& utf8);
+/// Writes one code point as UTF-8, at most four bytes, and returns the end of it.
+char* writeUtf8(char32_t codePoint, char* to);
 
 }  // namespace vantro

@@ -15,14 +15,22 @@ void writeField(std::string_view name, TextView value, JsonOut& out) {
 
 void writePart(ElementPart part, const Element& element, JsonOut& out) {
     const PartFacts& facts = factsOf(part);
-    out.key(facts.json);
-    part == ElementPart::Asterisk ? out.boolean(element.asterisk) : out.text(element.*facts.value);
+    out.piece(",\"");
+    out.piece(facts.json);
+    if (part == ElementPart::Asterisk) return out.piece(element.asterisk ? "\":true" : "\":false");
+    out.piece("\":\"");
+    out.characters(element.*facts.value);
+    out.piece("\"");
 }
 
+// Most of the output is elements: they are written piece by piece.
 void writeElement(const Element& element, std::span<const ElementPart> furtherParts, JsonOut& out) {
     out.beginObject();
-    writePart(ElementPart::Number, element, out);
-    writePart(ElementPart::WholeText, element, out);
+    out.piece(R"("number":")");
+    out.characters(element.number);
+    out.piece(R"(","text":")");
+    out.characters(element.text);
+    out.piece("\"");
     for (const ElementPart part : furtherParts) writePart(part, element, out);
     out.endObject();
 }

@@ -118,6 +118,31 @@ TEST(SplitDisplays, ALineMayHave80CharactersOfAnyNumberOfBytes) {
     EXPECT_EQ(displaysOf(line + "\n>\n"), (Displays{line + ">"}));
 }
 
+TEST(SplitDisplays, OtherThanAsciiMayStandAtAnyPlaceOfAnyLine) {
+    for (std::size_t place = 0; place < 80; ++place) {
+        std::string line(79, 'x');
+        line.replace(place, 0, "\xC3\x85");
+        const std::string shorter = line.substr(0, place + 2);
+        EXPECT_EQ(displaysOf("A\n" + line + "\n" + shorter + "\nB"),
+                  Displays{padded("A") + line + shorter + std::string(79 - place, ' ') + "B"});
+    }
+}
+
+TEST(SplitDisplays, AnyNumberOfBlankLinesMayPrecedeALine) {
+    for (std::size_t blank = 0; blank < 70; ++blank) {
+        const std::string blanks(blank, '\n');
+        EXPECT_EQ(displaysOf(blanks + "A\n" + blanks + "B\xC3\x85\n" + blanks + "C\n"),
+                  Displays{std::string(80 * blank, ' ') + padded("A") + std::string(80 * blank, ' ') + "B\xC3\x85" +
+                           std::string(78, ' ') + std::string(80 * blank, ' ') + "C"});
+    }
+}
+
+TEST(SplitDisplays, ALineMayContainTheEndTextTwice) {
+    EXPECT_EQ(displaysOf("A\nEND OF DISPLAY END OF DISPLAY\nB\nEND OF DISPLAYEND OF DISPLAY\n>\nC"),
+              (Displays{padded("A") + "END OF DISPLAY END OF DISPLAY",
+                        padded("B") + padded("END OF DISPLAYEND OF DISPLAY") + ">", "C"}));
+}
+
 TEST(SplitDisplays, BytesThatAreNotUtf8MakeOnlyTheirDisplayUnreadable) {
     ChunkDisplays displays("A\n>\n\xFF\n>\n\xC3\x85\n");
     EXPECT_EQ(displays.next()->faulty.fault, LineFault::None);
