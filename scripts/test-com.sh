@@ -168,12 +168,12 @@ if [[ -n $install_only ]]; then exit; fi
 if [[ $architectures == *x64* ]]; then
     build x64 x86_64-w64-mingw32 pei-x86-64 0x160
     count_closing_line "x64 clients" bash scripts/com-clients.sh x64
-    grep -h ' calls a second' "$log" || true
+    grep -h '^late-bound ' "$log" || true
 fi
 if [[ $architectures == *x86* ]]; then
     build x86 i686-w64-mingw32 pei-i386 0x140
     test_x86
-    grep -h ' calls a second' "$log" || true
+    grep -h '^late-bound ' "$log" || true
 fi
 if [[ $architectures == *again* ]]; then
     build_again x64

@@ -5,6 +5,8 @@
 #include "server/numbered_error.h"
 #include "server/terminal_ids.h"
 
+#include <functional>
+
 namespace vantro::com {
 
 namespace {
@@ -36,47 +38,38 @@ private:
     Ptr<IDispatch> object_;
 };
 
-class ComFunctions final : public TerminalFunctions {
+// Creates the terminal's collections. The class object is kept after the first creation that succeeds, with a lock on
+// its server, because a reference to a class object alone does not keep a library loaded. One that cannot be locked is
+// not kept.
+class CollectionClass {
 public:
-    TextView ItemText(const ItemPtr& item, TextStore& store) override {
-        return kept(itemText_.call(object_.get(), {borrowed(objectOf(item))}), store);
+    CollectionClass() = default;
+    CollectionClass(const CollectionClass&) = delete;
+    CollectionClass& operator=(const CollectionClass&) = delete;
+    ~CollectionClass() {
+        if (kept_) kept_->LockServer(FALSE);
     }
 
-    bool ItemBoolean(const ItemPtr& item) override {
-        return answer(itemBoolean_.call(object_.get(), {borrowed(objectOf(item))}));
-    }
-
-    TextView ScreenLine(TextView response, std::int16_t line, TextStore& store) override {
-        const Bstr text(response);
-        return kept(screenLine_.call(object_.get(), {borrowed(text.get()), borrowed(line)}), store);
-    }
-
-    bool FindMarker(TextView response, TextView marker, std::int16_t line) override {
-        const Bstr text(response);
-        const Bstr markerText(marker);
-        return answer(
-            findMarker_.call(object_.get(), {borrowed(text.get()), borrowed(markerText.get()), borrowed(line)}));
-    }
-
-    TextView TextField(TextView text, std::int16_t number, TextView separator, TextStore& store) override {
-        const Bstr whole(text);
-        const Bstr separatorText(separator);
-        return kept(
-            textField_.call(object_.get(), {borrowed(whole.get()), borrowed(number), borrowed(separatorText.get())}),
-            store);
+    Ptr<IDispatch> create() {
+        SetErrorInfo(0, nullptr);  // the current information belongs to an earlier call
+        if (kept_) return createdBy(kept_);
+        Ptr<IClassFactory> factory;
+        check(CoGetClassObject(kesto::KeyedCollection, CLSCTX_INPROC_SERVER, nullptr, IID_IClassFactory,
+                               factory.receiveAny()));
+        Ptr<IDispatch> object = createdBy(factory);
+        if (!kept_ && SUCCEEDED(factory->LockServer(TRUE))) kept_ = std::move(factory);
+        return object;
     }
 
 private:
-    static TextView kept(const Variant& result, TextStore& store) { return store.keep(textIn(result.get())); }
+    static Ptr<IDispatch> createdBy(const Ptr<IClassFactory>& factory) {
+        Ptr<IDispatch> object;
+        if (factory) check(factory->CreateInstance(nullptr, IID_IDispatch, object.receiveAny()));
+        if (!object) fail(Failure::ObjectNotSet);
+        return object;
+    }
 
-    static bool answer(const Variant& result) { return truthIn(result.get()); }
-
-    HelperObject object_{kesto::TerminalFunctions};
-    Member itemText_{u"ItemText"};
-    Member itemBoolean_{u"ItemBoolean"};
-    Member screenLine_{u"ScreenLine"};
-    Member findMarker_{u"FindMarker"};
-    Member textField_{u"TextField"};
+    Ptr<IClassFactory> kept_;
 };
 
 class ComReporter final : public ErrorReporter {
@@ -101,10 +94,16 @@ private:
     Member reportError_{u"ReportError"};
 };
 
-// The terminal objects that one thread keeps.
+// What one thread keeps of the terminal.
 struct Helpers {
-    ComFunctions functions;
+    HelperObject functions{kesto::TerminalFunctions};
+    Member itemText{u"ItemText"};
+    Member itemBoolean{u"ItemBoolean"};
+    Member screenLine{u"ScreenLine"};
+    Member findMarker{u"FindMarker"};
+    Member textField{u"TextField"};
     ComReporter reporter;
+    CollectionClass collections;
     std::shared_ptr<CollectionMembers> members = std::make_shared<CollectionMembers>();
 };
 
@@ -113,20 +112,66 @@ ThreadSlot<Helpers>& slot() {
     return helpers;
 }
 
-class ComTerminal final : public Terminal {
-public:
-    TerminalFunctions& functions() override { return slot().get().functions; }
-    ErrorReporter& errorReporter() override { return slot().get().reporter; }
-    CollectionPtr createCollection() override {
-        return std::make_shared<ComCollection>(newTerminalObject(kesto::KeyedCollection));
-    }
-};
+Variant calledFunction(Member Helpers::*function, std::initializer_list<VARIANT> arguments) {
+    Helpers& helpers = slot().get();
+    return (helpers.*function).call(helpers.functions.get(), arguments);
+}
+
+bool isSame(TextView text, TextView other) { return text.data() == other.data() && text.size() == other.size(); }
+
+bool isPart(TextView text, TextView whole) {
+    constexpr std::less_equal<const char16_t*> notAfter{};
+    return notAfter(whole.data(), text.data()) && notAfter(text.data() + text.size(), whole.data() + whole.size());
+}
+
+TextView kept(const Variant& result, TextStore& store) {
+    const VARIANT& value = result.get();
+    return value.vt == VT_BSTR ? store.keepCopy(viewOf(value.bstrVal)) : store.keep(textIn(value));
+}
 
 }  // namespace
 
-Terminal& comTerminal() {
-    static ComTerminal only;
-    return only;
+BSTR ComTerminal::passed(TextView text) {
+    const TextView whole = viewOf(read_.given);
+    if (read_.given != nullptr && isSame(text, whole)) return read_.given;
+    if (read_.copied.empty() || !isSame(text, read_.copied)) {
+        read_.copy = Bstr(text);
+        read_.copied = isPart(text, whole) ? text : TextView();
+    }
+    return read_.copy.get();
+}
+
+ErrorReporter& ComTerminal::errorReporter() { return slot().get().reporter; }
+
+CollectionPtr ComTerminal::createCollection() {
+    return std::make_shared<ComCollection>(slot().get().collections.create());
+}
+
+TextView ComTerminal::ItemText(const ItemPtr& item, TextStore& store) {
+    return kept(calledFunction(&Helpers::itemText, {borrowed(objectOf(item))}), store);
+}
+
+bool ComTerminal::ItemBoolean(const ItemPtr& item) {
+    return truthIn(calledFunction(&Helpers::itemBoolean, {borrowed(objectOf(item))}).get());
+}
+
+TextView ComTerminal::ScreenLine(TextView response, std::int16_t line, TextStore& store) {
+    return kept(calledFunction(&Helpers::screenLine, {borrowed(passed(response)), borrowed(line)}), store);
+}
+
+bool ComTerminal::FindMarker(TextView response, TextView marker, std::int16_t line) {
+    const Bstr markerText(marker);
+    return truthIn(
+        calledFunction(&Helpers::findMarker, {borrowed(passed(response)), borrowed(markerText.get()), borrowed(line)})
+            .get());
+}
+
+TextView ComTerminal::TextField(TextView text, std::int16_t number, TextView separator, TextStore& store) {
+    const Bstr whole(text);
+    const Bstr separatorText(separator);
+    return kept(
+        calledFunction(&Helpers::textField, {borrowed(whole.get()), borrowed(number), borrowed(separatorText.get())}),
+        store);
 }
 
 std::shared_ptr<CollectionMembers> terminalMembers() { return slot().get().members; }

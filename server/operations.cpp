@@ -69,18 +69,19 @@ Interface& had(Interface* offered) {
     return *offered;
 }
 
-std::int16_t countOf(Served& served, TextView name, const CountRequest& request) {
+std::int16_t countOf(Served& served, TextView name, BSTR text, TextView search = {}, TextView qualifier = {}) {
     const CountProperty* const property = findCount(served.row, name);
     if (property == nullptr) fail(Failure::CannotCreateObject);
-    return property->call(*served.object, request);
+    const ComTerminal::Reading reading(served.terminal, text);
+    return property->call(*served.object, {reading.text(), search, qualifier});
 }
 
 // Without notes to filter, the filters are not read.
-std::int16_t countOfNotes(Served& served, TextView text, const VARIANT& searchString, const VARIANT& searchQualifier) {
-    if (text.empty()) return countOf(served, u"ProfileNotesElementsCount", {text});
+std::int16_t countOfNotes(Served& served, BSTR text, const VARIANT& searchString, const VARIANT& searchQualifier) {
+    if (viewOf(text).empty()) return countOf(served, u"ProfileNotesElementsCount", text);
     const Text search = textIn(searchString);
     const Text qualifier = textIn(searchQualifier);
-    return countOf(served, u"ProfileNotesElementsCount", {text, search, qualifier});
+    return countOf(served, u"ProfileNotesElementsCount", text, search, qualifier);
 }
 
 }  // namespace
@@ -101,8 +102,9 @@ HRESULT verifyResponse(Served& served, const IID& about, BSTR response, const VA
     *results = nullptr;
     return atBorder(about, [&] {
         IProfileTrans& trans = had(served.object->profileTrans());
+        const ComTerminal::Reading reading(served.terminal, response);
         const CollectionPtr made = CollectionArgument(collection).use([&](const auto& given) {
-            return trans.VerifyResponse(viewOf(response), given);
+            return trans.VerifyResponse(reading.text(), given);
         });
         *results = counted(ComCollection::objectOf(made));
     });
@@ -115,8 +117,9 @@ HRESULT profileElements(Served& served, const IID& about, BSTR display, const VA
     return atBorder(about, [&] {
         IProfileGet& parser = had(served.object->profileGet());
         SelectionArguments selected(selection, qualifier);
+        const ComTerminal::Reading reading(served.terminal, display);
         const CollectionPtr unknown = CollectionArgument(collection).use([&](const auto& given) {
-            return parser.ProfileElements(viewOf(display), given, selected);
+            return parser.ProfileElements(reading.text(), given, selected);
         });
         *unknownFamily = counted(ComCollection::objectOf(unknown));
     });
@@ -125,20 +128,20 @@ HRESULT profileElements(Served& served, const IID& about, BSTR display, const VA
 HRESULT count(Served& served, const IID& about, TextView name, BSTR text, SHORT* result) noexcept {
     if (result == nullptr) return E_POINTER;
     *result = 0;
-    return atBorder(about, [&] { *result = countOf(served, name, {viewOf(text)}); });
+    return atBorder(about, [&] { *result = countOf(served, name, text); });
 }
 
 HRESULT count(Served& served, const IID& about, TextView name, BSTR text, VARIANT* result) noexcept {
     if (result == nullptr) return E_POINTER;
     VariantInit(result);
-    return atBorder(about, [&] { *result = Variant::of(countOf(served, name, {viewOf(text)})).detach(); });
+    return atBorder(about, [&] { *result = Variant::of(countOf(served, name, text)).detach(); });
 }
 
 HRESULT countNotes(Served& served, const IID& about, BSTR text, const VARIANT& searchString,
                    const VARIANT& searchQualifier, SHORT* result) noexcept {
     if (result == nullptr) return E_POINTER;
     *result = 0;
-    return atBorder(about, [&] { *result = countOfNotes(served, viewOf(text), searchString, searchQualifier); });
+    return atBorder(about, [&] { *result = countOfNotes(served, text, searchString, searchQualifier); });
 }
 
 HRESULT elementList(Served& served, const IID& about, BSTR name, VARIANT* list) noexcept {

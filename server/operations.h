@@ -2,14 +2,17 @@
 // a result code with error information, and out-pointers that are null are refused.
 #pragma once
 
-#include "server/com/system.h"
+#include "server/com_terminal.h"
 #include "vantro/registry.h"
 
 namespace vantro::com {
 
-/// The object that the operations work on, and the row of its class.
+/// The object that the operations work on, the row of its class, and its terminal.
 struct Served {
+    explicit Served(const ClassRow& classRow) : row(classRow), object(createObject(row, terminal)) {}
+
     const ClassRow& row;
+    ComTerminal terminal;
     std::unique_ptr<ProfileObject> object;
 };
 

@@ -1,6 +1,5 @@
 #include "server/profile_server_object.h"
 
-#include "server/com_terminal.h"
 #include "server/operations.h"
 #include "vantro_profile_utils.h"
 
@@ -205,8 +204,7 @@ const HalfRow halfRows[] = {
 
 class ProfileServerObject final : public ComposedObject {
 public:
-    ProfileServerObject(const ClassInfo& info, const ClassRow& row)
-        : ComposedObject(info.clsid), served_{row, createObject(row, comTerminal())} {
+    ProfileServerObject(const ClassInfo& info, const ClassRow& row) : ComposedObject(info.clsid), served_(row) {
         for (const IID& iid : info.interfaces) addHalf(iid);
     }
 

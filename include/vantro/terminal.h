@@ -8,6 +8,7 @@
 #include "vantro/export.h"
 #include "vantro/text.h"
 
+#include <cstddef>
 #include <cstdint>
 #include <forward_list>
 #include <utility>
@@ -20,6 +21,16 @@ class TextStore {
 public:
     /// Stores a text and returns a view of it that is valid as long as the store.
     TextView keep(Text text) { return kept_.emplace_front(std::move(text)); }
+
+    /// The same for a copy of the text. Copies share memory: an operation makes one of every line that it reads.
+    TextView keepCopy(TextView text) {
+        if (kept_.empty() || kept_.front().capacity() - kept_.front().size() < text.size()) {
+            constexpr std::size_t linesOfAScreen = 25 * 80;
+            kept_.emplace_front().reserve(linesOfAScreen + text.size());
+        }
+        Text& last = kept_.front().append(text);  // it fits, so earlier copies stay where they are
+        return TextView(last).substr(last.size() - text.size());
+    }
 
 private:
     std::forward_list<Text> kept_;

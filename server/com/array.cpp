@@ -48,9 +48,9 @@ ArrayEntries::ArrayEntries(SAFEARRAY* array) : array_(array) {
 Text ArrayEntries::text(std::size_t offset) const {
     LONG place = index(offset);
     if (type_ == VT_BSTR) {
-        Bstr text;
-        checkElement(SafeArrayGetElement(array_, &place, text.receive()));
-        return Text(text.view());
+        void* element = nullptr;
+        checkElement(SafeArrayPtrOfIndex(array_, &place, &element));
+        return Text(viewOf(*static_cast<const BSTR*>(element)));
     }
     Variant value;
     checkElement(SafeArrayGetElement(array_, &place, value.pointer()));

@@ -35,6 +35,10 @@ public:
     explicit Bstr(TextView text) : text_(newBstr(text)) {}
     Bstr(Bstr&& other) noexcept : text_(std::exchange(other.text_, nullptr)) {}
     Bstr(const Bstr&) = delete;
+    Bstr& operator=(Bstr&& other) noexcept {
+        std::swap(text_, other.text_);
+        return *this;
+    }
     Bstr& operator=(const Bstr&) = delete;
     ~Bstr() { SysFreeString(text_); }
 

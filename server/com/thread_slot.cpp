@@ -42,13 +42,15 @@ ThreadKept* ThreadSlotBase::kept() const {
     return entry == nullptr ? nullptr : entry->value.get();
 }
 
-void ThreadSlotBase::keep(std::unique_ptr<ThreadKept> value) {
+ThreadKept* ThreadSlotBase::keep(std::unique_ptr<ThreadKept> value) {
     auto entry = std::make_unique<Entry>();
     entry->value = std::move(value);
     const Ptr<IInitializeSpy> spy(new Spy(*this));
     check(CoRegisterInitializeSpy(spy.get(), &entry->spyCookie));
+    ThreadKept* const known = entry->value.get();
     TlsSetValue(index_, entry.release());
     ++keepers_;
+    return known;
 }
 
 bool ThreadSlotBase::releaseLast() {

@@ -37,7 +37,7 @@ public:
 
 protected:
     ThreadKept* kept() const;
-    void keep(std::unique_ptr<ThreadKept> value);
+    ThreadKept* keep(std::unique_ptr<ThreadKept> value);
 
 private:
     class Spy;
@@ -52,8 +52,9 @@ class ThreadSlot : public ThreadSlotBase {
 public:
     /// This thread's value, created on first use.
     Value& get() {
-        if (kept() == nullptr) keep(std::make_unique<Holder>());
-        return static_cast<Holder*>(kept())->value;
+        ThreadKept* known = kept();
+        if (known == nullptr) known = keep(std::make_unique<Holder>());
+        return static_cast<Holder*>(known)->value;
     }
 
 private:

@@ -88,13 +88,9 @@ Variant Variant::of(const ItemValue& value) {
 
 Variant Variant::arrayOfTexts(const TextList& list, std::size_t firstIndex) {
     const std::size_t first = std::min(firstIndex, list.size());
-    auto index = static_cast<LONG>(first);
-    Variant value = newArray(VT_BSTR, list.size() - first, index);
-    for (const Text& text : std::span(list).subspan(first)) {
-        const Bstr element(text);
-        check(SafeArrayPutElement(value.get().parray, &index, element.get()));
-        ++index;
-    }
+    Variant value = newArray(VT_BSTR, list.size() - first, static_cast<LONG>(first));
+    auto* element = static_cast<BSTR*>(value.get().parray->pvData);  // of a new array, which nothing else uses yet
+    for (const Text& text : std::span(list).subspan(first)) *element++ = newBstr(text);
     return value;
 }
 
@@ -166,6 +162,7 @@ bool truthIn(const VARIANT& value) { return coerced(value, VT_BOOL).get().boolVa
 
 ItemValue itemValueIn(const VARIANT& value) {
     const VARIANT& referenced = dereferenced(value);
+    if (referenced.vt == VT_BSTR) return Text(viewOf(referenced.bstrVal));
     if (containsArray(referenced)) return listIn(arrayIn(referenced));
     Variant copy;
     check(VariantCopyInd(copy.pointer(), readOnly(referenced)));

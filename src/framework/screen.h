@@ -7,7 +7,8 @@
 #include "vantro/terminal.h"
 
 #include <cstdint>
-#include <unordered_map>
+#include <optional>
+#include <vector>
 
 namespace vantro {
 
@@ -56,7 +57,7 @@ private:
     TerminalFunctions& functions_;
     TextView response_;
     bool slices_;
-    std::unordered_map<std::int16_t, TextView> fetched_;
+    std::vector<std::optional<TextView>> fetched_;  // by line
     TextStore texts_;
 };
 

@@ -46,17 +46,24 @@ private:
 
 class Factory final : public com::RefCounted<IClassFactory> {
 public:
-    explicit Factory(com::Ptr<IDispatch> object) : object_(std::move(object)) {}
+    Factory(com::Ptr<IDispatch> object, std::shared_ptr<ClassUse> use)
+        : object_(std::move(object)), use_(std::move(use)) {}
 
     HRESULT STDMETHODCALLTYPE CreateInstance(IUnknown*, REFIID iid, void** object) override {
+        ++use_->created;
         return object_->QueryInterface(iid, object);
     }
-    HRESULT STDMETHODCALLTYPE LockServer(BOOL) override { return S_OK; }
+    HRESULT STDMETHODCALLTYPE LockServer(BOOL lock) override {
+        if (FAILED(use_->lockResult)) return use_->lockResult;
+        use_->locks += lock != FALSE ? 1 : -1;
+        return S_OK;
+    }
 
 private:
     bool isOwn(REFIID iid) const override { return iid == IID_IClassFactory; }
 
     com::Ptr<IDispatch> object_;
+    std::shared_ptr<ClassUse> use_;
 };
 
 }  // namespace
@@ -65,8 +72,8 @@ com::Ptr<IDispatch> newLateObject(Operations operations) {
     return com::Ptr<IDispatch>(new LateObject(std::move(operations)));
 }
 
-TakenClass::TakenClass(const CLSID& clsid, Operations operations) {
-    const com::Ptr<IClassFactory> factory(new Factory(newLateObject(std::move(operations))));
+TakenClass::TakenClass(const CLSID& clsid, Operations operations, std::shared_ptr<ClassUse> use) {
+    const com::Ptr<IClassFactory> factory(new Factory(newLateObject(std::move(operations)), std::move(use)));
     com::check(CoRegisterClassObject(clsid, factory.get(), CLSCTX_INPROC_SERVER, REGCLS_MULTIPLEUSE, &cookie_));
 }
 

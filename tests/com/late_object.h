@@ -7,6 +7,7 @@
 
 #include <functional>
 #include <map>
+#include <memory>
 #include <vector>
 
 namespace vantro::test {
@@ -19,10 +20,17 @@ using Operations = std::map<Text, Operation>;
 /// A new object with these operations.
 com::Ptr<IDispatch> newLateObject(Operations operations);
 
+/// What was done with a class object.
+struct ClassUse {
+    HRESULT lockResult = S_OK;  ///< the result of a lock
+    int created = 0;
+    int locks = 0;
+};
+
 /// While an instance exists, this thread's new objects of a class are the test's own.
 class TakenClass {
 public:
-    TakenClass(const CLSID& clsid, Operations operations);
+    TakenClass(const CLSID& clsid, Operations operations, std::shared_ptr<ClassUse> use = std::make_shared<ClassUse>());
     TakenClass(const TakenClass&) = delete;
     TakenClass& operator=(const TakenClass&) = delete;
     ~TakenClass();

@@ -51,6 +51,18 @@ Text screenOf(std::initializer_list<TextView> lines) {
     return text;
 }
 
+TEST(TextStore, LeavesEveryTextWhereItIs) {
+    const std::size_t lengths[] = {0, 1, 7, 8, 80, 1999, 2000, 2001, 5000};
+    TextStore store;
+    std::vector<std::pair<TextView, Text>> stored;
+    for (int round = 0; round < 300; ++round) {
+        const Text text(lengths[static_cast<std::size_t>(round) % std::size(lengths)],
+                        static_cast<char16_t>(u'A' + round % 26));
+        stored.emplace_back(round % 5 == 0 ? store.keep(text) : store.keepCopy(text), text);
+    }
+    for (const auto& [view, text] : stored) EXPECT_EQ(view, text);
+}
+
 TEST(LineByPosition, CutsEvery80Characters) {
     const Text text = Text(80, u'a') + Text(80, u'b') + Text(3, u'c');
     EXPECT_EQ(lineByPosition(text, 0), Text(80, u'a'));
