@@ -149,24 +149,8 @@ std::size_t findInBlocks(std::size_t size, Stop stop) {
     }
 }
 
-/// Widens the bytes before the first one that is not ASCII and returns their number. `to` has room for all bytes; its
+/// Narrows the units before the first one that is not ASCII and returns their number. `to` has room for all units; its
 /// content after that number is unspecified.
-inline std::size_t widenAscii(std::string_view from, char16_t* to) {
-    if (from.size() >= AsciiBlock::size) {
-        return findInBlocks(from.size(), [from, to](std::size_t at) {
-            const AsciiBlock block = AsciiBlock::load(from.data() + at);
-            block.widen(to + at);
-            return block.beyondAscii();
-        });
-    }
-    std::size_t done = 0;
-    for (; done < from.size() && static_cast<unsigned char>(from[done]) < 0x80; ++done) {
-        to[done] = static_cast<unsigned char>(from[done]);
-    }
-    return done;
-}
-
-/// The same from units to bytes.
 inline std::size_t narrowAscii(TextView from, char* to) {
     if (from.size() >= AsciiBlock::size) {
         return findInBlocks(from.size(), [from, to](std::size_t at) {

@@ -3,28 +3,16 @@
 #include "cli/io/ascii.h"
 
 #include <algorithm>
-#include <cstdint>
-#include <cstring>
-#if defined(__SSE2__)
-#include <emmintrin.h>
-#endif
 
 namespace vantro {
 
 namespace {
 
-constexpr std::size_t blockSize = 16;
-
-// True when the 16 bytes are all below 0x80.
-bool isAsciiBlock(const char* bytes) {
-    std::uint64_t halves[2];
-    std::memcpy(halves, bytes, blockSize);
-    return ((halves[0] | halves[1]) & 0x8080808080808080U) == 0;
-}
-
 std::size_t asciiPrefixLength(std::string_view bytes) {
     std::size_t length = 0;
-    while (bytes.size() - length >= blockSize && isAsciiBlock(bytes.data() + length)) length += blockSize;
+    while (bytes.size() - length >= AsciiBlock::size && AsciiBlock::load(bytes.data() + length).beyondAscii() == 0) {
+        length += AsciiBlock::size;
+    }
     while (length < bytes.size() && static_cast<unsigned char>(bytes[length]) < 0x80) ++length;
     return length;
 }
@@ -76,24 +64,6 @@ std::size_t putCodeUnits(char32_t value, char16_t* target) {
 
 constexpr bool isPlain(char byte, char stop) { return static_cast<unsigned char>(byte) < 0x80 && byte != stop; }
 
-// Writes 16 bytes as code units. True when all of them are plain: neither the stop character nor above 0x7F.
-bool widenBlock(const char* bytes, char stop, char16_t* target) {
-#if defined(__SSE2__)
-    const __m128i block = _mm_loadu_si128(reinterpret_cast<const __m128i*>(bytes));
-    const __m128i zero = _mm_setzero_si128();
-    _mm_storeu_si128(reinterpret_cast<__m128i*>(target), _mm_unpacklo_epi8(block, zero));
-    _mm_storeu_si128(reinterpret_cast<__m128i*>(target + 8), _mm_unpackhi_epi8(block, zero));
-    return _mm_movemask_epi8(_mm_or_si128(block, _mm_cmpeq_epi8(block, _mm_set1_epi8(stop)))) == 0;
-#else
-    bool allPlain = true;
-    for (std::size_t i = 0; i < blockSize; ++i) {
-        target[i] = static_cast<unsigned char>(bytes[i]);
-        allPlain &= isPlain(bytes[i], stop);
-    }
-    return allPlain;
-#endif
-}
-
 }  // namespace
 
 bool isAscii(std::string_view bytes) { return asciiPrefixLength(bytes) == bytes.size(); }
@@ -109,16 +79,14 @@ bool isUtf8(std::string_view bytes) {
 }
 
 std::size_t widenPlain(std::string_view bytes, char stop, char16_t* target) {
-    const char* const from = bytes.data();
-    std::size_t length = 0;
-    bool isPlainSoFar = true;
-    while (isPlainSoFar && bytes.size() - length >= blockSize) {
-        isPlainSoFar = widenBlock(from + length, stop, target + length);
-        if (isPlainSoFar) length += blockSize;
+    if (bytes.size() >= AsciiBlock::size) {
+        return findInBlocks(bytes.size(), [=](std::size_t at) {
+            const AsciiBlock block = AsciiBlock::load(bytes.data() + at);
+            block.widen(target + at);
+            return block.beyondAscii() | block.equal(stop);
+        });
     }
-    // The last block overlaps the one before.
-    const std::size_t last = bytes.size() - blockSize;
-    if (isPlainSoFar && bytes.size() >= blockSize && widenBlock(from + last, stop, target + last)) return bytes.size();
+    std::size_t length = 0;
     for (; length < bytes.size() && isPlain(bytes[length], stop); ++length) {
         target[length] = static_cast<unsigned char>(bytes[length]);
     }

@@ -18,7 +18,7 @@ std::size_t lengthOf(const Screen& screen) {
 
 void ReadLines::beginRun(std::size_t index) {
     begin_ = index;
-    capacity_ = size_ - index;
+    capacity_ = expected_ - index;
     run_ = std::make_unique_for_overwrite<Slot[]>(capacity_);
 }
 
@@ -36,7 +36,7 @@ const DisplayLine* ReadLines::findApart(std::size_t index) const {
 }
 
 Display::Display(Terminal& terminal, TextView text)
-    : screen_(terminal, text), size_(lengthOf(screen_)), lines_(screen_.linesAreSlices() ? size_ : 0) {
+    : screen_(terminal, text), size_(lengthOf(screen_)), lines_(std::min(size_, text.size() / screenWidth + 1)) {
     constexpr std::size_t usualMarks = 32;  // ten section headers, a prompt, the end text, and a reserve
     marked_.reserve(usualMarks);
 }

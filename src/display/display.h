@@ -17,8 +17,8 @@ namespace vantro {
 /// array. The few others are apart.
 class ReadLines {
 public:
-    /// `size` is the number of lines, if they are known to be in memory. Other lines are kept apart.
-    explicit ReadLines(std::size_t size) : size_(size) {}
+    /// The array has room for the lines before `expected`, the number of lines in the text. A terminal may make more.
+    explicit ReadLines(std::size_t expected) : expected_(expected) {}
 
     /// A line, or null when it was not read yet.
     const DisplayLine* find(std::size_t index) const {
@@ -29,7 +29,7 @@ public:
     /// Adds a line that was not read yet, with its marks if they are known; the reference is valid as long as this
     /// object.
     const DisplayLine& add(std::size_t index, TextView text, const LineMarks* knownMarks) {
-        if (count_ == 0 && index < size_) beginRun(index);
+        if (count_ == 0 && index < expected_) beginRun(index);
         const bool continuesRun = count_ < capacity_ && index == begin_ + count_;
         if (!continuesRun) return apart_.try_emplace(index, text, knownMarks).first->second;
         return *std::construct_at(&run_[count_++].line, text, knownMarks);
@@ -50,7 +50,7 @@ private:
     void beginRun(std::size_t index);
     const DisplayLine* findApart(std::size_t index) const;
 
-    std::size_t size_;
+    std::size_t expected_;
     std::size_t begin_ = 0;  // the run's first line
     std::size_t count_ = 0;
     std::size_t capacity_ = 0;

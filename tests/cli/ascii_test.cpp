@@ -1,5 +1,6 @@
 // ASCII is copied up to the first other character, at any place of texts of any length.
 #include "cli/io/ascii.h"
+#include "cli/io/utf.h"
 
 #include <gtest/gtest.h>
 
@@ -11,14 +12,14 @@ namespace {
 
 constexpr std::size_t longest = 50;
 
-TEST(Ascii, BytesAreWidenedUpToTheFirstOtherOne) {
+TEST(Ascii, BytesAreWidenedUpToTheFirstOtherOneOrTheStop) {
     for (std::size_t length = 0; length <= longest; ++length) {
         for (std::size_t place = 0; place <= length; ++place) {
-            for (const char other : {'\x80', '\xFF'}) {
+            for (const char other : {'\x80', '\xFF', '\\'}) {
                 std::string bytes(length, '\x7F');
                 if (place < length) bytes[place] = other;
                 Text widened(length, u'?');
-                ASSERT_EQ(widenAscii(bytes, widened.data()), place) << length;
+                ASSERT_EQ(widenPlain(bytes, '\\', widened.data()), place) << length;
                 EXPECT_EQ(widened.substr(0, place), Text(place, u'\x7F')) << length;
             }
         }
