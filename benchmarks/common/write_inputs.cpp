@@ -64,7 +64,7 @@ std::string request(std::size_t number) {
     const std::string prefix = toAscii(familyRules()[number % familyRules().size()].prefix.substr(0, 3));
     return "{\"id\":" + std::to_string(number) +
            R"(,"class":"CProfile","call":"ProfileElements","params":{"strKeyPrefix":")" + prefix + R"("},"display":")" +
-           displays()[number % displays().size()].utf8 + "\"}";
+           displays(Corpus::Mixed)[number % displays(Corpus::Mixed).size()].utf8 + "\"}";
 }
 
 }  // namespace
@@ -74,7 +74,7 @@ int main(int argc, char** argv) {
     File displayFile(folder, "displays.txt");
     File screenFile(folder, "screens.txt");
     File elementFile(folder, "elements.txt");
-    for (const Display& display : displays()) {
+    for (const Display& display : displays(Corpus::Mixed)) {
         displayFile.line(display.utf8);
         for (std::size_t at = 0; at < display.utf8.size(); at += lineWidth) {
             screenFile.line(display.utf8.substr(at, lineWidth));

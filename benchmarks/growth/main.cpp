@@ -4,7 +4,7 @@
 #include "common/lines.h"
 #include "common/run.h"
 #include "one_family/scanner.h"
-#include "whole_profile/scanner.h"
+#include "whole_profile/lean_scanner.h"
 
 #include "vantro/built_in_terminal.h"
 #include "vantro/profile.h"
@@ -90,7 +90,8 @@ void checkAll() {
         const Text& display = displayOf(lines).utf16;
         requireEqual("the generator", lines, lineCount(display) == lines ? "" : "the display has another length");
         ScannedTexts scanned;
-        scanProfile(display, scanned);
+        scanned.prepare(0);
+        scanLean<Depth::Everything>(display, scanned);
         requireEqual("by hand", lines, difference(elementSetOf(parseProfile(display)), elementSetOf(scanned)));
     }
     // Past the end every line is blank, so only the overflow of the line number ends a search.
@@ -119,7 +120,7 @@ void registerAll() {
         add(named("parseProfile", lines), [&display] { benchmark::DoNotOptimize(parseProfile(display)); });
         add(named("by hand", lines), [&display] {
             ScannedTexts result;
-            scanProfile(display, result);
+            scanLean<Depth::Everything>(display, result);
             benchmark::DoNotOptimize(result);
         });
         add(named("PFOElementsCount", lines),

@@ -85,8 +85,8 @@ void require(const char* contender, std::size_t display, std::size_t family, con
 }
 
 void checkAll() {
-    for (std::size_t i = 0; i < displays().size(); ++i) {
-        const Display& display = displays()[i];
+    for (std::size_t i = 0; i < displays(Corpus::Mixed).size(); ++i) {
+        const Display& display = displays(Corpus::Mixed)[i];
         for (std::size_t family = 0; family < familyRules().size(); ++family) {
             const Plain ours = oursFor(family, display.utf16);
             FamilyItems items;
@@ -95,7 +95,7 @@ void checkAll() {
             require(lineByLineOne, i, family, ours, plain(scanLineByLine(familyRules()[family], display.utf16)));
         }
     }
-    std::printf("%zu displays, %zu families each; all contenders agree\n\n", displays().size(), familyRules().size());
+    std::printf("%zu displays, %zu families each; all contenders agree\n\n", displays(Corpus::Mixed).size(), familyRules().size());
 }
 
 // Each display is asked for another family, so that sections near the top and far down are covered equally.
@@ -104,21 +104,21 @@ std::size_t familyOf(std::size_t display) { return display % familyRules().size(
 template <class Call>
 auto oneCall(Call call) {
     return [call] {
-        for (std::size_t i = 0; i < displays().size(); ++i) call(familyOf(i), displays()[i]);
+        for (std::size_t i = 0; i < displays(Corpus::Mixed).size(); ++i) call(familyOf(i), displays(Corpus::Mixed)[i]);
     };
 }
 
 template <class Call>
 auto allCalls(Call call) {
     return [call] {
-        for (const Display& display : displays()) {
+        for (const Display& display : displays(Corpus::Mixed)) {
             for (std::size_t family = 0; family < familyRules().size(); ++family) call(family, display);
         }
     };
 }
 
 void registerAll() {
-    const double count = static_cast<double>(displays().size());
+    const double count = static_cast<double>(displays(Corpus::Mixed).size());
     const auto hand = [](std::size_t family, const Display& display) {
         static FamilyItems items;
         items.clear();

@@ -165,9 +165,7 @@ void Assembler<Char>::takeNote(View line) {
 
 template <class Char>
 void Assembler<Char>::append(View& text, View separator, View more) {
-    const bool isJoined = !result_.joined.empty() && result_.joined.front().data() == text.data();
-    if (!isJoined) result_.joined.emplace_front(text);
-    text = result_.joined.front().append(separator).append(more);
+    text = result_.join(text, separator, more);
 }
 
 template <class Char>

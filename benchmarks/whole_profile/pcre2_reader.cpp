@@ -5,7 +5,7 @@
 namespace vantro::bench {
 
 const ScannedViews& Pcre2Reader::read(std::u16string_view display) {
-    result_.clear();
+    result_.prepare(display.size());
     Assembler<char16_t> assembler(result_);
     const std::size_t lines = end_.find(display) / 80;
     for (std::size_t n = 0; n < lines; ++n) {

@@ -1,0 +1,111 @@
+// What the hand-written contenders share: UTF-16 units compared sixteen at a time. The plain variants do the same where
+// there is no SSE2.
+#pragma once
+
+#include <bit>
+#include <cstddef>
+#include <cstdint>
+#include <cstring>
+#include <string_view>
+
+#if defined(__SSE2__)
+#include <emmintrin.h>
+#endif
+
+namespace vantro::bench {
+
+using View = std::u16string_view;
+
+inline constexpr std::size_t lineUnits = 80;
+
+/// Four units as one number, to compare them at once. Both sides of a comparison come from here.
+inline std::uint64_t fourUnits(const char16_t* units) {
+    std::uint64_t four = 0;
+    std::memcpy(&four, units, sizeof four);
+    return four;
+}
+
+/// What one look at all 80 units of a line shows.
+struct LineLook {
+    std::size_t end;     ///< the number of units up to the last one that is not a blank
+    bool mayEndDisplay;  ///< the line contains a prompt, or pairs of units as in "END OF DISPLAY"
+};
+
+#if defined(__SSE2__)
+
+/// Sixteen units as bytes; a unit that is not ASCII becomes a byte that no comparison here looks for.
+inline __m128i sixteenBytes(const char16_t* units) {
+    const auto* const vectors = reinterpret_cast<const __m128i*>(units);
+    return _mm_packus_epi16(_mm_loadu_si128(vectors), _mm_loadu_si128(vectors + 1));
+}
+
+inline std::uint64_t bitsOf(__m128i mask) { return static_cast<unsigned>(_mm_movemask_epi8(mask)); }
+
+/// The index after the last unit whose bit is not set, from the blanks of units 0 to 63 and 64 to 79.
+inline std::size_t endOf(std::uint64_t blanks, std::uint64_t lastBlanks) {
+    const std::uint64_t last = lastBlanks ^ 0xFFFF;
+    const auto zeros = static_cast<std::size_t>(std::countl_zero(last != 0 ? last : ~blanks));
+    return (last != 0 ? 128 : 64) - zeros;
+}
+
+/// The end of the text alone.
+inline std::size_t textEnd(const char16_t* line) {
+    const __m128i blank = _mm_set1_epi8(' ');
+    const auto blanks = [&](std::size_t i) { return bitsOf(_mm_cmpeq_epi8(sixteenBytes(line + 16 * i), blank)); };
+    return endOf(blanks(0) | blanks(1) << 16 | blanks(2) << 32 | blanks(3) << 48, blanks(4));
+}
+
+inline LineLook lookAt(const char16_t* line) {
+    const __m128i blank = _mm_set1_epi8(' ');
+    const __m128i prompt = _mm_set1_epi8('>');
+    // Of two neighbours in the end text one begins at an even index: "PL" or "SP" of "DISPLAY" does.
+    const __m128i evenPair = _mm_set1_epi16('P' | 'L' << 8);
+    const __m128i oddPair = _mm_set1_epi16('S' | 'P' << 8);
+    std::uint64_t blanks[5];
+    __m128i ends = _mm_setzero_si128();
+    for (std::size_t i = 0; i < 5; ++i) {
+        const __m128i bytes = sixteenBytes(line + 16 * i);
+        blanks[i] = bitsOf(_mm_cmpeq_epi8(bytes, blank));
+        ends = _mm_or_si128(ends, _mm_cmpeq_epi8(bytes, prompt));
+        ends = _mm_or_si128(ends, _mm_or_si128(_mm_cmpeq_epi16(bytes, evenPair), _mm_cmpeq_epi16(bytes, oddPair)));
+    }
+    return {endOf(blanks[0] | blanks[1] << 16 | blanks[2] << 32 | blanks[3] << 48, blanks[4]), bitsOf(ends) != 0};
+}
+
+/// True for eight blanks.
+inline bool eightBlanks(const char16_t* units) {
+    const __m128i eight = _mm_loadu_si128(reinterpret_cast<const __m128i*>(units));
+    return bitsOf(_mm_cmpeq_epi16(eight, _mm_set1_epi16(' '))) == 0xFFFF;
+}
+
+#else
+
+inline std::size_t textEnd(const char16_t* line) {
+    std::size_t end = lineUnits;
+    while (end > 0 && line[end - 1] == u' ') --end;
+    return end;
+}
+
+inline LineLook lookAt(const char16_t* line) {
+    const View text(line, textEnd(line));
+    return {text.size(), text.find(u'>') != View::npos || text.find(u"SPL") != View::npos};
+}
+
+inline bool eightBlanks(const char16_t* units) { return View(units, 8) == u"        "; }
+
+#endif
+
+/// True for the blanks that a continuation line begins with.
+inline bool nineBlanks(const char16_t* line) { return eightBlanks(line) && line[8] == u' '; }
+inline bool seventeenBlanks(const char16_t* line) { return nineBlanks(line) && eightBlanks(line + 9); }
+
+/// The units from one pointer to another without blanks at the beginning.
+inline View leftTrimmed(const char16_t* begin, const char16_t* end) {
+    if (begin >= end) return {};
+    while (begin < end && *begin == u' ') ++begin;
+    return {begin, static_cast<std::size_t>(end - begin)};
+}
+
+inline constexpr View endOfDisplay = u"END OF DISPLAY";
+
+}  // namespace vantro::bench
