@@ -9,8 +9,10 @@ namespace vantro::bench {
 
 namespace {
 
-/// A pass that takes longer runs in fewer rounds.
-constexpr double longPass = 0.03;
+constexpr std::size_t slices = 50;
+
+/// Contenders whose pass takes longer, in seconds, run in fewer rounds.
+constexpr double longPass = 0.04;
 
 /// Processor time of this process, so that other programs on the machine count less.
 double processorSeconds() {
@@ -39,42 +41,51 @@ Alternating::Alternating(std::string_view task, int argc, char** argv) : task_(t
     }
 }
 
-void Alternating::add(std::string name, std::size_t items, std::function<void()> pass, std::function<void()> prepare) {
-    contenders_.push_back({std::move(name), items, std::move(pass), std::move(prepare), {}});
+void Alternating::add(std::string name, Pass pass, std::function<void()> prepare) {
+    contenders_.push_back({std::move(name), std::move(pass), std::move(prepare), {}});
 }
 
-void Alternating::time(Contender& contender) {
+void Alternating::runOnce(Contender& contender, std::size_t inputs) {
+    const std::size_t count = std::min(slices, inputs);
+    contender.times.resize(count);
     if (contender.prepare) contender.prepare();
-    const double start = processorSeconds();
-    contender.pass();
-    contender.times.push_back((processorSeconds() - start) / static_cast<double>(contender.items));
+    for (std::size_t i = 0; i < count; ++i) {
+        const double start = processorSeconds();
+        contender.pass(inputs * i / count, inputs * (i + 1) / count);
+        contender.times[i].push_back(processorSeconds() - start);
+    }
 }
 
-void Alternating::run(std::string_view group) {
+void Alternating::run(std::string_view group, std::size_t inputs) {
     for (Contender& contender : contenders_) {
-        time(contender);  // also warms up
-        const double pass = contender.times.back() * static_cast<double>(contender.items);
-        contender.interval = std::max(1, static_cast<int>(pass / longPass));
-        contender.times.clear();
+        const double start = processorSeconds();
+        runOnce(contender, inputs);
+        contender.interval = std::max(1, static_cast<int>((processorSeconds() - start) / longPass));
     }
     for (int round = 0; round < rounds_; ++round) {
         for (Contender& contender : contenders_) {
-            if (round % contender.interval == 0) time(contender);
+            if (round % contender.interval == 0) runOnce(contender, inputs);
         }
     }
     std::printf("%-60.*s %12s %12s\n", static_cast<int>(group.size()), group.data(), "best, us", "median, us");
-    for (Contender& contender : contenders_) {
-        std::sort(contender.times.begin(), contender.times.end());
-        const double best = contender.times.front();
-        const double median = contender.times[contender.times.size() / 2];
-        std::printf("  %-58s %12.3f %12.3f\n", contender.name.c_str(), best * 1e6, median * 1e6);
-        char numbers[64];
-        std::snprintf(numbers, sizeof numbers, "%.9g\t%.9g", best, median);
-        write("time\t" + task_ + "\t" + std::string(group) + "\t" + contender.name + "\t" + numbers);
-    }
+    for (Contender& contender : contenders_) report(contender, group, static_cast<double>(inputs));
     std::printf("\n");
     std::fflush(stdout);
     contenders_.clear();
+}
+
+void Alternating::report(Contender& contender, std::string_view group, double inputs) const {
+    double best = 0;
+    double median = 0;
+    for (std::vector<double>& slice : contender.times) {
+        std::sort(slice.begin(), slice.end());
+        best += slice.front() / inputs;
+        median += slice[slice.size() / 2] / inputs;
+    }
+    std::printf("  %-58s %12.3f %12.3f\n", contender.name.c_str(), best * 1e6, median * 1e6);
+    char numbers[64];
+    std::snprintf(numbers, sizeof numbers, "%.9g\t%.9g", best, median);
+    write("time\t" + task_ + "\t" + std::string(group) + "\t" + contender.name + "\t" + numbers);
 }
 
 void Alternating::figure(std::string_view name, double value) {

@@ -1,9 +1,11 @@
-// Times contenders in turn. The machine has phases in which everything takes half as long again, so each round runs
-// one short pass of every contender, and the best pass of each counts.
+// Times contenders in turn: each round runs one pass of every contender over all inputs. The machine has phases in
+// which everything takes half as long again, so a pass is timed in short slices, and the best time of each slice
+// counts. What is shown is the sum over the slices, per input. Between two passes over it, a slice has left the inner
+// caches.
 #pragma once
 
+#include <cstddef>
 #include <functional>
-#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -18,35 +20,38 @@ void keep(const Value& value) {
 
 class Alternating {
 public:
+    /// Work on the inputs from one index up to another.
+    using Pass = std::function<void(std::size_t begin, std::size_t end)>;
+
     /// Accepts `--record=FILE`, to which the times are appended as tab-separated lines, and `--rounds=N`.
     Alternating(std::string_view task, int argc, char** argv);
 
-    /// A contender; `items` is the number of displays, screens or calls in a pass. Times are shown per item. Work in
-    /// `prepare` is done before each pass and is not timed.
-    void add(std::string name, std::size_t items, std::function<void()> pass, std::function<void()> prepare = {});
+    /// A contender. What `prepare` does before a pass over all inputs is not timed.
+    void add(std::string name, Pass pass, std::function<void()> prepare = {});
 
-    /// Runs and forgets the contenders added so far, prints and records their times. The group says what they read.
-    void run(std::string_view group = {});
+    /// Runs and forgets the contenders added so far, prints and records their times per input. The group says what the
+    /// inputs are.
+    void run(std::string_view group, std::size_t inputs);
 
-    /// Records a figure that is not a time, and prints it.
+    /// Prints and records a figure that is not a time.
     void figure(std::string_view name, double value);
 
 private:
     struct Contender {
         std::string name;
-        std::size_t items;
-        std::function<void()> pass;
+        Pass pass;
         std::function<void()> prepare;
-        std::vector<double> times;
-        int interval = 1;  ///< slow contenders run only in some of the rounds
+        std::vector<std::vector<double>> times;  ///< of each slice
+        int interval = 1;                        ///< a slow contender runs in every so many rounds
     };
 
-    void time(Contender& contender);
+    static void runOnce(Contender& contender, std::size_t inputs);
+    void report(Contender& contender, std::string_view group, double inputs) const;
     void write(const std::string& line) const;
 
     std::string task_;
     std::string recordFile_;
-    int rounds_ = 60;
+    int rounds_ = 30;
     std::vector<Contender> contenders_;
 };
 

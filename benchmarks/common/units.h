@@ -6,6 +6,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <cstring>
+#include <string>
 #include <string_view>
 
 #if defined(__SSE2__)
@@ -24,6 +25,14 @@ inline std::uint64_t fourUnits(const char16_t* units) {
     std::memcpy(&four, units, sizeof four);
     return four;
 }
+
+/// What a search for a title sees in a line.
+struct Marks {
+    bool prompt = false;
+    bool rule = false;    ///< two hyphens
+    bool mayEnd = false;  ///< pairs of units as in "END OF DISPLAY"
+    bool any() const { return prompt || rule || mayEnd; }
+};
 
 /// What one look at all 80 units of a line shows.
 struct LineLook {
@@ -48,6 +57,12 @@ inline std::size_t endOf(std::uint64_t blanks, std::uint64_t lastBlanks) {
     return (last != 0 ? 128 : 64) - zeros;
 }
 
+/// Pairs of bytes as in the end text: of "SP" and "PL" in "DISPLAY", one begins at an even index.
+inline __m128i endPairs(__m128i bytes) {
+    return _mm_or_si128(_mm_cmpeq_epi16(bytes, _mm_set1_epi16('S' | 'P' << 8)),
+                        _mm_cmpeq_epi16(bytes, _mm_set1_epi16('P' | 'L' << 8)));
+}
+
 /// The end of the text alone.
 inline std::size_t textEnd(const char16_t* line) {
     const __m128i blank = _mm_set1_epi8(' ');
@@ -58,18 +73,30 @@ inline std::size_t textEnd(const char16_t* line) {
 inline LineLook lookAt(const char16_t* line) {
     const __m128i blank = _mm_set1_epi8(' ');
     const __m128i prompt = _mm_set1_epi8('>');
-    // Of two neighbours in the end text one begins at an even index: "PL" or "SP" of "DISPLAY" does.
-    const __m128i evenPair = _mm_set1_epi16('P' | 'L' << 8);
-    const __m128i oddPair = _mm_set1_epi16('S' | 'P' << 8);
     std::uint64_t blanks[5];
     __m128i ends = _mm_setzero_si128();
     for (std::size_t i = 0; i < 5; ++i) {
         const __m128i bytes = sixteenBytes(line + 16 * i);
         blanks[i] = bitsOf(_mm_cmpeq_epi8(bytes, blank));
-        ends = _mm_or_si128(ends, _mm_cmpeq_epi8(bytes, prompt));
-        ends = _mm_or_si128(ends, _mm_or_si128(_mm_cmpeq_epi16(bytes, evenPair), _mm_cmpeq_epi16(bytes, oddPair)));
+        ends = _mm_or_si128(ends, _mm_or_si128(_mm_cmpeq_epi8(bytes, prompt), endPairs(bytes)));
     }
     return {endOf(blanks[0] | blanks[1] << 16 | blanks[2] << 32 | blanks[3] << 48, blanks[4]), bitsOf(ends) != 0};
+}
+
+inline Marks marksOf(const char16_t* line) {
+    const __m128i prompt = _mm_set1_epi8('>');
+    const __m128i hyphens = _mm_set1_epi16('-' | '-' << 8);  // of the seven of a title, two begin at an even index
+    __m128i prompts = _mm_setzero_si128();
+    __m128i rules = _mm_setzero_si128();
+    __m128i ends = _mm_setzero_si128();
+    for (std::size_t i = 0; i < 5; ++i) {
+        const __m128i bytes = sixteenBytes(line + 16 * i);
+        prompts = _mm_or_si128(prompts, _mm_cmpeq_epi8(bytes, prompt));
+        rules = _mm_or_si128(rules, _mm_cmpeq_epi16(bytes, hyphens));
+        ends = _mm_or_si128(ends, endPairs(bytes));
+    }
+    if (bitsOf(_mm_or_si128(ends, _mm_or_si128(prompts, rules))) == 0) return {};
+    return {bitsOf(prompts) != 0, bitsOf(rules) != 0, bitsOf(ends) != 0};
 }
 
 /// True for eight blanks.
@@ -91,6 +118,11 @@ inline LineLook lookAt(const char16_t* line) {
     return {text.size(), text.find(u'>') != View::npos || text.find(u"SPL") != View::npos};
 }
 
+inline Marks marksOf(const char16_t* line) {
+    const View text(line, lineUnits);
+    return {text.find(u'>') != View::npos, text.find(u"--") != View::npos, text.find(u"SPL") != View::npos};
+}
+
 inline bool eightBlanks(const char16_t* units) { return View(units, 8) == u"        "; }
 
 #endif
@@ -106,6 +138,16 @@ inline View leftTrimmed(const char16_t* begin, const char16_t* end) {
     return {begin, static_cast<std::size_t>(end - begin)};
 }
 
-inline constexpr View endOfDisplay = u"END OF DISPLAY";
+/// Texts joined from several lines, one after the other in memory that must not move. Appends more to a text; the one
+/// joined last grows where it is.
+template <class Char>
+std::basic_string_view<Char> joinedIn(std::basic_string<Char>& memory, std::basic_string_view<Char> text,
+                                      std::basic_string_view<Char> separator, std::basic_string_view<Char> more) {
+    const bool isLast = text.data() + text.size() == memory.data() + memory.size();
+    const std::size_t begin = memory.size() - (isLast ? text.size() : 0);
+    if (!isLast) memory.append(text);
+    memory.append(separator).append(more);
+    return std::basic_string_view<Char>(memory).substr(begin);
+}
 
 }  // namespace vantro::bench

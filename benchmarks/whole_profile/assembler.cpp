@@ -1,5 +1,7 @@
 #include "whole_profile/assembler.h"
 
+#include "common/units.h"
+
 #include <algorithm>
 
 namespace vantro::bench {
@@ -165,7 +167,7 @@ void Assembler<Char>::takeNote(View line) {
 
 template <class Char>
 void Assembler<Char>::append(View& text, View separator, View more) {
-    text = result_.join(text, separator, more);
+    text = joinedIn(result_.joined, text, separator, more);
 }
 
 template <class Char>

@@ -1,22 +1,10 @@
 #include "whole_profile/lean_scanner.h"
 
-#include "common/tags.h"
-#include "common/units.h"
-
 #include <algorithm>
 
 namespace vantro::bench {
 
 namespace {
-
-/// Which lines of a section are elements, and how wrapped ones are joined.
-enum class Kind : std::uint8_t {
-    Whole,    ///< every line after the first tagged one
-    Colon,    ///< the same; a blank before a continuation line with a colon as third character
-    Policy,   ///< the lines of several families; joined like `Colon`
-    Global,   ///< at most eleven lines, not joined
-    Separate  ///< each family's lines once, not joined
-};
 
 struct SectionTitle {
     View title;  ///< after seven hyphens and a blank
@@ -53,8 +41,6 @@ public:
 
 private:
     static constexpr bool exact = depth == Depth::Everything;
-    static constexpr std::uint64_t fourBlanks = std::bit_cast<std::uint64_t>(std::array{u' ', u' ', u' ', u' '});
-    static constexpr std::uint64_t fourHyphens = std::bit_cast<std::uint64_t>(std::array{u'-', u'-', u'-', u'-'});
 
     // The end
 
@@ -145,7 +131,7 @@ private:
         View name = leftTrimmed(line + 9, end);
         for (const char16_t* next = line + lineUnits; next != end_ && nineBlanks(next) && eightBlanks(next + 6);
              next += lineUnits) {
-            name = result_.join(name, separator, leftTrimmed(next + 14, textEndOf(next)));
+            name = joinedIn(result_.joined, name, separator, leftTrimmed(next + 14, textEndOf(next)));
             line = next;
         }
         result_.companyName = name;
@@ -189,11 +175,6 @@ private:
         return line + lineUnits;
     }
 
-    static View numberOf(const char16_t* line) {
-        const std::size_t digits = line[2] == u' ' ? 1 : 2;
-        return {line + 4 - digits, digits};
-    }
-
     /// Numbered lines, their continuation lines, and unnumbered ones that belong to no element.
     const char16_t* readPrefixed(const char16_t* line, const SectionTitle& section) {
         std::uint8_t family = noFamily;
@@ -211,7 +192,7 @@ private:
                 family = noFamily;  // six blanks after a one-digit number are one too few for PPC only
             }
             if (family == noFamily) continue;
-            View text = leftTrimmed(first + 10 - (first[2] != u' '), end);
+            View text = textOf(first, end);
             if (section.kind <= Kind::Policy) line = join(text, line, section.kind);
             push(family, numberOf(first), text);
             if (exact && section.kind == Kind::Global && result_.families[family].size() == 11) family = noFamily;
@@ -231,7 +212,7 @@ private:
         for (; line != end_ && nineBlanks(line); line += lineUnits) {
             const View more = leftTrimmed(line + 9, textEndOf(line));
             const bool colon = kind != Kind::Whole && more.size() > 2 && more[2] == u':';
-            text = result_.join(text, View(u" ", colon ? 1 : 0), more);
+            text = joinedIn(result_.joined, text, View(u" ", colon ? 1 : 0), more);
         }
         return line;
     }
@@ -247,7 +228,7 @@ private:
             View text(first + 13, end);
             for (int joins = family == indexOf(Remark) ? 2 : 1; joins > 0 && line != end_ && seventeenBlanks(line);
                  --joins, line += lineUnits) {
-                text = result_.join(text, {}, leftTrimmed(line + 17, textEndOf(line)));
+                text = joinedIn<char16_t>(result_.joined, text, {}, leftTrimmed(line + 17, textEndOf(line)));
             }
             storeTransferable(family, first, text);
         }

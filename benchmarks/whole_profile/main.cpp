@@ -62,15 +62,14 @@ void check(Corpus corpus) {
 
 /// Calls `read` for each display and keeps what it returns.
 template <class Read>
-auto overAll(Corpus corpus, Read read) {
-    return [corpus, read] {
-        for (const Display& display : displays(corpus)) keep(read(display));
+auto overSlice(Corpus corpus, Read read) {
+    return [corpus, read](std::size_t begin, std::size_t end) {
+        for (std::size_t i = begin; i < end; ++i) keep(read(displays(corpus)[i]));
     };
 }
 
 void addContenders(Alternating& runner, Corpus corpus) {
-    const std::size_t count = displays(corpus).size();
-    const auto add = [&](const char* name, auto read) { runner.add(name, count, overAll(corpus, read)); };
+    const auto add = [&](const char* name, auto read) { runner.add(name, overSlice(corpus, read)); };
     add("memcpy of the text", [](const Display& display) {
         static std::u16string room(40'000, u' ');
         std::memcpy(room.data(), display.utf16.data(), display.utf16.size() * sizeof(char16_t));
@@ -89,19 +88,18 @@ void addContenders(Alternating& runner, Corpus corpus) {
         return &reader.read(display.utf8);
     });
     add("parseProfile, text copied", [](const Display& display) { return parseProfile(display.utf16); });
-    // Each pass needs new texts to move in. One more text stays alive meanwhile; otherwise the allocator would return
-    // the memory of all of them to the system within the timed part.
+    // One more text stays alive during a pass; otherwise the allocator would return the memory of all of them to the
+    // system within the timed part.
     static std::vector<std::u16string> texts;
-    runner.add(
-        "parseProfile, text moved in", count,
-        [count] {
-            for (std::size_t i = 0; i < count; ++i) keep(parseProfile(std::move(texts[i])));
-        },
-        [corpus] {
-            texts.clear();
-            for (const Display& display : displays(corpus)) texts.push_back(display.utf16);
-            texts.push_back(texts.front());
-        });
+    const auto copyTexts = [corpus] {
+        texts.clear();
+        for (const Display& display : displays(corpus)) texts.push_back(display.utf16);
+        texts.push_back(texts.front());
+    };
+    const auto parseMoved = [](std::size_t begin, std::size_t end) {
+        for (std::size_t i = begin; i < end; ++i) keep(parseProfile(std::move(texts[i])));
+    };
+    runner.add("parseProfile, text moved in", parseMoved, copyTexts);
 }
 
 }  // namespace
@@ -112,6 +110,6 @@ int main(int argc, char** argv) {
         printFigures(corpus);
         check(corpus);
         addContenders(runner, corpus);
-        runner.run(nameOf(corpus));
+        runner.run(nameOf(corpus), displays(corpus).size());
     }
 }

@@ -49,15 +49,6 @@ struct Scanned {
 
     /// Clears everything but keeps the memory, for the next display of at most this many characters.
     void prepare(std::size_t displaySize);
-
-    /// A text with more appended to it, in the memory for joined texts. The text joined last grows where it is.
-    View join(View text, View separator, View more) {
-        const bool isLast = text.data() + text.size() == joined.data() + joined.size();
-        const std::size_t begin = joined.size() - (isLast ? text.size() : 0);
-        if (!isLast) joined.append(text);
-        joined.append(separator).append(more);
-        return View(joined).substr(begin);
-    }
 };
 
 using ScannedViews = Scanned<std::u16string_view>;

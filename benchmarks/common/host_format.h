@@ -1,4 +1,5 @@
-// The tags by which the hand-written contenders recognise a line's family.
+// What the hand-written contenders know of the host's displays. They rely on what the host prints: tags and numbers in
+// their columns, each section once, an end in every display.
 #pragma once
 
 #include "common/units.h"
@@ -7,6 +8,40 @@
 #include <array>
 
 namespace vantro::bench {
+
+/// How much a hand-written contender does.
+enum class Depth : bool {
+    /// The floor: the numbers and texts of the elements, and nothing that costs time and does not matter here. No
+    /// header
+    /// values, no parts of elements; an end text is seen only at the beginning of a line.
+    Elements,
+    /// The exact one: everything that the library returns for such displays.
+    Everything,
+};
+
+/// Which lines of a section are elements, and how wrapped ones are joined.
+enum class Kind : std::uint8_t {
+    Whole,    ///< every line after the first tagged one
+    Colon,    ///< the same; a blank before a continuation line with a colon as third character
+    Policy,   ///< the lines of several families; joined like `Colon`
+    Global,   ///< at most eleven lines, not joined
+    Separate  ///< each family's lines once, not joined
+};
+
+inline constexpr auto fourBlanks = std::bit_cast<std::uint64_t>(std::array{u' ', u' ', u' ', u' '});
+inline constexpr auto fourHyphens = std::bit_cast<std::uint64_t>(std::array{u'-', u'-', u'-', u'-'});
+inline constexpr View endOfDisplay = u"END OF DISPLAY";
+
+/// The number of an element in columns 3 and 4.
+inline View numberOf(const char16_t* line) {
+    const std::size_t digits = line[2] == u' ' ? 1 : 2;
+    return {line + 4 - digits, digits};
+}
+
+/// The text of an element, from the eighth unit after the blanks before its number.
+inline View textOf(const char16_t* line, const char16_t* end) {
+    return leftTrimmed(line + (line[2] == u' ' ? 10 : 9), end);
+}
 
 inline constexpr std::uint8_t noFamily = familyCount;
 
