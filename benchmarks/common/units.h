@@ -150,4 +150,14 @@ std::basic_string_view<Char> joinedIn(std::basic_string<Char>& memory, std::basi
     return std::basic_string_view<Char>(memory).substr(begin);
 }
 
+/// A line of a screen, for contenders that cut every line.
+inline View screenLine(View screen, std::size_t number) {
+    return number * lineUnits < screen.size() ? screen.substr(number * lineUnits, lineUnits) : View();
+}
+
+/// A text without blanks at its end.
+inline void trimEnd(std::u16string& text) {
+    while (!text.empty() && text.back() == u' ') text.pop_back();
+}
+
 }  // namespace vantro::bench

@@ -1,6 +1,6 @@
 #include "whole_profile/pcre2_reader.h"
 
-#include "common/lines.h"
+#include "common/units.h"
 
 namespace vantro::bench {
 
