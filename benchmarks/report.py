@@ -24,15 +24,17 @@ TASKS = {
         """All elements of one display. `parseProfile` returns everything: 29 families with the parts of their elements,
 the header values and the notes, for any display.
 
-- *exact*: one pass, written for speed, with the same elements, parts, header values and notes. A line is trimmed with
-  vector compares, which also find a prompt or the end text in any column; its first characters say what it can be, and
-  it is not looked at again. It relies on what the host prints: numbers, tags and titles in their columns, each section
-  once, an end in every display, no wrapped line in a section that has none. It knows the host's rules that these
-  displays need: joined lines with and without a colon, one or two lines below a transferable element, six blanks after
-  a number for PPC, no confidential remarks below a rule, a company name broken inside a word.
+- *exact*: one pass, written for speed, with the same elements, parts, header values and notes. One look at a line, with
+  vector compares, finds the end of its text, its blanks and slashes, and a prompt or the end text in any column; its
+  first characters say what the line can be. It knows the host's rules: tags and codes inside free text, joined lines
+  with and without a colon, one or two lines below a transferable element, six blanks after a number for PPC, no
+  confidential remarks below a rule, a company name broken inside a word. It relies on what the host prints: numbers and
+  titles in their columns, each section once, an end in every display, no tag in a continuation line, no code in the
+  head.
 - *floor*: the same without header values and without the parts of elements. It sees the end only at the beginning of a
   line, tells titles apart by two places in them, and does not care which families a section may contain. It is
-  valid where nothing of this matters, as in these displays.
+  valid where nothing of this matters, as in these displays. Tags and codes
+  count only in their columns.
 - *views*: texts are slices of the display, or of joined texts in memory that is used again for the next display, like
   the lists of the result. *owned strings*: a new result for each display, every text in a string of its own, with one
   allocation at most. `parseProfile` lies between: a new result for each display, with views of a text that it owns.
@@ -45,7 +47,7 @@ families. The contenders return views; the count property fills lists of strings
 
 - *exact*: the title is searched in all lines, sixteen characters at a time, for a rule, a prompt and the end text in any
   column; then only the section is read. It relies on the same forms of lines as the exact scanner of whole profiles.
-- *floor*: the same, but the lines of the section are not searched for the end.
+- *floor*: the same, but the lines of the section are not searched for the end, nor their free text for tags.
 - `ProfileElements` answers in a new collection, which counts.""",
     ),
     "list_screen": (

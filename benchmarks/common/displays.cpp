@@ -304,6 +304,20 @@ const std::vector<Display>& displays(Corpus corpus) {
     return ofKind[static_cast<std::size_t>(corpus)];
 }
 
+Display withOddText(Display display) {
+    constexpr std::pair<std::u16string_view, std::u16string_view> words[] = {
+        {u" WINDOW", u" A ST B"},   {u" FLEXIBLE", u" IF PPH/ "}, {u" CORPORATE", u" SEE PPC/X"},
+        {u" HARBOUR", u" OS FFN "}, {u" LOUNGE", u" PAS/ X"},     {u" TICKETING", u" AP  RM RC"}};
+    for (const auto& [word, odd] : words) {
+        for (std::size_t at = 12 * lineWidth; (at = display.utf16.find(word, at)) != std::u16string::npos; ++at) {
+            const char16_t* const line = display.utf16.data() + at / lineWidth * lineWidth;
+            const bool continues = line[3] == u' ' && line[10] != u' ';  // a tagged line; no tag belongs there
+            if (!continues) display.utf16.replace(at, word.size(), odd);
+        }
+    }
+    return display;
+}
+
 void printFigures(Corpus corpus) {
     std::size_t characters = 0;
     std::size_t lines = 0;

@@ -34,6 +34,10 @@ const std::vector<Display>& displays(Corpus corpus);
 /// A display of the mixed kind with this many lines, for measuring growth.
 Display displayOfLines(std::size_t lines, unsigned seed);
 
+/// The same display with tags and codes in the free text below its head, as an agent may type them: the exact
+/// contenders must read it as the library does.
+Display withOddText(Display display);
+
 /// Prints what a corpus contains: lines, characters, and the elements that the library finds. Ends the program when the
 /// archive is not as described: 1,000 displays of 24 to 400 lines, 205 on average, with 158 elements each and 16.4
 /// million characters in all.

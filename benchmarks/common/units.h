@@ -34,9 +34,29 @@ struct Marks {
     bool any() const { return prompt || rule || mayEnd; }
 };
 
+/// One bit for each unit of a line.
+struct LineBits {
+    std::uint64_t low;   ///< units 0 to 63
+    std::uint64_t high;  ///< units 64 to 79
+
+    /// The bits of the units so many places further on.
+    LineBits ahead(unsigned places) const { return {low >> places | high << (64 - places), high >> places}; }
+
+    /// Calls `take` with the index of each set bit.
+    template <class Take>
+    void forEach(Take take) const {
+        for (std::uint64_t left = low; left != 0; left &= left - 1) take(static_cast<unsigned>(std::countr_zero(left)));
+        for (std::uint64_t left = high; left != 0; left &= left - 1) {
+            take(64 + static_cast<unsigned>(std::countr_zero(left)));
+        }
+    }
+};
+
 /// What one look at all 80 units of a line shows.
 struct LineLook {
-    std::size_t end;     ///< the number of units up to the last one that is not a blank
+    std::size_t end;  ///< the number of units up to the last one that is not a blank
+    LineBits blanks;
+    LineBits slashes;
     bool mayEndDisplay;  ///< the line contains a prompt, or pairs of units as in "END OF DISPLAY"
 };
 
@@ -72,15 +92,22 @@ inline std::size_t textEnd(const char16_t* line) {
 
 inline LineLook lookAt(const char16_t* line) {
     const __m128i blank = _mm_set1_epi8(' ');
+    const __m128i slash = _mm_set1_epi8('/');
     const __m128i prompt = _mm_set1_epi8('>');
     std::uint64_t blanks[5];
+    std::uint64_t slashes[5];
     __m128i ends = _mm_setzero_si128();
     for (std::size_t i = 0; i < 5; ++i) {
         const __m128i bytes = sixteenBytes(line + 16 * i);
         blanks[i] = bitsOf(_mm_cmpeq_epi8(bytes, blank));
+        slashes[i] = bitsOf(_mm_cmpeq_epi8(bytes, slash));
         ends = _mm_or_si128(ends, _mm_or_si128(_mm_cmpeq_epi8(bytes, prompt), endPairs(bytes)));
     }
-    return {endOf(blanks[0] | blanks[1] << 16 | blanks[2] << 32 | blanks[3] << 48, blanks[4]), bitsOf(ends) != 0};
+    const auto joined = [](const std::uint64_t(&bits)[5]) {
+        return LineBits{bits[0] | bits[1] << 16 | bits[2] << 32 | bits[3] << 48, bits[4]};
+    };
+    const LineBits blankBits = joined(blanks);
+    return {endOf(blankBits.low, blankBits.high), blankBits, joined(slashes), bitsOf(ends) != 0};
 }
 
 inline Marks marksOf(const char16_t* line) {
@@ -114,8 +141,16 @@ inline std::size_t textEnd(const char16_t* line) {
 }
 
 inline LineLook lookAt(const char16_t* line) {
-    const View text(line, textEnd(line));
-    return {text.size(), text.find(u'>') != View::npos || text.find(u"SPL") != View::npos};
+    const View text(line, lineUnits);
+    const auto bitsOf = [&](char16_t unit) {
+        LineBits bits{};
+        for (std::size_t i = 0; i < lineUnits; ++i) {
+            (i < 64 ? bits.low : bits.high) |= std::uint64_t{text[i] == unit} << i % 64;
+        }
+        return bits;
+    };
+    return {textEnd(line), bitsOf(u' '), bitsOf(u'/'),
+            text.find(u'>') != View::npos || text.find(u"SPL") != View::npos};
 }
 
 inline Marks marksOf(const char16_t* line) {

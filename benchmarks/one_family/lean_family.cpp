@@ -1,5 +1,7 @@
 #include "one_family/lean_family.h"
 
+#include <algorithm>
+
 namespace vantro::bench {
 
 namespace {
@@ -38,32 +40,45 @@ private:
 
     /// Returns the next line to read; the end when no further one can be the family's.
     const char16_t* readLine(const char16_t* line) {
-        if (exact && endsSection(line)) return end_;
-        const char16_t* const next = line + lineUnits;
-        if (fourUnits(line + 5) != fourBlanks) {
-            const bool isOwn = fourUnits(line + 5) == tag_;
-            if (collecting_ && rules_.kind >= Kind::Global) return end_;
-            if (rules_.kind >= Kind::Policy)
-                collecting_ = isOwn;
-            else
-                collecting_ = collecting_ || isOwn;
-        } else if (line[3] == u' ') {
-            return next;
-        } else if (rules_.family == Family::PPC && line[2] == u' ') {
-            collecting_ = false;  // six blanks after a one-digit number are one too few for PPC only
+        if constexpr (exact) {
+            const LineLook seen = lookAt(line);
+            if (seen.mayEndDisplay && endsSection(line)) return end_;
+            return readTagged(line, containsTag(line, seen.slashes), seen.end);
         }
-        return collecting_ ? store(line, next) : next;
+        return readTagged(line, fourUnits(line + 5) == tag_, 0);
+    }
+
+    /// The exact scanner finds the tag anywhere: free text may contain one.
+    bool containsTag(const char16_t* line, LineBits slashes) const {
+        bool found = false;
+        slashes.forEach([&](unsigned slash) { found = found || (slash >= 3 && fourUnits(line + slash - 3) == tag_); });
+        return found;
+    }
+
+    const char16_t* readTagged(const char16_t* line, bool isOwn, std::size_t end) {
+        const char16_t* const next = line + lineUnits;
+        if (line[3] == u' ') return next;  // the continuation of another family's element
+        const bool follows = fourUnits(line + 5) == fourBlanks;
+        // Six blanks after a one-digit number are one too few for PPC only.
+        const bool goesOn = follows && (rules_.family != Family::PPC || line[2] != u' ');
+        if (rules_.kind >= Kind::Global && collecting_ && !follows) return end_;
+        collecting_ = collecting_ || isOwn;
+        if (rules_.kind >= Kind::Policy && !isOwn && !goesOn) collecting_ = false;
+        if (!collecting_) return next;
+        if (end == 0) end = textEnd(line);
+        const bool afterSlash = exact && rules_.kind == Kind::Separate && isOwn;
+        const char16_t* const slash = afterSlash ? std::find(line, line + end, u'/') + 1 : nullptr;
+        return store(line, next, afterSlash ? leftTrimmed(slash, line + end) : textOf(line, line + end));
     }
 
     static bool endsSection(const char16_t* line) {
-        if (!lookAt(line).mayEndDisplay) return false;
         return contains(line, endOfDisplay) || leftTrimmed(line, line + lineUnits)[0] == u'>';
     }
 
-    const char16_t* store(const char16_t* line, const char16_t* next) {
-        View text = textOf(line, line + textEnd(line));
+    const char16_t* store(const char16_t* line, const char16_t* next, View text) {
         if (rules_.kind <= Kind::Policy) {
-            for (; next != end_ && nineBlanks(next) && !(exact && endsSection(next)); next += lineUnits) {
+            for (; next != end_ && nineBlanks(next) && !(exact && lookAt(next).mayEndDisplay && endsSection(next));
+                 next += lineUnits) {
                 const View more = leftTrimmed(next + 9, next + textEnd(next));
                 const bool colon = rules_.kind != Kind::Whole && more.size() > 2 && more[2] == u':';
                 text = joinedIn(result_.joined, text, View(u" ", colon ? 1 : 0), more);

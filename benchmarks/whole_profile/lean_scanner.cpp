@@ -1,6 +1,7 @@
 #include "whole_profile/lean_scanner.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace vantro::bench {
 
@@ -44,13 +45,16 @@ private:
 
     // The end
 
-    /// The end of a line's text. Notices the end of the display: after a prompt inside a line no further section
-    /// counts.
+    /// Looks at a line. Notices the end of the display: after a prompt inside a line no further section counts.
+    LineLook look(const char16_t* line) {
+        const LineLook seen = lookAt(line);
+        if (seen.mayEndDisplay) noticeEnd(View(line, seen.end));
+        return seen;
+    }
+
     const char16_t* textEndOf(const char16_t* line) {
-        if constexpr (!exact) return line + textEnd(line);
-        const LineLook look = lookAt(line);
-        if (look.mayEndDisplay) noticeEnd(View(line, look.end));
-        return line + look.end;
+        if constexpr (exact) return line + look(line).end;
+        return line + textEnd(line);
     }
 
     void noticeEnd(View line) {
@@ -177,40 +181,98 @@ private:
 
     /// Numbered lines, their continuation lines, and unnumbered ones that belong to no element.
     const char16_t* readPrefixed(const char16_t* line, const SectionTitle& section) {
+        if constexpr (exact) return readPrefixedExactly(line, section);
         std::uint8_t family = noFamily;
-        FamilyBits left = section.families;  // those that may still begin
         while (line != end_ && line[0] == u' ') {
-            const char16_t* const end = textEndOf(line);
-            if (exact && isOver_) return line;
             const char16_t* const first = line;
             line += lineUnits;
             if (fourUnits(first + 5) != fourBlanks) {
-                family = beginning(tagTable.familyAt(first + 5), family, section.kind, left);
-            } else if (first[3] == u' ') {
-                continue;
+                family = tagTable.familyAt(first + 5);
             } else if (family == indexOf(PPC) && first[2] == u' ') {
                 family = noFamily;  // six blanks after a one-digit number are one too few for PPC only
             }
-            if (family == noFamily) continue;
-            View text = textOf(first, end);
-            if (section.kind <= Kind::Policy) line = join(text, line, section.kind);
+            if (family == noFamily || first[3] == u' ') continue;
+            View text = textOf(first, first + textEnd(first));
+            FamilyBits tags = 0;
+            if (section.kind <= Kind::Policy) line = join(text, line, section.kind, tags);
             push(family, numberOf(first), text);
-            if (exact && section.kind == Kind::Global && result_.families[family].size() == 11) family = noFamily;
         }
         return line;
     }
 
-    /// The family that collects from a tagged line on.
-    static std::uint8_t beginning(std::uint8_t tagged, std::uint8_t family, Kind kind, FamilyBits& left) {
-        if constexpr (!exact) return tagged;
-        if (tagged == noFamily || (left & bit(tagged)) == 0) return kind <= Kind::Colon ? family : noFamily;
-        if (kind >= Kind::Global) left &= ~bit(tagged);
-        return tagged;
+    /// The same with the families whose tag is anywhere in a line: free text may contain one.
+    const char16_t* readPrefixedExactly(const char16_t* line, const SectionTitle& section) {
+        FamilyBits active = 0;
+        FamilyBits left = section.families;  // those that may still begin
+        int lines = 0;                       // of the global search
+        while (line != end_ && line[0] == u' ') {
+            const LineLook seen = look(line);
+            if (isOver_) return line;
+            const char16_t* const first = line;
+            line += lineUnits;
+            if (first[3] == u' ') continue;
+            FamilyBits tags = tagsIn(first, seen.slashes);
+            const FamilyBits candidates = active | (tags & left);
+            if (candidates == 0 && section.kind != Kind::Separate) continue;
+            View text = textOf(first, first + seen.end);
+            if (section.kind <= Kind::Policy) line = join(text, line, section.kind, tags);
+            const bool follows = fourUnits(first + 5) == fourBlanks;
+            active = collecting(active, candidates, tags, section.kind, left, follows, first[2] == u' ');
+            for (FamilyBits each = active; each != 0; each &= each - 1) {
+                const auto family = static_cast<std::uint8_t>(std::countr_zero(each));
+                const bool afterSlash = section.kind == Kind::Separate && (tags & bit(family)) != 0;
+                const View own = afterSlash ? textAfterSlash(first, seen) : text;
+                push(family, numberOf(first), own);
+            }
+            if (section.kind == Kind::Global && active != 0 && ++lines == 11) active = 0;
+        }
+        return line;
     }
 
-    const char16_t* join(View& text, const char16_t* line, Kind kind) {
+    static View textAfterSlash(const char16_t* line, const LineLook& seen) {
+        const int slash =
+            seen.slashes.low != 0 ? std::countr_zero(seen.slashes.low) : 64 + std::countr_zero(seen.slashes.high);
+        return leftTrimmed(line + slash + 1, line + seen.end);
+    }
+
+    static FamilyBits tagsIn(const char16_t* line, LineBits slashes) {
+        FamilyBits tags = 0;
+        slashes.forEach([&](unsigned slash) {
+            if (slash >= 3) tags |= bit(tagTable.familyAt(line + slash - 3));
+        });
+        return tags & ~bit(noFamily);
+    }
+
+    /// The families that collect a line: of those that collected the one above or begin here.
+    static FamilyBits collecting(FamilyBits before, FamilyBits candidates, FamilyBits tags, Kind kind, FamilyBits& left,
+                                 bool follows, bool oneDigit) {
+        FamilyBits own = tags;  // six blanks after a one-digit number are one too few for PPC only
+        if (follows) own |= oneDigit ? ~bit(PPC) : ~FamilyBits{0};
+        switch (kind) {
+            case Kind::Whole:
+            case Kind::Colon: return candidates;
+            case Kind::Policy: return candidates & own;
+            case Kind::Global:
+                if (before == 0) return tags & std::exchange(left, 0);
+                return follows ? before : 0;
+            case Kind::Separate:
+                if (!follows) left &= ~std::exchange(before, 0);
+                return before | (tags & left);
+        }
+        return 0;
+    }
+
+    const char16_t* join(View& text, const char16_t* line, Kind kind, FamilyBits& tags) {
         for (; line != end_ && nineBlanks(line); line += lineUnits) {
-            const View more = leftTrimmed(line + 9, textEndOf(line));
+            const char16_t* end = line;
+            if constexpr (exact) {
+                const LineLook seen = look(line);
+                tags |= tagsIn(line, seen.slashes);
+                end += seen.end;
+            } else {
+                end += textEnd(line);
+            }
+            const View more = leftTrimmed(line + 9, end);
             const bool colon = kind != Kind::Whole && more.size() > 2 && more[2] == u':';
             text = joinedIn(result_.joined, text, View(u" ", colon ? 1 : 0), more);
         }
@@ -218,34 +280,101 @@ private:
     }
 
     const char16_t* readTransferable(const char16_t* line) {
+        if constexpr (exact) return readTransferableExactly(line);
         while (line != end_) {
-            const char16_t* const end = textEndOf(line);
-            if ((exact && isOver_) || (line[0] != u'S' && line[0] != u'A' && line[0] != u' ')) return line;
+            if (line[0] != u'S' && line[0] != u'A' && line[0] != u' ') return line;
             const char16_t* const first = line;
             line += lineUnits;
             const std::uint8_t family = tagTable.familyAt(first + 12);
             if (family == noFamily || (family == indexOf(RemarkConf) && ruled_)) continue;
-            View text(first + 13, end);
+            View text(first + 13, first + textEnd(first));
             for (int joins = family == indexOf(Remark) ? 2 : 1; joins > 0 && line != end_ && seventeenBlanks(line);
                  --joins, line += lineUnits) {
-                text = joinedIn<char16_t>(result_.joined, text, {}, leftTrimmed(line + 17, textEndOf(line)));
+                text = joinedIn<char16_t>(result_.joined, text, {}, leftTrimmed(line + 17, line + textEnd(line)));
             }
             storeTransferable(family, first, text);
         }
         return line;
     }
 
+    /// The same with the codes anywhere in a line: free text may contain one. A continuation line is a line too.
+    const char16_t* readTransferableExactly(const char16_t* line) {
+        for (; line != end_; line += lineUnits) {
+            const LineLook seen = look(line);
+            if (isOver_ || (fourUnits(line) == fourHyphens && line[4] == u'-' && line[5] == u'-')) return line;
+            const char16_t* const next = line + lineUnits;
+            if (seen.end <= 13) continue;
+            View text(line + 13, seen.end - 13);
+            FamilyBits codes = codesIn(line, seen);
+            if (next != end_ && seventeenBlanks(next)) {
+                text = joinedIn<char16_t>(result_.joined, text, {}, leftTrimmed(next + 17, next + textEnd(next)));
+                codes |= codesInText(text);
+                storeAll(codes & ~bit(Remark), line, text);
+                const char16_t* const third = next + lineUnits;
+                if (third < end_ && seventeenBlanks(third)) {
+                    const View more = leftTrimmed(third + 17, third + textEnd(third));
+                    text = joinedIn<char16_t>(result_.joined, text, {}, more);
+                    codes |= codesInText(text);
+                }
+                codes &= bit(Remark);
+            }
+            storeAll(codes, line, text);
+        }
+        return line;
+    }
+
+    void storeAll(FamilyBits codes, const char16_t* line, View text) {
+        if (ruled_) codes &= ~bit(RemarkConf);
+        for (; codes != 0; codes &= codes - 1) {
+            storeTransferable(static_cast<std::uint8_t>(std::countr_zero(codes)), line, text);
+        }
+    }
+
+    /// Two letters between blanks, or three, from the blank in column 13 on; a contact's only there.
+    static FamilyBits codesIn(const char16_t* line, const LineLook& seen) {
+        const LineBits one = seen.blanks.ahead(1);
+        const LineBits three = seen.blanks.ahead(3);
+        const LineBits four = seen.blanks.ahead(4);
+        const std::uint64_t low = ~std::uint64_t{0} << 12;
+        const LineBits candidates{seen.blanks.low & ~one.low & (three.low | four.low) & low,
+                                  seen.blanks.high & ~one.high & (three.high | four.high)};
+        FamilyBits codes = 0;
+        candidates.forEach([&](unsigned at) {
+            if (at + 3 < seen.end) codes |= codeAt(line + at, at, seen.end);
+        });
+        return codes;
+    }
+
+    static FamilyBits codeAt(const char16_t* blank, std::size_t index, std::size_t end) {
+        const std::uint8_t family = tagTable.familyAt(blank);
+        if (family == noFamily) return 0;
+        if (family == indexOf(FrequentFlyer)) return index + 4 < end && blank[4] == u' ' ? bit(FrequentFlyer) : 0;
+        if (family != indexOf(Contact)) return bit(family);
+        return index == 12 && blank[-1] == u' ' && blank[4] == u' ' ? bit(Contact) : 0;
+    }
+
+    /// The same in a joined text, which begins after the blank in column 13.
+    static FamilyBits codesInText(View text) {
+        FamilyBits codes = 0;
+        for (std::size_t i = 0; i + 3 < text.size(); ++i) {
+            if (text[i] == u' ' && text[i + 3] == u' ') codes |= codeAt(text.data() + i, i + 13, text.size() + 13);
+            if (text[i] == u' ' && text[i + 1] == u'F') codes |= codeAt(text.data() + i, i + 13, text.size() + 13);
+        }
+        return codes;
+    }
+
     void storeTransferable(std::uint8_t family, const char16_t* line, View text) {
+        const View detail = trimmedFrom(text, 4);
+        text = trimmedFrom(text, 0);
         if (family == indexOf(FrequentFlyer)) {
             text = text.substr(0, text.find(u"    "));
             if constexpr (exact) result_.flyers.push_back({String(part(text, 4, 2)), String(trimmedFrom(text, 7))});
         } else if (exact && family == indexOf(ServiceRequest)) {
             splitRequest(text);
         } else if (exact && family == indexOf(RemarkConf)) {
-            result_.remarkDetails.emplace_back(trimmedFrom(text, 4));
+            result_.remarkDetails.emplace_back(detail);
         }
-        const std::size_t blanks = line[6] == u' ' ? 2 : line[5] == u' ' ? 1 : 0;
-        push(family, {line + 5 + blanks, 3 - blanks}, text);
+        push(family, leftTrimmed(line + 5, line + 8), text);
     }
 
     static View part(View text, std::size_t index, std::size_t count) {

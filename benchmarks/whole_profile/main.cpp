@@ -57,6 +57,11 @@ void check(Corpus corpus) {
         requireEqual(exactTexts, i, difference(ours, elementSetOf(scanTexts<Depth::Everything>(display))));
         requireEqual("PCRE2", i, difference(ours, elementSetOf(pcre2.read(display.utf16))));
         requireEqual("RE2", i, difference(ours, elementSetOf(re2.read(display.utf8))));
+
+        const Display odd = withOddText(display);
+        requireEqual(
+            "exact, odd text", i,
+            difference(elementSetOf(parseProfile(odd.utf16)), elementSetOf(scanViews<Depth::Everything>(odd))));
     }
 }
 
