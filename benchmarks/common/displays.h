@@ -1,4 +1,5 @@
-// Synthetic profile displays, the same in every run and on every machine.
+// Synthetic profile displays, the same in every run. Compilers differ in a few words, because they evaluate operands in
+// different orders.
 #pragma once
 
 #include <cstddef>

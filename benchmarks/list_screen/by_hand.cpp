@@ -19,7 +19,9 @@ bool isDigit(char16_t c) { return c >= u'0' && c <= u'9'; }
 /// A screen of whole lines and the piece after them.
 struct Lines {
     explicit Lines(View screen)
-        : begin(screen.data()), end(begin + screen.size() / lineUnits * lineUnits), rest(screen.substr(end - begin)) {}
+        : begin(screen.data()),
+          end(begin + screen.size() / lineUnits * lineUnits),
+          rest(screen.substr(static_cast<std::size_t>(end - begin))) {}
 
     /// False for an empty line and one with a prompt: a list ends there.
     static bool isUsable(const char16_t* line, LineLook look) {
