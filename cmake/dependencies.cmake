@@ -1,4 +1,4 @@
-# The dependencies of the tool, the tests and the benchmarks; the library itself has none. A package of the system is
+# The dependencies of the tool and the tests; the library itself has none. A package of the system is
 # used if there is one; otherwise it is downloaded. A folder that needs a package calls FetchContent_MakeAvailable.
 include(FetchContent)
 list(APPEND CMAKE_MODULE_PATH ${CMAKE_CURRENT_LIST_DIR}/modules)
@@ -28,14 +28,7 @@ FetchContent_Declare(googletest
     URL_HASH SHA256=81964fe578e9bd7c94dfdb09c8e4d6e6759e19967e397dbea48d1c10e45d0df2
     SYSTEM
     FIND_PACKAGE_ARGS NAMES GTest)
-FetchContent_Declare(benchmark
-    URL https://github.com/google/benchmark/archive/refs/tags/v1.7.1.tar.gz
-    URL_HASH SHA256=6430e4092653380d9dc4ccb45a1e2dc9259d581f4866dc0759713126056bc1d7
-    SYSTEM
-    FIND_PACKAGE_ARGS)
 set(INSTALL_GTEST OFF)
-set(BENCHMARK_ENABLE_TESTING OFF)
-set(BENCHMARK_ENABLE_INSTALL OFF)
 
 # vantro_headers_of(<package> <target>): a header-only library as a target, found or downloaded.
 function(vantro_headers_of package target)

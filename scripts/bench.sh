@@ -1,14 +1,30 @@
 #!/usr/bin/env bash
-# Builds and runs all benchmarks and writes docs/benchmarks.md and its pictures. Takes a few minutes; run nothing else
-# on the machine meanwhile.
+# Builds and runs all benchmarks and writes docs/benchmarks.md and its pictures. Takes about ten minutes and needs 2 GB of
+# disk and of memory; run nothing else on the machine meanwhile.
+#
+# --commit REVISION measures the library and the tool of another commit with today's contenders, and writes the page
+# into build/against/docs. The contenders use only the public headers, so that an older library can be measured too.
 set -euo pipefail
 
 # shellcheck source=scripts/lib.sh
 source "$(dirname "${BASH_SOURCE[0]}")/lib.sh"
 cd "$root"
 
-install_missing "${tool_packages[@]}" pkg-config python3 \
-    libbenchmark-dev libpcre2-dev libre2-dev libsimdjson-dev
+if [[ ${1:-} == --commit && $# == 2 ]]; then
+    against=$root/build/against
+    rm -rf "$against"
+    git worktree prune
+    git worktree add --force --detach "$against" "$2"
+    rm -rf "$against/benchmarks"
+    cp -r benchmarks "$against"
+    cp scripts/bench.sh "$against/scripts"
+    exec "$against/scripts/bench.sh"
+elif [[ $# != 0 ]]; then
+    echo "Usage: scripts/bench.sh [--commit REVISION]" >&2
+    exit 2
+fi
+
+install_missing "${tool_packages[@]}" pkg-config python3 libpcre2-dev libre2-dev libsimdjson-dev
 step "configure the benchmarks" cmake --preset bench
 step "build the benchmarks" cmake --build --preset bench
 
@@ -18,18 +34,11 @@ record=$build/record.tsv
 mkdir -p "$inputs"
 rm -f "$record"
 
-run_task() {
-    step "benchmark $1" "$build/bin/bench_$1" --record="$record" --benchmark_color=false \
-        --benchmark_repetitions=7 --benchmark_min_time="$2" --benchmark_enable_random_interleaving=true \
-        --benchmark_report_aggregates_only=true
-}
-
-run_task whole_profile 0.4
-run_task one_family 0.4
-run_task list_screen 0.2
-run_task growth 0.1
+for task in whole_profile one_family list_screen growth; do
+    step "benchmark $task" "$build/bin/bench_$task" --record="$record"
+done
 step "write the inputs of the programs" "$build/bin/bench_write_inputs" "$inputs"
 step "benchmark batch" python3 benchmarks/batch/run.py "$build/bin" "$inputs" "$record"
 
 python3 benchmarks/report.py "$record" "$build" docs
-echo "Written: docs/benchmarks.md, docs/benchmarks.svg, docs/growth.svg"
+echo "Written: $root/docs/benchmarks.md, benchmarks.svg and growth.svg beside it"

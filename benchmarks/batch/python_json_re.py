@@ -75,7 +75,10 @@ def main():
         for line in requests:
             request = json.loads(line)
             family = request["params"]["strKeyPrefix"]
-            texts, numbers = elements(request["display"], family)
+            display = request["display"]
+            if isinstance(display, list):
+                display = "".join([line.ljust(80) for line in display[:-1]] + display[-1:])
+            texts, numbers = elements(display, family)
             params = {"strKeyPrefix": family, "strKeyElement()": texts, "strKeyElementNr()": numbers}
             answer = {"id": request["id"], "result": None, "params": params}
             out.write(json.dumps(answer, ensure_ascii=False, separators=(",", ":")))

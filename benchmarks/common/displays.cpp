@@ -1,8 +1,13 @@
 #include "common/displays.h"
 
+#include "vantro/profile.h"
+
 #include <algorithm>
 #include <array>
+#include <cmath>
 #include <cstdint>
+#include <cstdio>
+#include <cstdlib>
 #include <random>
 #include <span>
 #include <string_view>
@@ -17,6 +22,17 @@ using std::string_view;
 constexpr std::size_t displayCount = 1000;
 constexpr std::size_t shortest = 24;
 constexpr std::size_t longest = 400;
+
+/// How displays of a corpus look.
+struct Style {
+    std::size_t wrapsOneIn;      ///< of so many elements one is wrapped
+    std::size_t wrapsAtMost;     ///< continuation lines
+    std::size_t hostLineOneIn;   ///< of so many displays one has a line of the host above it
+    std::size_t notesShare;      ///< the notes' share of the lines
+    std::size_t fewestSections;  ///< of a short display
+};
+constexpr Style mixed{9, 2, 10, 2, 4};
+constexpr Style archive{24, 1, 50, 5, 8};
 
 constexpr string_view words[] = {
     "AISLE",   "BREAKFAST", "CORPORATE", "DEPARTURE", "EARLY",   "FLEXIBLE", "GUARANTEE", "HARBOUR", "INVOICE",
@@ -74,13 +90,13 @@ constexpr Section sections[] = {
     {"PNR TRANSFERABLE DATA", Kind::Transferable, transferable, 8},
     {"DOCUMENTS", Kind::Documents, documents, 3},
     {"FOLLOW UP", Kind::Documents, followUp, 2},
-    {"PROFILE NOTES", Kind::Notes, {}, 2},
+    {"PROFILE NOTES", Kind::Notes, {}, 0},  // the style says its share
 };
 
 /// Writes one display line by line.
 class Printer {
 public:
-    Printer(std::size_t lines, unsigned seed) : random_(seed), lines_(lines) {}
+    Printer(const Style& style, std::size_t lines, unsigned seed) : style_(style), random_(seed), lines_(lines) {}
 
     string print() {
         const bool transferableFirst = random_.oneIn(2);
@@ -122,7 +138,7 @@ private:
 
     void printHead(bool shortOfficeRule) {
         line("PDR/" + locator());
-        if (random_.oneIn(10)) line("PF24 REQST UMSG");
+        if (random_.oneIn(style_.hostLineOneIn)) line("PF24 REQST UMSG");
         const bool company = random_.oneIn(4);
         string mark = company ? "*C* " + phrase(3) : string("*T* TRAVELLER PROFILE");
         mark.resize(74, ' ');
@@ -166,7 +182,8 @@ private:
     /// Short displays have fewer sections.
     std::vector<Section> chosenSections() {
         std::vector<Section> chosen(std::begin(sections), std::end(sections));
-        const std::size_t wanted = std::clamp<std::size_t>(lines_ / 8, 4, chosen.size());
+        chosen.back().share = style_.notesShare;
+        const std::size_t wanted = std::clamp(lines_ / 8, style_.fewestSections, chosen.size());
         while (chosen.size() > wanted)
             chosen.erase(chosen.begin() + static_cast<long>(random_.below(chosen.size() - 1)));
         return chosen;
@@ -198,8 +215,8 @@ private:
     }
 
     void printContinuations(std::size_t end) {
-        if (!random_.oneIn(9)) return;
-        for (std::size_t i = random_.between(1, 2); i > 0 && printed() < end; --i) {
+        if (!random_.oneIn(style_.wrapsOneIn)) return;
+        for (std::size_t i = random_.between(1, style_.wrapsAtMost); i > 0 && printed() < end; --i) {
             line(string(10, ' ') + (random_.oneIn(3) ? "AT:" : "") + phrase(random_.between(1, 4)));
         }
     }
@@ -223,8 +240,8 @@ private:
         while (printed() < end) {
             const string_view code = section.families[random_.below(section.families.size())];
             line(string(random_.oneIn(2) ? "S" : "A") + number(7) + string(5, ' ') + string(code) + " " + detail(code));
-            if (!random_.oneIn(9)) continue;
-            for (std::size_t i = random_.between(1, 2); i > 0 && printed() < end; --i) {
+            if (!random_.oneIn(style_.wrapsOneIn)) continue;
+            for (std::size_t i = random_.between(1, style_.wrapsAtMost); i > 0 && printed() < end; --i) {
                 line(string(18, ' ') + phrase(random_.between(1, 4)));
             }
         }
@@ -245,40 +262,86 @@ private:
         while (printed() < end) line(string(1, "ABM"[random_.below(3)]) + " " + phrase(random_.between(2, 8)));
     }
 
+    Style style_;
     Dice random_;
     std::size_t lines_;
     std::size_t number_ = 0;
     string text_;
 };
 
-}  // namespace
-
-Display displayOfLines(std::size_t lines, unsigned seed) {
+Display printed(const Style& style, std::size_t lines, unsigned seed) {
     Display display;
-    display.utf8 = Printer(lines, seed).print();
+    display.utf8 = Printer(style, lines, seed).print();
     display.utf16.assign(display.utf8.begin(), display.utf8.end());
     return display;
 }
 
-const std::vector<Display>& displays() {
-    static const std::vector<Display> all = [] {
-        std::vector<Display> made;
-        made.reserve(displayCount);
-        Dice dice(20260114);
-        for (unsigned i = 0; i < displayCount; ++i) made.push_back(displayOfLines(dice.between(shortest, longest), i));
-        return made;
-    }();
-    return all;
+template <class Length>
+std::vector<Display> printedAll(const Style& style, Length length) {
+    std::vector<Display> made;
+    made.reserve(displayCount);
+    for (unsigned i = 0; i < displayCount; ++i) made.push_back(printed(style, length(i), i));
+    return made;
 }
 
-Totals totals() {
-    Totals sum;
-    for (const Display& display : displays()) {
-        ++sum.displays;
-        sum.characters += display.utf16.size();
-        sum.lines += (display.utf16.size() + lineWidth - 1) / lineWidth;
+/// All lengths from 24 to 400, mixed up, and somewhat more short ones than long ones.
+std::size_t archiveLength(unsigned number) {
+    constexpr std::size_t last = displayCount - 1;
+    const std::size_t rank = number * std::size_t{617} % displayCount;
+    return shortest + (longest - shortest) * rank / last - 40 * rank * (last - rank) / (last * last);
+}
+
+}  // namespace
+
+std::string_view nameOf(Corpus corpus) { return corpus == Corpus::Mixed ? "mixed" : "archive"; }
+
+Display displayOfLines(std::size_t lines, unsigned seed) { return printed(mixed, lines, seed); }
+
+const std::vector<Display>& displays(Corpus corpus) {
+    static const std::vector<Display> ofKind[] = {
+        printedAll(mixed, [dice = Dice(20260114)](unsigned) mutable { return dice.between(shortest, longest); }),
+        printedAll(archive, archiveLength)};
+    return ofKind[static_cast<std::size_t>(corpus)];
+}
+
+Display withOddText(Display display) {
+    constexpr std::pair<std::u16string_view, std::u16string_view> replacements[] = {
+        {u" WINDOW", u" A ST B"},   {u" FLEXIBLE", u" IF PPH/ "}, {u" CORPORATE", u" SEE PPC/X"},
+        {u" HARBOUR", u" OS FFN "}, {u" LOUNGE", u" PAS/ X"},     {u" TICKETING", u" AP  RM RC"}};
+    for (const auto& [word, odd] : replacements) {
+        for (std::size_t at = 12 * lineWidth; (at = display.utf16.find(word, at)) != std::u16string::npos; ++at) {
+            const char16_t* const line = display.utf16.data() + at / lineWidth * lineWidth;
+            const bool continues = line[3] == u' ' && line[10] != u' ';  // a tagged line; no tag belongs there
+            if (!continues) display.utf16.replace(at, word.size(), odd);
+        }
     }
-    return sum;
+    return display;
+}
+
+void printFigures(Corpus corpus) {
+    std::size_t characters = 0;
+    std::size_t lines = 0;
+    std::size_t fewest = longest;
+    std::size_t most = shortest;
+    std::size_t elements = 0;
+    for (const Display& display : displays(corpus)) {
+        const std::size_t count = (display.utf16.size() + lineWidth - 1) / lineWidth;
+        characters += display.utf16.size();
+        lines += count;
+        fewest = std::min(fewest, count);
+        most = std::max(most, count);
+        for (const auto& family : parseProfile(display.utf16).families) elements += family.size();
+    }
+    const double average = static_cast<double>(lines) / displayCount;
+    const double found = static_cast<double>(elements) / displayCount;
+    std::printf("%s: %zu displays of %zu to %zu lines, %.1f lines and %.1f elements each, %.1f million characters\n",
+                nameOf(corpus).data(), displays(corpus).size(), fewest, most, average, found,
+                static_cast<double>(characters) / 1e6);
+    const bool asDescribed = fewest == shortest && most == longest && std::abs(average - 205) < 1 &&
+                             std::abs(found - 158) < 1 && std::abs(static_cast<double>(characters) / 1e6 - 16.4) < 0.05;
+    if (corpus == Corpus::Mixed || asDescribed) return;
+    std::fprintf(stderr, "the archive is not as described\n");
+    std::exit(1);
 }
 
 }  // namespace vantro::bench

@@ -1,11 +1,12 @@
-// Writes the displays and their elements for the contenders that are separate programs:
-//   displays.txt     one display per line
-//   screens.txt      all displays, one screen line per line
-//   elements.txt     what parseProfile finds in each, one display per line, parts separated by U+001F and U+001E
-//   requests.jsonl   one request per line for `vantro-profile batch`: a display and a family
+// Writes the inputs of the contenders that are separate programs:
+//   displays.txt          the mixed displays, one per line
+//   elements.txt          what parseProfile finds in each, one display per line, parts separated by U+001F and U+001E
+//   archive.txt           the displays of the archive, one screen line per line, without the blanks at its end
+//   requests_text.jsonl   requests for `vantro-profile batch`, each a display as one string and a family
+//   requests_lines.jsonl  the same requests with the displays as arrays of lines, without the blanks at their ends
 #include "common/displays.h"
 #include "common/element_set.h"
-#include "one_family/scanner.h"
+#include "one_family/lean_family.h"
 
 #include <cstdio>
 #include <cstdlib>
@@ -16,7 +17,8 @@ namespace {
 using namespace vantro;
 using namespace vantro::bench;
 
-constexpr std::size_t requestCount = 3000;
+constexpr std::size_t requestCount = 10'000;
+constexpr std::size_t shortDisplays = 24;  // lengths that the corpora do not have
 
 class File {
 public:
@@ -60,11 +62,33 @@ std::string written(const ElementSet& set) {
     return line;
 }
 
-std::string request(std::size_t number) {
-    const std::string prefix = toAscii(familyRules()[number % familyRules().size()].prefix.substr(0, 3));
+/// A display of 1 to 400 lines: of the archive, or its first lines and a prompt below them.
+std::string displayFor(std::size_t request) {
+    const std::string& display = displays(Corpus::Archive)[request % displays(Corpus::Archive).size()].utf8;
+    const bool isShort = request % 16 == 0;
+    return isShort ? display.substr(0, request / 16 % shortDisplays * lineWidth) + ">" : display;
+}
+
+template <class Take>
+void forEachLine(const std::string& display, Take take) {
+    for (std::size_t at = 0; at < display.size(); at += lineWidth) {
+        std::string line = display.substr(at, lineWidth);
+        line.resize(line.find_last_not_of(' ') + 1);
+        take(line);
+    }
+}
+
+std::string asArray(const std::string& display) {
+    std::string array;
+    forEachLine(display, [&](const std::string& line) { array += (array.empty() ? "[\"" : ",\"") + line + '"'; });
+    return array + ']';
+}
+
+std::string request(std::size_t number, std::size_t family, const std::string& display) {
+    const std::string prefix = toAscii(familyRules()[family].prefix());
     return "{\"id\":" + std::to_string(number) +
-           R"(,"class":"CProfile","call":"ProfileElements","params":{"strKeyPrefix":")" + prefix + R"("},"display":")" +
-           displays()[number % displays().size()].utf8 + "\"}";
+           R"(,"class":"CProfile","call":"ProfileElements","params":{"strKeyPrefix":")" + prefix + R"("},"display":)" +
+           display + '}';
 }
 
 }  // namespace
@@ -72,15 +96,22 @@ std::string request(std::size_t number) {
 int main(int argc, char** argv) {
     const std::string folder = argc > 1 ? argv[1] : ".";
     File displayFile(folder, "displays.txt");
-    File screenFile(folder, "screens.txt");
     File elementFile(folder, "elements.txt");
-    for (const Display& display : displays()) {
+    for (const Display& display : displays(Corpus::Mixed)) {
         displayFile.line(display.utf8);
-        for (std::size_t at = 0; at < display.utf8.size(); at += lineWidth) {
-            screenFile.line(display.utf8.substr(at, lineWidth));
-        }
         elementFile.line(written(elementSetOf(parseProfile(display.utf16))));
     }
-    File requestFile(folder, "requests.jsonl");
-    for (std::size_t i = 0; i < requestCount; ++i) requestFile.line(request(i));
+    File archiveFile(folder, "archive.txt");
+    for (const Display& display : displays(Corpus::Archive)) {
+        forEachLine(display.utf8, [&](const std::string& line) { archiveFile.line(line); });
+    }
+    File texts(folder, "requests_text.jsonl");
+    File lines(folder, "requests_lines.jsonl");
+    for (std::size_t i = 0; i < requestCount; ++i) {
+        const std::string display = displayFor(i);
+        // The documents are searched from the second line on; without one their query fails.
+        const std::size_t family = display.size() <= lineWidth ? 0 : i % familyRules().size();
+        texts.line(request(i, family, '"' + display + '"'));
+        lines.line(request(i, family, asArray(display)));
+    }
 }

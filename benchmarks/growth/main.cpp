@@ -1,15 +1,15 @@
 // Time against the length of the display, and the cost of a display without an end marker.
+#include "common/alternating.h"
 #include "common/displays.h"
 #include "common/element_set.h"
-#include "common/lines.h"
-#include "common/run.h"
-#include "one_family/scanner.h"
-#include "whole_profile/scanner.h"
+#include "common/host_format.h"
+#include "whole_profile/lean_scanner.h"
 
 #include "vantro/built_in_terminal.h"
 #include "vantro/profile.h"
 #include "vantro/registry.h"
 
+#include <algorithm>
 #include <cstdio>
 #include <map>
 
@@ -72,26 +72,33 @@ Counting& profileNotes() {
     return the;
 }
 
-/// Fetches, trims and tests all 16-bit line numbers: the least that a search costs which runs on to the last line
-/// number of a display without an end.
+/// Fetches, trims and tests all 16-bit line numbers: what a plain search costs that runs on to the last line number of
+/// a display without an end.
 std::size_t sweepEmptyLines(View display) {
     std::size_t empty = 0;
     for (std::int32_t number = 0; number <= 32767; ++number) {
-        const View line = rightTrimmed(screenLine(display, static_cast<std::size_t>(number)));
-        benchmark::DoNotOptimize(line.data());
-        if (findUnit(line, u'>') != View::npos || line.find(endOfDisplay) != View::npos) break;
+        View line = screenLine(display, static_cast<std::size_t>(number));
+        line = line.substr(0, line.find_last_not_of(u' ') + 1);
+        keep(line);
+        if (line.find(u'>') != View::npos || line.find(endOfDisplay) != View::npos) break;
         if (line.find(u"------- PRIORITY") == View::npos) ++empty;
     }
     return empty;
 }
 
+ScannedTexts scanTexts(const Text& display) {
+    ScannedTexts result;
+    scanLean<Depth::Everything>(display, result);
+    return result;
+}
+
 void checkAll() {
     for (const std::size_t lines : lengths) {
         const Text& display = displayOf(lines).utf16;
-        requireEqual("the generator", lines, lineCount(display) == lines ? "" : "the display has another length");
-        ScannedTexts scanned;
-        scanProfile(display, scanned);
-        requireEqual("by hand", lines, difference(elementSetOf(parseProfile(display)), elementSetOf(scanned)));
+        const std::size_t printed = (display.size() + lineUnits - 1) / lineUnits;
+        requireEqual("the generator", lines, printed == lines ? "" : "the display has another length");
+        requireEqual("by hand", lines,
+                     difference(elementSetOf(parseProfile(display)), elementSetOf(scanTexts(display))));
     }
     // Past the end every line is blank, so only the overflow of the line number ends a search.
     const bool fails = profiles().count(u"PPRElementsCount", brokenOffDisplay()) == -1 &&
@@ -104,53 +111,36 @@ void checkAll() {
                 *(std::end(lengths) - 1));
 }
 
-std::string named(const char* what, std::size_t lines) { return what + (", " + std::to_string(lines) + " lines"); }
-
-template <class Work>
-void add(const std::string& name, Work work) {
-    benchmark::RegisterBenchmark(name.c_str(), [work](benchmark::State& state) {
-        for (auto _ : state) work();
-    })->Unit(benchmark::kMicrosecond);
+template <class Call>
+void add(Alternating& runner, const char* name, Call call) {
+    runner.add(name, [call](std::size_t begin, std::size_t end) {
+        for (std::size_t i = begin; i < end; ++i) keep(call());
+    });
 }
 
-void registerAll() {
-    for (const std::size_t lines : lengths) {
-        const Text& display = displayOf(lines).utf16;
-        add(named("parseProfile", lines), [&display] { benchmark::DoNotOptimize(parseProfile(display)); });
-        add(named("by hand", lines), [&display] {
-            ScannedTexts result;
-            scanProfile(display, result);
-            benchmark::DoNotOptimize(result);
-        });
-        add(named("PFOElementsCount", lines),
-            [&display] { benchmark::DoNotOptimize(profiles().count(u"PFOElementsCount", display)); });
-    }
-    add("16-bit sweep of empty lines", [] { benchmark::DoNotOptimize(sweepEmptyLines(brokenOffDisplay())); });
-    add("no end, 4 lines: PPRElementsCount",
-        [] { benchmark::DoNotOptimize(profiles().count(u"PPRElementsCount", brokenOffDisplay())); });
-    add("no end, 4 lines: parseProfile", [] { benchmark::DoNotOptimize(parseProfile(brokenOffDisplay())); });
-    add("no end, 199 lines: ProfileNotesElementsCount",
-        [] { benchmark::DoNotOptimize(profileNotes().count(u"ProfileNotesElementsCount", endlessDisplay())); });
-    add("no end, 199 lines: parseProfile", [] { benchmark::DoNotOptimize(parseProfile(endlessDisplay())); });
+void growWith(Alternating& runner, std::size_t lines) {
+    const Text& display = displayOf(lines).utf16;
+    add(runner, "parseProfile", [&display] { return parseProfile(display); });
+    add(runner, "by hand", [&display] { return scanTexts(display); });
+    add(runner, "PFOElementsCount", [&display] { return profiles().count(u"PFOElementsCount", display); });
+    runner.run(std::to_string(lines) + " lines", std::max<std::size_t>(50, 100'000 / lines));
 }
 
-// Linear growth is the ratio of the numbers of lines. Short displays stay in the nearest cache and have fewer sections,
-// so the comparison begins with the longest ordinary ones and allows twice the ratio for the caches.
-constexpr Ratio ratios[] = {
-    {"parseProfile, 30000 lines", "parseProfile, 400 lines", 75 * 2.0},
-    {"parseProfile, 30000 lines", "parseProfile, 3000 lines", 10 * 2.0},
-    {"PFOElementsCount, 30000 lines", "PFOElementsCount, 400 lines", 75 * 2.0},
-    {"parseProfile, 30000 lines", "by hand, 30000 lines", 1.0},
-    {"no end, 4 lines: PPRElementsCount", "16-bit sweep of empty lines", 1.0},
-    {"no end, 4 lines: parseProfile", "16-bit sweep of empty lines", 1.0},
-    {"no end, 199 lines: ProfileNotesElementsCount", "16-bit sweep of empty lines", 1.0},
-    {"no end, 199 lines: parseProfile", "16-bit sweep of empty lines", 1.0},
-};
+void searchWithoutEnd(Alternating& runner) {
+    add(runner, "16-bit sweep of empty lines", [] { return sweepEmptyLines(brokenOffDisplay()); });
+    add(runner, "4 lines: PPRElementsCount", [] { return profiles().count(u"PPRElementsCount", brokenOffDisplay()); });
+    add(runner, "4 lines: parseProfile", [] { return parseProfile(brokenOffDisplay()); });
+    add(runner, "199 lines: ProfileNotesElementsCount",
+        [] { return profileNotes().count(u"ProfileNotesElementsCount", endlessDisplay()); });
+    add(runner, "199 lines: parseProfile", [] { return parseProfile(endlessDisplay()); });
+    runner.run("no end", 100);
+}
 
 }  // namespace
 
 int main(int argc, char** argv) {
+    Alternating runner("growth", argc, argv);
     checkAll();
-    registerAll();
-    return run("growth", argc, argv, ratios);
+    for (const std::size_t lines : lengths) growWith(runner, lines);
+    searchWithoutEnd(runner);
 }

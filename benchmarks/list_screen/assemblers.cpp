@@ -1,16 +1,7 @@
-#include "common/lines.h"
+#include "common/units.h"
 #include "list_screen/readers.h"
 
 namespace vantro::bench {
-
-namespace {
-
-void trimInPlace(std::u16string& text) {
-    text.resize(rightTrimmed(text).size());
-    text.erase(0, text.size() - leftTrimmed(text).size());
-}
-
-}  // namespace
 
 void CompanyAssembler::take(int group, View text, int column) {
     switch (group) {
@@ -22,7 +13,7 @@ void CompanyAssembler::take(int group, View text, int column) {
         case companyName:
             if (!inBlock) break;
             if (!list.names.empty()) {
-                trimInPlace(list.names);
+                trimEnd(list.names);
                 list.names += u',';
             }
             list.names += text;
@@ -36,7 +27,7 @@ void CompanyAssembler::take(int group, View text, int column) {
 
 CompanyList CompanyAssembler::finished(bool endOfBlock) {
     list.endOfBlock = inBlock && endOfBlock;
-    trimInPlace(list.names);
+    trimEnd(list.names);
     return std::move(list);
 }
 

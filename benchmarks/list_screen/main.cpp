@@ -1,7 +1,7 @@
 // Reading one 24-line list screen, and building one command.
 #include "common/allocations.h"
+#include "common/alternating.h"
 #include "common/element_set.h"
-#include "common/run.h"
 #include "list_screen/readers.h"
 #include "list_screen/screens.h"
 
@@ -61,9 +61,37 @@ TravellerList travellersOf(const CollectionPtr& results) {
             .companyList = read<bool>(results, u"blnKeyCompanyList"),
             .profile = read<bool>(results, u"blnKeyProfile"),
             .merged = read<bool>(results, u"blnKeyMerge"),
+            .names = read<Text>(results, u"strKeyCoNames"),
             .noCompany = read<bool>(results, u"blnKeyNoCoFoundString"),
             .noTraveller = read<bool>(results, u"blnKeyNoTrPrFoundString"),
             .locators = read<TextList>(results, u"strKeyNoCoAssoArray()")};
+}
+
+// The exact contenders return what the library returns: a collection with the same keys in the same order.
+CollectionPtr collectionOf(CompanyList list) {
+    CollectionPtr results = terminal().createCollection();
+    results->Add(u"blnKeyTrList", list.travellerList);
+    results->Add(u"blnKeyTrProfile", list.travellerProfile);
+    results->Add(u"blnKeyCompanyList", list.companyList);
+    results->Add(u"blnKeyCoProfile", list.companyProfile);
+    results->Add(u"blnKeyMerge", list.merged);
+    results->Add(u"strKeyCoNames", std::move(list.names));
+    results->Add(u"blnKeyEndOfBlock", list.endOfBlock);
+    results->Add(u"strKeyRecLocPos", static_cast<std::int16_t>(list.locatorColumn));
+    return results;
+}
+
+CollectionPtr collectionOf(TravellerList list) {
+    CollectionPtr results = terminal().createCollection();
+    results->Add(u"blnKeyTravellerList", list.travellerList);
+    results->Add(u"blnKeyCompanyList", list.companyList);
+    results->Add(u"blnKeyProfile", list.profile);
+    results->Add(u"blnKeyMerge", list.merged);
+    results->Add(u"strKeyCoNames", std::move(list.names));
+    results->Add(u"blnKeyNoCoFoundString", list.noCompany);
+    results->Add(u"blnKeyNoTrPrFoundString", list.noTraveller);
+    results->Add(u"strKeyNoCoAssoArray()", std::move(list.locators));
+    return results;
 }
 
 // The command: a name search in another office.
@@ -117,7 +145,7 @@ void checkAll() {
     for (std::size_t i = 0; i < companyScreens().size(); ++i) {
         const auto& [utf16, utf8] = companyScreens()[i];
         const CompanyList ours = companiesOf(companySearch()->VerifyResponse(utf16, {}));
-        require("company list by hand", i, ours, companiesByHand(utf16));
+        require("company list by hand", i, ours, companiesOf(collectionOf(companiesByHand(utf16))));
         require("company list, PCRE2", i, ours, pcre2.companies(utf16));
         require("company list, RE2", i, ours, re2.companies(utf8));
         requireEqual("company list", i, ours.companyList && ours.names.size() > 100 ? "" : "nothing was read");
@@ -125,7 +153,7 @@ void checkAll() {
     for (std::size_t i = 0; i < travellerScreens().size(); ++i) {
         const auto& [utf16, utf8] = travellerScreens()[i];
         const TravellerList ours = travellersOf(travellerList()->VerifyResponse(utf16, {}));
-        require("traveller list by hand", i, ours, travellersByHand(utf16));
+        require("traveller list by hand", i, ours, travellersOf(collectionOf(travellersByHand(utf16))));
         require("traveller list, PCRE2", i, ours, pcre2.travellers(utf16));
         require("traveller list, RE2", i, ours, re2.travellers(utf8));
         requireEqual("traveller list", i, ours.travellerList && ours.locators.size() > 3 ? "" : "nothing was read");
@@ -141,62 +169,55 @@ template <class Call>
 double allocationsOf(Call call) {
     const std::size_t before = allocationCount();
     const auto result = call();
-    benchmark::DoNotOptimize(result);
+    keep(result);
     return static_cast<double>(allocationCount() - before);
 }
 
-void countAllocations() {
-    const double result = allocationsOf([] { return Text(command); });
-    recordFigure("allocations: the command's text alone", result, result);
-    recordFigure("allocations: the command by hand", allocationsOf([] { return commandByHand(parameters()); }), result);
-    recordFigure("allocations: CPDNTrans.CreateCommand",
-                 allocationsOf([] { return companySearch()->CreateCommand(collection()); }), result);
+void countAllocations(Alternating& runner) {
+    runner.figure("allocations: the command's text alone", allocationsOf([] { return Text(command); }));
+    runner.figure("allocations: the command by hand", allocationsOf([] { return commandByHand(parameters()); }));
+    runner.figure("allocations: CPDNTrans.CreateCommand",
+                  allocationsOf([] { return companySearch()->CreateCommand(collection()); }));
 }
 
+/// Lets a contender read the screens in turn.
 template <class Read>
-void overScreens(const char* benchmarkName, const std::vector<ListScreen>& screens, Read read) {
-    overDisplays(benchmarkName, static_cast<double>(screens.size()), [&screens, read] {
-        for (const ListScreen& screen : screens) benchmark::DoNotOptimize(read(screen));
+void add(Alternating& runner, const char* contender, const std::vector<ListScreen>& screens, Read read) {
+    runner.add(contender, [&screens, read](std::size_t begin, std::size_t end) {
+        for (std::size_t i = begin; i < end; ++i) keep(read(screens[i % screens.size()]));
     });
 }
 
-void registerAll() {
+constexpr std::size_t repetitions = 100'000;  // of a screen or a command in a pass
+
+void addContenders(Alternating& runner) {
     static Pcre2Lists pcre2;
     static Re2Lists re2;
-    overScreens("companies, by hand", companyScreens(), [](const auto& s) { return companiesByHand(s.utf16); });
-    overScreens("companies, PCRE2 with JIT", companyScreens(), [](const auto& s) { return pcre2.companies(s.utf16); });
-    overScreens("companies, RE2", companyScreens(), [](const auto& s) { return re2.companies(s.utf8); });
-    overScreens("companies, CPDNTrans", companyScreens(),
-                [](const auto& s) { return companySearch()->VerifyResponse(s.utf16, {}); });
-    overScreens("travellers, by hand", travellerScreens(), [](const auto& s) { return travellersByHand(s.utf16); });
-    overScreens("travellers, PCRE2 with JIT", travellerScreens(),
-                [](const auto& s) { return pcre2.travellers(s.utf16); });
-    overScreens("travellers, RE2", travellerScreens(), [](const auto& s) { return re2.travellers(s.utf8); });
-    overScreens("travellers, CPLTTrans", travellerScreens(),
-                [](const auto& s) { return travellerList()->VerifyResponse(s.utf16, {}); });
-    benchmark::RegisterBenchmark("command, by hand", [](benchmark::State& state) {
-        for (auto _ : state) benchmark::DoNotOptimize(commandByHand(parameters()));
-    });
-    benchmark::RegisterBenchmark("command, CPDNTrans", [](benchmark::State& state) {
-        for (auto _ : state) benchmark::DoNotOptimize(companySearch()->CreateCommand(collection()));
-    });
+    const auto& companies = companyScreens();
+    const auto& travellers = travellerScreens();
+    add(runner, "companies, floor", companies, [](const auto& s) { return companiesByHand(s.utf16); });
+    add(runner, "companies, exact", companies, [](const auto& s) { return collectionOf(companiesByHand(s.utf16)); });
+    add(runner, "companies, CPDNTrans", companies,
+        [](const auto& s) { return companySearch()->VerifyResponse(s.utf16, {}); });
+    add(runner, "companies, PCRE2 with JIT", companies, [](const auto& s) { return pcre2.companies(s.utf16); });
+    add(runner, "companies, RE2", companies, [](const auto& s) { return re2.companies(s.utf8); });
+    add(runner, "travellers, floor", travellers, [](const auto& s) { return travellersByHand(s.utf16); });
+    add(runner, "travellers, exact", travellers, [](const auto& s) { return collectionOf(travellersByHand(s.utf16)); });
+    add(runner, "travellers, CPLTTrans", travellers,
+        [](const auto& s) { return travellerList()->VerifyResponse(s.utf16, {}); });
+    add(runner, "travellers, PCRE2 with JIT", travellers, [](const auto& s) { return pcre2.travellers(s.utf16); });
+    add(runner, "travellers, RE2", travellers, [](const auto& s) { return re2.travellers(s.utf8); });
+    add(runner, "command, by hand", companies, [](const auto& /*s*/) { return commandByHand(parameters()); });
+    add(runner, "command, CPDNTrans", companies,
+        [](const auto& /*s*/) { return companySearch()->CreateCommand(collection()); });
 }
-
-constexpr Ratio ratios[] = {
-    {"companies, CPDNTrans", "companies, by hand", 1.5},
-    {"companies, CPDNTrans", "companies, PCRE2 with JIT", 0},
-    {"companies, CPDNTrans", "companies, RE2", 0},
-    {"travellers, CPLTTrans", "travellers, by hand", 1.5},
-    {"travellers, CPLTTrans", "travellers, PCRE2 with JIT", 0},
-    {"travellers, CPLTTrans", "travellers, RE2", 0},
-    {"command, CPDNTrans", "command, by hand", 0},
-};
 
 }  // namespace
 
 int main(int argc, char** argv) {
+    Alternating runner("list_screen", argc, argv);
     checkAll();
-    countAllocations();
-    registerAll();
-    return run("list_screen", argc, argv, ratios);
+    countAllocations(runner);
+    addContenders(runner);
+    runner.run("24 lines", repetitions);
 }

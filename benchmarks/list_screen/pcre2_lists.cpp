@@ -1,4 +1,4 @@
-#include "common/lines.h"
+#include "common/units.h"
 #include "list_screen/readers.h"
 
 namespace vantro::bench {

@@ -31,6 +31,7 @@ struct TravellerList {
     bool companyList = false;
     bool profile = false;
     bool merged = false;
+    std::u16string names = {};  ///< empty on such a screen
     bool noCompany = false;
     bool noTraveller = false;
     std::vector<std::u16string> locators;

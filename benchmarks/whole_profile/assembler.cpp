@@ -1,5 +1,7 @@
 #include "whole_profile/assembler.h"
 
+#include "common/units.h"
+
 #include <algorithm>
 
 namespace vantro::bench {
@@ -165,9 +167,7 @@ void Assembler<Char>::takeNote(View line) {
 
 template <class Char>
 void Assembler<Char>::append(View& text, View separator, View more) {
-    const bool isJoined = !result_.joined.empty() && result_.joined.front().data() == text.data();
-    if (!isJoined) result_.joined.emplace_front(text);
-    text = result_.joined.front().append(separator).append(more);
+    text = joinedIn(result_.joined, text, separator, more);
 }
 
 template <class Char>

@@ -2,7 +2,7 @@
 // assembler puts the lines together.
 #pragma once
 
-#include "whole_profile/scanner.h"
+#include "whole_profile/scanned.h"
 
 #include <string_view>
 

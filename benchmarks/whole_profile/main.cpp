@@ -1,10 +1,10 @@
 // All elements of a display, header values and notes included.
+#include "common/alternating.h"
 #include "common/displays.h"
 #include "common/element_set.h"
-#include "common/run.h"
+#include "whole_profile/lean_scanner.h"
 #include "whole_profile/pcre2_reader.h"
 #include "whole_profile/re2_reader.h"
-#include "whole_profile/scanner.h"
 
 #include "vantro/profile.h"
 
@@ -16,115 +16,105 @@ namespace {
 using namespace vantro;
 using namespace vantro::bench;
 
-constexpr const char* memcpyName = "memcpy of the text";
-constexpr const char* viewsName = "by hand, views";
-constexpr const char* textsName = "by hand, owned strings";
-constexpr const char* pcre2Name = "PCRE2 with JIT";
-constexpr const char* re2Name = "RE2";
-constexpr const char* oursName = "parseProfile, text moved in";
-constexpr const char* oursCopyName = "parseProfile, text copied";
+constexpr const char* floorViews = "floor, views";
+constexpr const char* floorTexts = "floor, owned strings";
+constexpr const char* exactViews = "exact, views";
+constexpr const char* exactTexts = "exact, owned strings";
 
-void checkAll() {
+/// Views of the display and of joined texts; all memory is used again for the next display.
+template <Depth depth>
+const ScannedViews& scanViews(const Display& display) {
+    static ScannedViews result;
+    result.prepare(display.utf16.size());
+    scanLean<depth>(display.utf16, result);
+    return result;
+}
+
+/// A new result for each display, of texts that own their characters. Only the memory for joined texts stays.
+template <Depth depth>
+ScannedTexts scanTexts(const Display& display) {
+    static std::u16string joined;
+    ScannedTexts result;
+    joined.clear();
+    result.joined.swap(joined);
+    scanLean<depth>(display.utf16, result);
+    result.joined.swap(joined);
+    return result;
+}
+
+void check(Corpus corpus) {
     Pcre2Reader pcre2;
     Re2Reader re2;
-    std::size_t elements = 0;
-    for (std::size_t i = 0; i < displays().size(); ++i) {
-        const Display& display = displays()[i];
+    for (std::size_t i = 0; i < displays(corpus).size(); ++i) {
+        const Display& display = displays(corpus)[i];
         const Profile profile = parseProfile(display.utf16);
         const ElementSet ours = elementSetOf(profile);
-        elements += ours.elementCount();
+        const ElementSet elements = elementsOnly(ours);
         requireEqual("parseProfile", i, profile.problems.empty() ? "" : "a query failed");
+        requireEqual(floorViews, i, difference(elements, elementSetOf(scanViews<Depth::Elements>(display))));
+        requireEqual(floorTexts, i, difference(elements, elementSetOf(scanTexts<Depth::Elements>(display))));
+        requireEqual(exactViews, i, difference(ours, elementSetOf(scanViews<Depth::Everything>(display))));
+        requireEqual(exactTexts, i, difference(ours, elementSetOf(scanTexts<Depth::Everything>(display))));
+        requireEqual("PCRE2", i, difference(ours, elementSetOf(pcre2.read(display.utf16))));
+        requireEqual("RE2", i, difference(ours, elementSetOf(re2.read(display.utf8))));
 
-        ScannedViews views;
-        scanProfile(display.utf16, views);
-        requireEqual(viewsName, i, difference(ours, elementSetOf(views)));
-        ScannedTexts texts;
-        scanProfile(display.utf16, texts);
-        requireEqual(textsName, i, difference(ours, elementSetOf(texts)));
-        requireEqual(pcre2Name, i, difference(ours, elementSetOf(pcre2.read(display.utf16))));
-        requireEqual(re2Name, i, difference(ours, elementSetOf(re2.read(display.utf8))));
+        const Display odd = withOddText(display);
+        requireEqual(
+            "exact, odd text", i,
+            difference(elementSetOf(parseProfile(odd.utf16)), elementSetOf(scanViews<Depth::Everything>(odd))));
     }
-    const Totals sum = totals();
-    std::printf("%zu displays, %zu characters, %zu lines, %.1f elements a display; all contenders agree\n\n",
-                sum.displays, sum.characters, sum.lines,
-                static_cast<double>(elements) / static_cast<double>(sum.displays));
 }
 
-void copyTexts() {
-    static std::u16string room(40'000, u' ');
-    for (const Display& display : displays()) {
+/// Calls `read` for each display and keeps what it returns.
+template <class Read>
+auto overSlice(Corpus corpus, Read read) {
+    return [corpus, read](std::size_t begin, std::size_t end) {
+        for (std::size_t i = begin; i < end; ++i) keep(read(displays(corpus)[i]));
+    };
+}
+
+void addContenders(Alternating& runner, Corpus corpus) {
+    const auto add = [&](const char* name, auto read) { runner.add(name, overSlice(corpus, read)); };
+    add("memcpy of the text", [](const Display& display) {
+        static std::u16string room(40'000, u' ');
         std::memcpy(room.data(), display.utf16.data(), display.utf16.size() * sizeof(char16_t));
-        benchmark::DoNotOptimize(room.data());
-        benchmark::ClobberMemory();
-    }
-}
-
-void scanViews() {
-    static ScannedViews result;
-    for (const Display& display : displays()) {
-        result.clear();
-        scanProfile(display.utf16, result);
-        benchmark::DoNotOptimize(result);
-    }
-}
-
-void scanTexts() {
-    for (const Display& display : displays()) {
-        ScannedTexts result;
-        scanProfile(display.utf16, result);
-        benchmark::DoNotOptimize(result);
-    }
-}
-
-void parseCopies() {
-    for (const Display& display : displays()) benchmark::DoNotOptimize(parseProfile(display.utf16));
-}
-
-/// The texts are moved in, so each pass needs new ones; making them is not timed. One more text stays alive meanwhile;
-/// otherwise the allocator would return the memory of all of them to the system within the timed part.
-void parseMoved(benchmark::State& state) {
-    for (auto _ : state) {
-        std::vector<std::u16string> texts;
-        texts.reserve(displays().size() + 1);
-        for (const Display& display : displays()) texts.push_back(display.utf16);
-        texts.push_back(displays().front().utf16);
-        const double start = processorSeconds();
-        for (std::size_t i = 0; i < displays().size(); ++i) {
-            benchmark::DoNotOptimize(parseProfile(std::move(texts[i])));
-        }
-        state.SetIterationTime(processorSeconds() - start);
-    }
-    using benchmark::Counter;
-    state.counters["display"] =
-        Counter(static_cast<double>(displays().size()), Counter::kIsIterationInvariantRate | Counter::kInvert);
-}
-
-void registerAll() {
-    const double count = static_cast<double>(displays().size());
-    overDisplays(memcpyName, count, copyTexts);
-    overDisplays(viewsName, count, scanViews);
-    overDisplays(textsName, count, scanTexts);
-    overDisplays(pcre2Name, count, [] {
+        return room.data();
+    });
+    add(floorViews, [](const Display& d) { return &scanViews<Depth::Elements>(d); });
+    add(exactViews, [](const Display& d) { return &scanViews<Depth::Everything>(d); });
+    add(floorTexts, scanTexts<Depth::Elements>);
+    add(exactTexts, scanTexts<Depth::Everything>);
+    add("PCRE2 with JIT", [](const Display& display) {
         static Pcre2Reader reader;
-        for (const Display& display : displays()) benchmark::DoNotOptimize(reader.read(display.utf16));
+        return &reader.read(display.utf16);
     });
-    overDisplays(re2Name, count, [] {
+    add("RE2", [](const Display& display) {
         static Re2Reader reader;
-        for (const Display& display : displays()) benchmark::DoNotOptimize(reader.read(display.utf8));
+        return &reader.read(display.utf8);
     });
-    benchmark::RegisterBenchmark(oursName, parseMoved)->UseManualTime()->Unit(benchmark::kMillisecond);
-    overDisplays(oursCopyName, count, parseCopies);
+    add("parseProfile, text copied", [](const Display& display) { return parseProfile(display.utf16); });
+    // One more text stays alive during a pass; otherwise the allocator would return the memory of all of them to the
+    // system within the timed part.
+    static std::vector<std::u16string> texts;
+    const auto copyTexts = [corpus] {
+        texts.clear();
+        for (const Display& display : displays(corpus)) texts.push_back(display.utf16);
+        texts.push_back(texts.front());
+    };
+    const auto parseMoved = [](std::size_t begin, std::size_t end) {
+        for (std::size_t i = begin; i < end; ++i) keep(parseProfile(std::move(texts[i])));
+    };
+    runner.add("parseProfile, text moved in", parseMoved, copyTexts);
 }
-
-constexpr Ratio ratios[] = {
-    {oursName, textsName, 1.0}, {oursCopyName, textsName, 1.0}, {oursName, viewsName, 0},
-    {oursName, pcre2Name, 0},   {oursName, re2Name, 0},         {textsName, memcpyName, 0},
-};
 
 }  // namespace
 
 int main(int argc, char** argv) {
-    checkAll();
-    registerAll();
-    return run("whole_profile", argc, argv, ratios);
+    Alternating runner("whole_profile", argc, argv);
+    for (const Corpus corpus : corpora) {
+        printFigures(corpus);
+        check(corpus);
+        addContenders(runner, corpus);
+        runner.run(nameOf(corpus), displays(corpus).size());
+    }
 }

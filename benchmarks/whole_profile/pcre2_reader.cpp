@@ -1,11 +1,11 @@
 #include "whole_profile/pcre2_reader.h"
 
-#include "common/lines.h"
+#include "common/units.h"
 
 namespace vantro::bench {
 
 const ScannedViews& Pcre2Reader::read(std::u16string_view display) {
-    result_.clear();
+    result_.prepare(display.size());
     Assembler<char16_t> assembler(result_);
     const std::size_t lines = end_.find(display) / 80;
     for (std::size_t n = 0; n < lines; ++n) {

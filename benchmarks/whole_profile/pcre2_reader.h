@@ -3,7 +3,7 @@
 
 #include "common/pcre2_expression.h"
 #include "whole_profile/assembler.h"
-#include "whole_profile/scanner.h"
+#include "whole_profile/scanned.h"
 
 namespace vantro::bench {
 

@@ -1,7 +1,7 @@
 """All elements of a display with Python's re: one expression, matched against each line.
 
-Usage: python_re.py DISPLAYS ELEMENTS. Checks every display against what parseProfile finds in it, then prints the
-median time of a display over five passes, in seconds.
+Usage: python_re.py DISPLAYS ELEMENTS. Checks every display against what parseProfile finds in it, then prints the best
+and the median time of a display over five passes, in seconds.
 """
 
 import re
@@ -177,7 +177,7 @@ def main():
         for display in displays:
             Reader().read(display).result()
         passes.append((time.process_time() - start) / len(displays))
-    print(f"{statistics.median(passes):.9f}")
+    print(f"{min(passes):.9f} {statistics.median(passes):.9f}")
 
 
 if __name__ == "__main__":

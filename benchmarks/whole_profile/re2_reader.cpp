@@ -26,7 +26,7 @@ Re2Reader::Re2Reader() : end_(compiled(endExpression)), line_(compiled(lineExpre
 Re2Reader::~Re2Reader() = default;
 
 const Scanned<std::string_view>& Re2Reader::read(std::string_view display) {
-    result_.clear();
+    result_.prepare(display.size());
     Assembler<char> assembler(result_);
     const re2::StringPiece text(display.data(), display.size());
     re2::StringPiece groups[groupCount];

@@ -1,7 +1,7 @@
 // RE2, which reads only UTF-8.
 #pragma once
 
-#include "whole_profile/scanner.h"
+#include "whole_profile/scanned.h"
 
 #include <memory>
 #include <string_view>

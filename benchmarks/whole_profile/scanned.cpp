@@ -1,4 +1,4 @@
-#include "whole_profile/scanner.h"
+#include "whole_profile/scanned.h"
 
 namespace vantro::bench {
 
@@ -15,7 +15,7 @@ PlainElement plainOf(const typename Scanned<String>::Item& item) {
 }  // namespace
 
 template <class String>
-void Scanned<String>::clear() {
+void Scanned<String>::prepare(std::size_t displaySize) {
     name = recordLocator = officeIdentifier = companyName = String();
     companyNumber = String();
     pin = {};
@@ -26,6 +26,7 @@ void Scanned<String>::clear() {
     remarkDetails.clear();
     notes.clear();
     joined.clear();
+    joined.reserve(displaySize);
 }
 
 template <class String>
@@ -60,6 +61,22 @@ ElementSet elementSetOf(const Scanned<String>& scanned) {
         set.notes.push_back({note.number, widen(note.qualifier), widen(note.text)});
     }
     return set;
+}
+
+ElementSet elementsOnly(ElementSet set) {
+    ElementSet only;
+    only.companyNumber.emplace();
+    only.families = std::move(set.families);
+    only.notes = std::move(set.notes);
+    for (auto& family : only.families) {
+        for (PlainElement& element : family) {
+            element.code.clear();
+            element.airline.clear();
+            element.account.clear();
+            element.freeText.clear();
+        }
+    }
+    return only;
 }
 
 template struct Scanned<std::string_view>;

@@ -1,11 +1,9 @@
-// The hand-written contender: one pass over the lines for all families, header values and notes.
+// What the contenders of this task make of a display.
 #pragma once
 
 #include "common/element_set.h"
 
 #include <array>
-#include <cstdint>
-#include <forward_list>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -16,7 +14,12 @@ namespace vantro::bench {
 /// `String` is a view of the display or an owned text, in UTF-16 or (for a contender that reads UTF-8) in bytes.
 template <class String>
 struct Scanned {
+    using Char = typename String::value_type;
+    using View = std::basic_string_view<Char>;
+
     struct Item {
+        Item() = default;
+        Item(View itsNumber, View itsText) : number(itsNumber), text(itsText) {}
         String number, text;
     };
     struct FlyerParts {
@@ -41,22 +44,20 @@ struct Scanned {
     std::vector<String> remarkDetails;   ///< parallel to the confidential remarks
     std::vector<NoteLine> notes;
 
-    /// Joined lines that views refer to.
-    std::forward_list<std::basic_string<typename String::value_type>> joined;
+    /// Texts joined from several lines, to which views refer: one piece of memory that never moves.
+    std::basic_string<Char> joined;
 
-    /// Clears everything but keeps the memory, for the next display.
-    void clear();
+    /// Clears everything but keeps the memory, for the next display of at most this many characters.
+    void prepare(std::size_t displaySize);
 };
 
 using ScannedViews = Scanned<std::u16string_view>;
 using ScannedTexts = Scanned<std::u16string>;
 
-/// Reads what the host prints: each section once, the prompt or the end text on its own line, no prefix in a wrapped
-/// line.
-void scanProfile(std::u16string_view display, ScannedViews& result);
-void scanProfile(std::u16string_view display, ScannedTexts& result);
-
 template <class String>
 ElementSet elementSetOf(const Scanned<String>& scanned);
+
+/// Only the numbers and texts of the elements, and the notes: what a contender finds that reads nothing else.
+ElementSet elementsOnly(ElementSet set);
 
 }  // namespace vantro::bench
