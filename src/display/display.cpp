@@ -22,10 +22,10 @@ void ReadLines::beginRun(std::size_t index) {
     run_ = std::make_unique_for_overwrite<Slot[]>(capacity_);
 }
 
-std::size_t ReadLines::addPass(TextView display, std::size_t first, std::size_t last, ReadTo end) {
+std::size_t ReadLines::addUpToMark(TextView display, std::size_t first, std::size_t last) {
     if (count_ == 0) beginRun(first);
     if (first != begin_ + count_) return first;
-    const std::size_t made = makeLines(display.data() + first * screenWidth, last - first, end, &run_[count_].line);
+    const std::size_t made = makeLines(display.data() + first * screenWidth, last - first, &run_[count_].line);
     count_ += made;
     return first + made;
 }
@@ -57,11 +57,16 @@ const DisplayLine& Display::readLine(std::size_t index) {
 }
 
 void Display::readAhead(Counter from, ReadTo end) {
-    const auto first = static_cast<std::size_t>(from.value());
+    if (!screen_.linesAreSlices() || static_cast<std::size_t>(from.value()) != swept_) return;
     const std::size_t wholeLines = std::min(text().size() / screenWidth, size_);
-    if (!screen_.linesAreSlices() || first != swept_ || first >= wholeLines) return;
-    const std::size_t readTo = lines_.addPass(text(), first, wholeLines, end);
-    while (swept_ < readTo) noteSwept(lines_.find(swept_)->marks());
+    while (swept_ < wholeLines) {
+        const std::size_t readTo = lines_.addUpToMark(text(), swept_, wholeLines);
+        if (readTo == swept_) return;
+        swept_ = readTo - 1;
+        const DisplayLine& last = *lines_.find(swept_);
+        noteSwept(last.marks());
+        if (last.isEndOfDisplay() || (end == ReadTo::SectionEnd && last.isSectionEnd())) return;
+    }
 }
 
 // Sweeps up to and including the next line that passes the pre-filter.

@@ -35,9 +35,9 @@ public:
         return *std::construct_at(&run_[count_++].line, text, knownMarks);
     }
 
-    /// Adds lines from `first` on in one pass, which ends at the latest before line `last`, if that is possible: no
-    /// line was added before, or the line before `first` was the last one. Returns the line after the pass.
-    std::size_t addPass(TextView display, std::size_t first, std::size_t last, ReadTo end);
+    /// Adds lines from `first` on, before line `last`, up to the first one with a mark. Returns the line after them: it
+    /// is `first` if the array has no room for them, because it began with another line.
+    std::size_t addUpToMark(TextView display, std::size_t first, std::size_t last);
 
 private:
     /// Memory for a line, not initialised.
@@ -73,6 +73,10 @@ public:
         const DisplayLine* const known = lines_.find(index);
         return known != nullptr ? *known : readLine(index);
     }
+
+    /// Where a pass over the lines ends: after the line that ends the display or, earlier, after one that ends a
+    /// section.
+    enum class ReadTo : std::uint8_t { DisplayEnd, SectionEnd };
 
     /// Reads lines from `from` on in one pass, for a reader that needs most of them. Does nothing if the terminal makes
     /// the lines itself: it is asked only for those that a reader needs.

@@ -271,11 +271,10 @@ LineFacts factsOf(TextView line, const LineMarks* knownMarks) {
 DisplayLine::DisplayLine(const char16_t* characters)
     : text_(characters, screenWidth), facts_(factsByBits<screenWidth>(text_, characters, nullptr)) {}
 
-std::size_t makeLines(const char16_t* text, std::size_t count, ReadTo end, DisplayLine* lines) {
-    for (std::size_t made = 0; made < count;) {
+std::size_t makeLines(const char16_t* text, std::size_t count, DisplayLine* lines) {
+    for (std::size_t made = 0; made < count; ++made) {
         const DisplayLine& line = *std::construct_at(&lines[made], text + made * screenWidth);
-        ++made;
-        if (line.isEndOfDisplay() || (end == ReadTo::SectionEnd && line.isSectionEnd())) return made;
+        if (line.marks().any()) return made + 1;
     }
     return count;
 }

@@ -139,11 +139,8 @@ private:
 /// on, for contacts in columns 12 to 17.
 FamilySet codesIn(TextView text);
 
-/// Where a pass over consecutive lines ends: after the line that ends the display or, earlier, that ends a section.
-enum class ReadTo : std::uint8_t { DisplayEnd, SectionEnd };
-
 /// Makes up to `count` lines of 80 characters each, which follow each other in a text, in memory that is not
-/// initialised. Returns the number of lines made.
-std::size_t makeLines(const char16_t* text, std::size_t count, ReadTo end, DisplayLine* lines);
+/// initialised. Stops after a line with a mark. Returns the number of lines made.
+std::size_t makeLines(const char16_t* text, std::size_t count, DisplayLine* lines);
 
 }  // namespace vantro

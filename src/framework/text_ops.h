@@ -74,12 +74,7 @@ constexpr TextView trimmed(TextView text) {
 constexpr TextView cut(TextView line, Field field) { return trimmed(left(mid(line, field.from), field.width)); }
 
 /// True when the text is empty or consists of blanks.
-constexpr bool isBlank(TextView text) {
-    for (const char16_t character : text) {
-        if (character != u' ') return false;
-    }
-    return true;
-}
+bool isBlank(TextView text);
 
 /// The first column at or after `from` where the searched text begins, or Column{0}. Raises 5 for a column below 1.
 Column find(TextView text, TextView searched, Column from = Column{1});

@@ -86,7 +86,7 @@ public:
           joiner_(display_) {}
 
     void run() {
-        display_.readAhead(Counter(0), ReadTo::DisplayEnd);
+        display_.readAhead(Counter(0), Display::ReadTo::DisplayEnd);
         readHeader();
         readFamilies();
         readNotes();

@@ -18,10 +18,12 @@ constexpr Width requestCodeWidth{4};
 constexpr Column requestCarrierColumn{9};
 constexpr Column requestAccountColumn{12};
 constexpr Width carrierWidth{2};
+constexpr TextView flyerGap = u"    ";
+constexpr TextView flyerRequest = u"FQTV";
 
 // Four blanks end the text of a frequent-flyer line, also the stored one.
 void splitFrequentFlyer(Element& element) {
-    if (const Column gap = find(element.text, u"    "); gap > Column{0}) {
+    if (const Column gap = find(element.text, flyerGap); gap > Column{0}) {
         element.text = trimmed(left(element.text, Width{gap.value}));
     }
     element.airline = mid(element.text, flyerCarrierColumn, carrierWidth);
@@ -32,8 +34,8 @@ void splitServiceRequest(Element& element) {
     const TextView text = element.text;
     element.code = mid(text, requestCodeColumn, requestCodeWidth);
     if (element.code.starts_with(u'*')) element.code = mid(text, starredCodeColumn, requestCodeWidth);
-    if (const Column dash = find(text, u"-"); dash > Column{0}) element.freeText = trimmed(mid(text, dash + 1));
-    if (element.code == u"FQTV") {
+    if (const Column dash = find(text, u'-'); dash > Column{0}) element.freeText = trimmed(mid(text, dash + 1));
+    if (element.code == flyerRequest) {
         // Meant: carrier and account are read from the same columns with and without the star.
         element.airline = mid(text, requestCarrierColumn, carrierWidth);
         element.frequentFlyerNumber = trimmed(mid(text, requestAccountColumn));

@@ -13,6 +13,8 @@ namespace vantro {
 
 namespace {
 
+constexpr TextView blank = u" ";
+constexpr TextView rule = u"-----";
 constexpr TextView nameTag = u" NM ";
 constexpr TextView companyNameTag = u"PCN/ ";
 static_assert(companyNameTag.starts_with(companyNamePrefix));
@@ -81,11 +83,11 @@ TextView readRecordLocator(Display& display) {
 
 TextView readOfficeIdentifier(Display& display) {
     for (std::int16_t number = 1; number <= 6; ++number) {
-        const TextView mark = display.screen().textField(display.line(Counter(number)).trimmed(), 1, u" ");
+        const TextView mark = display.screen().textField(display.line(Counter(number)).trimmed(), 1, blank);
         if (mark != mark::companyProfile && mark != mark::travellerProfile) continue;
-        const TextView rule = display.line(Counter(number) + 1).trimmed();
-        if (!rule.starts_with(u"-----")) continue;
-        const TextView office = trimmed(right(rule, officeWidth));
+        const TextView below = display.line(Counter(number) + 1).trimmed();
+        if (!beginsWith(below, rule)) continue;
+        const TextView office = trimmed(right(below, officeWidth));
         return onlyIf(office.size() == static_cast<std::size_t>(officeWidth.value), office);
     }
     return {};
@@ -119,7 +121,7 @@ Text companyNameText(Display& display) {
 
 CompanyNameLine readCompanyName(Display& display) {
     const Text line = companyNameText(display);
-    const TextView number = display.screen().textField(line, 1, u" ");
+    const TextView number = display.screen().textField(line, 1, blank);
     // Cut from column 3, as if the number were always one character and a blank.
     CompanyNameLine company{Text(trimmed(mid(line, Column{3}))), std::nullopt};
     if (number != u"X") company.number = number;

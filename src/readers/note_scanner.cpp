@@ -26,12 +26,10 @@ public:
         : display_(display), filter_(filter), sink_(sink) {}
 
     std::int16_t run() {
+        display_.readAhead(Counter(0), Display::ReadTo::DisplayEnd);
         for (;;) {
-            ++line_;  // begins with line 1
-            const DisplayLine& line = display_.line(line_);
-            if (line.isBlank()) break;
-            if (!line.marks().any()) continue;
-            if (line.marks().containsPrompt()) break;
+            const DisplayLine& line = nextBlankOrMarked();  // begins with line 1
+            if (line.isBlank() || line.marks().containsPrompt()) break;
             if (line.marks().containsHeader(Section::Notes)) {
                 if (endsInEndOfDisplay()) break;
             } else if (line.marks().containsEndText()) {
@@ -42,6 +40,15 @@ public:
     }
 
 private:
+    const DisplayLine& nextBlankOrMarked() {
+        for (Counter number = line_;;) {
+            const DisplayLine& line = display_.line(++number);
+            if (!line.isBlank() && !line.marks().any()) continue;
+            line_ = number;
+            return line;
+        }
+    }
+
     /// Reads a section up to the line that ends it. Returns true for the end text, false for a prompt.
     bool endsInEndOfDisplay() {
         for (;;) {

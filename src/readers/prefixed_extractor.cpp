@@ -75,7 +75,7 @@ private:
     /// without a tag belong to it until a line of another family follows.
     void collectSection() {
         FamilySet running = families_;
-        display_.readAhead(line_ + 1, ReadTo::SectionEnd);
+        display_.readAhead(line_ + 1, Display::ReadTo::SectionEnd);
         for (;;) {
             ++line_;
             if (!inJoinedLines_.empty()) leaveJoinedLines();

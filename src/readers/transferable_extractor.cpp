@@ -12,6 +12,7 @@ namespace vantro {
 namespace {
 
 constexpr Column textColumn{14};
+constexpr TextView boundary = u"------";  // of any section, when a line begins with it
 
 constexpr const TransferableFamily& rowOf(Family family) {
     return transferableFamilies[indexOf(family) - firstTransferable];
@@ -19,7 +20,7 @@ constexpr const TransferableFamily& rowOf(Family family) {
 
 bool endsScan(ScanEnd end, LineMarks marks, TextView line) {
     if (marks.containsEndText()) return true;
-    return end == ScanEnd::PromptLineAlone ? rightTrimmed(line) == mark::prompt : marks.containsPrompt();
+    return marks.containsPrompt() && (end == ScanEnd::PromptAnywhere || rightTrimmed(line) == mark::prompt);
 }
 
 /// The families with this rule: their elements may continue on one or on two lines.
@@ -63,7 +64,7 @@ public:
             } else {
                 const DisplayLine* const line = display_.lineBeforeEnd(number);
                 if (line == nullptr) return running_;
-                if (line->marks().any() || line->text().starts_with(u"------")) {
+                if (line->marks().any() || beginsWith(line->text(), boundary)) {
                     passBoundary(line->marks(), line->text());
                 }
             }
@@ -76,7 +77,7 @@ private:
     /// Ends the scans that end at this line; the others enter the section if the line is its header.
     void passBoundary(LineMarks marks, TextView line) {
         const bool isHeader = marks.containsHeader(Section::Transferable);
-        const bool isOtherHeader = !isHeader && line.starts_with(u"------");
+        const bool isOtherHeader = !isHeader && beginsWith(line, boundary);
         running_.forEach([&](Family family) {
             if (endsScan(rowOf(family).end, marks, line) || (inSection_.contains(family) && isOtherHeader)) {
                 running_.remove(family);

@@ -39,7 +39,8 @@ public:
     /// Moves to the next line that contains the header's mark. False when the list ends first, at a line that is not
     /// usable; the current line only has to be usable.
     bool findHeader(TextView headerMark) {
-        while (isUsable(line_) && isUsable(next())) {
+        if (!isUsable(line_)) return false;
+        while (isUsable(next())) {
             if (contains(line_, headerMark)) return true;
         }
         return false;

@@ -71,6 +71,8 @@ public:
     CompanyNames(ListWalk lines, Answer& answer) : lines_(lines), isContinuation_(answer.endOfBlock), answer_(answer) {}
 
     void read() {
+        constexpr std::size_t usualLength = 1024;
+        answer_.companyNames.reserve(usualLength);
         while (header()) {
             while (entry(lines_.next())) {}
             if (!hasListNumber(lines_.line())) break;
