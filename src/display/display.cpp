@@ -22,6 +22,20 @@ void ReadLines::beginRun(std::size_t index) {
     run_ = std::make_unique_for_overwrite<Slot[]>(capacity_);
 }
 
+const DisplayLine& ReadLines::add(std::size_t index, TextView text) {
+    if (count_ == 0 && index < expected_) beginRun(index);
+    const bool continuesRun = count_ < capacity_ && index == begin_ + count_;
+    if (!continuesRun) return apart_.try_emplace(index, text).first->second;
+    DisplayLine* const line = &run_[count_].line;
+    if (text.size() == screenWidth) {
+        makeLines(text.data(), 1, line);
+    } else {
+        std::construct_at(line, text);
+    }
+    ++count_;
+    return *line;
+}
+
 std::size_t ReadLines::addUpToMark(TextView display, std::size_t first, std::size_t last) {
     if (count_ == 0) beginRun(first);
     if (first != begin_ + count_) return first;
@@ -45,14 +59,8 @@ const DisplayLine& Display::readLine(std::size_t index) {
     static const DisplayLine emptyLine;
     if (index >= size_) return emptyLine;
     const TextView text = screen_.line(static_cast<std::int16_t>(index));
-    if (!screen_.linesAreSlices()) return lines_.add(index, text, nullptr);
-    sweepTo(index);
-    if (index < swept_) {
-        const LineMarks marks = sweptMarksOf(index);
-        return lines_.add(index, text, &marks);
-    }
-    const DisplayLine& line = lines_.add(index, text, nullptr);
-    noteSwept(line.marks());
+    const DisplayLine& line = lines_.add(index, text);
+    if (screen_.linesAreSlices() && index == swept_) noteSwept(line.marks());
     return line;
 }
 
@@ -78,12 +86,6 @@ void Display::sweepNext() {
 /// Sweeps all lines before `index`.
 void Display::sweepTo(std::size_t index) {
     while (swept_ < std::min(index, size_)) sweepNext();
-}
-
-LineMarks Display::sweptMarksOf(std::size_t index) const {
-    const Counter number(static_cast<std::int16_t>(index));
-    const auto found = std::ranges::lower_bound(marked_, number, {}, &MarkedLine::number);
-    return found != marked_.end() && found->number == number ? found->marks : LineMarks();
 }
 
 /// The index in the list of all marked lines of the first one at or after line `from`. That line may be swept only

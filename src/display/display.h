@@ -26,14 +26,8 @@ public:
         return apart_.empty() ? nullptr : findApart(index);
     }
 
-    /// Adds a line that was not read yet, with its marks if they are known; the reference is valid as long as this
-    /// object.
-    const DisplayLine& add(std::size_t index, TextView text, const LineMarks* knownMarks) {
-        if (count_ == 0 && index < expected_) beginRun(index);
-        const bool continuesRun = count_ < capacity_ && index == begin_ + count_;
-        if (!continuesRun) return apart_.try_emplace(index, text, knownMarks).first->second;
-        return *std::construct_at(&run_[count_++].line, text, knownMarks);
-    }
+    /// Adds a line that was not read yet; the reference is valid as long as this object.
+    const DisplayLine& add(std::size_t index, TextView text);
 
     /// Adds lines from `first` on, before line `last`, up to the first one with a mark. Returns the line after them: it
     /// is `first` if the array has no room for them, because it began with another line.
@@ -120,7 +114,6 @@ public:
 
 private:
     const DisplayLine& readLine(std::size_t index);
-    LineMarks sweptMarksOf(std::size_t index) const;
     void sweepNext();
     void sweepTo(std::size_t index);
     void noteSwept(LineMarks marks) {

@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <array>
+#include <new>
 #include <optional>
 
 namespace vantro {
@@ -246,34 +247,30 @@ LineLook look(const char16_t* text) {
 
 /// `characters` are those of the line, padded to `Length`.
 template <std::size_t Length>
-LineFacts factsByBits(TextView line, const char16_t* characters, const LineMarks* knownMarks) {
+LineFacts factsByBits(TextView line, const char16_t* characters) {
     const auto [blanks, slashes, mayContainMark] = look<Length>(characters);
     const LineFacts::Content content = contentOf(blanks);
-    const LineMarks marks = knownMarks != nullptr ? *knownMarks : mayContainMark ? marksOf(line) : LineMarks();
     return {.blanks = blanks,
             .content = content,
-            .marks = marks,
+            .marks = mayContainMark ? marksOf(line) : LineMarks(),
             .prefixes = slashes.any() ? prefixesIn(line, slashes, content.begin) : LinePrefixes()};
+}
+
+LineFacts factsOf(TextView line) {
+    if (line.size() <= LineBits::capacity) return factsByBits<LineBits::capacity>(line, padded(line).data());
+    return {.content = contentOf(line), .marks = marksBySearch(line), .prefixes = prefixesIn(line)};
 }
 
 }  // namespace
 
-LineFacts factsOf(TextView line, const LineMarks* knownMarks) {
-    if (line.size() == screenWidth) {
-        return factsByBits<screenWidth>(line, line.data(), knownMarks);
-    }
-    if (line.size() <= LineBits::capacity) {
-        return factsByBits<LineBits::capacity>(line, padded(line).data(), knownMarks);
-    }
-    return {.content = contentOf(line), .marks = marksBySearch(line), .prefixes = prefixesIn(line)};
-}
+DisplayLine::DisplayLine(TextView text) : text_(text), facts_(factsOf(text)) {}
 
 DisplayLine::DisplayLine(const char16_t* characters)
-    : text_(characters, screenWidth), facts_(factsByBits<screenWidth>(text_, characters, nullptr)) {}
+    : text_(characters, screenWidth), facts_(factsByBits<screenWidth>(text_, characters)) {}
 
 std::size_t makeLines(const char16_t* text, std::size_t count, DisplayLine* lines) {
     for (std::size_t made = 0; made < count; ++made) {
-        const DisplayLine& line = *std::construct_at(&lines[made], text + made * screenWidth);
+        const DisplayLine& line = *::new (&lines[made]) DisplayLine(text + made * screenWidth);
         if (line.marks().any()) return made + 1;
     }
     return count;

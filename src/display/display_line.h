@@ -68,18 +68,12 @@ struct LineFacts {
     LinePrefixes prefixes = {};
 };
 
-/// The facts of a line of any length; its marks are searched for unless they are known (not null).
-LineFacts factsOf(TextView line, const LineMarks* knownMarks);
-
 class DisplayLine {
 public:
     constexpr DisplayLine() = default;
 
-    explicit DisplayLine(TextView text, const LineMarks* knownMarks = nullptr)
-        : text_(text), facts_(factsOf(text, knownMarks)) {}
-
-    /// A line of 80 characters.
-    explicit DisplayLine(const char16_t* characters);
+    /// A line of any length. `makeLines` makes lines of 80 characters faster.
+    explicit DisplayLine(TextView text);
 
     /// The line as read.
     TextView text() const { return text_; }
@@ -126,6 +120,10 @@ public:
     FamilySet codes() const;
 
 private:
+    explicit DisplayLine(const char16_t* characters);  // 80 of them
+
+    friend std::size_t makeLines(const char16_t* text, std::size_t count, DisplayLine* lines);
+
     /// True for a line of at most 128 characters.
     bool fitsBits() const { return text_.size() <= LineBits::capacity; }
 
