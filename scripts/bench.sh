@@ -24,7 +24,12 @@ elif [[ $# != 0 ]]; then
     exit 2
 fi
 
-install_missing "${tool_packages[@]}" pkg-config python3 libpcre2-dev libre2-dev libsimdjson-dev
+# The COM benchmark is part of the tests. An older commit's measures something else.
+com=
+if grep -q -e --json tests/com/call_benchmark.cpp; then com=yes; fi
+
+install_missing "${tool_packages[@]}" ${com:+"${com_x64_packages[@]}"} pkg-config python3 libpcre2-dev libre2-dev \
+    libsimdjson-dev
 step "configure the benchmarks" cmake --preset bench
 step "build the benchmarks" cmake --build --preset bench
 
@@ -39,6 +44,14 @@ for task in whole_profile one_family list_screen growth; do
 done
 step "write the inputs of the programs" "$build/bin/bench_write_inputs" "$inputs"
 step "benchmark batch" python3 benchmarks/batch/run.py "$build/bin" "$inputs" "$record"
+
+if [[ -n $com ]]; then
+    step "configure the COM server" cmake --preset mingw-x64
+    step "build the COM server" cmake --build --preset mingw-x64 --target VantroProfileUtils VantroKestoFaces \
+        vantro_com_benchmark
+    step "benchmark COM" bash scripts/com-clients.sh x64 benchmark
+    cp build/com/speeds-x64.json "$build/com.json"
+fi
 
 python3 benchmarks/report.py "$record" "$build" docs
 echo "Written: $root/docs/benchmarks.md, benchmarks.svg and growth.svg beside it"
