@@ -25,7 +25,7 @@ public:
     /// The same for a copy of the text. Copies share memory: an operation makes one of every line that it reads.
     TextView keepCopy(TextView text) {
         if (kept_.empty() || kept_.front().capacity() - kept_.front().size() < text.size()) {
-            constexpr std::size_t linesOfAScreen = 25 * 80;
+            constexpr std::size_t linesOfAScreen = std::size_t{25} * 80;
             kept_.emplace_front().reserve(linesOfAScreen + text.size());
         }
         Text& last = kept_.front().append(text);  // it fits, so earlier copies stay where they are
