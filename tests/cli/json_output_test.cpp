@@ -54,7 +54,8 @@ struct Written {
 TEST(JsonOut, ACharacterIsEscapedAtAnyPlaceOfATextOfAnyLength) {
     const Written others[] = {
         {u'"', "\\\""}, {u'\n', "\\n"}, {u'\u001F', "\\u001F"}, {u'\u00FF', "\xC3\xBF"}, {u'\u8022', "\xE8\x80\xA2"}};
-    for (const std::size_t length : {1, 2, 15, 16, 17, 31, 32, 33, 255, 256, 257, 600}) {
+    for (const std::size_t length :
+         std::initializer_list<std::size_t>{1, 2, 15, 16, 17, 31, 32, 33, 255, 256, 257, 600}) {
         for (std::size_t place = 0; place < length; ++place) {
             for (const auto& [unit, json] : others) {
                 Text text(length, u'x');
