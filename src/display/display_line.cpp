@@ -270,7 +270,8 @@ DisplayLine::DisplayLine(const char16_t* characters)
 
 std::size_t makeLines(const char16_t* text, std::size_t count, DisplayLine* lines) {
     for (std::size_t made = 0; made < count; ++made) {
-        const DisplayLine& line = *::new (&lines[made]) DisplayLine(text + made * screenWidth);
+        void* const memory = &lines[made];
+        const DisplayLine& line = *::new (memory) DisplayLine(text + made * screenWidth);  // Not covered: never null
         if (line.marks().any()) return made + 1;
     }
     return count;

@@ -126,22 +126,24 @@ ElementLists& ProfileLists::listsOf(Family family) const {
 }
 
 std::int16_t ProfileLists::refill(Family family, TextView display) {
-    return withRow(family, [&](const auto& row) {
-        return raiseAs(row.error, description::verifyingProfile, [&]() -> std::int16_t {
-            ElementLists& lists = listsOf(family);
-            if (display.empty()) {
-                if (isCutWithoutElements(row, display)) cutToEntry0(lists);
-                return 0;
-            }
-            Display lines(terminal_, display);
-            Joiner joiner(lines);
-            const auto [found, isComplete] = readElements(family, joiner);
-            if (found.empty() && isCutWithoutElements(row, display)) cutToEntry0(lists);
-            ListsWriter(lists, factsOf(family)).store(found);
-            if (!isComplete) fail(Failure::Overflow);
-            return toInt16(static_cast<long long>(found.size()));
-        });
-    });
+    const int error = withRow(family, [](const auto& row) { return row.error; });
+    return raiseAs(error, description::verifyingProfile, [&] { return read(family, display); });
+}
+
+std::int16_t ProfileLists::read(Family family, TextView display) {
+    ElementLists& lists = listsOf(family);
+    const bool isCut = withRow(family, [&](const auto& row) { return isCutWithoutElements(row, display); });
+    if (display.empty()) {
+        if (isCut) cutToEntry0(lists);
+        return 0;
+    }
+    Display lines(terminal_, display);
+    Joiner joiner(lines);
+    const auto [found, isComplete] = readElements(family, joiner);
+    if (found.empty() && isCut) cutToEntry0(lists);
+    ListsWriter(lists, factsOf(family)).store(found);
+    if (!isComplete) fail(Failure::Overflow);
+    return toInt16(static_cast<long long>(found.size()));
 }
 
 const TextList* ProfileLists::texts(TextView name) const {

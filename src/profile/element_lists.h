@@ -45,6 +45,7 @@ public:
     const FlagList* flags(TextView name) const;
 
 private:
+    std::int16_t read(Family family, TextView display);
     ElementLists& listsOf(Family family) const;
 
     Terminal& terminal_;
