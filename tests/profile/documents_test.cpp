@@ -92,7 +92,8 @@ TEST(Documents, AfterAHeaderWithAnEndMarkOneMoreLineIsRead) {
         EXPECT_EQ(passports({header + mark, "  1 PAS/ A", "  2      B"}),
                   (Elements{2, {"", "A", "B"}, {"", "1", "2"}}));
         EXPECT_EQ(passports({header + mark, "  1 PIV/ A", "  2 PAS/ NOT REACHED"}), nothing);
-        EXPECT_EQ(collected("PAS", Lines{"LINE 0", header + mark}), nothing) << "the line after the display is empty";
+        EXPECT_EQ(collected("PAS", display({"LINE 0", header + mark})), nothing)
+            << "the line after the display is empty";
     }
 }
 
