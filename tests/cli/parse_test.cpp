@@ -122,7 +122,7 @@ TEST(Parse, ManyDisplaysInOneFileAreReadInBoundedMemoryOnAnyNumberOfThreads) {
     for (std::size_t i = 0; i < times; ++i) stream << displays;
     stream.close();
     // The memory of this process counts for the processes that it starts.
-    const long before = runTool({"--version"}).peakKilobytes;
+    [[maybe_unused]] const long before = runTool({"--version"}).peakKilobytes;
     const Finished first = runTool({"parse", "-j", "2", file.path()});
     EXPECT_TRUE(isRepeated(first.out, lines, times));
 #ifndef __SANITIZE_ADDRESS__
