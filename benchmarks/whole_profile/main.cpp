@@ -21,21 +21,13 @@ constexpr const char* floorTexts = "floor, owned strings";
 constexpr const char* exactViews = "exact, views";
 constexpr const char* exactTexts = "exact, owned strings";
 
-/// Views of the display and of joined texts; all memory is used again for the next display.
-template <Depth depth>
-const ScannedViews& scanViews(const Display& display) {
-    static ScannedViews result;
-    result.prepare(display.utf16.size());
-    scanLean<depth>(display.utf16, result);
-    return result;
-}
-
-/// A new result for each display, of texts that own their characters. Only the memory for joined texts stays.
-template <Depth depth>
-ScannedTexts scanTexts(const Display& display) {
+/// A new result for each display, as the library returns one. Only the memory for joined texts stays.
+template <Depth depth, class String>
+Scanned<String> scan(const Display& display) {
     static std::u16string joined;
-    ScannedTexts result;
+    Scanned<String> result;
     joined.clear();
+    joined.reserve(display.utf16.size());
     result.joined.swap(joined);
     scanLean<depth>(display.utf16, result);
     result.joined.swap(joined);
@@ -51,17 +43,19 @@ void check(Corpus corpus) {
         const ElementSet ours = elementSetOf(profile);
         const ElementSet elements = elementsOnly(ours);
         requireEqual("parseProfile", i, profile.problems.empty() ? "" : "a query failed");
-        requireEqual(floorViews, i, difference(elements, elementSetOf(scanViews<Depth::Elements>(display))));
-        requireEqual(floorTexts, i, difference(elements, elementSetOf(scanTexts<Depth::Elements>(display))));
-        requireEqual(exactViews, i, difference(ours, elementSetOf(scanViews<Depth::Everything>(display))));
-        requireEqual(exactTexts, i, difference(ours, elementSetOf(scanTexts<Depth::Everything>(display))));
+        requireEqual(floorViews, i,
+                     difference(elements, elementSetOf(scan<Depth::Elements, std::u16string_view>(display))));
+        requireEqual(floorTexts, i, difference(elements, elementSetOf(scan<Depth::Elements, std::u16string>(display))));
+        requireEqual(exactViews, i,
+                     difference(ours, elementSetOf(scan<Depth::Everything, std::u16string_view>(display))));
+        requireEqual(exactTexts, i, difference(ours, elementSetOf(scan<Depth::Everything, std::u16string>(display))));
         requireEqual("PCRE2", i, difference(ours, elementSetOf(pcre2.read(display.utf16))));
         requireEqual("RE2", i, difference(ours, elementSetOf(re2.read(display.utf8))));
 
         const Display odd = withOddText(display);
-        requireEqual(
-            "exact, odd text", i,
-            difference(elementSetOf(parseProfile(odd.utf16)), elementSetOf(scanViews<Depth::Everything>(odd))));
+        requireEqual("exact, odd text", i,
+                     difference(elementSetOf(parseProfile(odd.utf16)),
+                                elementSetOf(scan<Depth::Everything, std::u16string_view>(odd))));
     }
 }
 
@@ -80,10 +74,10 @@ void addContenders(Alternating& runner, Corpus corpus) {
         std::memcpy(room.data(), display.utf16.data(), display.utf16.size() * sizeof(char16_t));
         return room.data();
     });
-    add(floorViews, [](const Display& d) { return &scanViews<Depth::Elements>(d); });
-    add(exactViews, [](const Display& d) { return &scanViews<Depth::Everything>(d); });
-    add(floorTexts, scanTexts<Depth::Elements>);
-    add(exactTexts, scanTexts<Depth::Everything>);
+    add(floorViews, scan<Depth::Elements, std::u16string_view>);
+    add(exactViews, scan<Depth::Everything, std::u16string_view>);
+    add(floorTexts, scan<Depth::Elements, std::u16string>);
+    add(exactTexts, scan<Depth::Everything, std::u16string>);
     add("PCRE2 with JIT", [](const Display& display) {
         static Pcre2Reader reader;
         return &reader.read(display.utf16);
