@@ -67,11 +67,4 @@ FamilySet extractDocuments(FamilySet families, Joiner& joiner, FoundElements& fo
     return collectSection(families, display, *header, found);
 }
 
-FamilySet extract(FamilySet families, Joiner& joiner, FoundElements& found) {
-    const std::size_t first = indexOf(families.first());
-    if (first < firstTransferable) return extractPrefixed(families, joiner, found);
-    if (first < firstDocument) return extractTransferable(families, joiner, found);
-    return extractDocuments(families, joiner, found);
-}
-
 }  // namespace vantro

@@ -32,6 +32,11 @@ FamilySet extractDocuments(FamilySet families, Joiner& joiner, FoundElements& fo
 FamilySet extractTransferable(FamilySet families, Joiner& joiner, FoundElements& found);
 
 /// Extracts families of one section, of any kind.
-FamilySet extract(FamilySet families, Joiner& joiner, FoundElements& found);
+inline FamilySet extract(FamilySet families, Joiner& joiner, FoundElements& found) {
+    const std::size_t first = indexOf(families.first());
+    if (first < firstTransferable) return extractPrefixed(families, joiner, found);
+    if (first < firstDocument) return extractTransferable(families, joiner, found);
+    return extractDocuments(families, joiner, found);
+}
 
 }  // namespace vantro
