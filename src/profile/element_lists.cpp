@@ -81,6 +81,23 @@ void cutToEntry0(ElementLists& lists) {
     lists.texts(ElementPart::Number).resize(1);
 }
 
+/// Cuts lists back to entry 0 at the end of a call that stored no element, also of one that failed before it read a
+/// line. The entries stay until then, because elements that are found replace them.
+class CutAtExit {
+public:
+    explicit CutAtExit(ElementLists* lists) : lists_(lists) {}
+    ~CutAtExit() {
+        if (lists_ != nullptr) cutToEntry0(*lists_);
+    }
+    CutAtExit(const CutAtExit&) = delete;
+    CutAtExit& operator=(const CutAtExit&) = delete;
+
+    void cancel() { lists_ = nullptr; }
+
+private:
+    ElementLists* lists_;
+};
+
 /// True if a call that finds no element cuts the lists back to entry 0.
 bool isCutWithoutElements(const PrefixedFamily& row, TextView display) {
     // Meant: four families test for an empty display before they cut their lists.
@@ -133,14 +150,12 @@ std::int16_t ProfileLists::refill(Family family, TextView display) {
 std::int16_t ProfileLists::read(Family family, TextView display) {
     ElementLists& lists = listsOf(family);
     const bool isCut = withRow(family, [&](const auto& row) { return isCutWithoutElements(row, display); });
-    if (display.empty()) {
-        if (isCut) cutToEntry0(lists);
-        return 0;
-    }
+    CutAtExit cut(isCut ? &lists : nullptr);
+    if (display.empty()) return 0;
     Display lines(terminal_, display);
     Joiner joiner(lines);
     const auto [found, isComplete] = readElements(family, joiner);
-    if (found.empty() && isCut) cutToEntry0(lists);
+    if (!found.empty()) cut.cancel();
     ListsWriter(lists, factsOf(family)).store(found);
     if (!isComplete) fail(Failure::Overflow);
     return toInt16(static_cast<long long>(found.size()));

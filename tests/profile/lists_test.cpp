@@ -107,5 +107,43 @@ TEST(NoteLists, FetchedBeforeAFailingCountContainWhatItStored) {
     EXPECT_EQ(qualifiers.back(), u"");
 }
 
+/// The built-in terminal, which can lose its helper functions.
+class LosingTerminal final : public Terminal {
+public:
+    TerminalFunctions& functions() override {
+        if (isLost) throw Error(429, u"", u"");
+        return builtIn_.functions();
+    }
+    ErrorReporter& errorReporter() override { return builtIn_.errorReporter(); }
+    CollectionPtr createCollection() override { return builtIn_.createCollection(); }
+
+    bool isLost = false;
+
+private:
+    BuiltInTerminal builtIn_;
+};
+
+// The lists of prefixed families and documents are cut before the display is read; the others only when an element is
+// stored.
+TEST(Lists, AreCutWhenTheTerminalFailsBeforeTheFirstLine) {
+    const ClassRow& row = *findClass(u"CProfile");
+    const auto line = [](TextView text) { return Text(text) + Text(80 - text.size(), u' '); };
+    const Text display = line(u"------- PRIORITY") + line(u"  1 PPR/ A") + line(u"------- PNR TRANSFERABLE DATA") +
+                         line(u"S      1     RM B") + u"END OF DISPLAY";
+    LosingTerminal terminal;
+    const auto object = createObject(row, terminal);
+    const auto count = [&](TextView property) {
+        return findCount(row, property)->call(*object, CountRequest{display});
+    };
+    ASSERT_EQ(count(u"PPRElementsCount"), 1);
+    ASSERT_EQ(count(u"RemarkElementsCount"), 1);
+    terminal.isLost = true;
+    EXPECT_THROW(count(u"PPRElementsCount"), Error);
+    EXPECT_THROW(count(u"RemarkElementsCount"), Error);
+    EXPECT_EQ(*object->list(u"strPPRText"), TextList{u""});
+    EXPECT_EQ(*object->list(u"strPPRNumber"), TextList{u""});
+    EXPECT_EQ(*object->list(u"strRemarkText"), TextList{u"RM B"});
+}
+
 }  // namespace
 }  // namespace vantro
