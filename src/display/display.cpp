@@ -18,13 +18,12 @@ std::size_t lengthOf(const Screen& screen) {
 
 void ReadLines::beginRun(std::size_t index) {
     begin_ = index;
-    capacity_ = expected_ - index;
-    run_ = std::make_unique_for_overwrite<Slot[]>(capacity_);
+    run_.resize(expected_ - index);
 }
 
 const DisplayLine& ReadLines::add(std::size_t index, TextView text) {
     if (count_ == 0 && index < expected_) beginRun(index);
-    const bool continuesRun = count_ < capacity_ && index == begin_ + count_;
+    const bool continuesRun = count_ < run_.size() && index == begin_ + count_;
     if (!continuesRun) return apart_.try_emplace(index, text).first->second;
     DisplayLine* const line = &run_[count_].line;
     if (text.size() == screenWidth) {
@@ -50,7 +49,10 @@ const DisplayLine* ReadLines::findApart(std::size_t index) const {
 }
 
 Display::Display(Terminal& terminal, TextView text)
-    : screen_(terminal, text), size_(lengthOf(screen_)), lines_(std::min(size_, text.size() / screenWidth + 1)) {
+    : screen_(terminal, text),
+      size_(lengthOf(screen_)),
+      lines_(std::min(size_, text.size() / screenWidth + 1), scratchMemory()),
+      marked_(scratchMemory()) {
     constexpr std::size_t usualMarks = 32;  // ten section headers, a prompt, the end text, and a reserve
     marked_.reserve(usualMarks);
 }

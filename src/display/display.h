@@ -2,10 +2,10 @@
 #pragma once
 
 #include "display/display_line.h"
+#include "display/scratch_memory.h"
 #include "framework/screen.h"
 
 #include <cstddef>
-#include <memory>
 #include <optional>
 #include <type_traits>
 #include <unordered_map>
@@ -18,7 +18,7 @@ namespace vantro {
 class ReadLines {
 public:
     /// The array has room for the lines before `expected`, the number of lines in the text. A terminal may make more.
-    explicit ReadLines(std::size_t expected) : expected_(expected) {}
+    ReadLines(std::size_t expected, std::pmr::memory_resource* memory) : expected_(expected), run_(memory) {}
 
     /// A line, or null when it was not read yet.
     const DisplayLine* find(std::size_t index) const {
@@ -47,8 +47,7 @@ private:
     std::size_t expected_;
     std::size_t begin_ = 0;  // the run's first line
     std::size_t count_ = 0;
-    std::size_t capacity_ = 0;
-    std::unique_ptr<Slot[]> run_;
+    std::pmr::vector<Slot> run_;
     std::unordered_map<std::size_t, DisplayLine> apart_;
 };
 
@@ -109,6 +108,9 @@ public:
     /// The number of lines that can be non-empty.
     std::size_t size() const { return size_; }
 
+    /// For what the operation needs beside the lines.
+    std::pmr::memory_resource* scratchMemory() { return scratch_.resource(); }
+
     Screen& screen() { return screen_; }
     TextView text() const { return screen_.text(); }
 
@@ -125,11 +127,12 @@ private:
     template <class Wanted>
     MarkedLine nextFetched(Counter from, Wanted wanted);
 
+    ScratchMemory scratch_;
     Screen screen_;
     std::size_t size_;
     ReadLines lines_;
-    std::size_t swept_ = 0;           // the number of lines, from line 0, whose marks are known
-    std::vector<MarkedLine> marked_;  // those among them that contain marks
+    std::size_t swept_ = 0;                // the number of lines, from line 0, whose marks are known
+    std::pmr::vector<MarkedLine> marked_;  // those among them that contain marks
 };
 
 }  // namespace vantro

@@ -115,7 +115,7 @@ struct ReadElements {
 /// The elements found before the search ended or failed, whatever the failure: the caller raises the family's number.
 ReadElements readElements(Family family, Joiner& joiner) {
     constexpr std::size_t usualElements = 32;
-    ReadElements read{{}, false};
+    ReadElements read{FoundElements(joiner.display().scratchMemory()), false};
     read.found.reserve(usualElements);
     try {
         read.isComplete = extract(FamilySet(family), joiner, read.found).empty();

@@ -126,7 +126,7 @@ private:
 
     void readFamilies() {
         if (display_.text().empty()) return;
-        FoundElements found;
+        FoundElements found(display_.scratchMemory());
         found.reserve(display_.size());  // few displays have an element in every line
         const FamilySet failed = isFarFromCountersEnd() ? readSections(found) : readOneByOne(found);
         storeElements(found, failed, profile_, storage_.elements);

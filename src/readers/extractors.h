@@ -15,7 +15,7 @@ struct FoundElement {
 };
 
 /// The elements found so far; those of each family are in the order of the display.
-using FoundElements = std::vector<FoundElement>;
+using FoundElements = std::pmr::vector<FoundElement>;
 
 /// Cuts an element into its parts. Those that its family does not have stay as they are.
 void split(const FoundElement& found, Element& element);
