@@ -13,6 +13,9 @@ namespace vantro {
 inline constexpr int success = 0;
 inline constexpr int callFailed = 1;  ///< a call raised an error, or a batch line was not a request
 inline constexpr int badUsage = 2;
+inline constexpr int insufficientParameters = 3;  ///< the command is empty, so nothing is to be sent
+inline constexpr int screenNotRecognised = 4;     ///< no test of the class recognised the screen
+inline constexpr int warned = 5;                  ///< with --strict: there were warnings
 
 /// Something is wrong with the tool's arguments or input. The text says what, and what to do: one line, a clause or
 /// several sentences, without the full stop of the last one.
