@@ -5,6 +5,7 @@
 #include "cli/commands/commands.h"
 #include "cli/commands/describe.h"
 #include "cli/commands/help.h"
+#include "cli/io/encoding.h"
 #include "cli/io/failure.h"
 #include "cli/io/standard_io.h"
 
@@ -85,6 +86,19 @@ void addMaxLine(CLI::App& command, std::size_t& maxLine) {
         ->type_name("N");
 }
 
+void addEncoding(CLI::App& command, Encoding& encoding) {
+    const auto read = [&encoding](const std::string& name) {
+        const std::optional<Encoding> named = encodingNamed(name);
+        if (!named) throw CLI::ValidationError("--encoding", "'" + name + "' is none of " + encodingNames());
+        encoding = *named;
+    };
+    command
+        .add_option_function<std::string>("--encoding", read,
+                                          "Encoding of the input: utf-8, utf-16, utf-16le, utf-16be, latin-1,\n"
+                                          "windows-1252 (default: auto, UTF-8 or what a byte order mark says)")
+        ->type_name("NAME");
+}
+
 void addClassAndParameters(CLI::App& command, std::string& className, std::vector<std::string>& parameters) {
     command.add_option("CLASS", className, "A transaction class, such as CPDNTrans")->required()->type_name("");
     command.add_option("KEY=VALUE", parameters, help::parameter)->type_name("");
@@ -97,6 +111,7 @@ void addDisplayFile(CLI::App& command, QueryOptions& options) {
 void addQueryOptions(CLI::App& command, QueryOptions& options) {
     auto* const table = command.add_flag("--table", options.table, "Print a table, also into a file or pipe");
     command.add_flag("--json", options.json, "Print one JSON object per display, also on a terminal")->excludes(table);
+    addEncoding(command, options.encoding);
     addMaxLine(command, options.maxLine);
 }
 
@@ -246,6 +261,7 @@ void CommandLine::addVerify() {
     auto* const table = command.add_flag("--table", verify_.table, "Print a table, also into a file or pipe");
     command.add_flag("--json", verify_.json, "Print one JSON object, also on a terminal")->excludes(table);
     command.add_flag("--count", verify_.count, "Print what the class counts on the screen, not its results");
+    addEncoding(command, verify_.encoding);
     addMaxLine(command, verify_.maxLine);
     command.footer(help::verify);
     command.callback([this] { status_ = runVerify(verify_); });
@@ -265,7 +281,17 @@ void CommandLine::addBatch() {
 void CommandLine::addParse() {
     constexpr int mostThreads = 256;
     CLI::App& command = *tool_.add_subcommand("parse", "Print everything that profile displays contain");
-    command.add_option("FILE", parse_.files, "Files with displays (default, and for -: standard input)")->type_name("");
+    command
+        .add_option("FILE", parse_.files,
+                    "Files with displays, and folders of such files (default, and for -: standard\ninput)")
+        ->type_name("");
+    command
+        .add_option("--files-from", parse_.fileLists,
+                    "File with the names of further files and folders, one per line (-: standard\ninput)")
+        ->type_name("FILE")
+        ->allow_extra_args(false);
+    command.add_flag("-0,--null", parse_.zeroSeparated,
+                     "The names in --files-from end in zero bytes, as find -print0 writes them");
     auto* const table = command.add_flag("--table", parse_.table, "Print tables, also into a file or pipe");
     command.add_flag("--json", parse_.json, "Print JSON, also on a terminal")->excludes(table);
     command.add_flag("--pretty", parse_.pretty, "Print JSON with an indent of 2 blanks per level")->excludes(table);
@@ -273,6 +299,7 @@ void CommandLine::addParse() {
         ->check(wholeNumber(1, mostThreads))
         ->type_name("N")
         ->capture_default_str();
+    addEncoding(command, parse_.encoding);
     addMaxLine(command, parse_.maxLine);
     command.footer(help::parse);
     command.callback([this] { status_ = runParse(parse_); });

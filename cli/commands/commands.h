@@ -29,6 +29,7 @@ struct VerifyOptions {
     std::vector<std::string> parameters;
     std::string screenFile;
     std::string stateFile;  ///< "" for none
+    Encoding encoding = Encoding::ByMark;
     bool table = false;
     bool json = false;
     bool count = false;  ///< asks for the class's counts instead of its results
@@ -36,7 +37,10 @@ struct VerifyOptions {
 };
 
 struct ParseOptions {
-    std::vector<std::string> files;  ///< empty for standard input
+    std::vector<std::string> files;      ///< files and folders; empty for standard input
+    std::vector<std::string> fileLists;  ///< files with the names of further ones
+    bool zeroSeparated = false;          ///< the names in the lists, by zero bytes instead of line ends
+    Encoding encoding = Encoding::ByMark;
     bool table = false;
     bool json = false;
     bool pretty = false;

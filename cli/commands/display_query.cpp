@@ -37,7 +37,7 @@ public:
         : options_(options), question_(question), view_(chosenView(options.table, options.json)) {}
 
     int printAll() {
-        DisplayStream displays(options_.file, options_.maxLine);
+        DisplayStream displays(options_.file, options_.maxLine, options_.encoding);
         std::optional<StreamedDisplay> display = displays.next();
         if (!display) fail(inputName(options_.file) + " contains no display");
         while (display && knowsPrefix_) {

@@ -27,6 +27,7 @@ struct QueryOptions {
     bool table = false;
     bool json = false;
     std::size_t maxLine = defaultMaxLine;
+    Encoding encoding = Encoding::ByMark;
 };
 
 /// The query for every display.

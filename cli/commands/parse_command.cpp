@@ -3,6 +3,7 @@
 #include "cli/commands/results_view.h"
 #include "cli/io/displays.h"
 #include "cli/io/failure.h"
+#include "cli/io/file_list.h"
 #include "cli/io/input_files.h"
 #include "cli/io/ordered_work.h"
 #include "cli/io/progress.h"
@@ -12,6 +13,7 @@
 #include <optional>
 #include <stdexcept>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace vantro {
@@ -26,7 +28,7 @@ ProfileForm formFor(const ParseOptions& options) {
 /// A chunk of one of the files, or the end of the file.
 struct Step {
     ParsedChunk parsed;
-    std::size_t bytes = 0;
+    std::uint64_t bytes = 0;
     bool endsFile = false;
     std::string failure;  // why the file ends early
 };
@@ -112,6 +114,7 @@ private:
 /// A chunk of one of the files as it was read, or the end of the file.
 struct Piece {
     std::string text;
+    std::uint64_t bytesRead = 0;  // of the file, which may be compressed
     bool endsFile = false;
     std::string failure;  // why the file ends early
 };
@@ -119,16 +122,18 @@ struct Piece {
 /// Reads the files one after the other, piece by piece.
 class PieceReader {
 public:
-    PieceReader(const std::vector<std::string>& files, std::size_t maxLine) : files_(files), maxLine_(maxLine) {}
+    explicit PieceReader(const ParseOptions& options)
+        : files_(options.files), encoding_(options.encoding), maxLine_(options.maxLine) {}
 
     std::optional<Piece> next() {
         if (file_ == files_.size()) return std::nullopt;
         Piece piece;
         // A file that cannot be read does not stop the others.
         try {
-            if (!chunks_) chunks_.emplace(openInput(files_[file_]), ChunkReader::defaultBlock, maxLine_);
+            if (!chunks_) chunks_.emplace(openFile(), ChunkReader::defaultBlock, maxLine_);
             if (std::optional<std::string> chunk = chunks_->next()) {
                 piece.text = std::move(*chunk);
+                piece.bytesRead = std::exchange(bytesRead_, 0);
                 return piece;
             }
         } catch (const std::runtime_error& problem) {
@@ -141,21 +146,37 @@ public:
     }
 
 private:
+    ByteSource openFile() { return openInput(files_[file_], encoding_, &bytesRead_); }
+
     const std::vector<std::string>& files_;
+    Encoding encoding_;
     std::size_t maxLine_;
+    std::uint64_t bytesRead_ = 0;  // since the last piece
     std::size_t file_ = 0;
     std::optional<ChunkReader> chunks_;
 };
 
 Step stepOf(const Piece& piece, ProfileForm form) {
     if (piece.endsFile) return {.parsed = {}, .endsFile = true, .failure = piece.failure};
-    return {.parsed = parseChunk(piece.text, form), .bytes = piece.text.size(), .failure = {}};
+    return {.parsed = parseChunk(piece.text, form), .bytes = piece.bytesRead, .failure = {}};
+}
+
+/// The files that are parsed: those of the lists follow the others.
+std::vector<std::string> filesOf(const ParseOptions& options) {
+    std::vector<std::string> files = options.files;
+    for (const std::string& list : options.fileLists) {
+        for (std::string& name : namesInList(readAll(list, options.maxLine), options.zeroSeparated)) {
+            files.push_back(std::move(name));
+        }
+    }
+    if (files.empty() && options.fileLists.empty()) files.emplace_back("-");
+    return withFilesOfFolders(files);
 }
 
 }  // namespace
 
 int runParse(ParseOptions options) {
-    if (options.files.empty()) options.files.emplace_back("-");
+    options.files = filesOf(options);
     const auto standardInputs = std::ranges::count_if(options.files, isStandardInput);
     if (standardInputs > 1) throw UsageError("standard input can be read once only; name it once");
     if (standardInputs == 1 && inputIsTerminal()) {
@@ -163,7 +184,7 @@ int runParse(ParseOptions options) {
     }
     const ProfileForm form = formFor(options);
     Printer printer(options, form);
-    PieceReader pieces(options.files, options.maxLine);
+    PieceReader pieces(options);
     workInOrder(
         options.threads, [&pieces] { return pieces.next(); },
         [form](const Piece& piece) { return stepOf(piece, form); },

@@ -38,7 +38,7 @@ Text screenFor(const VerifyOptions& options) {
     if (fromInput && inputIsTerminal()) {
         complain("reading the screen from standard input; end it with the end-of-file key");
     }
-    return screenFromText(readAll(options.screenFile, options.maxLine));
+    return screenFromText(readAll(options.screenFile, options.maxLine, options.encoding));
 }
 
 // The counts of a class as a collection, so that they are shown like results.

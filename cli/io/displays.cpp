@@ -270,8 +270,8 @@ FaultyLine ChunkDisplays::look(std::string_view line) const {
     return faulty;
 }
 
-DisplayStream::DisplayStream(const std::string& file, std::size_t maxLine)
-    : chunks_(openInput(file), ChunkReader::defaultBlock, maxLine), maxLine_(maxLine) {}
+DisplayStream::DisplayStream(const std::string& file, std::size_t maxLine, Encoding encoding)
+    : chunks_(openInput(file, encoding), ChunkReader::defaultBlock, maxLine), maxLine_(maxLine) {}
 
 std::optional<StreamedDisplay> DisplayStream::next() {
     while (true) {

@@ -117,7 +117,7 @@ struct StreamedDisplay {
 class DisplayStream {
 public:
     /// The file's name in UTF-8, or "" and "-" for standard input. Raises UsageError for a file that cannot be opened.
-    DisplayStream(const std::string& file, std::size_t maxLine);
+    DisplayStream(const std::string& file, std::size_t maxLine, Encoding encoding = Encoding::ByMark);
 
     /// The next display, or nothing at the end. Raises StreamError.
     std::optional<StreamedDisplay> next();

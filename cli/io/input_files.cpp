@@ -1,5 +1,7 @@
 #include "cli/io/input_files.h"
 
+#include "cli/io/compression.h"
+#include "cli/io/encoding.h"
 #include "cli/io/failure.h"
 #include "cli/io/standard_io.h"
 
@@ -57,7 +59,9 @@ bool isStandardInput(const std::string& file) { return file.empty() || file == "
 
 std::string inputName(const std::string& file) { return isStandardInput(file) ? "standard input" : file; }
 
-ByteSource openInput(const std::string& file) {
+namespace {
+
+ByteSource openBytes(const std::string& file) {
     if (isStandardInput(file)) return readInput;
     // A folder can be opened and fails only when it is read.
     std::error_code ignored;
@@ -73,8 +77,24 @@ ByteSource openInput(const std::string& file) {
     };
 }
 
-std::string readAll(const std::string& file, std::size_t maxLine) {
-    const ByteSource source = openInput(file);
+ByteSource counted(ByteSource source, std::uint64_t* bytesRead) {
+    return [source = std::move(source), bytesRead](std::span<char> bytes) {
+        const std::size_t count = source(bytes);
+        *bytesRead += count;
+        return count;
+    };
+}
+
+}  // namespace
+
+ByteSource openInput(const std::string& file, Encoding encoding, std::uint64_t* bytesRead) {
+    ByteSource source = openBytes(file);
+    if (bytesRead != nullptr) source = counted(std::move(source), bytesRead);
+    return inUtf8(unpacked(std::move(source), inputName(file)), encoding);
+}
+
+std::string readAll(const std::string& file, std::size_t maxLine, Encoding encoding) {
+    const ByteSource source = openInput(file, encoding);
     LineLengths lengths(maxLine);
     std::string all;
     std::string block(blockSize, '\0');

@@ -18,6 +18,23 @@ std::string barAndPercentage(double part) {
            std::string(3 - std::min<std::size_t>(3, percentage.size()), ' ') + percentage + " %  ";
 }
 
+/// "40 s", "3 min", "2 h 5 min".
+std::string durationOf(double seconds) {
+    constexpr long long minute = 60;
+    constexpr long long hour = 60 * minute;
+    const long long whole = std::llround(seconds);
+    if (whole < 2 * minute) return std::to_string(whole) + " s";
+    const long long minutes = (whole + minute / 2) / minute;
+    if (whole < hour) return std::to_string(minutes) + " min";
+    return std::to_string(minutes / minute) + " h " + std::to_string(minutes % minute) + " min";
+}
+
+std::string timeLeft(const ProgressState& state) {
+    if (state.bytesDone == 0 || state.bytesDone >= state.bytesInAll || state.seconds <= 0) return {};
+    const auto left = static_cast<double>(state.bytesInAll - state.bytesDone);
+    return "  " + durationOf(state.seconds * left / static_cast<double>(state.bytesDone)) + " left";
+}
+
 }  // namespace
 
 std::string progressLine(const ProgressState& state) {
@@ -30,7 +47,7 @@ std::string progressLine(const ProgressState& state) {
     if (state.seconds > 0) {
         line += "  " + std::to_string(std::llround(static_cast<double>(state.count) / state.seconds)) + "/s";
     }
-    return line;
+    return line + timeLeft(state);
 }
 
 Progress::Progress(std::uint64_t bytesInAll, Write write, Now now)

@@ -17,7 +17,7 @@ struct ProgressState {
     double seconds = 0;
 };
 
-/// "[#####-----]  50 %  1234 displays  617/s"
+/// "[#####-----]  50 %  1234 displays  617/s  12 s left"
 std::string progressLine(const ProgressState& state);
 
 /// Shows the line once a run has taken a second, updates it several times per second and erases it at the end. Other

@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <cstddef>
+#include <filesystem>
 #include <fstream>
 #include <string>
 #include <vector>
@@ -49,8 +50,7 @@ TEST(Output, ThatCannotBeWrittenIsAFailureOfEveryCommand) {
 }
 
 TEST(Input, AFolderIsReportedAsOne) {
-    for (Arguments arguments : {Arguments{"parse"},
-                                {"elements", "NM"},
+    for (Arguments arguments : {Arguments{"elements", "NM"},
                                 {"notes"},
                                 {"verify", "CPXTrans", "--screen"},
                                 {"verify", "CPXTrans", "--state"}}) {
@@ -183,6 +183,40 @@ TEST(Messages, AreSentences) {
                     "--index: give a whole number from -32768 to 32767, not '99999'; ");
     expectComplaint(runTool({"verify", "CPXTrans", "--screen"}), 2, "the option --screen needs a value; ");
     expectComplaint(runTool({"parse", "a\nb"}), 2, "'a?b'");
+}
+
+// What Windows PowerShell writes when the output of a program is redirected into a file.
+TEST(Input, Utf16WithAMarkIsReadByEveryCommand) {
+    std::string utf16 = "\xFF\xFE";
+    for (const char character : display) utf16 += {character, '\0'};
+    for (const Arguments& arguments : readers) {
+        const Finished run = runTool(arguments, utf16);
+        EXPECT_EQ(run.out, runTool(arguments, display).out) << arguments.front();
+        EXPECT_EQ(run.err, "");
+    }
+}
+
+TEST(Input, OtherEncodingsAreNamed) {
+    const std::string latin = "PDR/AA11BB\n*T*                    AA11BB\n   1 NM ZO\xCB/A\nEND OF DISPLAY\n";
+    EXPECT_EQ(runTool({"elements", "NM", "--encoding", "Latin-1"}, latin).out, "{\"strKeyElement\":\"ZO\u00CB/A\"}\n");
+    expectComplaint(runTool({"elements", "NM", "--encoding", "utf16"}, latin), 2,
+                    "'utf16' is none of auto, utf-8, utf-16, utf-16le, utf-16be, latin-1, windows-1252");
+}
+
+TEST(Input, AFolderStandsForItsFilesAndAListForItsNames) {
+    namespace fs = std::filesystem;
+    const TemporaryFile file(display);
+    const fs::path folder = file.path() + "-folder";
+    fs::create_directory(folder);
+    fs::copy_file(file.path(), folder / "a.txt");
+    fs::copy_file(file.path(), folder / "b.txt");
+    const std::string list = (folder / "a.txt").string() + "\n" + file.path() + "\n";
+    const auto records = [](const Finished& run) { return std::ranges::count(run.out, '\n'); };
+    EXPECT_EQ(records(runTool({"parse", folder.string(), file.path()})), 3);
+    EXPECT_EQ(records(runTool({"parse", "--files-from", "-"}, list)), 2);
+    EXPECT_EQ(records(runTool({"parse", file.path(), "--files-from", "-"}, list)), 3);
+    EXPECT_EQ(records(runTool({"parse", "-0", "--files-from", "-"}, file.path() + '\0')), 1);
+    fs::remove_all(folder);
 }
 
 }  // namespace

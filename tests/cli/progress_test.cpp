@@ -13,9 +13,27 @@ using std::chrono::milliseconds;
 
 TEST(ProgressLine, ShowsBarPercentageCountAndRate) {
     EXPECT_EQ(progressLine({.bytesDone = 50, .bytesInAll = 100, .count = 1234, .seconds = 2}),
-              "[###############---------------]  50 %  1234 displays  617/s");
+              "[###############---------------]  50 %  1234 displays  617/s  2 s left");
     EXPECT_EQ(progressLine({.bytesDone = 100, .bytesInAll = 100, .count = 9, .seconds = 3}),
               "[##############################] 100 %  9 displays  3/s");
+}
+
+TEST(ProgressLine, EstimatesTheTimeLeft) {
+    const auto left = [](double seconds) {
+        const std::string line = progressLine({.bytesDone = 50, .bytesInAll = 100, .count = 1, .seconds = seconds});
+        return line.substr(line.find("/s") + 2);
+    };
+    EXPECT_EQ(left(0.4), "  0 s left");
+    EXPECT_EQ(left(119), "  119 s left");
+    EXPECT_EQ(left(120), "  2 min left");
+    EXPECT_EQ(left(3'569), "  59 min left");
+    EXPECT_EQ(left(3'600), "  1 h 0 min left");
+    EXPECT_EQ(left(7'500), "  2 h 5 min left");
+}
+
+TEST(ProgressLine, EstimatesNothingBeforeTheFirstByte) {
+    EXPECT_EQ(progressLine({.bytesDone = 0, .bytesInAll = 100, .count = 0, .seconds = 2}),
+              "[------------------------------]   0 %  0 displays  0/s");
 }
 
 TEST(ProgressLine, HasNoBarWhenTheLengthIsUnknown) {
@@ -48,12 +66,12 @@ TEST_F(ProgressShown, NothingInTheFirstSecond) {
 
 TEST_F(ProgressShown, TenTimesASecondAtMost) {
     stepAt(milliseconds(1000));
-    EXPECT_EQ(written_, "\r[###---------------------------]  10 %  5 displays  5/s");
+    EXPECT_EQ(written_, "\r[###---------------------------]  10 %  5 displays  5/s  9 s left");
     written_.clear();
     stepAt(milliseconds(1050));
     EXPECT_EQ(written_, "");
     stepAt(milliseconds(1250));
-    EXPECT_EQ(written_, "\r[#########---------------------]  30 %  15 displays  12/s");
+    EXPECT_EQ(written_, "\r[#########---------------------]  30 %  15 displays  12/s  3 s left");
 }
 
 TEST_F(ProgressShown, IsErasedWhenHidden) {

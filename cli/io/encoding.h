@@ -1,0 +1,22 @@
+// Text in other encodings than UTF-8, converted as it is read.
+#pragma once
+
+#include "cli/io/input_files.h"
+
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace vantro {
+
+/// The encoding with this name ("utf-16", "latin-1", ...), in any case; nothing for an unknown name.
+std::optional<Encoding> encodingNamed(std::string_view name);
+
+/// All names, for a message: "auto, utf-8, ...".
+std::string encodingNames();
+
+/// The same text in UTF-8. What does not belong to the encoding becomes bytes that are not UTF-8, so that the reader of
+/// the text reports its line. A byte order mark is dropped, also where the encoding is named.
+ByteSource inUtf8(ByteSource source, Encoding encoding);
+
+}  // namespace vantro
