@@ -1,10 +1,13 @@
 """The places of a source file that can be changed, and the changes for each place."""
 
 import bisect
-import random
+import hashlib
 import re
+import zlib
+from collections import Counter
 from dataclasses import dataclass, field
 
+from .explained import code_of
 from .tokens import Token, closing_brackets, tokens_of
 
 
@@ -173,7 +176,7 @@ class Scanner:
         if not units:
             self._replace(token, "string", f'{prefix}"x"')
             return
-        middle = (token.start * 7) % len(units)  # any place, but always the same one
+        middle = zlib.crc32(token.text.encode()) % len(units)  # any place, but always the same one
         other = "." if units[middle] == " " else "#" if units[middle] == "." else " " if middle % 3 == 0 else "Q"
         other = "X" if units[middle] == other else other
         for new in dict.fromkeys([
@@ -283,6 +286,11 @@ class Scanner:
             return self._at(opening - 1) in ("if", "for", "while")
         return False
 
+    def _ends_switch(self, index: int) -> bool:
+        opening_of = {end: start for start, end in self.closing.items()}
+        head_end = opening_of.get(index, 0) - 1
+        return self._at(opening_of.get(head_end, 0) - 1) == "switch"
+
     def _statement(self, index: int, token: Token) -> None:
         end = index
         while end < len(self.tokens) and self._at(end) != ";":
@@ -292,6 +300,8 @@ class Scanner:
         if end >= len(self.tokens):
             return
         start, stop = token.start, self.tokens[end].end
+        if token.text == "break" and self._ends_switch(end + 1):
+            return  # the next statement is the same one
         if token.text in ("break", "continue") or (token.text == "return" and end == index + 1):
             self._add(start, "jump dropped", start, stop, ";")
         elif token.text == "return":
@@ -332,15 +342,24 @@ def places_in(texts: dict[str, str], with_simd: bool = True) -> list[Place]:
     return places
 
 
+def drawn(seed: int, *parts: str | int) -> bytes:
+    """A number that depends on nothing but these parts."""
+    return hashlib.sha256("\0".join(map(str, (seed, *parts))).encode()).digest()
+
+
 def chosen(places: list[Place], count: int, seed: int) -> list[Mutant]:
-    """One change at each of `count` places; if there are fewer places, further changes at the same ones."""
-    choice = random.Random(seed)
-    rest = [(place, choice.sample(place.mutants, len(place.mutants))) for place in places]
-    found: list[Mutant] = []
-    while rest and len(found) < count:
-        choice.shuffle(rest)
-        found += [mutants[0] for _, mutants in rest[: count - len(found)]]
-        rest = [(place, mutants[1:]) for place, mutants in rest if len(mutants) > 1]
+    """One change at each of `count` places; if there are fewer places, further changes at the same ones. Whether a place
+    is drawn depends on the text of its line alone, so that a sample stays the same when other lines change."""
+    alike: Counter = Counter()
+    ranked: list[tuple[int, bytes, Mutant]] = []
+    for place in places:
+        first = place.mutants[0]
+        name = (place.file, first.kind, code_of(first.before), code_of(first.after))
+        alike[name] += 1
+        rank = drawn(seed, *name, alike[name])
+        changes = sorted(place.mutants, key=lambda m: drawn(seed, m.kind, code_of(m.before), code_of(m.after)))
+        ranked += [(turn, rank, mutant) for turn, mutant in enumerate(changes)]
+    found = [mutant for _, _, mutant in sorted(ranked, key=lambda entry: entry[:2])[:count]]
     for number, mutant in enumerate(found, 1):
         mutant.number = number
     return found

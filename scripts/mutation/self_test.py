@@ -63,6 +63,10 @@ class Mutants(unittest.TestCase):
         found = {old for old, new in changes("struct S { int a; }; void f() { g(1); int b{2}; if (c) h(); return; }") if new == ";"}
         self.assertEqual(found, {"g(1);", "h();", "return;"})
 
+    def test_the_last_break_of_a_switch_stays(self):
+        source = "void f() { switch (a) { case 1: break; case 2: for (;;) { break; } break; } }"
+        self.assertEqual(len([m for p in places_in({"a.cpp": source}) for m in p.mutants if m.old == "break;"]), 2)
+
     def test_conditions(self):
         found = {new for old, new in changes("void f() { if (a; b) c(); }") if old.strip() == "b"}
         self.assertEqual(found, {" !(b)", " false && (b)", " true || (b)"})
@@ -81,6 +85,24 @@ class Mutants(unittest.TestCase):
         )  # fmt: skip
         self.assertEqual(first, second)
         self.assertNotEqual(first, other)
+
+    def test_other_lines_do_not_change_the_sample(self):
+        source = "".join(f"Width w{n}{{{n}}};\n" for n in range(10, 60)) + 'T t = u"ABCDEF";\n'
+        edited = "// A comment.\nint other = 7;\n" + source.replace("Width w20{20};\n", "") + "bool b = true;\n"
+        lines = ("int other", "Width w20", "bool b")
+        for seed in range(9):
+            before, after = (
+                [m.after for m in chosen(places_in({"a.cpp": text}), 30, seed) if not m.before.startswith(lines)]
+                for text in (source, edited)
+            )  # fmt: skip
+            common = min(len(before), len(after))
+            self.assertGreaterEqual(common, 27)
+            self.assertEqual(before[:common], after[:common])
+
+    def test_a_small_sample_is_the_start_of_a_large_one(self):
+        places = places_in({"a.cpp": "int a[] = {1, 2, 3, 4, 5, 6};"})
+        small, large = ([m.after for m in chosen(places, count, 1)] for count in (3, 6))
+        self.assertEqual(small, large[:3])
 
     def test_every_change_is_taken_once_when_more_are_asked_for(self):
         self.assertEqual(len(chosen(places_in({"a.cpp": "Width w{6};"}), 9, 1)), 3)
