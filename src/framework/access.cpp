@@ -2,6 +2,8 @@
 
 #include "framework/int16.h"
 
+#include <utility>
+
 namespace vantro {
 
 ItemPtr Parameters::item(TextView name) const {
@@ -15,18 +17,15 @@ std::int16_t Parameters::read(const Key<std::int16_t>& key) {
     return toInt16(stored->Value());
 }
 
-TextView Parameters::readEntry(const Key<TextList>& key, std::int16_t index) {
-    const ItemPtr stored = item(key.name);
+ListEntry Parameters::readEntry(const Key<TextList>& key, std::int16_t index) {
+    ItemPtr stored = item(key.name);
     if (!stored) fail(Failure::ObjectNotSet);
     const auto* list = std::get_if<TextList>(&stored->Value());
     if (list == nullptr) fail(Failure::TypeMismatch);
     if (index < 0) fail(Failure::SubscriptOutOfRange);
     const auto position = static_cast<std::size_t>(index);
     if (position < stored->firstIndex() || position >= list->size()) fail(Failure::SubscriptOutOfRange);
-    const TextView entry = (*list)[position];
-    // An item that the terminal created for this call ends with it, and its list too.
-    if (stored.use_count() > 0) return texts_.keep(Text(entry));
-    return entry;
+    return {(*list)[position], std::move(stored)};
 }
 
 }  // namespace vantro

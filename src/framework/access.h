@@ -9,6 +9,12 @@
 
 namespace vantro {
 
+/// An entry of a list, and the list's item. An item that the terminal creates for one call ends with its last pointer.
+struct ListEntry {
+    TextView text;
+    ItemPtr item;
+};
+
 /// Reads parameters and state. Texts are views that are valid as long as this object and the collection's item. Every
 /// read raises 91 when there is no collection.
 class Parameters {
@@ -30,7 +36,7 @@ public:
 
     /// Entry `index` (from 0) of the list under a key. Every call fetches the item from the collection. Raises 91 when
     /// the key is absent, 13 when its value is no list and 9 for an index outside the list.
-    TextView readEntry(const Key<TextList>& key, std::int16_t index);
+    ListEntry readEntry(const Key<TextList>& key, std::int16_t index);
 
 private:
     ItemPtr item(TextView name) const;

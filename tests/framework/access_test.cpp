@@ -87,8 +87,8 @@ TEST_F(ParametersTest, AnIntegerThatDoesNotConvertRaises6Or13) {
 
 TEST_F(ParametersTest, ReadsAListsEntriesFromZero) {
     given(u"strKeyElement()", TextList{u"", u"AISLE", u"WINDOW"});
-    EXPECT_EQ(parameters().readEntry(list, 0), u"");
-    EXPECT_EQ(parameters().readEntry(list, 2), u"WINDOW");
+    EXPECT_EQ(parameters().readEntry(list, 0).text, u"");
+    EXPECT_EQ(parameters().readEntry(list, 2).text, u"WINDOW");
 }
 
 TEST_F(ParametersTest, AnIndexOutsideAListRaises9) {
@@ -160,8 +160,34 @@ private:
 TEST_F(ParametersTest, AnEntryBelowTheListsLowerBoundRaises9) {
     collection = std::make_shared<RaisedList>();
     Parameters given = parameters();
-    EXPECT_EQ(given.readEntry(list, 1), u"ONE");
+    EXPECT_EQ(given.readEntry(list, 1).text, u"ONE");
     EXPECT_EQ(raisedNumber([&] { given.readEntry(list, 0); }), 9);
+}
+
+// A collection whose items exist only as long as someone has a pointer to them.
+class FreshItems final : public KeyedCollection {
+public:
+    void Add(TextView /*key*/, ItemValue /*value*/) override {}
+    ItemPtr Item(TextView /*key*/) const override {
+        const auto made = std::make_shared<RaisedList>();
+        last_ = made;
+        return made;
+    }
+    bool isLastGone() const { return last_.expired(); }
+
+private:
+    mutable std::weak_ptr<RaisedList> last_;
+};
+
+TEST_F(ParametersTest, AnEntryKeepsAnItemThatTheTerminalCreatesForTheCall) {
+    const auto fresh = std::make_shared<FreshItems>();
+    collection = fresh;
+    {
+        const ListEntry entry = parameters().readEntry(list, 1);
+        EXPECT_FALSE(fresh->isLastGone());
+        EXPECT_EQ(entry.text, u"ONE");
+    }
+    EXPECT_TRUE(fresh->isLastGone());
 }
 
 }  // namespace

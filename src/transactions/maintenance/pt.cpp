@@ -26,9 +26,9 @@ void appendGroups(Text& command, Parameters& input, Counter highest) {
     if (highest < Counter(0)) fail(Failure::SubscriptOutOfRange);
     for (Counter group; group <= highest; ++group) {
         if (command.size() > code::PT.size()) command.append(groupSeparator);
-        command.append(input.readEntry(key::strKeyElArray, group.value()));
-        appendAssociation(command, segmentMark, input.readEntry(key::strKeySegArray, group.value()));
-        appendAssociation(command, passengerMark, input.readEntry(key::strKeyPasArray, group.value()));
+        command.append(input.readEntry(key::strKeyElArray, group.value()).text);
+        appendAssociation(command, segmentMark, input.readEntry(key::strKeySegArray, group.value()).text);
+        appendAssociation(command, passengerMark, input.readEntry(key::strKeyPasArray, group.value()).text);
     }
 }
 
