@@ -252,12 +252,10 @@ constexpr bool eachFamily(Test test) {
     return true;
 }
 
-constexpr bool isPrefix(TextView tag) { return tag.size() == 4 && tag.ends_with(u'/'); }
-
-static_assert(std::ranges::all_of(prefixedFamilies, [](const auto& row) { return isPrefix(row.prefix); }));
-static_assert(std::ranges::all_of(documentFamilies, [](const auto& row) { return isPrefix(row.prefix); }));
-static_assert(std::ranges::all_of(transferableFamilies, [](const auto& row) {
-    return row.code.starts_with(u' ') && row.code.ends_with(u' ');
+static_assert(eachFamily([](const auto& row) {
+    const TextView tag = tagOf(row);
+    if (isTransferable(row.family)) return tag.starts_with(u' ') && tag.ends_with(u' ');
+    return tag.size() == 4 && tag.ends_with(u'/');
 }));
 static_assert(eachFamily([](const auto& row) {
     return eachFamily([&](const auto& other) { return row.family == other.family || wordOf(row) != wordOf(other); });

@@ -117,12 +117,10 @@ private:
     }
 
     void collectJoined(const DisplayLine& line, const JoinedLine& element, FamilySet families) {
-        TextView kept;
         families.forEach([&](Family family) {
             joinedUpTo_[indexOf(family)] = element.last;
             const bool isOwned = isOwn(rowOf(family), line, element.text);
-            if (isOwned && kept.empty()) kept = joiner_.keep(element.text);
-            store(family, isOwned, kept);
+            store(family, isOwned, isOwned ? joiner_.keep(element.text) : TextView());
         });
         inJoinedLines_.add(families);
     }
