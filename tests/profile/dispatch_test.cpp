@@ -173,16 +173,18 @@ TEST(Dispatch, TheQueriesThatAreNoFamiliesHaveADescription) {
         OtherQuery query;
         std::string word;
         std::string json;
+        std::string meaning;
     };
     const std::vector<Described> described{
-        {OtherQuery::Name, "NM", "name"},
-        {OtherQuery::RecordLocator, "RECLOC", "recordLocator"},
-        {OtherQuery::OfficeIdentifier, "OFFID", "officeIdentifier"},
-        {OtherQuery::CompanyName, "PCN", "companyName"},
-        {OtherQuery::Pin, "PIN", "pin"},
-        {OtherQuery::Psl, "PSL", "psl"},
-        {OtherQuery::TransferableNumbers, "ALL", ""},
-        {OtherQuery::Notes, "ProfileNotes", "notes"},
+        {OtherQuery::Name, "NM", "name", "name of the profile: the traveller's, or else the company's"},
+        {OtherQuery::RecordLocator, "RECLOC", "recordLocator", "record locator of the profile"},
+        {OtherQuery::OfficeIdentifier, "OFFID", "officeIdentifier", "office identifier of the profile"},
+        {OtherQuery::CompanyName, "PCN", "companyName",
+         "company name line, without a number key where it has no number"},
+        {OtherQuery::Pin, "PIN", "pin", "PIN line"},
+        {OtherQuery::Psl, "PSL", "psl", "PSL line, without any key where there is none"},
+        {OtherQuery::TransferableNumbers, "ALL", "", "numbers of the transferable elements that the selection names"},
+        {OtherQuery::Notes, "ProfileNotes", "notes", "notes of the profile"},
     };
     ASSERT_EQ(described.size(), otherQueryCount);
     for (const Described& expected : described) {
@@ -191,7 +193,7 @@ TEST(Dispatch, TheQueriesThatAreNoFamiliesHaveADescription) {
         EXPECT_EQ(facts.json, expected.json);
         EXPECT_EQ(facts.other, expected.query) << expected.word;
         EXPECT_FALSE(facts.family) << expected.word;
-        EXPECT_FALSE(facts.meaning.empty()) << expected.word;
+        EXPECT_EQ(utf8(facts.meaning), expected.meaning);
     }
 }
 
