@@ -24,14 +24,14 @@ public:
     static constexpr LineBits from(std::size_t begin) {
         if (begin >= capacity) return {};
         return begin < 64 ? LineBits(~std::uint64_t{0} << begin, ~std::uint64_t{0})
-                          : LineBits(0, ~std::uint64_t{0} << (begin - 64));
+                          : LineBits(0, ~std::uint64_t{0} << (begin % 64));
     }
 
     /// `count` (0 to 63) positions from `begin` on.
     static constexpr LineBits range(std::size_t begin, std::size_t count) {
         const std::uint64_t positions = (std::uint64_t{1} << count) - 1;
         if (begin >= capacity) return {};
-        if (begin >= 64) return {0, positions << (begin - 64)};
+        if (begin >= 64) return {0, positions << (begin % 64)};
         return {positions << begin, begin == 0 ? 0 : positions >> (64 - begin)};
     }
 

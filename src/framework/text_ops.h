@@ -52,7 +52,7 @@ struct Field {
 /// The last `width` characters, or fewer when the text is shorter.
 constexpr TextView right(TextView text, Width width) {
     const auto wanted = static_cast<std::size_t>(width.value);
-    return text.size() <= wanted ? text : text.substr(text.size() - wanted);
+    return text.substr(text.size() - std::min(text.size(), wanted));
 }
 
 /// The same as `text.starts_with(start)`, faster.

@@ -54,12 +54,6 @@ constexpr auto familiesOfSections = [] {
     return families;
 }();
 
-constexpr FamilySet everyFamily = [] {
-    FamilySet families;
-    for (std::size_t index = 0; index < familyCount; ++index) families.add(static_cast<Family>(index));
-    return families;
-}();
-
 /// Splits the elements into their parts and sorts them by family. The elements of the families that failed are dropped.
 void storeElements(const FoundElements& found, FamilySet failed, Profile& profile,
                    std::unique_ptr<Element[]>& elements) {
@@ -152,13 +146,13 @@ private:
     /// Each family fails at its own line, if it comes near the line counter's end.
     FamilySet readOneByOne(FoundElements& found) {
         FamilySet failed;
-        everyFamily.forEach([&](Family family) {
+        for (const FamilyFacts& row : families()) {
             try {
-                failed.add(extract(FamilySet(family), joiner_, found));
+                failed.add(extract(FamilySet(*row.family), joiner_, found));
             } catch (const Error&) {  // Not covered: memory that runs out passes
-                failed.add(family);
+                failed.add(*row.family);
             }
-        });
+        }
         return failed;
     }
 

@@ -78,7 +78,7 @@ private:
         display_.readAhead(line_ + 1, Display::ReadTo::SectionEnd);
         for (;;) {
             ++line_;
-            if (!inJoinedLines_.empty()) leaveJoinedLines();
+            leaveJoinedLines();
             const FamilySet reading = running - inJoinedLines_;
             if (reading.empty()) continue;
             const DisplayLine* const line = display_.lineBeforeEnd(line_);
