@@ -95,6 +95,7 @@ TEST(ScreenOnAnotherTerminal, FetchesEachLineOnce) {
     EXPECT_EQ(trimmed(screen.line(std::int16_t{1})), u"SECOND LINE");
     EXPECT_EQ(trimmed(screen.line(std::int16_t{0})), u"PX3");
     EXPECT_EQ(trimmed(screen.line(Counter(1))), u"SECOND LINE");
+    EXPECT_EQ(trimmed(screen.line(Counter(0))), u"PX3");
     EXPECT_EQ(screen.line(std::int16_t{5}), u"");
     EXPECT_EQ(screen.line(std::int16_t{5}), u"");
     EXPECT_EQ(terminal.linesFetched, (std::vector<int>{1, 0, 5}));
