@@ -4,13 +4,12 @@
 
 namespace vantro {
 
-JoinedLine Joiner::joinContinued(const DisplayLine& first, Counter number, JoinRule rule) {
-    if (!keepsIndent(rule)) return joinAllBelow(first, number, rule);
+TextView Joiner::joinContinued(const DisplayLine& first, Counter number, JoinRule rule) {
     joining_ = first.rightTrimmed();
     joining_ += display_.line(number + 1).trimmed();
-    if (rule == JoinRule::OneBelow || !isContinued(number + 1, rule)) return {joining_, number + 1};
+    if (rule == JoinRule::OneBelow || !isContinued(number + 1, rule)) return joining_;
     joining_ += display_.line(number + 2).trimmed();
-    return {joining_, number + 2};
+    return joining_;
 }
 
 JoinedLine Joiner::joinAllBelow(const DisplayLine& first, Counter number, JoinRule rule) {

@@ -55,12 +55,13 @@ public:
     /// would overflow.
     JoinedLine join(const DisplayLine& first, Counter number, JoinRule rule) {
         if (!isContinued(number, rule)) return {first.trimmed(), number};
-        return joinContinued(first, number, rule);
+        return joinAllBelow(first, number, rule);
     }
 
-    /// The element that begins with this line when the next line continues it. `OneBelow` and `TwoBelow` keep the
-    /// leading blanks of the first line; all other blanks around lines are trimmed. Raises 6 as `join` does.
-    JoinedLine joinContinued(const DisplayLine& first, Counter number, JoinRule rule);
+    /// The text of an element that the next line continues, by `OneBelow` or `TwoBelow`; valid until the next one is
+    /// joined. The leading blanks of the first line are kept; all other blanks around lines are trimmed. Raises 6 as
+    /// `join` does.
+    TextView joinContinued(const DisplayLine& first, Counter number, JoinRule rule);
 
     /// True when the line after this one continues an element.
     bool isContinued(Counter number, JoinRule rule) {

@@ -100,7 +100,7 @@ private:
 
     void testJoined(const DisplayLine& line, Counter number, JoinRule rule, FamilySet joiners) {
         if (joiners.empty()) return;
-        const TextView text = joiner_.joinContinued(line, number, rule).text;
+        const TextView text = joiner_.joinContinued(line, number, rule);
         const FamilySet families = joiners & codesIn(text);
         if (!families.empty()) storeAs(families, joiner_.keep(text));
     }
