@@ -54,8 +54,9 @@ families. The contenders return views; the count property fills lists of strings
         "List screen and command",
         """Reading one list screen of 24 lines, and building one name search command.
 
-- *exact*: by hand, with the values in a collection like that of `VerifyResponse`, with the same keys. One look at each
-  line finds a prompt and the end of the text. Titles and the end of the block are known at the beginning of a line.
+- *exact*: by hand, with the values in a collection like that of `VerifyResponse`, with the same keys and texts of its
+  own. One look at each line finds a prompt, and for travellers the end of the text. Titles and the end of the block are
+  known at the beginning of a line; a name ends at the column of the locators and is trimmed by vector compares.
 - *floor*: the same, but the values stay in a plain structure.""",
     ),
     "batch": (

@@ -90,6 +90,15 @@ inline std::size_t textEnd(const char16_t* line) {
     return endOf(blanks(0) | blanks(1) << 16 | blanks(2) << 32 | blanks(3) << 48, blanks(4));
 }
 
+/// The prompt alone.
+inline bool hasPrompt(const char16_t* line) {
+    __m128i prompts = _mm_setzero_si128();
+    for (std::size_t i = 0; i < 5; ++i) {
+        prompts = _mm_or_si128(prompts, _mm_cmpeq_epi8(sixteenBytes(line + 16 * i), _mm_set1_epi8('>')));
+    }
+    return bitsOf(prompts) != 0;
+}
+
 inline LineLook lookAt(const char16_t* line) {
     const __m128i blank = _mm_set1_epi8(' ');
     const __m128i slash = _mm_set1_epi8('/');
@@ -139,6 +148,8 @@ inline std::size_t textEnd(const char16_t* line) {
     while (end > 0 && line[end - 1] == u' ') --end;
     return end;
 }
+
+inline bool hasPrompt(const char16_t* line) { return View(line, lineUnits).find(u'>') != View::npos; }
 
 inline LineLook lookAt(const char16_t* line) {
     const View text(line, lineUnits);
@@ -192,7 +203,10 @@ inline View screenLine(View screen, std::size_t number) {
 
 /// A text without blanks at its end.
 inline void trimEnd(std::u16string& text) {
-    while (!text.empty() && text.back() == u' ') text.pop_back();
+    const char16_t* end = text.data() + text.size();
+    while (end - text.data() >= 8 && eightBlanks(end - 8)) end -= 8;
+    while (end != text.data() && end[-1] == u' ') --end;
+    text.resize(static_cast<std::size_t>(end - text.data()));
 }
 
 }  // namespace vantro::bench

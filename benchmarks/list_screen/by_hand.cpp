@@ -1,4 +1,5 @@
-// Written for speed: one look at each line, with vector compares, finds a prompt in it and the end of its text.
+// Written for speed: one look at each line, with vector compares, finds a prompt in it and, for travellers, the end of
+// its text.
 #include "common/host_format.h"
 #include "list_screen/readers.h"
 
@@ -23,11 +24,6 @@ struct Lines {
           end(begin + screen.size() / lineUnits * lineUnits),
           rest(screen.substr(static_cast<std::size_t>(end - begin))) {}
 
-    /// False for an empty line and one with a prompt: a list ends there.
-    static bool isUsable(const char16_t* line, LineLook look) {
-        return !look.mayEndDisplay || View(line, lineUnits).find(u'>') == View::npos;
-    }
-
     const char16_t* line(std::size_t number) const { return std::min(begin + number * lineUnits, end); }
 
     const char16_t* begin;
@@ -40,7 +36,7 @@ void collectCompanies(const Lines& lines, const char16_t* line, CompanyList& lis
     const auto column = static_cast<std::size_t>(list.locatorColumn);
     list.names.reserve((column - 6) * static_cast<std::size_t>(lines.end - line) / lineUnits);
     for (; line != lines.end && !begins(line, blockEnd); line += lineUnits) {
-        if (!Lines::isUsable(line, lookAt(line))) return;
+        if (hasPrompt(line)) return;
         if (isDigit(line[3]) && (line[2] == u' ' || isDigit(line[2]))) {
             if (!list.names.empty()) {
                 trimEnd(list.names);
@@ -72,7 +68,7 @@ CompanyList companiesByHand(View screen) {
     list.merged = list.travellerProfile && screen.find(u"*MRG*") != View::npos;
     if (!list.companyList) return list;
     for (const char16_t* line = lines.line(2); line != lines.end; line += lineUnits) {
-        if (!Lines::isUsable(line, lookAt(line))) break;
+        if (hasPrompt(line)) break;
         if (!begins(line, u"     COMPANY     ")) continue;
         const std::size_t title = View(line, lineUnits).find(u"     RECLOC     ", 17);
         list.locatorColumn = title == View::npos ? 5 : static_cast<int>(title) + 6;
@@ -101,7 +97,7 @@ TravellerList travellersByHand(View screen) {
     list.locators.reserve(static_cast<std::size_t>(lines.end - lines.begin) / lineUnits);
     for (const char16_t* line = lines.line(3); line != lines.end && !begins(line, blockEnd); line += lineUnits) {
         const LineLook look = lookAt(line);
-        if (!Lines::isUsable(line, look)) break;
+        if (look.mayEndDisplay && hasPrompt(line)) break;
         if (!inBlock) {
             inBlock = View(line, look.end + 1).find(u"RECLOC ") != View::npos;
         } else if (look.end <= 34) {
