@@ -36,7 +36,9 @@ std::size_t BuiltInCollection::indexOf(TextView key) const {
         const auto known = indexes_.find(Text(key));
         return known == indexes_.end() ? absent : known->second;
     }
-    const auto entry = std::ranges::find(entries_, key, &Entry::key);
+    const auto entry = std::ranges::find_if(entries_, [&](const Entry& stored) {
+        return stored.key_.size() == key.size() && beginsWith(stored.key_, key);
+    });
     return entry == entries_.end() ? absent : static_cast<std::size_t>(entry - entries_.begin());
 }
 
@@ -46,10 +48,14 @@ void BuiltInCollection::Add(TextView key, ItemValue value) {
         return;
     }
     // All allocations come before the first change, so that an `Add` that fails leaves the collection unchanged.
-    Entry added(key, std::move(value));
     constexpr std::size_t usualKeys = 8;
     if (entries_.size() == entries_.capacity()) entries_.reserve(std::max(usualKeys, 2 * entries_.size()));
-    if (entries_.size() >= fewKeys) addIndexOfNext(added.key());
+    if (entries_.size() < fewKeys) {
+        entries_.emplace_back(key, std::move(value));
+        return;
+    }
+    Entry added(key, std::move(value));
+    addIndexOfNext(added.key());
     entries_.push_back(std::move(added));
 }
 
