@@ -10,25 +10,26 @@ namespace {
 
 constexpr bool isAscii(char16_t character) { return character < 0x80; }
 
-// Compares the first and the last character of the searched text at sixteen positions at a time, and the rest only
-// where both match. The last sixteen positions may overlap those before them.
+// Compares the first and the last character of the searched text that are no blanks at sixteen positions at a time, and
+// the rest only where both match. The last sixteen positions may overlap those before them.
 std::size_t positionOf(TextView text, TextView searched, std::size_t start) {
-    if (searched.empty() || text.size() < searched.size()) return text.find(searched, start);
-    if (!isAscii(searched.front()) || !isAscii(searched.back())) return text.find(searched, start);
-    const std::size_t reach = searched.size() - 1;
-    const std::size_t positions = text.size() - reach;  // the number of positions where the searched text can begin
+    const std::size_t front = searched.find_first_not_of(u' ');
+    if (front == TextView::npos || text.size() < searched.size()) return text.find(searched, start);
+    const std::size_t back = searched.find_last_not_of(u' ');
+    if (!isAscii(searched[front]) || !isAscii(searched[back])) return text.find(searched, start);
+    const std::size_t positions = text.size() - searched.size() + 1;  // where the searched text can begin
     if (positions < start + Bytes::count) return text.find(searched, start);
-    const char front = static_cast<char>(searched.front());
-    const char back = static_cast<char>(searched.back());
-    const std::size_t last = positions - Bytes::count;
-    for (std::size_t begin = start;; begin = std::min(begin + Bytes::count, last)) {
-        Bytes matches = Bytes::narrow(text.data() + begin).equal(front);
-        if (reach > 0) matches = matches & Bytes::narrow(text.data() + begin + reach).equal(back);
+    const char first = static_cast<char>(searched[front]);
+    const char last = static_cast<char>(searched[back]);
+    const std::size_t lastGroup = positions - Bytes::count;
+    for (std::size_t group = start;; group = std::min(group + Bytes::count, lastGroup)) {
+        Bytes matches = Bytes::narrow(text.data() + group + front).equal(first);
+        if (back > front) matches = matches & Bytes::narrow(text.data() + group + back).equal(last);
         for (unsigned both = matches.bits(); both != 0; both &= both - 1) {
-            const std::size_t position = begin + static_cast<std::size_t>(std::countr_zero(both));
+            const std::size_t position = group + static_cast<std::size_t>(std::countr_zero(both));
             if (beginsWith(text.substr(position), searched)) return position;
         }
-        if (begin == last) return TextView::npos;
+        if (group == lastGroup) return TextView::npos;
     }
 }
 
@@ -43,11 +44,23 @@ Column find(TextView text, TextView searched, Column from) {
 }
 
 bool isBlank(TextView text) {
-    for (; text.size() >= Bytes::count; text.remove_prefix(Bytes::count)) {
-        constexpr unsigned all = 0xFFFF;
-        if (Bytes::narrow(text.data()).equal(' ').bits() != all) return false;
+    constexpr unsigned all = 0xFFFF;
+    if (text.size() < Bytes::count) return text.find_first_not_of(u' ') == TextView::npos;
+    const char16_t* const last = text.data() + (text.size() - Bytes::count);
+    for (const char16_t* group = text.data(); group < last; group += Bytes::count) {
+        if (Bytes::narrow(group).equal(' ').bits() != all) return false;
     }
-    return text.find_first_not_of(u' ') == TextView::npos;
+    return Bytes::narrow(last).equal(' ').bits() == all;
+}
+
+TextView withoutPadding(TextView text) {
+    while (text.size() >= Bytes::count) {
+        const unsigned blanks = Bytes::narrow(text.data() + text.size() - Bytes::count).equal(' ').bits();
+        const auto atEnd = static_cast<std::size_t>(std::countl_one(static_cast<std::uint16_t>(blanks)));
+        text.remove_suffix(atEnd);
+        if (atEnd < Bytes::count) return text;
+    }
+    return rightTrimmed(text);
 }
 
 Text concat(std::initializer_list<TextView> parts) {

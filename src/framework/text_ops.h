@@ -65,6 +65,9 @@ constexpr TextView rightTrimmed(TextView text) {
     return text;
 }
 
+/// The same as `rightTrimmed`, faster where many blanks are at the end.
+TextView withoutPadding(TextView text);
+
 constexpr TextView trimmed(TextView text) {
     while (text.starts_with(u' ')) text.remove_prefix(1);
     return rightTrimmed(text);

@@ -74,6 +74,17 @@ TEST(TextOps, TrimmingRemovesBlanksAtBothEnds) {
     EXPECT_EQ(rightTrimmed(u"   "), u"");
 }
 
+TEST(TextOps, TextsWithoutPaddingAreRightTrimmed) {
+    for (std::size_t margin = 0; margin < 40; ++margin) {
+        for (std::size_t blanks = 0; blanks < 40; ++blanks) {
+            for (const Text& end : {Text(u"A"), Text(u"\u0120"), Text(u"\u2020"), Text()}) {
+                const Text kept = end.empty() ? Text() : Text(margin, u' ') + end;
+                EXPECT_EQ(withoutPadding(kept + Text(blanks, u' ')), kept) << margin << " and " << blanks;
+            }
+        }
+    }
+}
+
 TEST(TextOps, OnlyU0020IsABlank) {
     EXPECT_EQ(trimmed(u"\tA\t"), u"\tA\t");
     EXPECT_EQ(trimmed(u" \u00A0A\u00A0 "), u"\u00A0A\u00A0");
@@ -86,6 +97,18 @@ TEST(TextOps, BlankTextIsEmptyOrOnlyBlanks) {
     EXPECT_TRUE(isBlank(u""));
     EXPECT_TRUE(isBlank(u"     "));
     EXPECT_FALSE(isBlank(u"    ."));
+}
+
+TEST(TextOps, OneOtherCharacterAnywhereMakesATextNotBlank) {
+    for (std::size_t length = 1; length < 50; ++length) {
+        Text text(length, u' ');
+        EXPECT_TRUE(isBlank(text)) << length;
+        for (std::size_t position = 0; position < length; ++position) {
+            text[position] = u'.';
+            EXPECT_FALSE(isBlank(text)) << position << " of " << length;
+            text[position] = u' ';
+        }
+    }
 }
 
 TEST(TextOps, FindReturnsTheFirstColumn) {
@@ -103,6 +126,18 @@ TEST(TextOps, FindFindsTextsThatBeginOrEndOutsideAscii) {
     EXPECT_EQ(find(line, u"\u00C4C"), Column{0});
     EXPECT_EQ(find(line, u"C\u00C4"), Column{0});
     EXPECT_EQ(find(line, u"\u01C4B"), Column{0}) << "the same low byte";
+}
+
+TEST(TextOps, FindComparesBlanksAtBothEndsToo) {
+    for (const TextView searched : {u"  A  ", u"  AB C ", u" A", u"A ", u"   "}) {
+        for (std::size_t blanks = 0; blanks < 80; ++blanks) {
+            const Text line = Text(80, u'X') + Text(searched) + Text(blanks, u'X');
+            EXPECT_EQ(find(line.substr(blanks), searched), Column{static_cast<int>(81 - blanks)}) << blanks;
+            EXPECT_EQ(find(line.substr(0, 79 + searched.size()), searched), Column{0}) << blanks;
+        }
+    }
+    EXPECT_EQ(find(Text(60, u' '), u"     A     "), Column{0});
+    EXPECT_EQ(find(Text(60, u' '), u"     "), Column{1});
 }
 
 TEST(TextOps, FindStartsAtTheGivenColumn) {

@@ -135,6 +135,31 @@ TEST_F(NameSearch, APromptInALineEndsTheList) {
            number(22));
 }
 
+TEST_F(NameSearch, APromptEndsTheListInEveryColumn) {
+    const Text list = screen({u"", title, header, first, second});
+    const std::size_t lastLine = list.size() - 80;
+    expect(pdn.read(list), u"KESTRELLO,KESWICK INKS", false, number(22));
+    for (std::size_t place = lastLine; place < list.size(); ++place) {
+        Text ended = list;
+        ended[place] = u'>';
+        expect(pdn.read(ended), u"KESTRELLO", false, number(22));
+    }
+}
+
+TEST_F(NameSearch, AnEndOfBlockEndsTheListInEveryColumn) {
+    const Text list = screen({u"", title, header, first, second});
+    for (std::size_t place = list.size() - 80; place <= list.size() - endOfBlock.size(); ++place) {
+        Text ended = list;
+        ended.replace(place, endOfBlock.size(), endOfBlock);
+        expect(pdn.read(ended), u"KESTRELLO", true, number(22));
+    }
+}
+
+TEST_F(NameSearch, AHyphenIsPartOfAName) {
+    expect(pdn.read(screen({u"", title, header, u"   1 KESTREL-LO      Q2W3E4", second})), u"KESTREL-LO,KESWICK INKS",
+           false, number(22));
+}
+
 TEST_F(NameSearch, AnEndOfBlockInANumberedLineResumesTheHeaderSearch) {
     expect(pdn.read(screen({u"", title, header, first, u"   2 END OF BLOCK - USE PDMD", header, second, u">"})),
            u"KESTRELLO,KESWICK INKS", false, number(22));

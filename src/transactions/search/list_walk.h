@@ -2,34 +2,53 @@
 // columns 3 and 4, and an empty line or the prompt ends the list.
 #pragma once
 
+#include "framework/bytes.h"
 #include "framework/constants.h"
 #include "framework/screen.h"
 
 namespace vantro {
-
-/// True for a line that can belong to a list: not empty and without a prompt.
-inline bool isUsable(TextView line) { return !line.empty() && !contains(line, mark::prompt); }
 
 /// The list number of an entry, trimmed.
 inline TextView listNumber(TextView line) { return trimmed(mid(line, Column{3}, Width{2})); }
 
 inline bool hasListNumber(TextView line) { return isNumeric(listNumber(line)); }
 
+/// False for a line of the usual length without the characters of the prompt and of the hyphen in the mark of the end
+/// of a block. Most lines of a list contain neither.
+inline bool mayEndList(TextView line) {
+    static_assert(screenWidth % Bytes::count == 0);
+    if (line.size() != screenWidth) return true;
+    const auto ends = [line](std::size_t begin) {
+        const Bytes characters = Bytes::narrow(line.data() + begin);
+        return characters.equal('>') | characters.equal('-');
+    };
+    Bytes found = ends(0);
+    for (std::size_t begin = Bytes::count; begin < screenWidth; begin += Bytes::count) found = found | ends(begin);
+    return found.bits() != 0;
+}
+
 /// The column where the text of an entry begins.
 inline constexpr Column entryTextColumn{6};
 
-/// A position in a list: the current line and the number of the line fetched last.
+/// A position in a list: the current line and the number of the line fetched last. One look at a line finds out that it
+/// cannot end the list, as most lines cannot.
 class ListWalk {
 public:
     /// `line` is the current line, which may be from anywhere on the screen; the first step fetches line `number` + 1.
-    ListWalk(Screen& screen, std::int16_t number, TextView line) : screen_(screen), number_(number), line_(line) {}
+    ListWalk(Screen& screen, std::int16_t number, TextView line) : screen_(screen), number_(number) { moveTo(line); }
 
     TextView line() const { return line_; }
+
+    /// True when the line can belong to a list: not empty and without a prompt.
+    bool isUsable() const { return !line_.empty() && !(mayEndList_ && contains(line_, mark::prompt)); }
+
+    /// True when the line contains the host's mark for the end of a block.
+    bool isEndOfBlock() const { return mayEndList_ && contains(line_, mark::endOfBlock); }
 
     /// Moves to the next line and returns it. Raises 6 after line 32767.
     TextView next() {
         ++number_;
-        line_ = screen_.line(number_);
+        moveTo(screen_.line(number_));
         return line_;
     }
 
@@ -39,17 +58,22 @@ public:
     /// Moves to the next line that contains the header's mark. False when the list ends first, at a line that is not
     /// usable; the current line only has to be usable.
     bool findHeader(TextView headerMark) {
-        if (!isUsable(line_)) return false;
-        while (isUsable(next())) {
-            if (contains(line_, headerMark)) return true;
+        while (isUsable()) {
+            if (contains(next(), headerMark) && isUsable()) return true;
         }
         return false;
     }
 
 private:
+    void moveTo(TextView line) {
+        line_ = line;
+        mayEndList_ = mayEndList(line);
+    }
+
     Screen& screen_;
     Counter number_;
     TextView line_;
+    bool mayEndList_ = false;
 };
 
 /// The header mark for a continuation screen, which has no header: every usable line contains it.

@@ -52,8 +52,8 @@ private:
 
     // Adds an entry; false for the line that ends the block.
     bool entry(TextView line) {
-        endOfBlock_ = contains(line, mark::endOfBlock);
-        if (endOfBlock_ || !isUsable(line) || !hasListNumber(line)) return false;
+        endOfBlock_ = lines_.isEndOfBlock();
+        if (endOfBlock_ || !lines_.isUsable() || !hasListNumber(line)) return false;
         if (!names_.empty()) names_.push_back(u',');
         names_.append(trimmed(mid(line, entryTextColumn)));
         return true;

@@ -61,7 +61,7 @@ TextView nameForTest(TextView line, int locator) { return mid(line, entryTextCol
 TextView nameToCopy(TextView line, int locator) { return mid(line, entryTextColumn, Width{locator - 7}); }
 
 void trimInPlace(Text& text) {
-    text.resize(rightTrimmed(text).size());
+    text.resize(withoutPadding(text).size());
     text.erase(0, text.size() - trimmed(text).size());
 }
 
@@ -71,7 +71,7 @@ public:
     CompanyNames(ListWalk lines, Answer& answer) : lines_(lines), isContinuation_(answer.endOfBlock), answer_(answer) {}
 
     void read() {
-        constexpr std::size_t usualLength = 1024;
+        constexpr std::size_t usualLength = 512;
         answer_.companyNames.reserve(usualLength);
         while (header()) {
             while (entry(lines_.next())) {}
@@ -90,18 +90,17 @@ private:
 
     // Adds an entry or the rest of a wrapped name; false for the line that ends the block.
     bool entry(TextView line) {
-        answer_.endOfBlock = contains(line, mark::endOfBlock);
-        if (answer_.endOfBlock || !isUsable(line)) return false;
+        answer_.endOfBlock = lines_.isEndOfBlock();
+        if (answer_.endOfBlock || !lines_.isUsable()) return false;
         const TextView number = listNumber(line);
         const int locator = answer_.locator.position();
-        const bool hasLocator = !isBlank(mid(line, Column{locator}, locatorWidth));
-        const bool hasName = !isBlank(nameForTest(line, locator));
-        if (hasName && !hasLocator && number.empty()) {
-            answer_.companyNames.append(nameToCopy(line, locator));  // the rest of a wrapped name
+        const TextView locatorText = mid(line, Column{locator}, locatorWidth);
+        if (isNumeric(number)) {
+            company(line, locator);
             return true;
         }
-        if (!isNumeric(number)) return false;
-        company(line, locator);
+        if (!number.empty() || !isBlank(locatorText) || isBlank(nameForTest(line, locator))) return false;
+        answer_.companyNames.append(nameToCopy(line, locator));  // the rest of a wrapped name
         return true;
     }
 

@@ -51,14 +51,14 @@ public:
         while (lines_.findHeader(mark::companyColumn)) {
             do {
                 block();
-            } while (isUsable(lines_.line()) && contains(lines_.line(), mark::companyColumn));
+            } while (lines_.isUsable() && contains(lines_.line(), mark::companyColumn));
         }
         return std::move(names_);
     }
 
 private:
     void block() {
-        while (isUsable(lines_.next()) && hasListNumber(lines_.line())) name(lines_.line());
+        while (hasListNumber(lines_.next()) && lines_.isUsable()) name(lines_.line());
     }
 
     // Meant: names are counted, so even a blank first name is followed by a comma.
@@ -73,8 +73,6 @@ private:
     Text names_;
 };
 
-bool isInBlock(TextView line) { return isUsable(line) && !contains(line, mark::endOfBlock); }
-
 void addTraveller(TextView line, TextList& locators) {
     constexpr Column locatorColumn{29};
     constexpr Width locatorWidth{6};
@@ -85,9 +83,13 @@ void addTraveller(TextView line, TextList& locators) {
 // Collects the record locators of the travellers without a company. If a line cannot be read, the ones collected before
 // it stay.
 void collectNoCompanyRecLocs(Screen& screen, TextList& locators) {
+    constexpr std::size_t linesOfScreen = 24;
+    locators.reserve(linesOfScreen);
     ListWalk lines(screen, lineAboveLists, screen.line(std::int16_t{1}));
     while (lines.findHeader(u"RECLOC ")) {
-        while (isInBlock(lines.next())) addTraveller(lines.line(), locators);
+        for (lines.next(); lines.isUsable() && !lines.isEndOfBlock(); lines.next()) {
+            addTraveller(lines.line(), locators);
+        }
     }
 }
 
