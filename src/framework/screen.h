@@ -92,7 +92,7 @@ struct ShownLine {
 };
 
 inline bool matches(TextView line, TextView mark, Match match) {
-    return match == Match::LineStart ? line.starts_with(mark) : contains(line, mark);
+    return match == Match::LineStart ? beginsWith(line, mark) : contains(line, mark);
 }
 
 /// Runs every test of the table, in the table's order, on one line after the other; the first match decides. Without a

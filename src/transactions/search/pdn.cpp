@@ -62,7 +62,7 @@ TextView nameToCopy(TextView line, int locator) { return mid(line, entryTextColu
 
 void trimInPlace(Text& text) {
     text.resize(withoutPadding(text).size());
-    text.erase(0, text.size() - trimmed(text).size());
+    if (text.starts_with(u' ')) text.erase(0, text.find_first_not_of(u' '));
 }
 
 /// Collects the names of a company list, or of the continuation of one.
