@@ -46,7 +46,7 @@ std::string asTable() {
         table.add({toUtf8(row.name), listed(interfacesOf(row)), listed(row.transactions), countsCell,
                    isCreatable(row) ? "yes" : "no"});
     }
-    return table.text();
+    return table.text(outputLook());
 }
 
 void writeNames(JsonOut& out, std::string_view member, std::span<const TextView> names) {

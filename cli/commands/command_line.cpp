@@ -8,9 +8,11 @@
 #include "cli/io/encoding.h"
 #include "cli/io/failure.h"
 #include "cli/io/standard_io.h"
+#include "cli/io/terminal.h"
 
 #include <CLI/CLI.hpp>
 #include <algorithm>
+#include <array>
 #include <charconv>
 #include <cstddef>
 #include <cstdint>
@@ -38,6 +40,15 @@ CLI::Validator wholeNumber(int smallest, int largest) {
         if (problem == std::errc{} && stop == end && number >= smallest && number <= largest) return {};
         return "give a whole number from " + std::to_string(smallest) + " to " + std::to_string(largest) + ", not '" +
                text + "'";
+    };
+    return {check, ""};
+}
+
+/// Accepts one of three words.
+CLI::Validator oneOf(const std::array<std::string, 3>& words) {
+    const auto check = [words](const std::string& text) -> std::string {
+        if (std::ranges::find(words, text) != words.end()) return {};
+        return "the choice is " + words[0] + ", " + words[1] + " or " + words[2] + ", not '" + text + "'";
     };
     return {check, ""};
 }
@@ -97,6 +108,16 @@ void addEncoding(CLI::App& command, Encoding& encoding) {
                                           "Encoding of the input: utf-8, utf-16, utf-16le, utf-16be, latin-1,\n"
                                           "windows-1252 (default: auto, UTF-8 or what a byte order mark says)")
         ->type_name("NAME");
+}
+
+void addColor(CLI::App& command) {
+    command
+        .add_option_function<std::string>(
+            "--color", [](const std::string& name) { chooseColor(colorChoiceNamed(name)); },
+            "Colour the headings of tables, and the words warning and error in messages (default: auto, on a terminal "
+            "only)")
+        ->check(oneOf({"auto", "always", "never"}))
+        ->type_name("auto|always|never");
 }
 
 void addClassAndParameters(CLI::App& command, std::string& className, std::vector<std::string>& parameters) {
@@ -196,6 +217,8 @@ CommandLine::CommandLine() {
     addParse();
     addElements();
     addNotes();
+    addColor(tool_);
+    for (CLI::App* const command : tool_.get_subcommands({})) addColor(*command);
 }
 
 int CommandLine::run(int argc, const char* const* argv) {

@@ -21,6 +21,8 @@ int runTool(int argc, const char* const* argv) {
     } catch (const Error& raised) {
         complain("the call failed with " + describe(raised));
         return callFailed;
+    } catch (const ClosedPipe&) {
+        return outputClosed;
     } catch (const std::exception& problem) {
         complain(problem.what());
         return callFailed;

@@ -54,7 +54,7 @@ std::string profileTable(const Profile& profile) {
     for (const Problem& problem : profile.problems) {
         table.add({toUtf8(problem.query), "", "error " + std::to_string(problem.number), toUtf8(problem.description)});
     }
-    return table.text();
+    return table.text(outputLook());
 }
 
 }  // namespace vantro

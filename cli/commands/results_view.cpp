@@ -30,7 +30,7 @@ std::string tableOf(const CollectionPtr& results) {
     if (entries.empty()) return "no results: the screen shows nothing that is looked for\n";
     Table table({"KEY", "VALUE"});
     for (const auto& entry : entries) std::visit(RowWriter{table, toUtf8(entry.key())}, entry.Value());
-    return table.text();
+    return table.text(outputLook());
 }
 
 }  // namespace

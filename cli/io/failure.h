@@ -17,6 +17,9 @@ inline constexpr int insufficientParameters = 3;  ///< the command is empty, so 
 inline constexpr int screenNotRecognised = 4;     ///< no test of the class recognised the screen
 inline constexpr int warned = 5;                  ///< with --strict: there were warnings
 
+/// Standard output was closed by its reader: 128 + 13, the number of the signal SIGPIPE, as shells report it.
+inline constexpr int outputClosed = 141;
+
 /// Something is wrong with the tool's arguments or input. The text says what, and what to do: one line, a clause or
 /// several sentences, without the full stop of the last one.
 class UsageError : public std::runtime_error {

@@ -2,6 +2,7 @@
 
 #include "cli/io/failure.h"
 #include "cli/io/interrupt.h"
+#include "cli/io/terminal.h"
 
 #include <algorithm>
 #include <cerrno>
@@ -28,10 +29,13 @@ constexpr int error = 2;
 bool isTerminal(int stream) { return _isatty(stream) != 0; }
 auto readSome(char* bytes, std::size_t count) { return _read(input, bytes, static_cast<unsigned>(count)); }
 auto writeSome(const char* bytes, std::size_t count) { return _write(output, bytes, static_cast<unsigned>(count)); }
+// The runtime library says EPIPE or EINVAL, depending on how the reader ended.
+bool isClosedPipe() { return errno == EPIPE || (errno == EINVAL && !outputIsTerminal()); }
 #else
 bool isTerminal(int stream) { return ::isatty(stream) == 1; }
 auto readSome(char* bytes, std::size_t count) { return ::read(input, bytes, count); }
 auto writeSome(const char* bytes, std::size_t count) { return ::write(output, bytes, count); }
+bool isClosedPipe() { return errno == EPIPE; }
 #endif
 
 // No system accepts more than this in one call.
@@ -84,6 +88,8 @@ void writeRecords(std::string_view bytes, std::span<const std::size_t> ends) {
         const auto count = writeSome(bytes.data() + written, std::min(end - written, largestWrite));
         if (count >= 0) {
             written += static_cast<std::size_t>(count);
+        } else if (isClosedPipe()) {
+            throw ClosedPipe();
         } else if (errno != EINTR) {
             fail("cannot write to standard output");
         }
@@ -96,7 +102,7 @@ void complain(std::string_view message) {
     std::string line = "vantro-profile: " + asSentence(message);
     std::ranges::replace_if(
         line, [](char byte) { return (byte >= 0 && byte < ' ') || byte == '\x7F'; }, '?');
-    writeError(line + "\n");
+    writeError((errorShowsColor() ? withColoredWords(line) : line) + "\n");
 }
 
 }  // namespace vantro

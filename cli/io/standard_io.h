@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstddef>
+#include <exception>
 #include <span>
 #include <string>
 #include <string_view>
@@ -19,11 +20,15 @@ bool errorIsTerminal();
 /// end. Raises StreamError.
 std::size_t readInput(std::span<char> bytes);
 
-/// Writes all bytes, one record, to standard output. Raises StreamError.
+/// Nobody reads standard output any more, as in "vantro-profile parse ... | head -1". The run ends without a message.
+class ClosedPipe : public std::exception {};
+
+/// Writes all bytes, one record, to standard output. Raises StreamError and ClosedPipe.
 void writeOutput(std::string_view bytes);
 
 /// Writes several records to standard output. `ends` are their ends in `bytes`; the last one is the end of `bytes`.
-/// After an interrupt, the record that is being written is completed and the process ends. Raises StreamError.
+/// After an interrupt, the record that is being written is completed and the process ends. Raises StreamError and
+/// ClosedPipe.
 void writeRecords(std::string_view bytes, std::span<const std::size_t> ends);
 
 /// Writes the bytes to standard error unchanged.

@@ -3,10 +3,12 @@
 #include <fcntl.h>
 #include <gtest/gtest.h>
 #include <poll.h>
+#include <sys/ioctl.h>
 #include <sys/resource.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <array>
 #include <csignal>
 #include <cstdio>
@@ -91,6 +93,42 @@ Finished runToolInto(const std::string& outputFile, const std::vector<std::strin
                      const std::string& input) {
     const File out(std::fopen(outputFile.c_str(), "wb"));
     return runToolWith(out.get(), arguments, input);
+}
+
+Finished runToolIntoClosedPipe(const std::vector<std::string>& arguments) {
+    std::array<int, 2> ends{};
+    if (::pipe(ends.data()) != 0) return {-1, "", "no pipe", 0};
+    ::close(ends[0]);
+    const File out(::fdopen(ends[1], "wb"));
+    return runToolWith(out.get(), arguments, "");
+}
+
+Finished runToolOnTerminal(std::size_t columns, const std::vector<std::string>& arguments) {
+    const int terminal = ::posix_openpt(O_RDWR | O_NOCTTY);
+    if (terminal < 0 || ::grantpt(terminal) != 0 || ::unlockpt(terminal) != 0) return {-1, "", "no terminal", 0};
+    const int side = ::open(::ptsname(terminal), O_RDWR | O_NOCTTY);
+    winsize size{};
+    size.ws_col = static_cast<unsigned short>(columns);
+    ::ioctl(side, TIOCSWINSZ, &size);
+    const pid_t process = ::fork();
+    if (process == 0) {
+        ::close(terminal);
+        for (const int stream : {0, 1, 2}) ::dup2(side, stream);
+        becomeTool(arguments);
+    }
+    ::close(side);
+    // At the end of the last writer, reading fails.
+    std::string out;
+    std::array<char, 4096> block{};
+    for (ssize_t count = 1; count > 0;) {
+        count = ::read(terminal, block.data(), block.size());
+        if (count > 0) out.append(block.data(), static_cast<std::size_t>(count));
+    }
+    ::close(terminal);
+    int status = 0;
+    ::waitpid(process, &status, 0);
+    std::erase(out, '\r');
+    return {WIFEXITED(status) ? WEXITSTATUS(status) : -1, out, "", 0};
 }
 
 Finished runBatch(const std::string& input) { return runTool({"batch"}, input); }
@@ -198,6 +236,12 @@ int Running::endingSignal() {
     process_ = -1;
     return WIFSIGNALED(status) ? WTERMSIG(status) : 0;
 }
+
+TemporaryVariable::TemporaryVariable(std::string name, const std::string& value) : name_(std::move(name)) {
+    ::setenv(name_.c_str(), value.c_str(), 1);
+}
+
+TemporaryVariable::~TemporaryVariable() { ::unsetenv(name_.c_str()); }
 
 TemporaryFile::TemporaryFile(const std::string& content) {
     std::string name = ::testing::TempDir() + "/vantro-profile-XXXXXX";

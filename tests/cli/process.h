@@ -21,6 +21,12 @@ Finished runTool(const std::vector<std::string>& arguments, const std::string& i
 Finished runToolInto(const std::string& outputFile, const std::vector<std::string>& arguments,
                      const std::string& input = {});
 
+/// The same with standard output connected to a pipe that nobody reads.
+Finished runToolIntoClosedPipe(const std::vector<std::string>& arguments);
+
+/// What the tool writes to a terminal of this many columns, both streams together, with LF as line end.
+Finished runToolOnTerminal(std::size_t columns, const std::vector<std::string>& arguments);
+
 /// Runs `batch` with this input.
 Finished runBatch(const std::string& input);
 
@@ -71,6 +77,18 @@ private:
     int toTool_ = -1;
     int fromTool_ = -1;
     int process_ = -1;
+};
+
+/// A variable of the environment, for the tools that a test starts.
+class TemporaryVariable {
+public:
+    TemporaryVariable(std::string name, const std::string& value);
+    ~TemporaryVariable();
+    TemporaryVariable(const TemporaryVariable&) = delete;
+    TemporaryVariable& operator=(const TemporaryVariable&) = delete;
+
+private:
+    std::string name_;
 };
 
 /// A file with this content, removed at the end of the test.

@@ -29,6 +29,67 @@ TEST(Table, ControlCharactersDoNotReachTheTerminal) {
     EXPECT_EQ(table.text(), "A\n-------\nx?[2J??\n");
 }
 
+Table sampleTable() {
+    Table table({"KEY", "VALUE"});
+    table.add({"strKeyName", "SMITH ANNA MS AND SMITH BRUNO MR"});
+    table.add({"blnKeyExactMatch", "True"});
+    return table;
+}
+
+TEST(Table, ATableThatFitsIsNotWrapped) {
+    EXPECT_EQ(sampleTable().text({.width = 50}), sampleTable().text());
+    EXPECT_NE(sampleTable().text({.width = 49}), sampleTable().text());
+}
+
+TEST(Table, TheWidestColumnIsWrappedAtBlanks) {
+    EXPECT_EQ(sampleTable().text({.width = 34}),
+              "KEY               VALUE\n"
+              "----------------  ----------------\n"
+              "strKeyName        SMITH ANNA MS\n"
+              "                  AND SMITH BRUNO\n"
+              "                  MR\n"
+              "blnKeyExactMatch  True\n");
+}
+
+TEST(Table, SeveralWideColumnsShareTheWidth) {
+    EXPECT_EQ(sampleTable().text({.width = 25}),
+              "KEY          VALUE\n"
+              "-----------  ------------\n"
+              "strKeyName   SMITH ANNA\n"
+              "             MS AND SMITH\n"
+              "             BRUNO MR\n"
+              "blnKeyExact  True\n"
+              "Match\n");
+}
+
+TEST(Table, AWordThatIsTooLongIsCutBetweenItsPartsOrAnywhere) {
+    Table table({"A"});
+    table.add({"AAAA,BBBB,CCCC"});
+    table.add({"abcdefghijklmn"});
+    table.add({"\xC3\x89\xC3\x89\xC3\x89\xC3\x89\xC3\x89\xC3\x89\xC3\x89\xC3\x89\xC3\x89"});
+    EXPECT_EQ(table.text({.width = 8}),
+              "A\n--------\nAAAA,\nBBBB,\nCCCC\nabcdefgh\nijklmn\n"
+              "\xC3\x89\xC3\x89\xC3\x89\xC3\x89\xC3\x89\xC3\x89\xC3\x89\xC3\x89\n\xC3\x89\n");
+}
+
+TEST(Table, BlanksAtTheBeginningOfACellAreKept) {
+    Table table({"A"});
+    table.add({"     ABCDEFGH IJ"});
+    EXPECT_EQ(table.text({.width = 10}), "A\n----------\n     ABCDE\nFGH IJ\n");
+}
+
+TEST(Table, NoColumnIsNarrowerThanEight) {
+    Table table({"A", "B"});
+    table.add({"abcdefghijkl", "x"});
+    EXPECT_EQ(table.text({.width = 1}), "A         B\n--------  -\nabcdefgh  x\nijkl\n");
+}
+
+TEST(Table, TheHeaderIsBoldInColor) {
+    Table table({"A", "B"});
+    table.add({"x", "y"});
+    EXPECT_EQ(table.text({.hasColor = true}), "\x1B[1mA  B\x1B[0m\n-  -\nx  y\n");
+}
+
 }  // namespace
 
 }  // namespace vantro
