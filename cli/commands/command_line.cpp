@@ -1,18 +1,18 @@
-// The only source that includes the option parser, because it takes longer to compile than the rest of the tool.
+// Only this source and shell_commands.cpp include the option parser: it takes longer to compile than the rest of the
+// tool.
 #include "cli/commands/command_line.h"
 
 #include "cli/batch/run.h"
 #include "cli/commands/commands.h"
 #include "cli/commands/describe.h"
 #include "cli/commands/help.h"
+#include "cli/commands/shell_commands.h"
 #include "cli/io/encoding.h"
 #include "cli/io/failure.h"
 #include "cli/io/standard_io.h"
-#include "cli/io/terminal.h"
 
 #include <CLI/CLI.hpp>
 #include <algorithm>
-#include <array>
 #include <charconv>
 #include <cstddef>
 #include <cstdint>
@@ -40,15 +40,6 @@ CLI::Validator wholeNumber(int smallest, int largest) {
         if (problem == std::errc{} && stop == end && number >= smallest && number <= largest) return {};
         return "give a whole number from " + std::to_string(smallest) + " to " + std::to_string(largest) + ", not '" +
                text + "'";
-    };
-    return {check, ""};
-}
-
-/// Accepts one of three words.
-CLI::Validator oneOf(const std::array<std::string, 3>& words) {
-    const auto check = [words](const std::string& text) -> std::string {
-        if (std::ranges::find(words, text) != words.end()) return {};
-        return "the choice is " + words[0] + ", " + words[1] + " or " + words[2] + ", not '" + text + "'";
     };
     return {check, ""};
 }
@@ -108,16 +99,6 @@ void addEncoding(CLI::App& command, Encoding& encoding) {
                                           "Encoding of the input: utf-8, utf-16, utf-16le, utf-16be, latin-1,\n"
                                           "windows-1252 (default: auto, UTF-8 or what a byte order mark says)")
         ->type_name("NAME");
-}
-
-void addColor(CLI::App& command) {
-    command
-        .add_option_function<std::string>(
-            "--color", [](const std::string& name) { chooseColor(colorChoiceNamed(name)); },
-            "Colour the headings of tables, and the words warning and error in messages (default: auto, on a terminal "
-            "only)")
-        ->check(oneOf({"auto", "always", "never"}))
-        ->type_name("auto|always|never");
 }
 
 void addClassAndParameters(CLI::App& command, std::string& className, std::vector<std::string>& parameters) {
@@ -203,8 +184,9 @@ private:
 };
 
 CommandLine::CommandLine() {
-    tool_.set_version_flag("--version", std::string(toolName) + " " VANTRO_VERSION);
+    setHelpForm(tool_);
     tool_.set_help_flag("-h,--help", "Print this help and exit");
+    tool_.set_version_flag("-V,--version", std::string(toolName) + " " VANTRO_VERSION, "Print the version and exit");
     tool_.require_subcommand(1);
     tool_.allow_windows_style_options(false);
     tool_.footer(help::tool);
@@ -217,8 +199,7 @@ CommandLine::CommandLine() {
     addParse();
     addElements();
     addNotes();
-    addColor(tool_);
-    for (CLI::App* const command : tool_.get_subcommands({})) addColor(*command);
+    addShellCommands(tool_, status_);
 }
 
 int CommandLine::run(int argc, const char* const* argv) {

@@ -1,4 +1,5 @@
-// What --help prints below the options.
+// What --help prints about each command: examples above its options, the rest below them. Lines without an indent are
+// joined to paragraphs and wrapped as wide as the terminal; see `sectionsOf` in cli/shell/page.h.
 #pragma once
 
 namespace vantro::help {
@@ -44,9 +45,9 @@ inline constexpr auto batch =
     "and the next one is read. After an interrupt, the response that is being written is completed.\n"
     "Exit status: 0 when every line was a request, whatever its result, 1 when one was not, 2 for bad usage.\n"
     "\n"
-    "Example:\n"
-    "  echo '{\"class\":\"CPDNTrans\",\"call\":\"CreateCommand\",\"params\":{\"strKeyName\":\"SMITH\"}}' |\n"
-    "      vantro-profile batch";
+    "Examples:\n"
+    "  vantro-profile batch < requests.jsonl > responses.jsonl\n"
+    "  echo '{\"class\":\"CPDTrans\",\"call\":\"CreateCommand\"}' | vantro-profile batch";
 
 inline constexpr auto parse =
     "A display is lines of up to 80 characters, or one unbroken text. It ends with the line that contains END OF\n"
@@ -92,6 +93,26 @@ inline constexpr auto notes =
     "Examples:\n"
     "  vantro-profile notes display.txt\n"
     "  vantro-profile notes --qualifier A --search TICKET display.txt";
+
+inline constexpr auto help =
+    "Examples:\n"
+    "  vantro-profile help\n"
+    "  vantro-profile help parse";
+
+inline constexpr auto completion =
+    "The script completes subcommands, options, files, classes, the keys of a class (after command and verify) and "
+    "the\n"
+    "prefixes of elements.\n"
+    "\n"
+    "Examples:\n"
+    "  source <(vantro-profile completion bash)\n"
+    "  vantro-profile completion zsh > ~/.zsh/completions/_vantro-profile\n"
+    "  vantro-profile completion fish > ~/.config/fish/completions/vantro-profile.fish";
+
+inline constexpr auto man =
+    "Examples:\n"
+    "  vantro-profile man parse | man -l -\n"
+    "  vantro-profile man parse > ~/.local/share/man/man1/vantro-profile-parse.1";
 
 /// The parameters of `command` and `verify`.
 inline constexpr auto parameter =

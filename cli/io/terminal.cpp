@@ -4,7 +4,6 @@
 
 #include <charconv>
 #include <cstdlib>
-#include <string_view>
 
 #ifdef _WIN32
 #ifndef NOMINMAX
@@ -91,9 +90,11 @@ bool isDigit(char byte) { return byte >= '0' && byte <= '9'; }
 
 void chooseColor(ColorChoice choice) { chosen = choice; }
 
-ColorChoice colorChoiceNamed(const std::string& name) {
+std::optional<ColorChoice> colorChoiceNamed(std::string_view name) {
+    if (name == "auto") return ColorChoice::Auto;
     if (name == "always") return ColorChoice::Always;
-    return name == "never" ? ColorChoice::Never : ColorChoice::Auto;
+    if (name == "never") return ColorChoice::Never;
+    return std::nullopt;
 }
 
 bool wantsColor(ColorChoice choice, const ColorVariables& variables, bool isTerminal) {

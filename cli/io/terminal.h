@@ -2,7 +2,9 @@
 #pragma once
 
 #include <cstddef>
+#include <optional>
 #include <string>
+#include <string_view>
 
 namespace vantro {
 
@@ -12,8 +14,8 @@ enum class ColorChoice { Auto, Always, Never };
 /// Sets the choice for the rest of the run, before the first output. Without it, it is `Auto`.
 void chooseColor(ColorChoice choice);
 
-/// The choice with this name ("auto", "always", "never"); `Auto` for any other text.
-ColorChoice colorChoiceNamed(const std::string& name);
+/// The choice with this name: "auto", "always", "never".
+std::optional<ColorChoice> colorChoiceNamed(std::string_view name);
 
 /// The variables of the environment that speak about colour. A variable that is absent is empty here.
 struct ColorVariables {

@@ -237,6 +237,11 @@ int Running::endingSignal() {
     return WIFSIGNALED(status) ? WTERMSIG(status) : 0;
 }
 
+std::string contentOf(const std::string& file) {
+    std::ifstream stream(file, std::ios::binary);
+    return {std::istreambuf_iterator<char>(stream), {}};
+}
+
 TemporaryVariable::TemporaryVariable(std::string name, const std::string& value) : name_(std::move(name)) {
     ::setenv(name_.c_str(), value.c_str(), 1);
 }

@@ -55,6 +55,9 @@ private:
     int process_ = -1;
 };
 
+/// The bytes of a file.
+std::string contentOf(const std::string& file);
+
 /// A running tool whose output the test reads from a pipe.
 class Running {
 public:
