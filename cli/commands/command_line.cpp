@@ -98,7 +98,7 @@ void addEncoding(CLI::App& command, Encoding& encoding) {
         .add_option_function<std::string>("--encoding", read,
                                           "Encoding of the input: utf-8, utf-16, utf-16le, utf-16be, latin-1,\n"
                                           "windows-1252 (default: auto, UTF-8 or what a byte order mark says)")
-        ->type_name("NAME");
+        ->type_name("ENCODING");
 }
 
 void addClassAndParameters(CLI::App& command, std::string& className, std::vector<std::string>& parameters) {

@@ -1,5 +1,6 @@
 #include "cli/shell/completion_words.h"
 
+#include "cli/io/encoding.h"
 #include "cli/io/utf.h"
 #include "vantro/families.h"
 #include "vantro/registry.h"
@@ -41,6 +42,19 @@ bool takesKeys(const CommandPage& command) {
     return std::ranges::any_of(command.arguments, [](const OptionEntry& entry) { return entry.value == "KEY=VALUE"; });
 }
 
+/// Of a list with ", " between its words.
+Words wordsOf(const std::string& list) {
+    Words words(1);
+    for (const char character : list) {
+        if (character == ',') {
+            words.emplace_back();
+        } else if (character != ' ') {
+            words.back() += character;
+        }
+    }
+    return words;
+}
+
 }  // namespace
 
 Completion completionOf(const OptionEntry& entry, const CommandPage& command, const CommandPage& tool) {
@@ -51,6 +65,7 @@ Completion completionOf(const OptionEntry& entry, const CommandPage& command, co
     if (value == "PREFIX") return {Completes::Words, prefixes()};
     if (value == "SUBCOMMAND") return {Completes::Words, commandNames(tool)};
     if (value == "SHELL") return {Completes::Words, {"bash", "zsh", "fish"}};
+    if (value == "ENCODING") return {Completes::Words, wordsOf(encodingNames())};
     if (value == "WHEN") return {Completes::Words, {"auto", "always", "never"}};
     return {};
 }

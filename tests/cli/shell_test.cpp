@@ -273,6 +273,7 @@ TEST_F(BashCompletion, CompletesTheValuesOfOptions) {
     EXPECT_EQ(completed({"parse", "--color", "=", "n"}), Names{"never"});
     EXPECT_EQ(completed({"parse", "--color", "="}), (Names{"always", "auto", "never"}));
     EXPECT_EQ(completed({"parse", "--max-line", ""}), Names{});
+    EXPECT_EQ(completed({"verify", "CPXTrans", "--encoding", "utf-16l"}), Names{"utf-16le"});
     const TemporaryFile file("");
     EXPECT_EQ(completed({"verify", "CPXTrans", "--screen", file.path()}), Names{file.path()});
     EXPECT_EQ(completed({"parse", "-j", "4", file.path()}), Names{file.path()});
