@@ -168,7 +168,7 @@ ByteSource sourceOf(std::shared_ptr<Reader> reader) {
                       program](std::span<char>) -> std::size_t { throw StreamError(message); };
 }
 
-ByteSource gunzipped(const std::shared_ptr<Peeked>& source, const std::string& name) {
+ByteSource gunzipped([[maybe_unused]] const std::shared_ptr<Peeked>& source, const std::string& name) {
 #ifdef VANTRO_ZLIB
     return sourceOf(std::make_shared<Gunzip>(Packed(source, name)));
 #else
@@ -176,7 +176,7 @@ ByteSource gunzipped(const std::shared_ptr<Peeked>& source, const std::string& n
 #endif
 }
 
-ByteSource unzstandard(const std::shared_ptr<Peeked>& source, const std::string& name) {
+ByteSource unzstandard([[maybe_unused]] const std::shared_ptr<Peeked>& source, const std::string& name) {
 #ifdef VANTRO_ZSTD
     return sourceOf(std::make_shared<Unzstd>(Packed(source, name)));
 #else
