@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <numeric>
+#include <ranges>
 #include <string_view>
 
 namespace vantro {
@@ -76,9 +77,9 @@ Widths fitted(Widths widths, std::size_t lineWidth) {
     while (widest > narrowest && sumOf(widths, widest) + gaps > lineWidth) --widest;
     // What dividing left over is for the last column that was made narrower.
     std::size_t left = lineWidth > sumOf(widths, widest) + gaps ? lineWidth - sumOf(widths, widest) - gaps : 0;
-    for (auto width = widths.rbegin(); width != widths.rend(); ++width) {
-        if (*width <= widest) continue;
-        *width = std::min(*width, widest + left);
+    for (std::size_t& width : std::views::reverse(widths)) {
+        if (width <= widest) continue;
+        width = std::min(width, widest + left);
         left = 0;
     }
     return widths;
@@ -103,6 +104,7 @@ void appendRow(const Table::Row& row, const Widths& widths, bool isBold, std::st
     }
     for (std::size_t line = 0; line < height; ++line) {
         std::vector<std::string_view> cells;
+        cells.reserve(row.size());
         for (const auto& lines : wrapped) cells.push_back(line < lines.size() ? lines[line] : "");
         std::string shownLine;
         appendLine(cells, widths, shownLine);

@@ -97,8 +97,9 @@ std::string optionsWithValues(const CommandPage& tool) {
         for (const OptionEntry& option : command.options) {
             if (option.value.empty()) continue;
             std::string patterns;
-            for (const std::string& each : option.names)
-                patterns += (patterns.empty() ? "'" : "|'") + name + " " + each + "'";
+            for (const std::string& each : option.names) {
+                patterns.append(patterns.empty() ? "'" : "|'").append(name).append(" ").append(each).append("'");
+            }
             cases += "        " + patterns + ") " + assignment(completionOf(option, command, tool)) + " ;;\n";
         }
     };

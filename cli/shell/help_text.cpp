@@ -115,12 +115,14 @@ void addRows(Filler& filler, const std::string& title, const std::vector<Row>& r
 
 std::vector<Row> rowsOf(const std::vector<OptionEntry>& entries) {
     std::vector<Row> rows;
+    rows.reserve(entries.size());
     for (const OptionEntry& entry : entries) rows.push_back({namesOf(entry), entry.text});
     return rows;
 }
 
 std::vector<Row> rowsOf(const std::vector<CommandPage>& commands) {
     std::vector<Row> rows;
+    rows.reserve(commands.size());
     for (const CommandPage& command : commands) rows.push_back({commandOf(command), command.summary});
     return rows;
 }
