@@ -106,6 +106,7 @@ std::string manPage(const CommandPage& page, const std::string& version) {
     const std::string tool = page.name.substr(0, page.name.find(' '));
     std::string source = ".TH \"" + escaped(inCapitals(manPageName(page))) + "\" 1 \"\" \"" +
                          escaped(tool + " " + version) + "\" \"User Commands\"\n";
+    source += ".nh\n";  // a hyphen at the end of a line could be one of an option
     addHeading("Name", source);
     source += escaped(manPageName(page)) + " \\- " + escaped(page.summary) + "\n";
     addHeading("Synopsis", source);

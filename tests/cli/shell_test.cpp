@@ -171,7 +171,7 @@ TEST(HelpText, WrapsTextsInTheirColumnAndExamplesForAShell) {
 
 TEST(ManPage, HasTheUsualSections) {
     EXPECT_EQ(manPage(samplePage(), "1.2"),
-              ".TH \"TOOL\\-DO\" 1 \"\" \"tool 1.2\" \"User Commands\"\n"
+              ".TH \"TOOL\\-DO\" 1 \"\" \"tool 1.2\" \"User Commands\"\n.nh\n"
               ".SH NAME\ntool\\-do \\- Do it\n"
               ".SH SYNOPSIS\n\\fBtool do\\fR [OPTIONS] [FILE...]\n"
               ".SH DESCRIPTION\nDo it.\n.PP\nIt is done \\- now.\n"
@@ -195,7 +195,7 @@ TEST(ManPage, EveryOptionOfTheHelpAndNoOther) {
 }
 
 TEST(ManPage, UsesKnownMacrosAndEndsWhatItBegins) {
-    const std::regex macro(R"(\.(TH .*|SH [A-Z -]+|TP|PP|nf|fi))");
+    const std::regex macro(R"(\.(TH .*|nh|SH [A-Z -]+|TP|PP|nf|fi))");
     for (const std::string& command : subcommands()) {
         bool isVerbatim = false;
         for (const std::string& line : linesOf(runTool({"man", command}).out)) {

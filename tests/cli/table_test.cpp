@@ -2,6 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include <sstream>
+#include <string>
+
 namespace vantro {
 
 namespace {
@@ -70,6 +73,35 @@ TEST(Table, AWordThatIsTooLongIsCutBetweenItsPartsOrAnywhere) {
     EXPECT_EQ(table.text({.width = 8}),
               "A\n--------\nAAAA,\nBBBB,\nCCCC\nabcdefgh\nijklmn\n"
               "\xC3\x89\xC3\x89\xC3\x89\xC3\x89\xC3\x89\xC3\x89\xC3\x89\xC3\x89\n\xC3\x89\n");
+}
+
+// Whatever the width, all characters but blanks are shown, each in its column.
+TEST(Table, NothingIsLostAtAnyWidth) {
+    const std::string left = "strKeyOfficeID, strKeyRecLoc,strKeyName";
+    const std::string right = "A  WITH TWO BLANKS, AN-UNUSUALLY/LONGWORDTHATMUSTBECUT AND MORE";
+    const auto withoutBlanks = [](std::string text) {
+        std::erase(text, ' ');
+        return text;
+    };
+    Table table({"L", "R"});
+    table.add({left, right});
+    for (std::size_t width = 18; width < 110; ++width) {
+        const std::string text = table.text({.width = width});
+        std::istringstream lines(text);
+        std::string line;
+        std::getline(lines, line);
+        std::getline(lines, line);
+        const std::size_t column = line.find(' ') + 2;
+        std::string shownLeft;
+        std::string shownRight;
+        while (std::getline(lines, line)) {
+            EXPECT_LE(line.size(), width) << text;
+            shownLeft += line.substr(0, column);
+            if (line.size() > column) shownRight += line.substr(column);
+        }
+        EXPECT_EQ(withoutBlanks(shownLeft), withoutBlanks(left)) << text;
+        EXPECT_EQ(withoutBlanks(shownRight), withoutBlanks(right)) << text;
+    }
 }
 
 TEST(Table, BlanksAtTheBeginningOfACellAreKept) {

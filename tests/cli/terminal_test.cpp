@@ -8,6 +8,7 @@
 #include <algorithm>
 #include <csignal>
 #include <string>
+#include <vector>
 
 namespace vantro {
 
@@ -67,6 +68,20 @@ TEST(Terminal, TablesKeepToItsWidth) {
         EXPECT_LE(longestLine(out), columns) << out;
         EXPECT_GT(longestLine(out), columns - 20) << out;
         EXPECT_NE(out.find("PM, PME,"), std::string::npos) << out;
+    }
+}
+
+TEST(Terminal, ProfilesAndResultsKeepToItsWidthToo) {
+    const test::TemporaryFile file(test::contentOf(VANTRO_SOURCE_DIR "/samples/profiles/traveller.txt"));
+    const std::string& profile = file.path();
+    for (const std::vector<std::string>& arguments :
+         {std::vector<std::string>{"parse", profile}, {"elements", "PPR", profile}, {"notes", profile}}) {
+        std::vector<std::string> withoutColor = arguments;
+        withoutColor.insert(withoutColor.end(), {"--color", "never"});
+        const std::string out = runToolOnTerminal(60, withoutColor).out;
+        EXPECT_LE(longestLine(out), 60U) << out;
+        withoutColor.emplace_back("--table");
+        EXPECT_EQ(runToolOnTerminal(200, withoutColor).out, runTool(withoutColor).out);
     }
 }
 
