@@ -31,7 +31,7 @@ done
 cp build/mingw-x64/server/idl/vantro_profile_utils.tlb "$out/$name/VantroProfileUtils.tlb"
 cp server/vantro_profile_utils.idl "$out/$name/VantroProfileUtils.idl"
 mkdir -p "$out/$name/docs"
-cp docs/com.md "$out/$name/docs"
+cp docs/com.md docs/powershell.md "$out/$name/docs"
 cp README.md CHANGELOG.md LICENSE SECURITY.md "$out/$name"
 
 (cd "$out/$name" && find . -type f -print0 | sort -z | xargs -0 sha256sum) >"$out/SHA256SUMS"
