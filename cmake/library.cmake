@@ -14,6 +14,7 @@ set(public_headers
     vantro/profile.h
     vantro/profile_object.h
     vantro/registry.h
+    vantro/screen_lines.h
     vantro/terminal.h
     vantro/text.h
 )
@@ -27,6 +28,7 @@ target_sources(vantro_profile_utils PRIVATE
     src/framework/int16.cpp
     src/framework/interfaces.cpp
     src/framework/screen.cpp
+    src/framework/screen_lines.cpp
     src/framework/text_ops.cpp
     src/profile/element_lists.cpp
     src/profile/element_parser.cpp

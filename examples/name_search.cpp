@@ -1,6 +1,7 @@
 // Searches the host's profiles by name: builds the command, then reads the screen that answers it.
 #include "vantro/built_in_terminal.h"
 #include "vantro/registry.h"
+#include "vantro/screen_lines.h"
 
 #include <iostream>
 #include <string>
@@ -15,9 +16,8 @@ int main() {
     const vantro::Text command = search->profileTrans()->CreateCommand(params);
     std::cout << "send: " << std::string(command.begin(), command.end()) << '\n';
 
-    vantro::Text screen = u"PDN/-SMITH/ANNA/";
-    screen.resize(80, u' ');  // lines of 80 characters, joined without separators
-    screen += u"*T* SMITH/ANNA MS";
+    // Lines of 80 characters, joined without separators.
+    const vantro::Text screen = vantro::joinLines(u"PDN/-SMITH/ANNA/\n*T* SMITH/ANNA MS\n").screen;
     const vantro::CollectionPtr results = search->profileTrans()->VerifyResponse(screen, params);
     const bool found = std::get<bool>(results->Item(u"blnKeyTrProfile")->Value());
     std::cout << (found ? "a traveller's profile" : "something else") << '\n';

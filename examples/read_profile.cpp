@@ -1,6 +1,7 @@
 // Reads the priority lines of a displayed profile from a text file with one screen line per line.
 #include "vantro/built_in_terminal.h"
 #include "vantro/registry.h"
+#include "vantro/screen_lines.h"
 
 #include <fstream>
 #include <iostream>
@@ -9,17 +10,15 @@
 
 namespace {
 
-constexpr std::size_t lineWidth = 80;
-
 // The display as a terminal passes it: every line padded to 80 characters, no line ends.
 vantro::Text readDisplay(std::istream& file) {
-    vantro::Text display;
-    for (std::string line; std::getline(file, line);) {
-        if (line.size() > lineWidth) throw std::runtime_error("a line has more than 80 characters: " + line);
-        display.append(line.begin(), line.end());  // the samples are plain ASCII
-        display.append(lineWidth - line.size(), u' ');
-    }
-    return display;
+    vantro::TextList lines;
+    for (std::string line; std::getline(file, line);) lines.emplace_back(line.begin(), line.end());  // plain ASCII
+    const vantro::JoinedLines display = vantro::joinLines(lines);
+    if (display.longLines.empty()) return display.screen;
+    const vantro::LongLine& first = display.longLines.front();
+    throw std::runtime_error("line " + std::to_string(first.number) + " has " + std::to_string(first.length) +
+                             " characters, more than 80");
 }
 
 std::string plain(const vantro::Text& text) { return {text.begin(), text.end()}; }

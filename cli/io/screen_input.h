@@ -1,6 +1,7 @@
 // Host screens from files and standard input.
 #pragma once
 
+#include "vantro/screen_lines.h"
 #include "vantro/text.h"
 
 #include <cstddef>
@@ -8,9 +9,6 @@
 #include <string_view>
 
 namespace vantro {
-
-/// The number of characters of a screen line.
-inline constexpr std::size_t screenWidth = 80;
 
 /// The message for a line (counted from 1) that is longer than a screen line.
 std::string tooLongLine(std::size_t line, std::size_t length);

@@ -4,6 +4,7 @@
 
 #include "framework/int16.h"
 #include "framework/text_ops.h"
+#include "vantro/screen_lines.h"
 #include "vantro/terminal.h"
 
 #include <cstdint>
@@ -11,9 +12,6 @@
 #include <vector>
 
 namespace vantro {
-
-/// The number of characters of a screen line.
-inline constexpr int screenWidth = 80;
 
 /// Line `line` (from 0), cut from the text; empty after the end.
 constexpr TextView lineByPosition(TextView text, std::int16_t line) {

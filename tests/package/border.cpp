@@ -4,6 +4,7 @@
 #include "vantro/lists.h"
 #include "vantro/profile.h"
 #include "vantro/registry.h"
+#include "vantro/screen_lines.h"
 
 #include <cstdio>
 #include <stdexcept>
@@ -75,6 +76,7 @@ int main() {
     expect(dynamic_cast<vantro::BuiltInCollection*>(base.createCollection().get()) != nullptr, "cast of a collection");
     expect(dynamic_cast<vantro::BuiltInTerminal*>(&base) != nullptr, "cast of a terminal");
     expect(vantro::parseProfile(u"").elements(vantro::Family::PPR).empty(), "an empty display");
+    expect(vantro::joinLines(u"A\nB\n").screen.size() == 81, "a screen of two lines");
     expect(vantro::familyNames().size() == vantro::familyCount, "the families");
     expect(vantro::errorOf(vantro::Failure::Overflow).number() == 6, "the error of a failing step");
     if (failures == 0) {
