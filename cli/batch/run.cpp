@@ -4,7 +4,10 @@
 #include "cli/batch/request.h"
 #include "cli/batch/response.h"
 #include "cli/io/failure.h"
+#include "cli/io/screen_warnings.h"
 #include "cli/io/standard_io.h"
+#include "cli/io/utf.h"
+#include "cli/io/warnings.h"
 
 #include <span>
 #include <string>
@@ -53,9 +56,16 @@ private:
     std::vector<std::size_t> ends_;
 };
 
+std::string shortened(const std::string& id) {
+    constexpr std::size_t longest = 60;
+    const Text text = toUtf16(id);
+    return text.size() <= longest ? id : toUtf8(TextView(text).substr(0, longest)) + "...";
+}
+
 class Batch {
 public:
-    Batch(Backend& backend, std::size_t maxLine) : maxLine_(maxLine), lines_(readInput, maxLine), session_(backend) {}
+    Batch(Backend& backend, const BatchOptions& options)
+        : options_(options), lines_(readInput, options.maxLine), session_(backend), warnings_(options.quiet) {}
 
     int run() {
         while (const auto line = lines_.next()) {
@@ -64,7 +74,7 @@ public:
             // A client may wait for this response before it sends the next request.
             if (responses_.areMany() || !lines_.isNextHere()) responses_.write();
         }
-        if (badLines_.bad == 0) return success;
+        if (badLines_.bad == 0) return warnings_.statusAfter(success, options_.strict);
         complain(badLines_.text());
         return callFailed;
     }
@@ -74,11 +84,12 @@ private:
     bool answer(std::span<char> line) {
         std::string& out = responses_.text();
         if (lines_.wasTooLong()) {
-            appendBadRequest(overLongLine(badLines_.lines + 1, maxLine_), nullptr, out);
+            appendBadRequest(overLongLine(badLines_.lines + 1, options_.maxLine), nullptr, out);
             return false;
         }
         reader_.read(line);
         if (reader_.problem().empty()) {
+            warnAboutScreen();
             appendResponse(reader_.request(), session_.call(reader_.request()), reader_.id(), out);
             return true;
         }
@@ -86,16 +97,24 @@ private:
         return false;
     }
 
-    std::size_t maxLine_;
+    void warnAboutScreen() {
+        for (const std::string& warning : screenWarnings(reader_.request().screen)) {
+            const std::string id = reader_.id() == nullptr ? "" : ", id " + shortened(*reader_.id());
+            warnings_.add("line " + std::to_string(badLines_.lines + 1) + id + ": " + warning);
+        }
+    }
+
+    BatchOptions options_;
     LineReader lines_;
     RequestReader reader_;
     Session session_;
     BadLines badLines_;
     Responses responses_;
+    Warnings warnings_;
 };
 
 }  // namespace
 
-int answerRequests(Backend& backend, std::size_t maxLine) { return Batch(backend, maxLine).run(); }
+int answerRequests(Backend& backend, const BatchOptions& options) { return Batch(backend, options).run(); }
 
 }  // namespace vantro

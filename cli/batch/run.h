@@ -3,13 +3,21 @@
 
 #include "cli/batch/session.h"
 
+#include "cli/io/input_files.h"
+
 #include <cstddef>
 
 namespace vantro {
 
+struct BatchOptions {
+    std::size_t maxLine = defaultMaxLine;  ///< in bytes
+    bool strict = false;                   ///< makes a run with warnings fail
+    bool quiet = false;                    ///< prints no warnings
+};
+
 /// Answers every line of standard input (JSON Lines) with one line on standard output, and returns the exit status:
 /// `success` when every line was a request, else `callFailed`. A line of more than `maxLine` bytes is no request.
-/// Raises StreamError.
-int answerRequests(Backend& backend, std::size_t maxLine);
+/// Warns about control characters in screens, with the line's number and the request's id. Raises StreamError.
+int answerRequests(Backend& backend, const BatchOptions& options = {});
 
 }  // namespace vantro

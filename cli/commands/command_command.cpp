@@ -1,27 +1,46 @@
 #include "cli/commands/commands.h"
+#include "cli/commands/missing_keys.h"
 #include "cli/commands/parameters.h"
 #include "cli/commands/trans_class.h"
 #include "cli/commands/unknown_keys.h"
 #include "cli/io/failure.h"
 #include "cli/io/standard_io.h"
 #include "cli/io/utf.h"
+#include "cli/io/warnings.h"
 
 #include <memory>
 
 namespace vantro {
+
+namespace {
+
+int reportFailure(const ClassRow& row, const BuiltInCollection& params, const Error& raised) {
+    const std::string reason = reasonOfFailedCommand(row, params, raised);
+    complain("the call failed with " + asClause(describe(raised)) + (reason.empty() ? "" : "; " + reason));
+    return callFailed;
+}
+
+}  // namespace
 
 int runCommand(const CommandOptions& options) {
     const ClassRow& row = transactionClass(options.className);
     const auto params = std::make_shared<BuiltInCollection>();
     addParameters(options.parameters, *params);
     if (!options.raw) refuseControlCharacters(*params);
-    warnAboutUnknownKeys(row, PassedFor::Command, *params);
+    Warnings warnings(options.quiet);
+    warnAboutUnknownKeys(row, PassedFor::Command, *params, warnings);
 
     BuiltInTerminal terminal;
-    const Text command = createObject(row, terminal)->profileTrans()->CreateCommand(params);
+    Text command;
+    try {
+        command = createObject(row, terminal)->profileTrans()->CreateCommand(params);
+    } catch (const Error& raised) {
+        return reportFailure(row, *params, raised);
+    }
     writeOutput(toUtf8(command) + "\n");
-    if (command.empty()) complain("the parameters are not sufficient: the command is empty, nothing is to be sent");
-    return success;
+    if (!command.empty()) return warnings.statusAfter(success, options.strict);
+    complain(messageOfEmptyCommand(row, *params));
+    return insufficientParameters;
 }
 
 }  // namespace vantro

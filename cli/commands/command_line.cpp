@@ -6,10 +6,12 @@
 #include "cli/commands/commands.h"
 #include "cli/commands/describe.h"
 #include "cli/commands/help.h"
+#include "cli/commands/nearest.h"
 #include "cli/commands/shell_commands.h"
 #include "cli/io/encoding.h"
 #include "cli/io/failure.h"
 #include "cli/io/standard_io.h"
+#include "cli/io/utf.h"
 
 #include <CLI/CLI.hpp>
 #include <algorithm>
@@ -106,6 +108,11 @@ void addClassAndParameters(CLI::App& command, std::string& className, std::vecto
     command.add_option("KEY=VALUE", parameters, help::parameter)->type_name("");
 }
 
+void addWarnings(CLI::App& command, bool& strict, bool& quiet) {
+    command.add_flag("--strict", strict, "Exit with status 5 if there were warnings");
+    command.add_flag("-q,--quiet", quiet, "Print no warnings");
+}
+
 void addDisplayFile(CLI::App& command, QueryOptions& options) {
     command.add_option("FILE", options.file, "File with displays (default: standard input)")->type_name("");
 }
@@ -126,11 +133,32 @@ std::string missingValue(const CLI::ArgumentMismatch& problem) {
     return option.starts_with("-") ? "the option " + option + " needs a value" : words;
 }
 
+/// The options of a subcommand, or the subcommands and options of the tool.
+std::vector<Text> knownWords(const CLI::App& app) {
+    std::vector<Text> words;
+    for (const CLI::App* const command : app.get_subcommands({})) words.push_back(toUtf16(command->get_name()));
+    for (const CLI::Option* const option : app.get_options()) {
+        for (const std::string& name : option->get_lnames()) words.push_back(toUtf16("--" + name));
+    }
+    return words;
+}
+
+/// "; did you mean '--table'?", or nothing.
+std::string nearestHint(const CLI::App& app, const std::string& unknown) {
+    const std::vector<Text> words = knownWords(app);
+    const std::vector<TextView> known(words.begin(), words.end());
+    const auto nearest = nearestName(toUtf16(unknown.substr(0, unknown.find('='))), known);
+    return nearest ? "; did you mean '" + toUtf8(*nearest) + "'?" : "";
+}
+
 // The parser would say of an unknown subcommand only that one is missing.
 std::string describeProblem(const CLI::App& tool, const CLI::ParseError& problem) {
-    const std::vector<std::string> unknown = tool.remaining();
-    if (tool.get_subcommands().empty() && !unknown.empty())
-        return "there is no subcommand or option '" + unknown.front() + "'";
+    const auto chosen = tool.get_subcommands();
+    const std::vector<std::string> unknown = tool.remaining(true);
+    if (chosen.empty() && !unknown.empty())
+        return "there is no subcommand or option '" + unknown.front() + "'" + nearestHint(tool, unknown.front());
+    const auto option = std::ranges::find_if(unknown, [](const std::string& word) { return word.starts_with("-"); });
+    if (option != unknown.end()) return "there is no option '" + *option + "'" + nearestHint(*chosen.front(), *option);
     const auto* const mismatch = dynamic_cast<const CLI::ArgumentMismatch*>(&problem);
     return mismatch != nullptr ? missingValue(*mismatch) : problem.what();
 }
@@ -146,7 +174,14 @@ std::string asOneClause(std::string message) {
 
 std::string helpHint(const CLI::App& tool) {
     const auto chosen = tool.get_subcommands();
-    return std::string("see ") + toolName + (chosen.empty() ? "" : " " + chosen.front()->get_name()) + " --help";
+    return toolName + (chosen.empty() ? "" : " " + chosen.front()->get_name()) + " --help";
+}
+
+/// What the class is like that was named together with --help: its description below the help. Raises UnknownClass.
+std::string describedClassOf(const CLI::App& tool) {
+    const auto chosen = tool.get_subcommands();
+    const CLI::Option* const name = chosen.empty() ? nullptr : chosen.front()->get_option_no_throw("CLASS");
+    return name == nullptr || name->empty() ? "" : "\n" + describedClass(name->results().front(), false);
 }
 
 // ---- The command line
@@ -162,6 +197,7 @@ private:
     void addDescribe();
     void addCommand();
     void addVerify();
+    void addIdentify();
     void addBatch();
     void addParse();
     void addElements();
@@ -177,7 +213,8 @@ private:
     DescribeOptions describe_;
     CommandOptions command_;
     VerifyOptions verify_;
-    std::size_t batchMaxLine_ = defaultMaxLine;
+    IdentifyOptions identify_;
+    BatchOptions batch_;
     ParseOptions parse_;
     ElementsOptions elements_;
     NotesOptions notes_;
@@ -195,6 +232,7 @@ CommandLine::CommandLine() {
     addDescribe();
     addCommand();
     addVerify();
+    addIdentify();
     addBatch();
     addParse();
     addElements();
@@ -215,12 +253,14 @@ int CommandLine::run(int argc, const char* const* argv) {
 int CommandLine::answer(const CLI::ParseError& question) const {
     std::ostringstream out;
     const int status = tool_.exit(question, out, out);
+    out << describedClassOf(tool_);
     writeOutput(out.str());
     return status;
 }
 
 int CommandLine::refuse(const CLI::ParseError& problem) const {
-    complain(asOneClause(describeProblem(tool_, problem)) + "; " + helpHint(tool_));
+    const std::string words = asOneClause(describeProblem(tool_, problem));
+    complain(words + (words.ends_with('?') ? " See " : "; see ") + helpHint(tool_));
     return badUsage;
 }
 
@@ -246,6 +286,7 @@ void CommandLine::addCommand() {
     CLI::App& command = *tool_.add_subcommand("command", "Print the command line for the host");
     addClassAndParameters(command, command_.className, command_.parameters);
     command.add_flag("--raw", command_.raw, "Let control characters in parameters through into the command line");
+    addWarnings(command, command_.strict, command_.quiet);
     command.footer(help::command);
     command.callback([this] { status_ = runCommand(command_); });
 }
@@ -267,18 +308,34 @@ void CommandLine::addVerify() {
     command.add_flag("--count", verify_.count, "Print what the class counts on the screen, not its results");
     addEncoding(command, verify_.encoding);
     addMaxLine(command, verify_.maxLine);
+    addWarnings(command, verify_.strict, verify_.quiet);
     command.footer(help::verify);
     command.callback([this] { status_ = runVerify(verify_); });
+}
+
+void CommandLine::addIdentify() {
+    CLI::App& command = *tool_.add_subcommand("identify", "Say which class reads a screen, and by which marks");
+    command.add_option("FILE", identify_.files, "Files with a screen each, or folders of such files (default, and for -: standard\n"
+                                                "input)")
+        ->type_name("");
+    auto* const table = command.add_flag("--table", identify_.table, "Print a table, also into a file or pipe");
+    command.add_flag("--json", identify_.json, "Print one JSON object per screen, also on a terminal")->excludes(table);
+    addEncoding(command, identify_.encoding);
+    addMaxLine(command, identify_.maxLine);
+    addWarnings(command, identify_.strict, identify_.quiet);
+    command.footer(help::identify);
+    command.callback([this] { status_ = runIdentify(identify_); });
 }
 
 void CommandLine::addBatch() {
     CLI::App& command =
         *tool_.add_subcommand("batch", "Answer requests, one JSON object per line, from standard input");
-    addMaxLine(command, batchMaxLine_);
+    addMaxLine(command, batch_.maxLine);
+    addWarnings(command, batch_.strict, batch_.quiet);
     command.footer(help::batch);
     command.callback([this] {
         LinkedBackend library;
-        status_ = answerRequests(library, batchMaxLine_);
+        status_ = answerRequests(library, batch_);
     });
 }
 

@@ -22,6 +22,8 @@ struct CommandOptions {
     std::string className;
     std::vector<std::string> parameters;  ///< KEY=VALUE, see `addParameters`
     bool raw = false;                     ///< lets control characters through
+    bool strict = false;                  ///< makes a run with warnings fail
+    bool quiet = false;                   ///< prints no warnings
 };
 
 struct VerifyOptions {
@@ -33,6 +35,18 @@ struct VerifyOptions {
     bool table = false;
     bool json = false;
     bool count = false;  ///< asks for the class's counts instead of its results
+    bool strict = false;
+    bool quiet = false;
+    std::size_t maxLine = defaultMaxLine;
+};
+
+struct IdentifyOptions {
+    std::vector<std::string> files;  ///< a screen each, or folders of such files; empty for standard input
+    bool table = false;
+    bool json = false;
+    Encoding encoding = Encoding::ByMark;
+    bool strict = false;
+    bool quiet = false;
     std::size_t maxLine = defaultMaxLine;
 };
 
@@ -66,6 +80,7 @@ struct NotesOptions {
 int runClasses(const ClassesOptions& options);
 int runCommand(const CommandOptions& options);
 int runVerify(const VerifyOptions& options);
+int runIdentify(const IdentifyOptions& options);
 int runParse(ParseOptions options);
 int runElements(const ElementsOptions& options);
 int runNotes(const NotesOptions& options);

@@ -1,29 +1,14 @@
 #include "cli/commands/describe.h"
 
-#include "cli/commands/nearest.h"
 #include "cli/commands/trans_class.h"
 #include "cli/io/failure.h"
 #include "cli/io/standard_io.h"
 #include "cli/io/utf.h"
 #include "cli/json/output.h"
 
-#include <vector>
-
 namespace vantro {
 
 namespace {
-
-std::string unknownClass(const std::string& name) {
-    const std::string problem = "no class is named '" + name + "'";
-    const Text wanted = toUtf16(name);
-    if (const ClassRow* const meant = classOfTransaction(wanted)) {
-        return problem + "; the class of " + name + " is " + toUtf8(meant->name);
-    }
-    std::vector<TextView> names;
-    for (const ClassRow& row : classTable()) names.push_back(row.name);
-    if (const auto nearest = nearestName(wanted, names)) return problem + "; did you mean " + toUtf8(*nearest) + "?";
-    return problem + "; 'vantro-profile describe' lists the classes";
-}
 
 std::string allAsJson() {
     std::string json;

@@ -1,5 +1,6 @@
 #include "cli/commands/commands.h"
 #include "cli/commands/display_query.h"
+#include "cli/commands/nearest.h"
 #include "cli/io/utf.h"
 #include "vantro/families.h"
 
@@ -23,6 +24,14 @@ DisplayQuery queryFor(const ElementsOptions& options) {
 std::string adviceOn(const Error& raised, const ElementsOptions& options) {
     const bool lacksIndex = raised.number() == static_cast<int>(Failure::ObjectNotSet) && !options.index;
     return lacksIndex ? "Name the element's index with --index." : "";
+}
+
+std::string unknownPrefix(const std::string& prefix) {
+    std::vector<TextView> words;
+    for (const QueryFacts& query : profileQueries()) words.push_back(query.word);
+    const auto nearest = nearestName(toUtf16(prefix), words);
+    const std::string hint = nearest ? "; did you mean " + toUtf8(*nearest) + "? There are " : "; there are ";
+    return "no query has the prefix '" + prefix + "'" + hint + knownPrefixes();
 }
 
 }  // namespace
@@ -63,7 +72,7 @@ int runElements(const ElementsOptions& options) {
     const Question question{
         .query = [&options] { return queryFor(options); },
         .advice = [&options](const Error& raised) { return adviceOn(raised, options); },
-        .unknown = "no query has the prefix '" + options.prefix + "'; there are " + knownPrefixes(),
+        .unknown = unknownPrefix(options.prefix),
     };
     return answerDisplays(options.common, question);
 }

@@ -10,7 +10,8 @@ inline constexpr auto tool =
     "  vantro-profile verify CPXTrans --screen screen.txt\n"
     "  vantro-profile verify --help\n"
     "\n"
-    "Exit status: 0 done, 1 a call failed (or a batch line was not a request), 2 bad usage.";
+    "Exit status: 0 done, 1 a call failed (or a batch line was not a request), 2 bad usage, 3 the parameters are not\n"
+    "sufficient for a command, 4 no test recognised the screen, 5 with --strict: done, but with warnings.";
 
 inline constexpr auto classes = "Example:\n  vantro-profile classes --json";
 
@@ -25,7 +26,10 @@ inline constexpr auto command =
     "A line break or another control character in a parameter is refused, because what follows it could reach\n"
     "the host as a command of its own. Parameters that are passed on with --raw must come from a trusted source.\n"
     "An empty command is printed as an empty line: the parameters are not sufficient, and nothing is to be sent.\n"
-    "Which parameters a class takes: vantro-profile describe CLASS.\n"
+    "The keys that are missing are named on standard error, as for a call that fails for want of them.\n"
+    "Which parameters a class takes: vantro-profile command CLASS --help.\n"
+    "Exit status: 0 done, 1 the call failed, 2 bad usage, 3 the command is empty, 5 with --strict: there were\n"
+    "warnings, as about a key that the class does not know.\n"
     "\n"
     "Examples:\n"
     "  vantro-profile command CPDNTrans strKeyName=SMITH blnKeyExactMatch=true\n"
@@ -33,17 +37,40 @@ inline constexpr auto command =
     "      'strKeySegArray()=' 'strKeySegArray()=2' 'strKeyPasArray()=' 'strKeyPasArray()=1'";
 
 inline constexpr auto verify =
-    "Without results, as for an empty screen, JSON is null.\n"
+    "Without results, as for an empty screen, JSON is null. A screen is recognised if one of the class's marks is on\n"
+    "it, a flag is True or a value was read; otherwise all results are False or empty, and the exit status is 4. What\n"
+    "a class looks for: vantro-profile verify CLASS --help.\n"
+    "Exit status: 0 done, 1 the call failed, 2 bad usage, 4 no test of the class recognised the screen, 5 with\n"
+    "--strict: there were warnings, as about tabs in the screen.\n"
     "\n"
     "Examples:\n"
     "  vantro-profile verify CPXTrans --table --screen screen.txt\n"
     "  vantro-profile verify CPDNTrans --screen first.txt --json > state.json\n"
     "  vantro-profile verify CPDNTrans --screen second.txt --state state.json";
 
+inline constexpr auto identify =
+    "A screen is text lines or one unbroken text, as for verify. It is known by the command in its first line, which "
+    "the\n"
+    "host repeats, and by the marks that the classes look for; lines count from 1. The most likely class is the "
+    "first;\n"
+    "CProfile stands for a displayed profile, which parse reads. A table has a row per reason for one screen, and a "
+    "row\n"
+    "per screen for several.\n"
+    "Exit status: 0 all screens are known, 2 bad usage or a file that cannot be read (the others are identified all\n"
+    "the same), 4 a screen is unknown, 5 with --strict: there were warnings.\n"
+    "\n"
+    "Examples:\n"
+    "  vantro-profile identify screen.txt\n"
+    "  vantro-profile identify --table captures\n"
+    "  vantro-profile identify --json < screen.txt";
+
 inline constexpr auto batch =
     "Every line gets one response line; a line that is no request, or is longer than --max-line, gets an error,\n"
     "and the next one is read. After an interrupt, the response that is being written is completed.\n"
-    "Exit status: 0 when every line was a request, whatever its result, 1 when one was not, 2 for bad usage.\n"
+    "A line end, tab or other control character in a screen hides marks: a warning on standard error names the line\n"
+    "and the id of the request, and the response stays the same.\n"
+    "Exit status: 0 when every line was a request, whatever its result, 1 when one was not, 2 for bad usage, 5 with\n"
+    "--strict: there were warnings.\n"
     "\n"
     "Examples:\n"
     "  vantro-profile batch < requests.jsonl > responses.jsonl\n"

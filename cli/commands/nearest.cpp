@@ -8,6 +8,9 @@ namespace vantro {
 
 namespace {
 
+// A name of three characters or fewer may differ in one of them.
+constexpr std::size_t shortName = 4;
+
 char16_t lower(char16_t letter) {
     return letter >= u'A' && letter <= u'Z' ? static_cast<char16_t>(letter - u'A' + u'a') : letter;
 }
@@ -34,7 +37,7 @@ std::optional<TextView> nearestName(TextView misspelt, std::span<const TextView>
     std::size_t least = 0;
     for (const TextView name : names) {
         const std::size_t distance = editDistance(misspelt, name);
-        if (3 * distance >= name.size() || (nearest && distance >= least)) continue;
+        if (3 * distance >= std::max(name.size(), shortName) || (nearest && distance >= least)) continue;
         nearest = name;
         least = distance;
     }

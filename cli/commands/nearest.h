@@ -14,7 +14,7 @@ namespace vantro {
 std::size_t editDistance(TextView left, TextView right);
 
 /// The name that is nearest to `misspelt`, the first of several; none when a third of a name's characters or more would
-/// have to change.
+/// have to change. One character of a name may change however short it is.
 std::optional<TextView> nearestName(TextView misspelt, std::span<const TextView> names);
 
 }  // namespace vantro

@@ -1,9 +1,11 @@
 #include "cli/commands/trans_class.h"
 
+#include "cli/commands/nearest.h"
 #include "cli/io/failure.h"
 #include "cli/io/utf.h"
 
 #include <algorithm>
+#include <vector>
 
 namespace vantro {
 
@@ -11,13 +13,19 @@ namespace {
 
 constexpr const char* seeClasses = "; 'vantro-profile classes' lists the classes";
 
-std::string unknownClass(const std::string& name) {
-    const ClassRow* const meant = classOfTransaction(toUtf16(name));
-    const std::string hint = meant != nullptr ? "; the class of " + name + " is " + toUtf8(meant->name) : seeClasses;
-    return "no class is named '" + name + "'" + hint;
-}
-
 }  // namespace
+
+std::string unknownClass(const std::string& name) {
+    const std::string problem = "no class is named '" + name + "'";
+    const Text wanted = toUtf16(name);
+    if (const ClassRow* const meant = classOfTransaction(wanted)) {
+        return problem + "; the class of " + name + " is " + toUtf8(meant->name);
+    }
+    std::vector<TextView> names;
+    for (const ClassRow& row : classTable()) names.push_back(row.name);
+    if (const auto nearest = nearestName(wanted, names)) return problem + "; did you mean " + toUtf8(*nearest) + "?";
+    return problem + "; 'vantro-profile describe' lists the classes";
+}
 
 const ClassRow* classOfTransaction(TextView code) {
     for (const ClassRow& row : classTable()) {

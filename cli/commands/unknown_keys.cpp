@@ -1,7 +1,6 @@
 #include "cli/commands/unknown_keys.h"
 
 #include "cli/commands/nearest.h"
-#include "cli/io/standard_io.h"
 #include "cli/io/utf.h"
 
 #include <algorithm>
@@ -33,7 +32,7 @@ std::optional<TextView> nearestKey(const ClassRow& row, PassedFor purpose, TextV
 std::string warningAbout(const ClassRow& row, PassedFor purpose, TextView key) {
     const bool isForCommand = purpose == PassedFor::Command;
     const std::string name = toUtf8(row.name);
-    const std::string warning = "warning: " + name + " does not know " + inQuotes(key);
+    const std::string warning = name + " does not know " + inQuotes(key);
     if (reads(row, isForCommand ? PassedFor::Screen : PassedFor::Command, key)) {
         return warning +
                (isForCommand ? " for a command; it reads it for a screen" : " for a screen; it reads it for a command");
@@ -54,8 +53,9 @@ std::vector<std::string> unknownKeyWarnings(const ClassRow& row, PassedFor purpo
     return warnings;
 }
 
-void warnAboutUnknownKeys(const ClassRow& row, PassedFor purpose, const BuiltInCollection& collection) {
-    for (const std::string& warning : unknownKeyWarnings(row, purpose, collection)) complain(warning);
+void warnAboutUnknownKeys(const ClassRow& row, PassedFor purpose, const BuiltInCollection& collection,
+                          Warnings& warnings) {
+    for (const std::string& warning : unknownKeyWarnings(row, purpose, collection)) warnings.add(warning);
 }
 
 }  // namespace vantro

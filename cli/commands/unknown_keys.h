@@ -1,6 +1,7 @@
 // Warnings about keys that a class does not read.
 #pragma once
 
+#include "cli/io/warnings.h"
 #include "vantro/built_in_terminal.h"
 #include "vantro/registry.h"
 
@@ -17,7 +18,8 @@ enum class PassedFor { Command, Screen };
 std::vector<std::string> unknownKeyWarnings(const ClassRow& row, PassedFor purpose,
                                             const BuiltInCollection& collection);
 
-/// Writes these warnings to standard error, one per line.
-void warnAboutUnknownKeys(const ClassRow& row, PassedFor purpose, const BuiltInCollection& collection);
+/// Prints these warnings, one per line.
+void warnAboutUnknownKeys(const ClassRow& row, PassedFor purpose, const BuiltInCollection& collection,
+                          Warnings& warnings);
 
 }  // namespace vantro

@@ -1,13 +1,16 @@
 #include "cli/commands/commands.h"
 #include "cli/commands/parameters.h"
 #include "cli/commands/results_view.h"
+#include "cli/commands/screen_marks.h"
 #include "cli/commands/trans_class.h"
 #include "cli/commands/unknown_keys.h"
 #include "cli/io/failure.h"
 #include "cli/io/input_files.h"
 #include "cli/io/screen_input.h"
+#include "cli/io/screen_warnings.h"
 #include "cli/io/standard_io.h"
 #include "cli/io/utf.h"
+#include "cli/io/warnings.h"
 
 #include <memory>
 
@@ -51,13 +54,22 @@ CollectionPtr countOf(const ClassRow& row, ProfileObject& object, TextView scree
     return counts;
 }
 
+std::string notRecognised(const ClassRow& row, TextView screen) {
+    const std::string name = toUtf8(row.name);
+    if (screen.empty()) return "the screen is empty, so " + name + " read nothing";
+    if (row.description.flags.empty()) return name + " reads nothing on a screen. " + toUtf8(row.description.remark);
+    return "no test of " + name + " recognised the screen; 'vantro-profile identify' says which class reads it";
+}
+
 }  // namespace
 
 int runVerify(const VerifyOptions& options) {
     const ClassRow& row = transactionClass(options.className);
     const auto collection = collectionFor(options);
-    if (collection) warnAboutUnknownKeys(row, PassedFor::Screen, *collection);
+    Warnings warnings(options.quiet);
+    if (collection) warnAboutUnknownKeys(row, PassedFor::Screen, *collection, warnings);
     const Text screen = screenFor(options);
+    for (const std::string& warning : screenWarnings(screen)) warnings.add(warning);
 
     BuiltInTerminal terminal([](const Error& reported) {
         complain("a reader met " + asSentence(describe(reported)) + " The results hold what was read before it.");
@@ -66,7 +78,11 @@ int runVerify(const VerifyOptions& options) {
     const CollectionPtr results =
         options.count ? countOf(row, *object, screen) : object->profileTrans()->VerifyResponse(screen, collection);
     writeOutput(resultsText(results, chosenView(options.table, options.json)));
-    return success;
+    if (!options.count && !isRecognised(row, screen, results)) {
+        warnings.add(notRecognised(row, screen));
+        return screenNotRecognised;
+    }
+    return warnings.statusAfter(success, options.strict);
 }
 
 }  // namespace vantro

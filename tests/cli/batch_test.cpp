@@ -39,6 +39,37 @@ TEST(Batch, AnswersTheExamples) {
         (Lines{R"({"result":"PDN/-SMITH"})", R"({"id":7,"result":{"blnKeyResponseOK":true}})", R"({"result":null})"}));
 }
 
+TEST(Batch, WarnsAboutControlCharactersInAScreenAndAnswersAsBefore) {
+    const std::string good = R"({"class":"CPXTrans","call":"VerifyResponse","response":"x"})";
+    const std::string broken =
+        R"({"id":"m1","class":"CPXTrans","call":"VerifyResponse","response":"PX3\nWILL BE DEACTIVATED"})";
+    const std::string display =
+        R"({"class":"CProfile","call":"ProfileElements","params":{"strKeyPrefix":"NM"},"display":["A\tB","C"]})";
+    const std::string input = good + "\n" + broken + "\n" + display + "\n";
+    const Finished run = runBatch(input);
+    EXPECT_EQ(run.status, 0);
+    EXPECT_EQ(linesOf(run.out)[1], R"({"id":"m1","result":{"blnKeyResponseOK":true}})");
+    EXPECT_EQ(
+        run.err,
+        "vantro-profile: warning: line 2, id \"m1\": the screen contains a line end in line 1, column 4; a screen "
+        "is lines of 80 characters without line ends, or a list of lines.\n"
+        "vantro-profile: warning: line 3: the screen contains a tab in line 1, column 2; replace tabs by the "
+        "blanks that they stand for.\n");
+    EXPECT_EQ(runTool({"batch", "--strict"}, input).status, 5);
+    EXPECT_EQ(runTool({"batch", "--strict"}, good + "\n").status, 0);
+    EXPECT_EQ(runTool({"batch", "--strict"}, input + "x\n").status, 1);
+    EXPECT_EQ(runTool({"batch", "--quiet"}, input).err, "");
+    EXPECT_EQ(runTool({"batch", "--quiet"}, input).out, run.out);
+}
+
+TEST(Batch, ALongIdIsCutInAWarning) {
+    const std::string id(100, 'i');
+    const Finished run =
+        runBatch(R"({"id":")" + id + R"(","class":"CPXTrans","call":"VerifyResponse","response":"\t"})" + "\n");
+    EXPECT_NE(run.err.find("id \"" + id.substr(0, 59) + "...: the screen contains a tab"), std::string::npos)
+        << run.err;
+}
+
 TEST(Batch, BuildsACommand) { EXPECT_EQ(answerTo(px3), px3Answer); }
 
 TEST(Batch, AnEmptyInputHasNoResponsesAndStatus0) {

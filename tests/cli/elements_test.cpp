@@ -88,6 +88,11 @@ TEST(Elements, AnUnknownPrefixIsReportedWithTheKnownOnes) {
     EXPECT_EQ(run.out, "");
 }
 
+TEST(Elements, AnUnknownPrefixNamesTheNearest) {
+    expectRefused(runTool({"elements", "phx", sample("traveller")}), 1,
+                  "no query has the prefix 'phx'; did you mean PHI? There are NM RECLOC ");
+}
+
 TEST(Elements, HelpSaysWhatEachPrefixAsksFor) {
     const std::string help = runTool({"elements", "--help"}).out;
     EXPECT_NE(help.find("\n  NM      name of the profile: "), std::string::npos);

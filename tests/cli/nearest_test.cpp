@@ -40,5 +40,13 @@ TEST(NearestName, IsNoneWhereAThirdOfItWouldChange) {
     EXPECT_EQ(nearestName(u"abc", {}), std::nullopt);
 }
 
+TEST(NearestName, OfAShortNameMayDifferInOneCharacter) {
+    const std::vector<TextView> names{u"PPR", u"RM"};
+    EXPECT_EQ(nearestName(u"PPX", names), u"PPR");
+    EXPECT_EQ(nearestName(u"rn", names), u"RM");
+    EXPECT_EQ(nearestName(u"XX", names), std::nullopt);
+    EXPECT_EQ(nearestName(u"PXX", names), std::nullopt);
+}
+
 }  // namespace
 }  // namespace vantro::test

@@ -23,7 +23,7 @@ void expectComplaint(const Finished& run, int status, const std::string& words) 
 
 TEST(Tool, HelpOnEveryLevelHasAnExample) {
     for (const char* command :
-         {"", "classes", "describe", "command", "verify", "batch", "parse", "elements", "notes"}) {
+         {"", "classes", "describe", "command", "verify", "identify", "batch", "parse", "elements", "notes"}) {
         std::vector<std::string> arguments{"--help"};
         if (*command != '\0') arguments.insert(arguments.begin(), command);
         const Finished run = runTool(arguments);
@@ -53,10 +53,36 @@ TEST(Tool, BadUsageIsStatus2AndOneLine) {
 }
 
 TEST(Tool, AnUnknownClassIsBadUsageAndATransactionCodeNamesItsClass) {
-    expectComplaint(runTool({"command", "CPYTrans"}), 2, "'vantro-profile classes' lists the classes");
+    expectComplaint(runTool({"command", "Frobnicate"}), 2, "'vantro-profile describe' lists the classes");
+    expectComplaint(runTool({"command", "CPDNTran"}), 2, "did you mean CPDNTrans?");
     expectComplaint(runTool({"command", "PX"}), 2, "the class of PX is CPXTrans");
     expectComplaint(runTool({"command", "CProfile"}), 2, "CProfile parses displays");
     expectComplaint(runTool({"verify", "CPYTrans"}), 2, "no class is named 'CPYTrans'");
+}
+
+TEST(Tool, AnUnknownSubcommandOrOptionNamesTheNearest) {
+    expectComplaint(runTool({"verfy", "CPXTrans"}), 2, "'verfy'; did you mean 'verify'? See vantro-profile --help.");
+    expectComplaint(runTool({"--versoin"}), 2, "did you mean '--version'?");
+    expectComplaint(runTool({"verify", "CPXTrans", "--tabel"}, deactivated), 2,
+                    "there is no option '--tabel'; did you mean '--table'? See vantro-profile verify --help.");
+    expectComplaint(runTool({"verify", "CPXTrans", "--scren=x"}), 2, "did you mean '--screen'?");
+    expectComplaint(runTool({"verify", "--tabel"}), 2, "did you mean '--table'?");
+    expectComplaint(runTool({"verify", "CPXTrans", "--frobnicate"}, deactivated), 2,
+                    "there is no option '--frobnicate'; see vantro-profile verify --help.");
+    expectComplaint(runTool({"describe", "CPXTrans", "CPDTrans"}), 2, "CPDTrans");
+}
+
+TEST(Tool, TheHelpOfAClassDescribesIt) {
+    const std::string described = runTool({"describe", "CPDNTrans"}).out;
+    for (const char* command : {"command", "verify"}) {
+        const Finished run = runTool({command, "CPDNTrans", "--help"});
+        EXPECT_EQ(run.status, 0);
+        EXPECT_EQ(run.err, "");
+        EXPECT_EQ(run.out, runTool({command, "--help"}).out + "\n" + described);
+        expectComplaint(runTool({command, "CPDNTran", "--help"}), 1, "did you mean CPDNTrans?");
+    }
+    EXPECT_EQ(runTool({"command", "--help", "CPDNTrans", "strKeyName=X"}).out,
+              runTool({"command", "CPDNTrans", "--help"}).out);
 }
 
 TEST(Tool, ListsTheClasses) {
@@ -98,7 +124,7 @@ TEST(Tool, AnEmptyCommandIsAnEmptyLineAndAHint) {
     const Finished run = runTool({"command", "CPDNTrans"});
     EXPECT_EQ(run.out, "\n");
     EXPECT_NE(run.err.find("the parameters are not sufficient"), std::string::npos);
-    EXPECT_EQ(run.status, 0);
+    EXPECT_EQ(run.status, 3);
 }
 
 TEST(Tool, AParameterThatCannotBeReadIsBadUsage) {

@@ -12,48 +12,46 @@
 namespace vantro::test {
 namespace {
 
-using Warnings = std::vector<std::string>;
+using Texts = std::vector<std::string>;
 
-Warnings warnings(TextView className, PassedFor purpose, const Entries& entries) {
+Texts warnings(TextView className, PassedFor purpose, const Entries& entries) {
     return unknownKeyWarnings(*findClass(className), purpose, *collection(entries));
 }
 
 TEST(UnknownKeys, AreNamedOnceInTheirOrderWithTheNearestKey) {
     EXPECT_EQ(warnings(u"CPDNTrans", PassedFor::Command,
                        {{u"blnKeyExactMach", true}, {u"strKeyName", u"A"}, {u"strKeyNam", u"B"}}),
-              (Warnings{R"(warning: CPDNTrans does not know "blnKeyExactMach"; did you mean "blnKeyExactMatch"?)",
-                        R"(warning: CPDNTrans does not know "strKeyNam"; did you mean "strKeyName"?)"}));
+              (Texts{R"(CPDNTrans does not know "blnKeyExactMach"; did you mean "blnKeyExactMatch"?)",
+                     R"(CPDNTrans does not know "strKeyNam"; did you mean "strKeyName"?)"}));
 }
 
 TEST(UnknownKeys, WithoutANearKeyPointToTheDescription) {
     EXPECT_EQ(warnings(u"CPDNTrans", PassedFor::Command, {{u"strFoo", u"A"}}),
-              (Warnings{"warning: CPDNTrans does not know \"strFoo\"; 'vantro-profile describe CPDNTrans' lists the "
-                        "keys"}));
-    EXPECT_EQ(
-        warnings(u"CPDTTrans", PassedFor::Command, {{u"strKeyName", u"A"}}),
-        (Warnings{"warning: CPDTTrans does not know \"strKeyName\"; 'vantro-profile describe CPDTTrans' lists the "
-                  "keys"}));
+              (Texts{"CPDNTrans does not know \"strFoo\"; 'vantro-profile describe CPDNTrans' lists the "
+                     "keys"}));
+    EXPECT_EQ(warnings(u"CPDTTrans", PassedFor::Command, {{u"strKeyName", u"A"}}),
+              (Texts{"CPDTTrans does not know \"strKeyName\"; 'vantro-profile describe CPDTTrans' lists the "
+                     "keys"}));
 }
 
 TEST(UnknownKeys, CanBeKnownToTheOtherCall) {
-    EXPECT_EQ(
-        warnings(u"CPDNTrans", PassedFor::Command, {{u"blnKeyEndOfBlock", true}}),
-        Warnings{"warning: CPDNTrans does not know \"blnKeyEndOfBlock\" for a command; it reads it for a screen"});
+    EXPECT_EQ(warnings(u"CPDNTrans", PassedFor::Command, {{u"blnKeyEndOfBlock", true}}),
+              Texts{"CPDNTrans does not know \"blnKeyEndOfBlock\" for a command; it reads it for a screen"});
     EXPECT_EQ(warnings(u"CPXTrans", PassedFor::Screen, {{u"strKeyItemNr", u"3"}}),
-              Warnings{"warning: CPXTrans does not know \"strKeyItemNr\" for a screen; it reads it for a command"});
+              Texts{"CPXTrans does not know \"strKeyItemNr\" for a screen; it reads it for a command"});
 }
 
 TEST(UnknownKeys, AreNotThoseThatTheCallReads) {
     for (const ClassRow& row : classTable()) {
         Entries parameters;
         for (const ParameterRow& parameter : row.description.parameters) parameters.emplace_back(parameter.key, u"");
-        EXPECT_EQ(unknownKeyWarnings(row, PassedFor::Command, *collection(parameters)), Warnings{}) << className(row);
+        EXPECT_EQ(unknownKeyWarnings(row, PassedFor::Command, *collection(parameters)), Texts{}) << className(row);
 
         // The results of the screen before are the state of the next.
         Entries state;
         for (const ParameterRow& parameter : row.description.state) state.emplace_back(parameter.key, u"");
         for (const ResultRow& result : row.description.results) state.emplace_back(result.key, u"");
-        EXPECT_EQ(unknownKeyWarnings(row, PassedFor::Screen, *collection(state)), Warnings{}) << className(row);
+        EXPECT_EQ(unknownKeyWarnings(row, PassedFor::Screen, *collection(state)), Texts{}) << className(row);
     }
 }
 

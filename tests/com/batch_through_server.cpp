@@ -2,7 +2,6 @@
 // scripts/com-clients.sh compares the two.
 #include "cli/batch/run.h"
 #include "cli/io/failure.h"
-#include "cli/io/input_files.h"
 #include "cli/io/standard_io.h"
 #include "tests/com/remote_object.h"
 
@@ -31,7 +30,7 @@ int main() {
     useBinaryStreams();
     try {
         ServerBackend server;
-        return answerRequests(server, defaultMaxLine);
+        return answerRequests(server);
     } catch (const std::exception& problem) {
         complain(problem.what());
         return callFailed;
