@@ -315,8 +315,10 @@ void CommandLine::addVerify() {
 
 void CommandLine::addIdentify() {
     CLI::App& command = *tool_.add_subcommand("identify", "Say which class reads a screen, and by which marks");
-    command.add_option("FILE", identify_.files, "Files with a screen each, or folders of such files (default, and for -: standard\n"
-                                                "input)")
+    command
+        .add_option("FILE", identify_.files,
+                    "Files with a screen each, or folders of such files (default, and for -: standard\n"
+                    "input)")
         ->type_name("");
     auto* const table = command.add_flag("--table", identify_.table, "Print a table, also into a file or pipe");
     command.add_flag("--json", identify_.json, "Print one JSON object per screen, also on a terminal")->excludes(table);

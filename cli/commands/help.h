@@ -49,13 +49,13 @@ inline constexpr auto verify =
     "  vantro-profile verify CPDNTrans --screen second.txt --state state.json";
 
 inline constexpr auto identify =
-    "A screen is text lines or one unbroken text, as for verify. It is known by the command in its first line, which "
-    "the\n"
-    "host repeats, and by the marks that the classes look for; lines count from 1. The most likely class is the "
-    "first;\n"
-    "CProfile stands for a displayed profile, which parse reads. A table has a row per reason for one screen, and a "
-    "row\n"
-    "per screen for several.\n"
+    "A screen is text lines or one unbroken text, as for verify. It is known by the command in its first line,\n"
+    "which the host repeats, and by the marks that the classes look for; lines count from 1. The most likely class\n"
+    "is the first; CProfile stands for a displayed profile, which parse reads.\n"
+    "A table has a row per reason for one screen, and a row per screen for several. JSON is one object per screen\n"
+    "with its \"source\" and \"candidates\", each a \"class\" with its \"reasons\": \"line\", \"mark\", \"meaning\", "
+    "and the\n"
+    "\"flag\" that verify sets.\n"
     "Exit status: 0 all screens are known, 2 bad usage or a file that cannot be read (the others are identified all\n"
     "the same), 4 a screen is unknown, 5 with --strict: there were warnings.\n"
     "\n"

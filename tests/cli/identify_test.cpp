@@ -180,6 +180,14 @@ TEST(IdentifyCommand, PrintsARowPerFileAndGoesOnAfterABadOne) {
     EXPECT_NE(run.err.find("/no/such/file"), std::string::npos);
 }
 
+TEST(IdentifyCommand, AFolderStandsForItsFiles) {
+    const std::string folder = std::string(VANTRO_SOURCE_DIR) + "/samples/profiles";
+    const Finished run = runTool({"identify", "--json", folder});
+    EXPECT_EQ(run.status, 0) << run.err;
+    EXPECT_EQ(linesOf(run.out).size(), 12U) << run.out;
+    EXPECT_EQ(runTool({"identify", "--json", "/no/such/folder"}).status, 2);
+}
+
 TEST(IdentifyCommand, AnUnknownScreenIsStatus4) {
     const Finished run = runTool({"identify", "--json"}, "hello\n");
     EXPECT_EQ(run.status, 4);

@@ -191,8 +191,9 @@ TEST(Input, Utf16WithAMarkIsReadByEveryCommand) {
     for (const char character : display) utf16 += {character, '\0'};
     for (const Arguments& arguments : readers) {
         const Finished run = runTool(arguments, utf16);
-        EXPECT_EQ(run.out, runTool(arguments, display).out) << arguments.front();
-        EXPECT_EQ(run.err, "");
+        const Finished inUtf8 = runTool(arguments, display);
+        EXPECT_EQ(run.out, inUtf8.out) << arguments.front();
+        EXPECT_EQ(run.err, inUtf8.err);
     }
 }
 
