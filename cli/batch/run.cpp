@@ -9,6 +9,7 @@
 #include "cli/io/utf.h"
 #include "cli/io/warnings.h"
 
+#include <cstring>
 #include <span>
 #include <string>
 #include <vector>
@@ -87,9 +88,10 @@ private:
             appendBadRequest(overLongLine(badLines_.lines + 1, options_.maxLine), nullptr, out);
             return false;
         }
+        const bool hasEscape = std::memchr(line.data(), '\\', line.size()) != nullptr;
         reader_.read(line);
         if (reader_.problem().empty()) {
-            warnAboutScreen();
+            if (hasEscape) warnAboutScreen();  // in JSON, line ends and tabs are escaped
             appendResponse(reader_.request(), session_.call(reader_.request()), reader_.id(), out);
             return true;
         }
@@ -99,8 +101,9 @@ private:
 
     void warnAboutScreen() {
         for (const std::string& warning : screenWarnings(reader_.request().screen)) {
-            const std::string id = reader_.id() == nullptr ? "" : ", id " + shortened(*reader_.id());
-            warnings_.add("line " + std::to_string(badLines_.lines + 1) + id + ": " + warning);
+            std::string request = "line " + std::to_string(badLines_.lines + 1);
+            if (reader_.id() != nullptr) request += ", id " + shortened(*reader_.id());
+            warnings_.add(request.append(": ").append(warning));
         }
     }
 

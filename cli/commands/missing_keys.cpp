@@ -93,7 +93,7 @@ std::string messageOfEmptyCommand(const ClassRow& row, const BuiltInCollection& 
 }
 
 std::string reasonOfFailedCommand(const ClassRow& row, const BuiltInCollection& params, const Error& raised) {
-    const std::string missing = missingKeys(row, params);
+    std::string missing = missingKeys(row, params);
     if (!missing.empty()) return missing;
     const auto isRaised = [&](const ErrorRow& error) {
         return error.call == ClassCall::CreateCommand && error.number == raised.number();

@@ -38,7 +38,22 @@ TEST(ScreenWarnings, AreOneForEachKind) {
 TEST(ScreenWarnings, KnowEveryControlCharacter) {
     for (char16_t unit = 0; unit < 0x120; ++unit) {
         const bool isControl = unit < 0x20 || (unit >= 0x7F && unit <= 0x9F);
-        EXPECT_EQ(screenWarnings(Text(5, unit)).size(), isControl ? 1U : 0U) << static_cast<int>(unit);
+        for (const std::size_t length : {5U, 80U, 200U}) {
+            EXPECT_EQ(screenWarnings(Text(length, unit)).size(), isControl ? 1U : 0U) << static_cast<int>(unit);
+        }
+    }
+}
+
+TEST(ScreenWarnings, FindOneControlCharacterAtEveryPosition) {
+    for (const char16_t other : {u' ', u'\u00A0', u'\u8000', u'\uFFFF'}) {
+        for (const char16_t control : {u'\u0000', u'\u001F', u'\u007F', u'\u009F'}) {
+            for (std::size_t at = 0; at < 170; ++at) {
+                Text screen(170, other);
+                EXPECT_EQ(screenWarnings(screen), Texts{});
+                screen[at] = control;
+                EXPECT_EQ(screenWarnings(screen).size(), 1U) << at;
+            }
+        }
     }
 }
 
