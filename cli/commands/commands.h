@@ -32,7 +32,9 @@ struct VerifyOptions {
     Encoding encoding = Encoding::ByMark;
     bool table = false;
     bool json = false;
+    bool csv = false;    ///< with `rows`
     bool count = false;  ///< asks for the class's counts instead of its results
+    bool rows = false;   ///< asks for the rows of the list instead of the results
     std::size_t maxLine = defaultMaxLine;
 };
 

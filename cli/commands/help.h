@@ -33,12 +33,14 @@ inline constexpr auto command =
     "      'strKeySegArray()=' 'strKeySegArray()=2' 'strKeyPasArray()=' 'strKeyPasArray()=1'";
 
 inline constexpr auto verify =
-    "Without results, as for an empty screen, JSON is null.\n"
+    "Without results, as for an empty screen, JSON is null. With --rows JSON is one array with an object for each\n"
+    "entry; vantro-profile describe CLASS names the columns.\n"
     "\n"
     "Examples:\n"
     "  vantro-profile verify CPXTrans --table --screen screen.txt\n"
     "  vantro-profile verify CPDNTrans --screen first.txt --json > state.json\n"
-    "  vantro-profile verify CPDNTrans --screen second.txt --state state.json";
+    "  vantro-profile verify CPDNTrans --screen second.txt --state state.json\n"
+    "  vantro-profile verify CPLTTrans --screen list.txt --rows --csv > travellers.csv";
 
 inline constexpr auto batch =
     "Every line gets one response line; a line that is no request, or is longer than --max-line, gets an error,\n"

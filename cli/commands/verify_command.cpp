@@ -1,6 +1,7 @@
 #include "cli/commands/commands.h"
 #include "cli/commands/parameters.h"
 #include "cli/commands/results_view.h"
+#include "cli/commands/rows_view.h"
 #include "cli/commands/trans_class.h"
 #include "cli/commands/unknown_keys.h"
 #include "cli/io/failure.h"
@@ -55,9 +56,14 @@ CollectionPtr countOf(const ClassRow& row, ProfileObject& object, TextView scree
 
 int runVerify(const VerifyOptions& options) {
     const ClassRow& row = transactionClass(options.className);
+    if (options.rows) requireLists(row);
     const auto collection = collectionFor(options);
     if (collection) warnAboutUnknownKeys(row, PassedFor::Screen, *collection);
     const Text screen = screenFor(options);
+    if (options.rows) {
+        showRows(row, screen, collection, options);
+        return success;
+    }
 
     BuiltInTerminal terminal([](const Error& reported) {
         complain("a reader met " + asSentence(describe(reported)) + " The results hold what was read before it.");

@@ -4,6 +4,7 @@
 #include "tests/profile/effort.h"
 #include "tests/support/screens.h"
 #include "tests/transactions/oracle_answers.h"
+#include "tests/transactions/row_agreement.h"
 
 #include <gtest/gtest.h>
 
@@ -65,6 +66,22 @@ TEST_P(ListWorld, IsReadAsTheOracleReadsIt) {
             for (const auto& state : world.states) {
                 const OracleAnswer expected = oracleAnswer(world.verify, response, state);
                 ASSERT_TRUE(libraryAnswer(driven, response, state) == expected)
+                    << "the state's number among the world's: " << &state - world.states.data() << drawn(response);
+            }
+        }
+    }
+}
+
+TEST_P(ListWorld, HasTheRowsOfItsResults) {
+    const World& world = GetParam();
+    DrivenClass driven(world.className);
+    std::vector<std::size_t> sequence;
+    const std::size_t length = longest();
+    while (advance(sequence, world.kinds.size(), length)) {
+        for (const Text& response : screens(sequence)) {
+            for (const auto& state : world.states) {
+                const CollectionPtr passed = state ? collection(*state) : nullptr;
+                ASSERT_EQ(disagreement(driven, world.className, response, passed), "")
                     << "the state's number among the world's: " << &state - world.states.data() << drawn(response);
             }
         }
