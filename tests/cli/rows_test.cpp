@@ -1,9 +1,13 @@
 // The entries of a list on the command line: verify --rows.
+#include "cli/commands/rows_view.h"
+#include "cli/io/utf.h"
 #include "tests/cli/process.h"
 
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <fstream>
+#include <iterator>
 #include <string>
 #include <vector>
 
@@ -122,6 +126,24 @@ TEST(Rows, TheColumnsOfAClassAreDescribed) {
                   .out.find(R"("columns":[{"name":"line","meaning":"the line of the screen, counted from 0"},)"),
               std::string::npos);
     EXPECT_EQ(runTool({"describe", "CPXTrans", "--json"}).out.find("columns"), std::string::npos);
+}
+
+TEST(Rows, TheColumnsOfEveryClassAreInTheDocument) {
+    std::ifstream file(VANTRO_SOURCE_DIR "/docs/rows.md");
+    const std::string document{std::istreambuf_iterator<char>(file), {}};
+    std::size_t classes = 0;
+    for (const ClassRow& row : classTable()) {
+        std::string names;
+        for (const NamedColumn& column : columnsOf(row)) names += (names.empty() ? "" : ", ") + toUtf8(column.name);
+        const bool isNamed = document.find("\n| `" + toUtf8(row.name) + "` | ") != std::string::npos;
+        EXPECT_EQ(isNamed, !names.empty()) << toUtf8(row.name);
+        if (names.empty()) continue;
+        EXPECT_NE(document.find(" | " + names + " |\n", document.find("| `" + toUtf8(row.name) + "`")),
+                  std::string::npos)
+            << names;
+        ++classes;
+    }
+    EXPECT_EQ(classes, 6U);
 }
 
 }  // namespace
