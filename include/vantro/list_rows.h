@@ -52,8 +52,8 @@ struct ListRows {
 /// a column header needs the state: the results of `VerifyResponse` for the screen before. For `CPDNTrans` that is
 /// "blnKeyEndOfBlock" and "strKeyRecLocPos", for `CPDATrans` "blnKeyEndOfBlock". With the state, the first entry is on
 /// line 2 for `CPDNTrans` and on line 1 for `CPDATrans`. A continuation screen may be short: `VerifyResponse` returns
-/// no name when it ends before the last line that can contain a title, but its rows are read. A row without a number at
-/// its beginning is the rest of the last name on the screen before.
+/// no name when it ends before the last line that can contain a title, but its rows are read. A first row without a
+/// number is the rest of the last name on the screen before.
 ///
 /// The state may be null, and a collection of any terminal. Raises 5 for a class that reads no list, 13 for a value of
 /// the state that cannot be converted, 5 for a column below 1 in it and 6 for a list that goes on after line 32767.
