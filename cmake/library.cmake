@@ -10,6 +10,7 @@ set(public_headers
     vantro/export.h
     vantro/families.h
     vantro/interfaces.h
+    vantro/list_rows.h
     vantro/lists.h
     vantro/profile.h
     vantro/profile_object.h
@@ -30,6 +31,7 @@ target_sources(vantro_profile_utils PRIVATE
     src/framework/screen.cpp
     src/framework/screen_lines.cpp
     src/framework/text_ops.cpp
+    src/list_rows.cpp
     src/profile/element_lists.cpp
     src/profile/element_parser.cpp
     src/profile/element_query.cpp
@@ -51,6 +53,7 @@ target_sources(vantro_profile_utils PRIVATE
     src/transactions/maintenance/px.cpp
     src/transactions/maintenance/rlp.cpp
     src/transactions/mode/profile_mode.cpp
+    src/transactions/search/list_reader.cpp
     src/transactions/search/pd.cpp
     src/transactions/search/pda.cpp
     src/transactions/search/pdn.cpp

@@ -130,6 +130,12 @@ constexpr bool examplesAreParameters(const ClassRow& row) {
 }
 static_assert(std::ranges::all_of(table, examplesAreParameters));
 
+const ClassRow& existingClass(TextView name) {
+    if (const ClassRow* const row = findClass(name)) return *row;
+    throw Error(static_cast<int>(Failure::CannotCreateObject), applicationTitle,
+                concat({u"There is no class named \"", name, u"\""}));
+}
+
 }  // namespace
 
 std::span<const ClassRow> classTable() { return table; }
@@ -150,12 +156,11 @@ std::unique_ptr<ProfileObject> createObject(const ClassRow& row, Terminal& termi
 }
 
 std::unique_ptr<ProfileObject> createObject(TextView name, Terminal& terminal) {
-    const ClassRow* const row = findClass(name);
-    if (row == nullptr) {
-        throw Error(static_cast<int>(Failure::CannotCreateObject), applicationTitle,
-                    concat({u"There is no class named \"", name, u"\""}));
-    }
-    return createObject(*row, terminal);
+    return createObject(existingClass(name), terminal);
+}
+
+ListRows readRows(TextView className, TextView screen, const CollectionPtr& state) {
+    return readRows(existingClass(className), screen, state);
 }
 
 }  // namespace vantro

@@ -306,6 +306,12 @@ void CommandLine::addVerify() {
     auto* const table = command.add_flag("--table", verify_.table, "Print a table, also into a file or pipe");
     command.add_flag("--json", verify_.json, "Print one JSON object, also on a terminal")->excludes(table);
     command.add_flag("--count", verify_.count, "Print what the class counts on the screen, not its results");
+    command.add_flag("--rows", verify_.rows, "Print the entries of the list on the screen, not the results")
+        ->excludes("--count");
+    command.add_flag("--csv", verify_.csv, "With --rows: print CSV, with the names of the columns in its first line")
+        ->needs("--rows")
+        ->excludes("--table")
+        ->excludes("--json");
     addEncoding(command, verify_.encoding);
     addMaxLine(command, verify_.maxLine);
     addWarnings(command, verify_.strict, verify_.quiet);

@@ -34,7 +34,9 @@ struct VerifyOptions {
     Encoding encoding = Encoding::ByMark;
     bool table = false;
     bool json = false;
+    bool csv = false;    ///< with `rows`
     bool count = false;  ///< asks for the class's counts instead of its results
+    bool rows = false;   ///< asks for the rows of the list instead of the results
     bool strict = false;
     bool quiet = false;
     std::size_t maxLine = defaultMaxLine;

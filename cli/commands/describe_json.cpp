@@ -1,8 +1,10 @@
 // A class's row as JSON.
 #include "cli/commands/describe.h"
+#include "cli/commands/rows_view.h"
 #include "cli/json/output.h"
 
 #include <span>
+#include <vector>
 
 namespace vantro {
 
@@ -164,6 +166,15 @@ void counts(JsonOut& out, const ClassRow& row) {
     optionalMember(out, "countsMeaning", row.description.counts);
 }
 
+void columns(JsonOut& out, const ClassRow& row) {
+    const std::vector<NamedColumn> named = columnsOf(row);
+    if (named.empty()) return;
+    arrayMember(out, "columns", std::span<const NamedColumn>(named), [&](const NamedColumn& column) {
+        member(out, "name", column.name);
+        member(out, "meaning", column.meaning);
+    });
+}
+
 void transaction(JsonOut& out, const ClassDescription& about) {
     parameters(out, "parameters", about.parameters);
     forms(out, about.forms);
@@ -187,6 +198,7 @@ std::string classAsJson(const ClassRow& row) {
     interfaces(out, row);
     textsMember(out, "transactions", row.transactions);
     if (row.hasProfileTrans) transaction(out, about);
+    columns(out, row);
     if (row.hasProfileGet) {
         parameters(out, "request", about.request);
         results(out, "elements", about.elements);

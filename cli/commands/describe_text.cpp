@@ -1,5 +1,6 @@
 // A class's row in lines of at most 80 characters.
 #include "cli/commands/describe.h"
+#include "cli/commands/rows_view.h"
 #include "cli/io/utf.h"
 
 #include <algorithm>
@@ -192,6 +193,14 @@ void addErrors(Page& page, const ClassRow& row) {
     rows.print(page);
 }
 
+void addColumns(Page& page, const ClassRow& row) {
+    Rows rows;
+    for (const NamedColumn& column : columnsOf(row)) rows.add(toUtf8(column.name), asSentence(column.meaning));
+    if (rows.empty()) return;
+    page.heading("Columns of a list, with verify --rows:");
+    rows.print(page);
+}
+
 std::string stateTitle(PassedCollection passed) {
     return passed == PassedCollection::Optional
                ? "State, read with a screen where a collection is passed:"
@@ -241,6 +250,7 @@ std::string classAsText(const ClassRow& row) {
     addParameters(page, stateTitle(about.passed), about.state);
     addResults(page, resultsTitle(about.passed), about.results);
     addFlags(page, about);
+    addColumns(page, row);
     addParameters(page, "Request for elements of a display:", about.request);
     addResults(page, "Elements, added to the request:", about.elements);
     addCounts(page, row);

@@ -37,7 +37,9 @@ inline constexpr auto command =
     "      'strKeySegArray()=' 'strKeySegArray()=2' 'strKeyPasArray()=' 'strKeyPasArray()=1'";
 
 inline constexpr auto verify =
-    "Without results, as for an empty screen, JSON is null. A screen is recognised if one of the class's marks is on\n"
+    "Without results, as for an empty screen, JSON is null. With --rows JSON is one array with an object for each\n"
+    "entry; vantro-profile describe CLASS names the columns.\n"
+    "A screen is recognised if one of the class's marks is on\n"
     "it, a flag is True or a value was read; otherwise all results are False or empty, and the exit status is 4. What\n"
     "a class looks for: vantro-profile verify CLASS --help.\n"
     "Exit status: 0 done, 1 the call failed, 2 bad usage, 4 no test of the class recognised the screen, 5 with\n"
@@ -46,7 +48,8 @@ inline constexpr auto verify =
     "Examples:\n"
     "  vantro-profile verify CPXTrans --table --screen screen.txt\n"
     "  vantro-profile verify CPDNTrans --screen first.txt --json > state.json\n"
-    "  vantro-profile verify CPDNTrans --screen second.txt --state state.json";
+    "  vantro-profile verify CPDNTrans --screen second.txt --state state.json\n"
+    "  vantro-profile verify CPLTTrans --screen list.txt --rows --csv > travellers.csv";
 
 inline constexpr auto identify =
     "A screen is text lines or one unbroken text, as for verify. It is known by the command in its first line,\n"

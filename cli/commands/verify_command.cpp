@@ -1,6 +1,7 @@
 #include "cli/commands/commands.h"
 #include "cli/commands/parameters.h"
 #include "cli/commands/results_view.h"
+#include "cli/commands/rows_view.h"
 #include "cli/commands/screen_marks.h"
 #include "cli/commands/trans_class.h"
 #include "cli/commands/unknown_keys.h"
@@ -65,11 +66,16 @@ std::string notRecognised(const ClassRow& row, TextView screen) {
 
 int runVerify(const VerifyOptions& options) {
     const ClassRow& row = transactionClass(options.className);
+    if (options.rows) requireLists(row);
     const auto collection = collectionFor(options);
     Warnings warnings(options.quiet);
     if (collection) warnAboutUnknownKeys(row, PassedFor::Screen, *collection, warnings);
     const Text screen = screenFor(options);
     for (const std::string& warning : screenWarnings(screen)) warnings.add(warning);
+    if (options.rows) {
+        showRows(row, screen, collection, options);
+        return warnings.statusAfter(success, options.strict);
+    }
 
     BuiltInTerminal terminal([](const Error& reported) {
         complain("a reader met " + asSentence(describe(reported)) + " The results hold what was read before it.");

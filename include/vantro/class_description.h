@@ -2,6 +2,7 @@
 // parameters and its results.
 #pragma once
 
+#include "vantro/list_rows.h"
 #include "vantro/text.h"
 
 #include <cstdint>
@@ -115,6 +116,9 @@ struct ClassDescription {
     std::span<const ResultRow> results = {};
     std::span<const ScreenFlag> flags = {};
     TextView flagRule = {};  ///< which mark decides when the screen shows several; a sentence
+
+    // readRows
+    std::span<const ListColumn> columns = {};  ///< of the rows of its lists; empty for a class that reads no list
 
     // ProfileElements; "strKeyPrefix" is the word of a query (vantro/families.h)
     std::span<const ParameterRow> request = {};

@@ -42,6 +42,8 @@ inline constexpr ScreenFlag pdFlags[] = {
     startsLine(key::blnKeyCoProfile, mark::companyProfile,    pdLines),
 };
 
+inline constexpr ListColumn pdColumns[] = {listNumberColumn, listNameColumn, locatorColumn, ownCompanyColumn};
+
 inline constexpr ClassDescription pd{
     .purpose = u"Displays the profile of an entry of the last similar-name list, or of a passenger of the PNR.",
     .parameters = pdParameters,
@@ -49,6 +51,7 @@ inline constexpr ClassDescription pd{
     .results = pdResults,
     .flags = pdFlags,
     .flagRule = firstLineDecides,
+    .columns = pdColumns,
 };
 
 // CPDITrans

@@ -163,6 +163,11 @@ inline constexpr ScreenFlag rlpFlags[] = {
     startsLine(key::blnKeyCompany,     u"C/", rlpLines, mark::pnr),
 };
 
+inline constexpr ListColumn rlpColumns[] = {
+    locatorColumn,
+    {u"passenger", &ListRow::passenger, u"the number of the passenger to whom the profile is linked"},
+};
+
 inline constexpr ClassDescription rlp{
     .purpose = u"Lists the profiles linked to the displayed PNR and returns one of them.",
     .forms = rlpForms,
@@ -171,6 +176,7 @@ inline constexpr ClassDescription rlp{
     .results = rlpResults,
     .flags = rlpFlags,
     .flagRule = u"\"RP/\" must begin one of the lines 1 to 4, before any \"NO ELEMENT FOUND\".",
+    .columns = rlpColumns,
     .counts = u"RecLocCount reads the whole list and returns the index of its last entry. That is the number of "
               u"profiles if a further line follows them, such as the prompt.",
     .remark = u"An index outside the list is reported as 5130, not raised; no results of a profile are added then.",

@@ -59,6 +59,10 @@ inline constexpr ScreenFlag pdnFlags[] = {
     endsList(key::blnKeyEndOfBlock),
 };
 
+inline constexpr ListColumn pdnColumns[] = {
+    listNumberColumn, listNameColumn, locatorColumn, ownCompanyColumn, ownOfficeColumn,
+};
+
 inline constexpr ClassDescription pdn{
     .purpose = u"Searches the profiles by the name of a traveller or a company.",
     .parameters = pdnParameters,
@@ -68,6 +72,7 @@ inline constexpr ClassDescription pdn{
     .results = pdnResults,
     .flags = pdnFlags,
     .flagRule = firstLineDecides,
+    .columns = pdnColumns,
     .errors = commandErrors,
     .remark = pagingRemark,
 };
@@ -111,6 +116,8 @@ inline constexpr ScreenFlag pdaFlags[] = {
     endsList(key::blnKeyEndOfBlock),
 };
 
+inline constexpr ListColumn pdaColumns[] = {listNumberColumn, listNameColumn};
+
 inline constexpr ClassDescription pda{
     .purpose = u"Lists travellers or companies with similar names, or displays the only one.",
     .parameters = pdaParameters,
@@ -120,6 +127,7 @@ inline constexpr ClassDescription pda{
     .results = pdaResults,
     .flags = pdaFlags,
     .flagRule = firstLineDecides,
+    .columns = pdaColumns,
     .errors = commandErrors,
     .remark = pagingRemark,
 };

@@ -46,6 +46,8 @@ inline constexpr ScreenFlag pltFlags[] = {
     sameLine(key::blnKeyMerge,           mark::merged,                  mark::travellerProfile),
 };
 
+inline constexpr ListColumn pltColumns[] = {listNumberColumn, listNameColumn, locatorColumn, ownCompanyColumn};
+
 inline constexpr ClassDescription plt{
     .purpose = u"Lists the traveller profiles of an office, or those of one company.",
     .parameters = pltParameters,
@@ -53,6 +55,7 @@ inline constexpr ClassDescription plt{
     .results = pltResults,
     .flags = pltFlags,
     .flagRule = firstLineDecides,
+    .columns = pltColumns,
 };
 
 // CPLCTrans
@@ -78,6 +81,8 @@ inline constexpr ScreenFlag plcFlags[] = {
     inLine(key::blnKeyProfile,     mark::companyProfile,  plcLines),
 };
 
+inline constexpr ListColumn plcColumns[] = {listNumberColumn, listNameColumn, locatorColumn, ownOfficeColumn};
+
 inline constexpr ClassDescription plc{
     .purpose = u"Lists the company profiles of an office.",
     .parameters = plcParameters,
@@ -85,6 +90,7 @@ inline constexpr ClassDescription plc{
     .results = plcResults,
     .flags = plcFlags,
     .flagRule = firstLineDecides,
+    .columns = plcColumns,
 };
 
 // CPHTrans

@@ -93,6 +93,16 @@ inline constexpr ResultRow messageResults[] = {
 };
 // clang-format on
 
+// Columns of lists
+
+inline constexpr ListColumn listNumberColumn{u"number", &ListRow::number, u"the number of the entry in the list"};
+inline constexpr ListColumn listNameColumn{u"name", &ListRow::name, u"the name of the traveller or the company"};
+inline constexpr ListColumn locatorColumn{u"recordLocator", &ListRow::recordLocator, u"the profile's record locator"};
+inline constexpr ListColumn ownCompanyColumn{u"company", &ListRow::company,
+                                             u"the company to which the traveller belongs"};
+inline constexpr ListColumn ownOfficeColumn{u"office", &ListRow::office,
+                                            u"the office to which the company's profile belongs"};
+
 // Errors of operations without a number of their own
 
 inline constexpr TextView noCollection = u"there is no collection of parameters";

@@ -66,6 +66,7 @@ inline constexpr TextView merged = u"*MRG*";
 inline constexpr TextView similarTravellers = u"SIMILAR TRAVELLER NAME LIST";
 inline constexpr TextView similarCompanies = u"SIMILAR COMPANY NAME LIST";
 inline constexpr TextView companyColumn = u"     COMPANY     ";
+inline constexpr TextView nameColumn = u"     NAME     ";
 inline constexpr TextView endOfBlock = u"END OF BLOCK - USE PDMD";
 inline constexpr TextView noSuchElement = u"ELEMENT DOES NOT EXIST";
 inline constexpr TextView pnr = u"RP/";

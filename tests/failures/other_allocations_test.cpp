@@ -1,10 +1,11 @@
 // Running out of memory outside the operations: in collections, while an object is created, while one of its lists is
-// read, and in `parseProfile`.
+// read, and in `parseProfile` and `readRows`.
 #include "tests/failures/allocations.h"
 #include "tests/failures/inputs.h"
 #include "tests/failures/profile_text.h"
 #include "tests/support/text.h"
 #include "vantro/built_in_terminal.h"
+#include "vantro/list_rows.h"
 #include "vantro/profile.h"
 
 #include <gtest/gtest.h>
@@ -159,6 +160,20 @@ TEST(StarvedObject, StoresAllEndlessNotesOrNone) {
         ASSERT_EQ(texts.back(), u"") << "allocation " << failing;
     }
     EXPECT_GT(failing, 4);
+}
+
+TEST(StarvedRows, AreReadCompletelyOrNotAtAll) {
+    Text list(80, u' ');
+    for (const TextView line : {u"TRAVELLER LIST FOR NCEVN0900", u" ", u"     NAME                   RECLOC  COMPANY",
+                                u"   1 ABELMANN/IDA MS        H1J2K3  KESTRELLO TOOLS"}) {
+        list += line;
+        list.resize((list.size() + 79) / 80 * 80, u' ');
+    }
+    const long live = liveAllocations();
+    long failing = 1;
+    while (runsOut(failing, [&] { EXPECT_EQ(readRows(u"CPLTTrans", list).rows.size(), 1U); })) ++failing;
+    EXPECT_GT(failing, 3);
+    EXPECT_EQ(liveAllocations(), live);
 }
 
 TEST(StarvedProfile, IsReadCompletelyOrNotAtAll) {

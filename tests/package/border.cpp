@@ -1,6 +1,7 @@
 // Uses an installed library across its border: exceptions that the library raises are caught here by their type,
 // objects that it makes are cast here, and it calls objects that are made here.
 #include "vantro/built_in_terminal.h"
+#include "vantro/list_rows.h"
 #include "vantro/lists.h"
 #include "vantro/profile.h"
 #include "vantro/registry.h"
@@ -77,6 +78,8 @@ int main() {
     expect(dynamic_cast<vantro::BuiltInTerminal*>(&base) != nullptr, "cast of a terminal");
     expect(vantro::parseProfile(u"").elements(vantro::Family::PPR).empty(), "an empty display");
     expect(vantro::joinLines(u"A\nB\n").screen.size() == 81, "a screen of two lines");
+    expect(!vantro::readRows(u"CPLTTrans", u"PLT").isList, "a screen without a list");
+    expect(!vantro::findClass(u"CPLTTrans")->description.columns.empty(), "the columns of a list");
     expect(vantro::familyNames().size() == vantro::familyCount, "the families");
     expect(vantro::errorOf(vantro::Failure::Overflow).number() == 6, "the error of a failing step");
     if (failures == 0) {

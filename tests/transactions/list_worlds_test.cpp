@@ -4,6 +4,7 @@
 #include "tests/profile/effort.h"
 #include "tests/support/screens.h"
 #include "tests/transactions/oracle_answers.h"
+#include "tests/transactions/row_agreement.h"
 
 #include <gtest/gtest.h>
 
@@ -45,6 +46,24 @@ bool advance(std::vector<std::size_t>& sequence, std::size_t kinds, std::size_t 
 
 class ListWorld : public testing::TestWithParam<World> {
 protected:
+    /// Calls `check` with every screen and every state, until one fails.
+    template <class Check>
+    void forEveryScreen(const Check& check) const {
+        const World& world = GetParam();
+        std::vector<std::size_t> sequence;
+        const std::size_t length = longest();
+        while (!HasFatalFailure() && advance(sequence, world.kinds.size(), length)) {
+            for (const Text& response : screens(sequence)) {
+                for (const auto& state : world.states) {
+                    SCOPED_TRACE("the state's number among the world's: " +
+                                 std::to_string(&state - world.states.data()) + drawn(response));
+                    check(response, state);
+                }
+            }
+        }
+    }
+
+private:
     // The lines alone, then followed by blank lines, so that a continuation has its later lines, then followed by a
     // prompt.
     std::vector<Text> screens(const std::vector<std::size_t>& sequence) const {
@@ -58,17 +77,19 @@ protected:
 TEST_P(ListWorld, IsReadAsTheOracleReadsIt) {
     const World& world = GetParam();
     DrivenClass driven(world.className);
-    std::vector<std::size_t> sequence;
-    const std::size_t length = longest();
-    while (advance(sequence, world.kinds.size(), length)) {
-        for (const Text& response : screens(sequence)) {
-            for (const auto& state : world.states) {
-                const OracleAnswer expected = oracleAnswer(world.verify, response, state);
-                ASSERT_TRUE(libraryAnswer(driven, response, state) == expected)
-                    << "the state's number among the world's: " << &state - world.states.data() << drawn(response);
-            }
-        }
-    }
+    forEveryScreen([&](const Text& response, const std::optional<Entries>& state) {
+        const OracleAnswer expected = oracleAnswer(world.verify, response, state);
+        ASSERT_TRUE(libraryAnswer(driven, response, state) == expected);
+    });
+}
+
+TEST_P(ListWorld, HasTheRowsOfItsResults) {
+    const World& world = GetParam();
+    DrivenClass driven(world.className);
+    forEveryScreen([&](const Text& response, const std::optional<Entries>& state) {
+        const CollectionPtr passed = state ? collection(*state) : nullptr;
+        ASSERT_EQ(disagreement(driven, world.className, response, passed), "");
+    });
 }
 
 Entries state(bool endOfBlock, const char16_t* column) {

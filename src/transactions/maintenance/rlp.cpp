@@ -65,18 +65,33 @@ std::int16_t CRLPTrans::RecLocCount(TextView response) {
     std::int16_t highest = 0;
     reportOwnError([&] {
         Screen screen(terminal(), response);
-        readProfiles(screen);
+        readProfiles(screen, profiles_);
         highest = toInt16(static_cast<long long>(profiles_.size()) - 1);
     });
     return highest;
 }
 
-void CRLPTrans::readProfiles(Screen& screen) {
-    profiles_.assign(1, LinkedProfile{});
+void CRLPTrans::readRows(Screen& screen, Parameters& /*state*/, ListRows& found) {
+    if (findShown(screen, titleLines, titles, Shown::Nothing).shown != Shown::Pnr) return;
+    found.isList = true;
+    std::vector<LinkedProfile> profiles;
+    readProfiles(screen, profiles);
+    for (const LinkedProfile& entry : profiles) {
+        if (!entry.isTraveller && !entry.isCompany) continue;
+        found.rows.push_back({.line = entry.line,
+                              .kind = entry.isTraveller ? ProfileKind::Traveller : ProfileKind::Company,
+                              .recordLocator = Text(trimmed(entry.recordLocator)),
+                              .passenger = entry.passenger});
+    }
+}
+
+void CRLPTrans::readProfiles(Screen& screen, std::vector<LinkedProfile>& profiles) {
+    profiles.assign(1, LinkedProfile{});
     for (std::int16_t number = firstEntryLine; number <= lastEntryLine; ++number) {
-        if (!profiles_.back().recordLocator.empty()) profiles_.emplace_back();
+        if (!profiles.back().recordLocator.empty()) profiles.emplace_back();
         const TextView line = screen.line(number);
-        readEntry(line, profiles_.back());
+        profiles.back().line = number;
+        readEntry(line, profiles.back());
         if (isPrompt(line)) return;
     }
 }

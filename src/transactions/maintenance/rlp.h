@@ -2,6 +2,7 @@
 #pragma once
 
 #include "framework/transaction.h"
+#include "vantro/list_rows.h"
 
 #include <vector>
 
@@ -20,8 +21,12 @@ public:
     /// of profiles. Returns 0 after a failure, which is reported.
     std::int16_t RecLocCount(TextView response);
 
+    /// Adds the rows of the list on a screen; see vantro/list_rows.h.
+    static void readRows(Screen& screen, Parameters& state, ListRows& found);
+
 private:
     struct LinkedProfile {
+        std::int16_t line = 0;
         bool isTraveller = false;
         bool isCompany = false;
         Text recordLocator;
@@ -32,7 +37,7 @@ private:
     CollectionPtr IProfileTrans_VerifyResponse(TextView response, const CollectionPtr& collection) override;
 
     void readLinkedProfile(TextView response, std::int16_t index, Results& results);
-    void readProfiles(Screen& screen);
+    static void readProfiles(Screen& screen, std::vector<LinkedProfile>& profiles);
     static void readEntry(TextView line, LinkedProfile& entry);
 
     // Meant: this class always reports its own number, not that of the failing step.

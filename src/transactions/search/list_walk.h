@@ -39,6 +39,9 @@ public:
 
     TextView line() const { return line_; }
 
+    /// The number of the current line, from 0, unless it is the one from which the walk began.
+    std::int16_t number() const { return number_.value(); }
+
     /// True when the line can belong to a list: not empty and without a prompt.
     bool isUsable() const { return !line_.empty() && !(mayEndList_ && contains(line_, mark::prompt)); }
 
@@ -75,6 +78,9 @@ private:
     TextView line_;
     bool mayEndList_ = false;
 };
+
+/// A line from which a header can be searched.
+inline constexpr TextView blankLine{u" "};
 
 /// The header mark for a continuation screen, which has no header: every usable line contains it.
 inline constexpr TextView anyLine{};

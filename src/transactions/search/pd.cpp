@@ -5,6 +5,7 @@
 // or, instead of line 1, a list's title or a refusal.
 #include "transactions/search/pd.h"
 
+#include "transactions/search/list_reader.h"
 #include "transactions/search/profile_marks.h"
 
 namespace vantro {
@@ -55,6 +56,12 @@ CollectionPtr CPDTrans::IProfileTrans_VerifyResponse(TextView response, const Co
         results.add(key::blnKeyError, shown == Shown::Refused);
         results.add(key::blnKeyCoProfile, shown == Shown::Company);
     });
+}
+
+void CPDTrans::readRows(Screen& screen, Parameters& /*state*/, ListRows& found) {
+    const auto seen = findShown(screen, answerLines, answers, Shown::Nothing);
+    if (seen.shown == Shown::List) addTravellers(ListWalk(screen, seen.number, seen.line), found);
+    if (seen.shown == Shown::Nothing) addListBelowHeader(screen, found);
 }
 
 Text CPDITrans::IProfileTrans_CreateCommand(const CollectionPtr& params) {

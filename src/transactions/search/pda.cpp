@@ -9,7 +9,7 @@
 // There is no column of record locators: the rest of an entry's line is the company's name.
 #include "transactions/search/pda.h"
 
-#include "transactions/search/list_walk.h"
+#include "transactions/search/list_reader.h"
 
 namespace vantro {
 
@@ -28,48 +28,65 @@ constexpr ScreenTest<Shown> titles[] = {
 };
 // clang-format on
 
-/// Collects the names of a company list, or of the continuation of one.
-class CompanyNames {
+/// Reads the entries of a list, or of the continuation of one. `endOfBlock` comes with the value of the screen before
+/// and is set while the entries are read.
+class NameList {
 public:
-    CompanyNames(ListWalk lines, bool& endOfBlock)
-        : lines_(lines), isContinuation_(endOfBlock), endOfBlock_(endOfBlock) {}
+    NameList(ListWalk lines, TextView headerMark, bool& endOfBlock)
+        : lines_(lines),
+          isContinuation_(endOfBlock),
+          headerMark_(isContinuation_ ? anyLine : headerMark),
+          endOfBlock_(endOfBlock) {}
 
-    Text read() {
-        if (!header()) return {};
+    /// Calls `onEntry` with every entry's line and its number.
+    template <class OnEntry>
+    void read(const OnEntry& onEntry) {
+        if (!findHeader()) return;
         if (isContinuation_) lines_.stepBack();  // Meant: a continuation's entries begin on line 1, not 2
+        readEntries(onEntry);
+    }
+
+    /// The same when the next line is the first entry.
+    template <class OnEntry>
+    void readEntries(const OnEntry& onEntry) {
         do {
-            while (entry(lines_.next())) {}
-        } while (hasListNumber(lines_.line()) && header());
-        return std::move(names_);
+            while (isEntry(lines_.next())) onEntry(lines_.line(), lines_.number());
+        } while (hasListNumber(lines_.line()) && findHeader());
     }
 
 private:
-    bool header() {
-        if (!lines_.findHeader(isContinuation_ ? anyLine : mark::companyColumn)) return false;
+    bool findHeader() {
+        if (!lines_.findHeader(headerMark_)) return false;
         if (isContinuation_) lines_.stepBack();  // the line found is the first entry
         return true;
     }
 
-    // Adds an entry; false for the line that ends the block.
-    bool entry(TextView line) {
+    // False for the line that ends the block.
+    bool isEntry(TextView line) {
         endOfBlock_ = lines_.isEndOfBlock();
-        if (endOfBlock_ || !lines_.isUsable() || !hasListNumber(line)) return false;
-        if (!names_.empty()) names_.push_back(u',');
-        names_.append(trimmed(mid(line, entryTextColumn)));
-        return true;
+        return !endOfBlock_ && lines_.isUsable() && hasListNumber(line);
     }
 
     ListWalk lines_;
     bool isContinuation_;
+    TextView headerMark_;
     bool& endOfBlock_;
-    Text names_;
 };
+
+Text namesOf(NameList list) {
+    Text names;
+    list.read([&names](TextView line, std::int16_t /*lineNumber*/) {
+        if (!names.empty()) names.push_back(u',');
+        names.append(trimmed(mid(line, entryTextColumn)));
+    });
+    return names;
+}
 
 void readScreen(Screen& screen, bool& endOfBlock, Results& results) {
     const auto seen = findShown(screen, titleLines, titles, Shown::Nothing);
     Text names;
     if (endOfBlock || seen.shown == Shown::CompanyList) {
-        names = CompanyNames(ListWalk(screen, 1, seen.line), endOfBlock).read();
+        names = namesOf(NameList(ListWalk(screen, 1, seen.line), mark::companyColumn, endOfBlock));
     }
     results.add(key::blnKeyCoProfile, seen.shown == Shown::CompanyProfile);
     results.add(key::blnKeyTrProfile, seen.shown == Shown::TravellerProfile);
@@ -77,6 +94,20 @@ void readScreen(Screen& screen, bool& endOfBlock, Results& results) {
     results.add(key::strKeyCoNames, std::move(names));
     results.add(key::blnKeyTrList, seen.shown == Shown::TravellerList);
     results.add(key::blnKeyEndOfBlock, endOfBlock);
+}
+
+void addNames(ListWalk above, TextView headerMark, ProfileKind kind, ListRows& found) {
+    found.isList = true;
+    bool endOfBlock = false;
+    NameList(above, headerMark, endOfBlock).read(nameAdder(kind, found));
+}
+
+void addNamesBelowHeader(Screen& screen, ListRows& found) {
+    const auto header = findColumnHeader(screen);
+    if (header.shown == ListBelow::Nothing) return;
+    const bool companies = header.shown == ListBelow::Companies;
+    addNames(directlyAbove(screen, header), companies ? mark::companyColumn : mark::nameColumn,
+             companies ? ProfileKind::Company : ProfileKind::Traveller, found);
 }
 
 }  // namespace
@@ -101,6 +132,22 @@ CollectionPtr CPDATrans::IProfileTrans_VerifyResponse(TextView response, const C
     Results results(*added);
     reportErrors(terminal(), [&] { readScreen(screen, endOfBlock, results); });
     return added;
+}
+
+void CPDATrans::readRows(Screen& screen, Parameters& state, ListRows& found) {
+    bool endOfBlock = state.read(key::blnKeyEndOfBlock);
+    const auto seen = findShown(screen, titleLines, titles, Shown::Nothing);
+    const ListWalk belowTitle(screen, 1, seen.line);
+    if (endOfBlock) {
+        const ListWalk aboveLine1(screen, 0, blankLine);
+        NameList(aboveLine1, mark::companyColumn, endOfBlock).readEntries(nameAdder(ProfileKind::Company, found));
+    } else if (seen.shown == Shown::CompanyList) {
+        addNames(belowTitle, mark::companyColumn, ProfileKind::Company, found);
+    } else if (seen.shown == Shown::TravellerList) {
+        addNames(belowTitle, mark::nameColumn, ProfileKind::Traveller, found);
+    } else if (seen.shown == Shown::Nothing) {
+        addNamesBelowHeader(screen, found);
+    }
 }
 
 Text CPDMDTrans::IProfileTrans_CreateCommand(const CollectionPtr& /*params*/) { return Text(code::PDMD); }

@@ -8,9 +8,7 @@
 // 6 END OF BLOCK - USE PDMD
 #include "transactions/search/pdn.h"
 
-#include "transactions/search/list_walk.h"
-
-#include <optional>
+#include "transactions/search/list_reader.h"
 
 namespace vantro {
 
@@ -29,15 +27,6 @@ constexpr ScreenTest<Shown> titles[] = {
 };
 // clang-format on
 
-/// The column of the record locators: from the state, or as this call found it.
-struct LocatorColumn {
-    TextView fromState;
-    std::optional<std::int16_t> found;
-
-    bool isKnown() const { return found.has_value() || !fromState.empty(); }
-    int position() const { return found ? *found : toInt16(fromState); }
-};
-
 /// What the screen shows. If reading fails, it keeps what was read before.
 struct Answer {
     bool endOfBlock = false;
@@ -47,83 +36,31 @@ struct Answer {
     Text companyNames;
 };
 
-constexpr Width locatorWidth{6};
-
-// Without the title "RECLOC" in the header the column is 5, left of every name.
-std::int16_t locatorColumnIn(TextView header) {
-    constexpr int blanksBeforeTitle = 5;
-    return toInt16((find(header, u"     RECLOC     ") + blanksBeforeTitle).value);
-}
-
-// Meant: the copied part of a name ends one character before the part that is tested for a wrapped name, which ends
-// directly before the locator.
-TextView nameForTest(TextView line, int locator) { return mid(line, entryTextColumn, Width{locator - 6}); }
-TextView nameToCopy(TextView line, int locator) { return mid(line, entryTextColumn, Width{locator - 7}); }
-
 void trimInPlace(Text& text) {
     text.resize(withoutPadding(text).size());
     if (text.starts_with(u' ')) text.erase(0, text.find_first_not_of(u' '));
 }
 
-/// Collects the names of a company list, or of the continuation of one.
-class CompanyNames {
-public:
-    CompanyNames(ListWalk lines, Answer& answer) : lines_(lines), isContinuation_(answer.endOfBlock), answer_(answer) {}
-
-    void read() {
-        constexpr std::size_t usualLength = 512;
-        answer_.companyNames.reserve(usualLength);
-        while (header()) {
-            while (entry(lines_.next())) {}
-            if (!hasListNumber(lines_.line())) break;
-        }
-        trimInPlace(answer_.companyNames);
-    }
-
-private:
-    bool header() {
-        if (!lines_.findHeader(isContinuation_ ? anyLine : mark::companyColumn)) return false;
-        if (!answer_.locator.isKnown()) answer_.locator.found = locatorColumnIn(lines_.line());
-        if (isContinuation_) lines_.stepBack();  // the line found is the first entry
-        return true;
-    }
-
-    // Adds an entry or the rest of a wrapped name; false for the line that ends the block.
-    bool entry(TextView line) {
-        answer_.endOfBlock = lines_.isEndOfBlock();
-        if (answer_.endOfBlock || !lines_.isUsable()) return false;
-        const TextView number = listNumber(line);
-        const int locator = answer_.locator.position();
-        const TextView locatorText = mid(line, Column{locator}, locatorWidth);
-        if (isNumeric(number)) {
-            company(line, locator);
-            return true;
-        }
-        if (!number.empty() || !isBlank(locatorText) || isBlank(nameForTest(line, locator))) return false;
-        answer_.companyNames.append(nameToCopy(line, locator));  // the rest of a wrapped name
-        return true;
-    }
-
-    void company(TextView line, int locator) {
-        Text& names = answer_.companyNames;
-        if (!names.empty()) {
+void readNames(LocatorList list, Text& names) {
+    constexpr std::size_t usualLength = 512;
+    names.reserve(usualLength);
+    list.read([&names](const LocatorEntry& entry, std::int16_t /*lineNumber*/) {
+        if (!entry.isRest && !names.empty()) {
             trimInPlace(names);
             names.push_back(u',');
         }
-        names.append(locator > 5 ? nameToCopy(line, locator) : mid(line, entryTextColumn));
-    }
-
-    ListWalk lines_;
-    bool isContinuation_;
-    Answer& answer_;
-};
+        names.append(entry.name());
+    });
+    trimInPlace(names);
+}
 
 void readScreen(Screen& screen, Answer& answer) {
     const auto seen = findShown(screen, titleLines, titles, Shown::Nothing);
     answer.shown = seen.shown;
     answer.merged = seen.shown == Shown::TravellerProfile && contains(screen.text(), mark::merged);
     if (!answer.endOfBlock && seen.shown != Shown::CompanyList) return;
-    CompanyNames(ListWalk(screen, 1, seen.line), answer).read();
+    readNames(LocatorList(ListWalk(screen, 1, seen.line), mark::companyColumn, answer.endOfBlock, answer.locator),
+              answer.companyNames);
 }
 
 // A column that this call found is added as a number; otherwise the text of the state is passed on.
@@ -170,6 +107,22 @@ CollectionPtr CPDNTrans::IProfileTrans_VerifyResponse(TextView response, const C
     results.add(key::blnKeyEndOfBlock, answer.endOfBlock);
     addLocatorColumn(results, answer.locator);
     return added;
+}
+
+void CPDNTrans::readRows(Screen& screen, Parameters& state, ListRows& found) {
+    bool endOfBlock = state.read(key::blnKeyEndOfBlock);
+    LocatorColumn locatorColumn{state.read(key::strKeyRecLocPos), {}};
+    const auto seen = findShown(screen, titleLines, titles, Shown::Nothing);
+    found.isList = seen.shown == Shown::CompanyList;
+    if (endOfBlock || found.isList) {
+        // A short continuation is read too, so any usable line may be above it.
+        const ListWalk above(screen, 1, endOfBlock ? blankLine : seen.line);
+        addRows(LocatorList(above, mark::companyColumn, endOfBlock, locatorColumn), ProfileKind::Company, found);
+    } else if (seen.shown == Shown::TravellerList) {
+        addTravellers(ListWalk(screen, 1, seen.line), found);
+    } else if (seen.shown == Shown::Nothing) {
+        addListBelowHeader(screen, found);
+    }
 }
 
 }  // namespace vantro

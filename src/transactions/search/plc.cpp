@@ -1,7 +1,11 @@
 //   ....+....1....+....2....+....3....+....4....+....5....+....6
 // 0 PLC/NCEVN3101
 // 1 COMPANY NAME LIST FOR NCEVN3101
+// 2      COMPANY                         RECLOC     OFFICE
+// 3    1 KESTRELLO TOOLS                 Q2W3E4     NCEVN3101
 #include "transactions/search/plc.h"
+
+#include "transactions/search/list_reader.h"
 
 namespace vantro {
 
@@ -31,6 +35,12 @@ CollectionPtr CPLCTrans::IProfileTrans_VerifyResponse(TextView response, const C
         results.add(key::blnKeyCompanyList, shown == Shown::CompanyList);
         results.add(key::blnKeyProfile, shown == Shown::Profile);
     });
+}
+
+void CPLCTrans::readRows(Screen& screen, Parameters& /*state*/, ListRows& found) {
+    const auto seen = findShown(screen, titleLines, titles, Shown::Nothing);
+    if (seen.shown == Shown::CompanyList) addCompanies(ListWalk(screen, seen.number, seen.line), found);
+    if (seen.shown == Shown::Nothing) addListBelowHeader(screen, found);
 }
 
 }  // namespace vantro

@@ -2,12 +2,16 @@
 #pragma once
 
 #include "framework/transaction.h"
+#include "vantro/list_rows.h"
 
 namespace vantro {
 
 class CPLCTrans final : public Transaction {
 public:
     using Transaction::Transaction;
+
+    /// Adds the rows of the list on a screen; see vantro/list_rows.h.
+    static void readRows(Screen& screen, Parameters& state, ListRows& found);
 
 private:
     Text IProfileTrans_CreateCommand(const CollectionPtr& params) override;

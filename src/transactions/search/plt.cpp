@@ -19,7 +19,7 @@
 // 4    1 KESTRELLO TOOLS
 #include "transactions/search/plt.h"
 
-#include "transactions/search/list_walk.h"
+#include "transactions/search/list_reader.h"
 
 namespace vantro {
 
@@ -42,55 +42,73 @@ constexpr ScreenTest<Shown> titles[] = {
 // Meant: the lists are read from line 3 on, wherever their title is; line 2 is never read.
 constexpr std::int16_t lineAboveLists = 2;
 
-/// Collects the names of the blocks of a company list.
-class CompanyNames {
-public:
-    explicit CompanyNames(ListWalk lines) : lines_(lines) {}
-
-    Text read() {
-        while (lines_.findHeader(mark::companyColumn)) {
-            do {
-                block();
-            } while (lines_.isUsable() && contains(lines_.line(), mark::companyColumn));
-        }
-        return std::move(names_);
+/// Calls `onEntry` with every line of a company list's blocks and its number.
+template <class OnEntry>
+void readCompanies(ListWalk lines, const OnEntry& onEntry) {
+    while (lines.findHeader(mark::companyColumn)) {
+        do {
+            while (hasListNumber(lines.next()) && lines.isUsable()) onEntry(lines.line(), lines.number());
+        } while (lines.isUsable() && contains(lines.line(), mark::companyColumn));
     }
-
-private:
-    void block() {
-        while (hasListNumber(lines_.next()) && lines_.isUsable()) name(lines_.line());
-    }
-
-    // Meant: names are counted, so even a blank first name is followed by a comma.
-    void name(TextView line) {
-        if (count_ > Counter()) names_.push_back(u',');
-        ++count_;
-        names_.append(trimmed(mid(line, entryTextColumn)));
-    }
-
-    ListWalk lines_;
-    Counter count_;
-    Text names_;
-};
-
-void addTraveller(TextView line, TextList& locators) {
-    constexpr Column locatorColumn{29};
-    constexpr Width locatorWidth{6};
-    constexpr Column companyColumn{35};
-    if (isBlank(mid(line, companyColumn))) locators.emplace_back(mid(line, locatorColumn, locatorWidth));
 }
+
+Text companyNames(ListWalk lines) {
+    Text names;
+    Counter count;
+    readCompanies(lines, [&](TextView line, std::int16_t /*lineNumber*/) {
+        // Meant: names are counted, so even a blank first name is followed by a comma.
+        if (count > Counter()) names.push_back(u',');
+        ++count;
+        names.append(trimmed(mid(line, entryTextColumn)));
+    });
+    return names;
+}
+
+constexpr TextView travellerHeader = u"RECLOC ";
+
+/// Calls `onLine` with every line of a traveller list's blocks and its number.
+template <class OnLine>
+void readTravellers(ListWalk lines, const OnLine& onLine) {
+    while (lines.findHeader(travellerHeader)) {
+        for (lines.next(); lines.isUsable() && !lines.isEndOfBlock(); lines.next()) {
+            onLine(lines.line(), lines.number());
+        }
+    }
+}
+
+constexpr Column locatorColumn{29};
+constexpr Width locatorWidth{6};
+constexpr Column companyColumn{35};
 
 // Collects the record locators of the travellers without a company. If a line cannot be read, the ones collected before
 // it stay.
-void collectNoCompanyRecLocs(Screen& screen, TextList& locators) {
+void collectNoCompanyRecLocs(ListWalk lines, TextList& locators) {
     constexpr std::size_t linesOfScreen = 24;
     locators.reserve(linesOfScreen);
-    ListWalk lines(screen, lineAboveLists, screen.line(std::int16_t{1}));
-    while (lines.findHeader(u"RECLOC ")) {
-        for (lines.next(); lines.isUsable() && !lines.isEndOfBlock(); lines.next()) {
-            addTraveller(lines.line(), locators);
-        }
-    }
+    readTravellers(lines, [&locators](TextView line, std::int16_t /*lineNumber*/) {
+        if (isBlank(mid(line, companyColumn))) locators.emplace_back(mid(line, locatorColumn, locatorWidth));
+    });
+}
+
+// A line with neither a number nor a locator is no entry, and neither is a header that is repeated inside a block.
+void addOfficeTravellers(ListWalk lines, ListRows& found) {
+    readTravellers(lines, [&found](TextView line, std::int16_t lineNumber) {
+        constexpr Width nameWidth{locatorColumn.value - entryTextColumn.value};
+        const TextView locator = trimmed(mid(line, locatorColumn, locatorWidth));
+        const bool hasNumber = hasListNumber(line);
+        const bool isHeader = !hasNumber && contains(line, travellerHeader);
+        if (isHeader || (!hasNumber && locator.empty())) return;
+        found.rows.push_back({.line = lineNumber,
+                              .kind = ProfileKind::Traveller,
+                              .number = Text(onlyIf(hasNumber, listNumber(line))),
+                              .name = Text(trimmed(mid(line, entryTextColumn, nameWidth))),
+                              .recordLocator = Text(locator),
+                              .company = Text(trimmed(mid(line, companyColumn)))});
+    });
+}
+
+void addSimilarCompanies(ListWalk lines, ListRows& found) {
+    readCompanies(lines, nameAdder(ProfileKind::Company, found));
 }
 
 }  // namespace
@@ -111,11 +129,14 @@ CollectionPtr CPLTTrans::IProfileTrans_VerifyResponse(TextView response, const C
         const auto seen = findShown(screen, titleLines, titles, Shown::Nothing);
         Text names;
         if (seen.shown == Shown::CompanyList) {
-            names = CompanyNames(ListWalk(screen, lineAboveLists, seen.line)).read();
+            names = companyNames(ListWalk(screen, lineAboveLists, seen.line));
         }
         TextList locators(1);  // entry 0 stays empty
         if (seen.shown == Shown::TravellerList) {
-            reportErrors(terminal(), [&] { collectNoCompanyRecLocs(screen, locators); });
+            reportErrors(terminal(), [&] {
+                const ListWalk aboveList(screen, lineAboveLists, screen.line(std::int16_t{1}));
+                collectNoCompanyRecLocs(aboveList, locators);
+            });
         }
         results.add(key::blnKeyTravellerList, seen.shown == Shown::TravellerList);
         results.add(key::blnKeyCompanyList, seen.shown == Shown::CompanyList);
@@ -127,6 +148,23 @@ CollectionPtr CPLTTrans::IProfileTrans_VerifyResponse(TextView response, const C
         results.add(key::blnKeyNoTrPrFoundString, seen.shown == Shown::NoTraveller);
         results.add(key::strKeyNoCoAssoArray, std::move(locators));
     });
+}
+
+void CPLTTrans::readRows(Screen& screen, Parameters& /*state*/, ListRows& found) {
+    const auto seen = findShown(screen, titleLines, titles, Shown::Nothing);
+    const auto header = findColumnHeader(screen);
+    found.isList = true;
+    if (seen.shown == Shown::TravellerList) {
+        addOfficeTravellers(ListWalk(screen, lineAboveLists, screen.line(std::int16_t{1})), found);
+    } else if (seen.shown == Shown::CompanyList) {
+        addSimilarCompanies(ListWalk(screen, lineAboveLists, seen.line), found);
+    } else if (seen.shown == Shown::Nothing && header.shown == ListBelow::Travellers) {
+        addOfficeTravellers(directlyAbove(screen, header), found);
+    } else if (seen.shown == Shown::Nothing && header.shown == ListBelow::Companies) {
+        addSimilarCompanies(directlyAbove(screen, header), found);
+    } else {
+        found.isList = false;
+    }
 }
 
 }  // namespace vantro

@@ -1,0 +1,35 @@
+// The lists of a screen as rows, for people and for programs.
+#pragma once
+
+#include "cli/commands/commands.h"
+#include "vantro/collection.h"
+#include "vantro/registry.h"
+
+#include <string>
+#include <vector>
+
+namespace vantro {
+
+/// A column as people and programs see it.
+struct NamedColumn {
+    TextView name;
+    TextView meaning;  ///< begins with a small letter, no full stop at its end
+};
+
+/// The columns of the rows of a class: "line", "kind", and those of its description. Empty for a class that reads no
+/// list.
+std::vector<NamedColumn> columnsOf(const ClassRow& row);
+
+/// How rows are printed.
+enum class RowsView { Json, Csv, Table };
+
+/// Raises UsageError, with the names of the classes that read lists, for one that does not.
+void requireLists(const ClassRow& row);
+
+/// JSON is one array with an object for each row; CSV and table begin with the names of the columns.
+std::string rowsText(const ClassRow& row, const ListRows& found, RowsView view);
+
+/// Reads the screen and writes its rows to standard output.
+void showRows(const ClassRow& row, TextView screen, const CollectionPtr& state, const VerifyOptions& options);
+
+}  // namespace vantro
