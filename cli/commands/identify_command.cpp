@@ -66,7 +66,7 @@ std::string reasonTable(const Candidates& candidates) {
             table.add({toUtf8(candidate.row->name), lineNumber(reason), toUtf8(reason.mark), reason.meaning});
         }
     }
-    return table.text();
+    return table.text(outputLook());
 }
 
 // A screen among many: the best candidate, and the names of the others.
@@ -93,7 +93,7 @@ public:
         for (const std::string& file : files) {
             if (const auto candidates = identifyIn(file)) print(file, *candidates, isOne);
         }
-        if (view_ == View::Table && !isOne) writeOutput(screens_.text());
+        if (view_ == View::Table && !isOne) writeOutput(screens_.text(outputLook()));
         return warnings_.statusAfter(status_, options_.strict);
     }
 
