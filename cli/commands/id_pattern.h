@@ -11,9 +11,9 @@ namespace vantro {
 
 /// What the placeholders of a pattern stand for; texts in UTF-8.
 struct IdValues {
-    std::string_view file;  ///< as named on the command line
-    std::string_view locator;
-    std::string_view title;
+    std::string_view file = {};  ///< as named on the command line
+    std::string_view locator = {};
+    std::string_view title = {};
     std::size_t display = 0;
     std::size_t line = 0;
 };
