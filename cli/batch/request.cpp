@@ -13,14 +13,19 @@ namespace {
 // This count reads a list of linked profiles; all others read profile displays.
 constexpr TextView countOfResponse = u"RecLocCount";
 
+// Only this class reads a whole profile, a call that its interfaces do not have.
+constexpr TextView parserOfProfiles = u"CProfile";
+
 std::optional<Call> callNamed(TextView name) {
     if (name == u"CreateCommand") return Call::CreateCommand;
     if (name == u"VerifyResponse") return Call::VerifyResponse;
     if (name == u"ProfileElements") return Call::ProfileElements;
+    if (name == u"ParseProfile") return Call::ParseProfile;
     return std::nullopt;
 }
 
 bool hasCall(const ClassRow& row, Call call) {
+    if (call == Call::ParseProfile) return row.name == parserOfProfiles;
     return call == Call::ProfileElements ? row.hasProfileGet : row.hasProfileTrans;
 }
 
@@ -51,6 +56,7 @@ void RequestReader::assemble() {
         case Call::VerifyResponse: takeScreen("response", response_); return takeParams();
         case Call::ProfileElements: return takeArgumentsOfProfileElements();
         case Call::Count: return takeArgumentsOfCount();
+        case Call::ParseProfile: return takeScreen("display", display_);
     }
 }
 

@@ -11,7 +11,7 @@
 
 namespace vantro {
 
-enum class Call { CreateCommand, VerifyResponse, ProfileElements, Count };
+enum class Call { CreateCommand, VerifyResponse, ProfileElements, Count, ParseProfile };
 
 /// A well-formed request. Its texts are views into the reader that read it.
 struct Request {

@@ -3,6 +3,7 @@
 #include "cli/io/utf.h"
 #include "cli/json/collection.h"
 #include "cli/json/output.h"
+#include "cli/json/profile_json.h"
 
 namespace vantro {
 
@@ -14,6 +15,7 @@ struct ResultWriter {
     void operator()(const Text& command) const { out.text(command); }
     void operator()(const CollectionPtr& collection) const { writeCollection(collection, out); }
     void operator()(std::int16_t count) const { out.number(count); }
+    void operator()(const Profile& profile) const { writeProfile(profile, {}, out); }
 };
 
 void writeId(const std::string* id, JsonOut& out) {

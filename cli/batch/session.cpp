@@ -41,6 +41,10 @@ const Reply& Session::call(const Request& request) {
 }
 
 void Session::perform(const Request& request) {
+    if (request.call == Call::ParseProfile) {  // needs no instance
+        reply_.result = parseProfile(Text(request.screen));
+        return;
+    }
     if (request.object != nullptr) return callOn(kept(*request.row, *request.object), request);
     const std::unique_ptr<ProfileObject> fresh = backend_.create(*request.row, terminal_);
     callOn(*fresh, request);
@@ -66,6 +70,7 @@ void Session::callOn(ProfileObject& object, const Request& request) {
             reply_.result =
                 backend_.count(object, *request.count, {request.screen, request.searchString, request.searchQualifier});
             return;
+        case Call::ParseProfile: return;
     }
 }
 

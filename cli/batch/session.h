@@ -3,6 +3,7 @@
 
 #include "cli/batch/request.h"
 #include "vantro/built_in_terminal.h"
+#include "vantro/profile.h"
 #include "vantro/registry.h"
 
 #include <map>
@@ -39,7 +40,7 @@ public:
 
 /// What a call returned or raised, and what was reported during it.
 struct Reply {
-    std::variant<Text, CollectionPtr, std::int16_t> result;
+    std::variant<Text, CollectionPtr, std::int16_t, Profile> result;
     std::optional<Error> error;  ///< when there is one, the result is meaningless
     std::vector<int> reported;
 };

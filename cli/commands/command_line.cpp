@@ -362,8 +362,31 @@ void CommandLine::addParse() {
     command.add_flag("-0,--null", parse_.zeroSeparated,
                      "The names in --files-from end in zero bytes, as find -print0 writes them");
     auto* const table = command.add_flag("--table", parse_.table, "Print tables, also into a file or pipe");
-    command.add_flag("--json", parse_.json, "Print JSON, also on a terminal")->excludes(table);
-    command.add_flag("--pretty", parse_.pretty, "Print JSON with an indent of 2 blanks per level")->excludes(table);
+    auto* const json = command.add_flag("--json", parse_.json, "Print JSON, also on a terminal")->excludes(table);
+    auto* const pretty =
+        command.add_flag("--pretty", parse_.pretty, "Print JSON with an indent of 2 blanks per level")->excludes(table);
+    auto* const csv = command.add_flag("--csv", parse_.csv, "Print comma-separated values, one row per element")
+                          ->excludes(table)
+                          ->excludes(json)
+                          ->excludes(pretty);
+    command.add_flag("--compact", parse_.compact, "Print JSON without what is empty")->excludes(table)->excludes(csv);
+    command
+        .add_option("--only", parse_.only,
+                    "Only these, with commas between them: prefixes such as PPR,RM, or names of members")
+        ->delimiter(',')
+        ->type_name("LIST")
+        ->allow_extra_args(false);
+    auto* const id =
+        command
+            .add_option("--id", parse_.id,
+                        "Add an identifier to each record: text with {locator}, {title} (the line above the display),\n"
+                        "{file}, {name} (the file's name without folder and extensions), {display} and {line}")
+            ->type_name("PATTERN")
+            ->excludes(table);
+    command
+        .add_flag("--jsonl", parse_.areRecords, R"(Read records, one JSON object per line: {"id":1,"display":[...]})")
+        ->excludes(id);
+    command.add_flag("-q,--quiet", parse_.isQuiet, "Print no totals and no progress");
     command.add_option("-j,--jobs", parse_.threads, "Parse on N threads, with the output in the same order")
         ->check(wholeNumber(1, mostThreads))
         ->type_name("N")

@@ -60,6 +60,12 @@ struct ParseOptions {
     bool table = false;
     bool json = false;
     bool pretty = false;
+    bool csv = false;
+    bool compact = false;           ///< leaves out what is empty
+    std::vector<std::string> only;  ///< the queries to be answered; empty for all
+    std::optional<std::string> id;  ///< the pattern of the displays' identifiers, see `IdPattern`
+    bool areRecords = false;        ///< the input is one JSON object per line
+    bool isQuiet = false;
     std::size_t threads = 1;
     std::size_t maxLine = defaultMaxLine;
 };

@@ -1,17 +1,22 @@
+#include "cli/commands/chosen_queries.h"
 #include "cli/commands/commands.h"
+#include "cli/commands/id_pattern.h"
+#include "cli/commands/parse_pieces.h"
 #include "cli/commands/parsed_chunk.h"
+#include "cli/commands/profile_csv.h"
+#include "cli/commands/record_writer.h"
 #include "cli/commands/results_view.h"
-#include "cli/io/displays.h"
 #include "cli/io/failure.h"
 #include "cli/io/file_list.h"
 #include "cli/io/input_files.h"
 #include "cli/io/ordered_work.h"
 #include "cli/io/progress.h"
 #include "cli/io/standard_io.h"
+#include "cli/json/input.h"
 
 #include <algorithm>
 #include <optional>
-#include <stdexcept>
+#include <span>
 #include <string>
 #include <utility>
 #include <vector>
@@ -22,15 +27,51 @@ namespace {
 
 ProfileForm formFor(const ParseOptions& options) {
     if (options.pretty) return ProfileForm::IndentedJson;
+    if (options.csv) return ProfileForm::Csv;
+    if (options.compact || options.id) return ProfileForm::JsonLine;
     return chosenView(options.table, options.json) == View::Table ? ProfileForm::Table : ProfileForm::JsonLine;
 }
 
-/// A chunk of one of the files, or the end of the file.
+ProfileView viewFor(const ParseOptions& options) {
+    return {.form = formFor(options),
+            .members = {.queries = chosenQueries(options.only), .isCompact = options.compact},
+            .needsLocator = options.id.has_value()};
+}
+
+/// A piece of one of the files, parsed, or the end of the file.
 struct Step {
     ParsedChunk parsed;
     std::uint64_t bytes = 0;
     bool endsFile = false;
     std::string failure;  // why the file ends early
+};
+
+/// What a run has read.
+struct Totals {
+    std::size_t files = 0;
+    std::size_t unreadFiles = 0;
+    std::size_t profiles = 0;
+    std::size_t unreadDisplays = 0;
+    std::size_t unanswered = 0;
+
+    /// True if the output alone does not show how much was read.
+    bool areWorthALine() const {
+        return files > 1 || profiles + unreadDisplays > 1 || unreadDisplays > 0 || unanswered > 0;
+    }
+
+    std::string text() const {
+        std::string line;
+        const auto add = [&line](std::size_t count, const std::string& one, const std::string& many) {
+            if (!line.empty()) line += ", ";
+            line += std::to_string(count) + " " + (count == 1 ? one : many);
+        };
+        if (files > 1) add(files, "file", "files");
+        add(profiles, "profile", "profiles");
+        if (unreadFiles > 0) add(unreadFiles, "file could not be read", "files could not be read");
+        if (unreadDisplays > 0) add(unreadDisplays, "display could not be read", "displays could not be read");
+        if (unanswered > 0) add(unanswered, "query without an answer", "queries without an answer");
+        return line;
+    }
 };
 
 /// Prints the results of the files, in their order, reports the problems and determines the exit status.
@@ -39,7 +80,11 @@ public:
     Printer(const ParseOptions& options, ProfileForm form)
         : options_(options),
           form_(form),
-          progress_(lengthInAll(options.files), errorIsTerminal() ? writeError : Progress::Write{}) {}
+          progress_(lengthInAll(options.files), errorIsTerminal() && !options.isQuiet ? writeError : Progress::Write{}),
+          records_(form, options.id ? std::optional<IdPattern>(*options.id) : std::nullopt) {
+        beginFile();
+        if (form_ == ProfileForm::Csv) out_ = csvHeader();
+    }
 
     void take(const Step& step) {
         print(step.parsed);
@@ -49,49 +94,81 @@ public:
         progress_.step(step.bytes, step.parsed.displays.size());
     }
 
-    int status() const { return status_; }
+    /// Prints the totals and returns the exit status.
+    int end() {
+        progress_.hide();
+        writeOutput(out_);  // the names of the columns, if there is no row
+        if (totals_.areWorthALine() && !options_.isQuiet) complain(totals_.text());
+        return status_;
+    }
 
 private:
     std::string name() const { return inputName(options_.files[file_]); }
 
     void print(const ParsedChunk& parsed) {
-        if (parsed.out.empty()) return;
-        if (outputIsTerminal()) progress_.hide();
-        std::string headed;
-        std::vector<std::size_t> ends;
         std::size_t start = 0;
         std::size_t number = displays_;
         for (const ParsedDisplay& display : parsed.displays) {
-            ++number;
-            if (form_ == ProfileForm::Table && display.outEnd > start) {
-                headed += name() + ", display " + std::to_string(number) + "\n\n";
-                headed += parsed.out.substr(start, display.outEnd - start) + "\n";
-            }
+            append(display, ++number, std::string_view(parsed.out).substr(start, display.outEnd - start));
             start = display.outEnd;
-            ends.push_back(form_ == ProfileForm::Table ? headed.size() : start);
+            ends_.push_back(out_.size());
         }
-        writeRecords(form_ == ProfileForm::Table ? headed : parsed.out, ends);
+        if (!ends_.empty() && !out_.empty()) {
+            if (outputIsTerminal()) progress_.hide();
+            writeRecords(out_, ends_);
+            out_.clear();
+        }
+        ends_.clear();
+    }
+
+    void append(const ParsedDisplay& display, std::size_t number, std::string_view body) {
+        const std::string problem = problemOf(display);
+        if (form_ == ProfileForm::Table) {
+            if (problem.empty()) out_.append(headingOf(number)).append(body) += '\n';
+        } else if (problem.empty()) {
+            records_.append(display, number, lines_ + display.line, body, out_);
+        } else {
+            records_.appendError(display, number, lines_ + display.line, problem, out_);
+        }
+    }
+
+    std::string headingOf(std::size_t number) const { return name() + ", display " + std::to_string(number) + "\n\n"; }
+
+    /// Why the display could not be read, or "".
+    std::string problemOf(const ParsedDisplay& display) const {
+        if (display.faulty.fault == LineFault::None) return display.problem;
+        return describe(display.faulty, lines_, options_.maxLine);
     }
 
     void complainOf(const ParsedDisplay& display) {
-        const std::string where = ", display " + std::to_string(++displays_) + ": ";
-        if (display.faulty.fault != LineFault::None) {
-            const std::string what = describe(display.faulty, lines_, options_.maxLine);
-            fail(where + asSentence(what) + " The display is left out, the others are not.");
-        } else if (!display.unanswered.empty()) {
-            fail(where + "no answer to " + display.unanswered);
+        const std::string unit = options_.areRecords ? ", line " : ", display ";
+        const std::string where = unit + std::to_string(++displays_) + ": ";
+        if (const std::string problem = problemOf(display); !problem.empty()) {
+            ++totals_.unreadDisplays;
+            fail(where + asSentence(problem) + " The display is left out, the others are not.");
+            return;
         }
+        ++totals_.profiles;
+        totals_.unanswered += display.unansweredCount;
+        if (!display.unanswered.empty()) fail(where + "no answer to " + display.unanswered);
+    }
+
+    void beginFile() {
+        if (file_ < options_.files.size()) records_.setFile(options_.files[file_]);
     }
 
     void endFile(const std::string& failure) {
+        ++totals_.files;
         if (!failure.empty()) {
             progress_.hide();
             complain(failure);
+            ++totals_.unreadFiles;
             status_ = badUsage;
         } else if (displays_ == 0) {
             fail(" contains no display");
         }
         ++file_;
+        beginFile();
         displays_ = 0;
         lines_ = 0;
     }
@@ -105,60 +182,24 @@ private:
     const ParseOptions& options_;
     ProfileForm form_;
     Progress progress_;
+    RecordWriter records_;
+    std::string out_;                // not written yet
+    std::vector<std::size_t> ends_;  // of the records in it
     std::size_t file_ = 0;
     std::size_t displays_ = 0;  // of this file
     std::size_t lines_ = 0;     // of this file
+    Totals totals_;
     int status_ = success;
 };
 
-/// A chunk of one of the files as it was read, or the end of the file.
-struct Piece {
-    std::string text;
-    std::uint64_t bytesRead = 0;  // of the file, which may be compressed
-    bool endsFile = false;
-    std::string failure;  // why the file ends early
-};
+ParsedChunk parsedFrom(Piece& piece, bool areRecords, const ProfileView& view) {
+    if (!areRecords) return parseChunk(piece.text, view);
+    return parseRecords(std::span(piece.text).first(piece.text.size() - jsonPadding), piece.tooLong, view);
+}
 
-/// Reads the files one after the other, piece by piece.
-class PieceReader {
-public:
-    explicit PieceReader(const ParseOptions& options)
-        : files_(options.files), encoding_(options.encoding), maxLine_(options.maxLine) {}
-
-    std::optional<Piece> next() {
-        if (file_ == files_.size()) return std::nullopt;
-        Piece piece;
-        // A file that cannot be read does not stop the others.
-        try {
-            if (!chunks_) chunks_.emplace(openFile(), ChunkReader::defaultBlock, maxLine_);
-            if (std::optional<std::string> chunk = chunks_->next()) {
-                piece.text = std::move(*chunk);
-                piece.bytesRead = std::exchange(bytesRead_, 0);
-                return piece;
-            }
-        } catch (const std::runtime_error& problem) {
-            piece.failure = problem.what();
-        }
-        piece.endsFile = true;
-        chunks_.reset();
-        ++file_;
-        return piece;
-    }
-
-private:
-    ByteSource openFile() { return openInput(files_[file_], encoding_, &bytesRead_); }
-
-    const std::vector<std::string>& files_;
-    Encoding encoding_;
-    std::size_t maxLine_;
-    std::uint64_t bytesRead_ = 0;  // since the last piece
-    std::size_t file_ = 0;
-    std::optional<ChunkReader> chunks_;
-};
-
-Step stepOf(const Piece& piece, ProfileForm form) {
+Step stepOf(Piece piece, bool areRecords, const ProfileView& view) {
     if (piece.endsFile) return {.parsed = {}, .endsFile = true, .failure = piece.failure};
-    return {.parsed = parseChunk(piece.text, form), .bytes = piece.bytesRead, .failure = {}};
+    return {.parsed = parsedFrom(piece, areRecords, view), .bytes = piece.bytesRead, .failure = {}};
 }
 
 /// The files that are parsed: those of the lists follow the others.
@@ -177,19 +218,19 @@ std::vector<std::string> filesOf(const ParseOptions& options) {
 
 int runParse(ParseOptions options) {
     options.files = filesOf(options);
+    const ProfileView view = viewFor(options);
+    Printer printer(options, view.form);
     const auto standardInputs = std::ranges::count_if(options.files, isStandardInput);
     if (standardInputs > 1) throw UsageError("standard input can be read once only; name it once");
     if (standardInputs == 1 && inputIsTerminal()) {
         complain("reading displays from standard input; end them with the end-of-file key");
     }
-    const ProfileForm form = formFor(options);
-    Printer printer(options, form);
     PieceReader pieces(options);
     workInOrder(
         options.threads, [&pieces] { return pieces.next(); },
-        [form](const Piece& piece) { return stepOf(piece, form); },
+        [&](Piece piece) { return stepOf(std::move(piece), options.areRecords, view); },
         [&printer](const Step& step) { printer.take(step); });
-    return printer.status();
+    return printer.end();
 }
 
 }  // namespace vantro

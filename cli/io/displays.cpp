@@ -221,6 +221,7 @@ std::string_view ChunkDisplays::takeLine(std::size_t end) {
 
 std::optional<FoundDisplay> ChunkDisplays::next() {
     FoundDisplay display;
+    display.line = line_ + 1;
     display.text.reserve(longest_);
     std::size_t length = 0;
     bool hasEnded = false;

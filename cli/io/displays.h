@@ -81,6 +81,8 @@ std::string describe(const FaultyLine& faulty, std::size_t linesAbove, std::size
 struct FoundDisplay {
     Text text;  ///< every line but the last padded with blanks to 80 characters
     FaultyLine faulty;
+    std::size_t line = 0;    ///< its first line, counted from 1 in the chunk
+    std::string title = {};  ///< the line above it that separates it from the display before
 };
 
 /// Splits a chunk into its displays.

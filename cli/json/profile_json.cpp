@@ -1,16 +1,16 @@
 #include "cli/json/profile_json.h"
 
-#include "vantro/families.h"
-
+#include <algorithm>
 #include <span>
 
 namespace vantro {
 
 namespace {
 
-void writeField(std::string_view name, TextView value, JsonOut& out) {
-    out.key(name);
-    out.text(value);
+/// An element's kind with the comma before it.
+std::string_view kindMember(char16_t kind) {
+    if (kind == u'S') return R"(,"kind":"S")";
+    return kind == u'A' ? R"(,"kind":"A")" : R"(,"kind":"")";
 }
 
 void writePart(ElementPart part, const Element& element, JsonOut& out) {
@@ -24,86 +24,203 @@ void writePart(ElementPart part, const Element& element, JsonOut& out) {
 }
 
 // Most of the output is elements: they are written piece by piece.
-void writeElement(const Element& element, std::span<const ElementPart> furtherParts, JsonOut& out) {
+void writeElement(const Element& element, const FamilyFacts* family, JsonOut& out) {
     out.beginObject();
     out.piece(R"("number":")");
     out.characters(element.number);
     out.piece(R"(","text":")");
     out.characters(element.text);
     out.piece("\"");
-    for (const ElementPart part : furtherParts) writePart(part, element, out);
+    if (family != nullptr) {
+        if (family->inSection == Section::Transferable) out.piece(kindMember(element.kind));
+        for (const ElementPart part : family->furtherParts()) writePart(part, element, out);
+    }
     out.endObject();
 }
 
-void writeHeader(const Profile& profile, JsonOut& out) {
-    writeField(factsOf(OtherQuery::Name).json, profile.name, out);
-    writeField(factsOf(OtherQuery::RecordLocator).json, profile.recordLocator, out);
-    writeField(factsOf(OtherQuery::OfficeIdentifier).json, profile.officeIdentifier, out);
+void writeUnlessEmpty(std::string_view name, TextView value, JsonOut& out) {
+    if (value.empty()) return;
+    out.key(name);
+    out.text(value);
+}
 
-    out.key(factsOf(OtherQuery::CompanyName).json);
+void writeCompactElement(const Element& element, const FamilyFacts* family, JsonOut& out) {
     out.beginObject();
-    out.key("number");
-    profile.companyName.number ? out.text(*profile.companyName.number) : out.null();
-    writeField("text", profile.companyName.text, out);
-    out.endObject();
-
-    out.key(factsOf(OtherQuery::Pin).json);
-    writeElement(profile.pin, {}, out);
-    out.key(factsOf(OtherQuery::Psl).json);
-    profile.psl ? writeElement(*profile.psl, {}, out) : out.null();
-}
-
-void writeFamilies(const Profile& profile, JsonOut& out) {
-    out.key("elements");
-    out.beginObject();
-    for (const FamilyName& row : familyNames()) {
-        const std::span<const ElementPart> furtherParts = factsOf(row.family).furtherParts();
-        out.key(row.prefix);
-        out.beginArray();
-        for (const Element& element : profile.elements(row.family)) writeElement(element, furtherParts, out);
-        out.endArray();
+    writeUnlessEmpty("number", element.number, out);
+    writeUnlessEmpty("text", element.text, out);
+    if (element.kind != 0) writeUnlessEmpty("kind", {&element.kind, 1}, out);
+    for (const ElementPart part : family != nullptr ? family->furtherParts() : std::span<const ElementPart>()) {
+        const PartFacts& facts = factsOf(part);
+        if (part != ElementPart::Asterisk) {
+            writeUnlessEmpty(facts.json, element.*facts.value, out);
+        } else if (element.asterisk) {
+            out.key(facts.json);
+            out.boolean(true);
+        }
     }
     out.endObject();
 }
 
-void writeNotes(const Profile& profile, JsonOut& out) {
-    out.key(factsOf(OtherQuery::Notes).json);
-    out.beginArray();
-    for (const Note& note : profile.notes) {
-        out.beginObject();
-        out.key("number");
-        out.raw('"' + std::to_string(note.number) + '"');
-        writeField("qualifier", note.qualifier, out);
-        writeField("text", note.text, out);
-        out.endObject();
-    }
-    out.endArray();
-}
+class ProfileWriter {
+public:
+    ProfileWriter(const Profile& profile, const ProfileMembers& members, JsonOut& out)
+        : profile_(profile), queries_(members.queries), isCompact_(members.isCompact), out_(out) {}
 
-void writeProblems(const Profile& profile, JsonOut& out) {
-    if (profile.problems.empty()) return;
-    out.key("problems");
-    out.beginArray();
-    for (const Problem& problem : profile.problems) {
-        out.beginObject();
-        writeField("query", problem.query, out);
-        out.key("number");
-        out.number(problem.number);
-        writeField("description", problem.description, out);
-        out.endObject();
+    void write() {
+        out_.beginObject();
+        writeHeader();
+        if (queries_.families.any() || queries_.contain(OtherQuery::Notes)) writeSections();
+        if (queries_.families.any()) writeFamilies();
+        if (queries_.contain(OtherQuery::Notes)) writeNotes();
+        writeProblems();
+        out_.endObject();
     }
-    out.endArray();
-}
+
+private:
+    void writeHeader() {
+        writeText(OtherQuery::Name, profile_.name);
+        writeText(OtherQuery::RecordLocator, profile_.recordLocator);
+        writeText(OtherQuery::OfficeIdentifier, profile_.officeIdentifier);
+        writeCompanyName();
+        writeNumbered(OtherQuery::Pin, &profile_.pin);
+        writeNumbered(OtherQuery::Psl, profile_.psl ? &*profile_.psl : nullptr);
+    }
+
+    void key(OtherQuery query) { out_.key(factsOf(query).json); }
+
+    void writeText(OtherQuery query, TextView text) {
+        if (!queries_.contain(query)) return;
+        if (isCompact_) return writeUnlessEmpty(factsOf(query).json, text, out_);
+        key(query);
+        out_.text(text);
+    }
+
+    void writeCompanyName() {
+        if (!queries_.contain(OtherQuery::CompanyName)) return;
+        const CompanyName& company = profile_.companyName;
+        if (isCompact_) {
+            const Element parts{.number = company.number.value_or(TextView()), .text = company.text};
+            return writeNumbered(OtherQuery::CompanyName, &parts);
+        }
+        key(OtherQuery::CompanyName);
+        out_.beginObject();
+        out_.key("number");
+        company.number ? out_.text(*company.number) : out_.null();
+        out_.key("text");
+        out_.text(company.text);
+        out_.endObject();
+    }
+
+    /// A null element is one that the display does not have.
+    void writeNumbered(OtherQuery query, const Element* element) {
+        if (!queries_.contain(query)) return;
+        if (isCompact_) {
+            if (element == nullptr || (element->number.empty() && element->text.empty())) return;
+            key(query);
+            return writeCompactElement(*element, nullptr, out_);
+        }
+        key(query);
+        element != nullptr ? writeElement(*element, nullptr, out_) : out_.null();
+    }
+
+    void writeSections() {
+        if (isCompact_ && profile_.sections.none()) return;
+        out_.key("sections");
+        out_.beginArray();
+        for (std::size_t index = 0; index < sectionCount; ++index) {
+            const auto section = static_cast<Section>(index);
+            if (profile_.isShown(section)) out_.text(titleOf(section));
+        }
+        out_.endArray();
+    }
+
+    void writeFamilies() {
+        const auto isWritten = [this](const FamilyName& row) {
+            return queries_.contain(row.family) && !(isCompact_ && profile_.elements(row.family).empty());
+        };
+        if (isCompact_ && std::ranges::none_of(familyNames(), isWritten)) return;
+        out_.key("elements");
+        out_.beginObject();
+        for (const FamilyName& row : familyNames()) {
+            if (isWritten(row)) writeFamily(row);
+        }
+        out_.endObject();
+    }
+
+    void writeFamily(const FamilyName& row) {
+        const FamilyFacts& family = factsOf(row.family);
+        out_.key(row.prefix);
+        out_.beginArray();
+        for (const Element& element : profile_.elements(row.family)) {
+            isCompact_ ? writeCompactElement(element, &family, out_) : writeElement(element, &family, out_);
+        }
+        out_.endArray();
+    }
+
+    void writeNotes() {
+        if (isCompact_ && profile_.notes.empty()) return;
+        key(OtherQuery::Notes);
+        out_.beginArray();
+        for (const Note& note : profile_.notes) {
+            out_.beginObject();
+            out_.key("number");
+            out_.raw('"' + std::to_string(note.number) + '"');
+            writeNoteText("qualifier", note.qualifier);
+            writeNoteText("text", note.text);
+            out_.endObject();
+        }
+        out_.endArray();
+    }
+
+    void writeNoteText(std::string_view name, TextView text) {
+        if (isCompact_) return writeUnlessEmpty(name, text, out_);
+        out_.key(name);
+        out_.text(text);
+    }
+
+    void writeProblems() {
+        const auto isWritten = [this](const Problem& problem) { return queries_.contain(problem.query); };
+        if (std::ranges::none_of(profile_.problems, isWritten)) return;
+        out_.key("problems");
+        out_.beginArray();
+        for (const Problem& problem : profile_.problems) {
+            if (isWritten(problem)) writeProblem(problem);
+        }
+        out_.endArray();
+    }
+
+    void writeProblem(const Problem& problem) {
+        out_.beginObject();
+        out_.key("query");
+        out_.text(problem.query);
+        out_.key("number");
+        out_.number(problem.number);
+        out_.key("description");
+        out_.text(problem.description);
+        out_.endObject();
+    }
+
+    const Profile& profile_;
+    const ProfileQueries& queries_;
+    const bool isCompact_;
+    JsonOut& out_;
+};
 
 }  // namespace
 
-void writeProfile(const Profile& profile, JsonOut& out) {
-    out.beginObject();
-    writeHeader(profile, out);
-    writeFamilies(profile, out);
-    writeNotes(profile, out);
-    writeProblems(profile, out);
-    out.endObject();
+bool ProfileQueries::contain(TextView word) const {
+    for (const FamilyName& row : familyNames()) {
+        if (row.prefix == word) return contain(row.family);
+    }
+    for (std::size_t index = 0; index < otherQueryCount; ++index) {
+        const auto query = static_cast<OtherQuery>(index);
+        if (factsOf(query).word == word) return contain(query);
+    }
+    return false;
+}
+
+void writeProfile(const Profile& profile, const ProfileMembers& members, JsonOut& out) {
+    ProfileWriter(profile, members, out).write();
 }
 
 }  // namespace vantro

@@ -101,7 +101,8 @@ enum class ElementOutput : std::uint8_t {
 struct FamilyFacts : QueryFacts {
     TextView tag = {};      ///< what the host prints in its lines: "PHI/", " SR "
     TextView section = {};  ///< the header of its section: "------- TRAVEL POLICIES - HOTEL"
-    TextView sample = {};   ///< an invented line of that section, without trailing blanks
+    Section inSection = {};
+    TextView sample = {};  ///< an invented line of that section, without trailing blanks
     ElementOutput output = {};
     std::span<const ElementPart> parts = {};  ///< text, number, then the further parts
     TextView countProperty = {};              ///< its property of `CProfile`: "PHIElementsCount"
@@ -114,6 +115,9 @@ struct FamilyFacts : QueryFacts {
 };
 
 VANTRO_EXPORT const FamilyFacts& factsOf(Family family) noexcept;
+
+/// The title of a section: "TRAVEL POLICIES - HOTEL".
+VANTRO_EXPORT TextView titleOf(Section section) noexcept;
 
 /// All families in the order of the enumeration.
 VANTRO_EXPORT std::span<const FamilyFacts> families() noexcept;

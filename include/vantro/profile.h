@@ -5,6 +5,7 @@
 #include "vantro/text.h"
 
 #include <array>
+#include <bitset>
 #include <cstddef>
 #include <cstdint>
 #include <memory>
@@ -30,6 +31,24 @@ constexpr std::size_t indexOf(Family family) { return static_cast<std::size_t>(f
 
 inline constexpr std::size_t familyCount = indexOf(Family::PFO) + 1;
 
+/// The sections of a profile display. `titleOf` in vantro/families.h returns what the host prints above each.
+enum class Section : std::uint8_t {
+    Priority,
+    GlobalSearch,
+    PreStored,
+    Hotel,
+    Car,
+    Air,
+    Transferable,
+    Documents,
+    FollowUp,
+    Notes,
+};
+
+constexpr std::size_t indexOf(Section section) { return static_cast<std::size_t>(section); }
+
+inline constexpr std::size_t sectionCount = indexOf(Section::Notes) + 1;
+
 /// A family and its prefix for `ProfileElements` ("PPR", "RM").
 struct FamilyName {
     Family family;
@@ -48,6 +67,7 @@ struct Element {
     TextView frequentFlyerNumber = {};  ///< frequent flyers and service requests
     TextView freeText = {};             ///< service requests and confidential remarks
     bool asterisk = false;              ///< service requests; no display sets it
+    char16_t kind = 0;                  ///< transferable elements: u'S' or u'A', from column 1 of the line; else 0
 };
 
 /// The company name; without a number when its line has none.
@@ -82,9 +102,17 @@ struct Profile {
     std::array<std::span<const Element>, familyCount> families;
     std::span<const Note> notes;
     std::vector<Problem> problems;
+    std::bitset<sectionCount> sections;  ///< those whose header is in the display, by `indexOf`
 
     /// A family's elements in the order of the display; element k is at index k - 1.
     std::span<const Element> elements(Family family) const { return families[indexOf(family)]; }
+
+    /// True if the display shows the section. Otherwise nothing is known about what belongs in it.
+    bool isShown(Section section) const { return sections[indexOf(section)]; }
+
+    /// True if the display shows the family's section, or an element of the family outside it. A family that is shown
+    /// and has no elements has none in the profile, unless its query is one of the problems.
+    VANTRO_EXPORT bool isShown(Family family) const;
 
     /// The memory that the views point into.
     struct Storage;

@@ -107,6 +107,15 @@ const Display::MarkedLine* Display::markedAt(std::size_t index) {
     return &marked_[index];
 }
 
+std::bitset<sectionCount> Display::sectionsRead() const {
+    std::bitset<sectionCount> sections;
+    for (const MarkedLine& line : marked_) {
+        sections |= line.marks.headers();
+        if (line.marks.isEndOfDisplay()) break;
+    }
+    return sections;
+}
+
 template <class Wanted>
 Display::MarkedLine Display::nextFetched(Counter from, Wanted wanted) {
     for (Counter number = from;; ++number) {

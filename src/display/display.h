@@ -5,6 +5,7 @@
 #include "display/scratch_memory.h"
 #include "framework/screen.h"
 
+#include <bitset>
 #include <cstddef>
 #include <optional>
 #include <type_traits>
@@ -104,6 +105,10 @@ public:
 
     /// The first line at or after `from` that contains the section's header or ends the display, if there is one.
     std::optional<MarkedLine> nextHeaderOrEnd(Section section, Counter from);
+
+    /// The sections whose headers are in lines that were read, up to the line that ends the display. Lines must be
+    /// slices of the text.
+    std::bitset<sectionCount> sectionsRead() const;
 
     /// The number of lines that can be non-empty.
     std::size_t size() const { return size_; }

@@ -7,6 +7,7 @@
 #include "framework/text_ops.h"
 
 #include <bit>
+#include <bitset>
 #include <cstddef>
 #include <cstdint>
 
@@ -27,6 +28,9 @@ public:
     /// A section's rule, which is the beginning of every header, or the end text.
     constexpr bool containsRuleOrEndText() const { return (bits_ & (rule | endText)) != 0; }
 
+    /// The sections whose headers these marks are.
+    constexpr std::bitset<sectionCount> headers() const { return {bits_ >> firstHeader}; }
+
     constexpr void addPrompt() { bits_ |= prompt; }
     constexpr void addEndText() { bits_ |= endText; }
     constexpr void addRule() { bits_ |= rule; }
@@ -36,7 +40,8 @@ private:
     static constexpr std::uint32_t prompt = 1;
     static constexpr std::uint32_t endText = 2;
     static constexpr std::uint32_t rule = 4;
-    static constexpr std::uint32_t header(Section section) { return 8U << static_cast<unsigned>(section); }
+    static constexpr unsigned firstHeader = 3;
+    static constexpr std::uint32_t header(Section section) { return 1U << (firstHeader + indexOf(section)); }
 
     std::uint32_t bits_ = 0;
 };

@@ -1,29 +1,16 @@
-// The sections of a profile display and their header texts.
+// The header texts of the sections.
 #pragma once
 
+#include "vantro/profile.h"
 #include "vantro/text.h"
 
 #include <algorithm>
 #include <array>
-#include <cstdint>
 
 namespace vantro {
 
-enum class Section : std::uint8_t {
-    Priority,
-    GlobalSearch,
-    PreStored,
-    Hotel,
-    Car,
-    Air,
-    Transferable,
-    Documents,
-    FollowUp,
-    Notes,
-};
-
-/// In the order of the enumeration.
-inline constexpr std::array<TextView, 10> sectionHeaders{{
+/// In the order of the sections.
+inline constexpr std::array<TextView, sectionCount> sectionHeaders{{
     u"------- PRIORITY",
     u"------- GLOBAL SEARCH",
     u"------- PRE-STORED ENTRIES",

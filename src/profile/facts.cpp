@@ -113,7 +113,8 @@ constexpr auto familyFrom = [](const auto& row) {
     facts.keys = keysOf(row.about.output, splitOf(row));
     facts.family = row.family;
     facts.tag = tagOf(row);
-    facts.section = sectionHeaders.at(static_cast<std::size_t>(sectionOf(row)));
+    facts.section = sectionHeaders.at(indexOf(sectionOf(row)));
+    facts.inSection = sectionOf(row);
     facts.sample = row.about.sample;
     facts.output = row.about.output;
     facts.parts = partsOf(splitOf(row));
@@ -243,6 +244,10 @@ const PartFacts& factsOf(ElementPart part) noexcept { return parts[indexOf(part)
 const QueryFacts& factsOf(OtherQuery query) noexcept { return otherQueries[indexOf(query)]; }
 
 const FamilyFacts& factsOf(Family family) noexcept { return familyTable[indexOf(family)]; }
+
+TextView titleOf(Section section) noexcept { return sectionHeaders[indexOf(section)].substr(headerStart.size()); }
+
+bool Profile::isShown(Family family) const { return isShown(factsOf(family).inSection) || !elements(family).empty(); }
 
 std::span<const QueryFacts> profileQueries() noexcept { return queries; }
 

@@ -84,6 +84,7 @@ public:
         readHeader();
         readFamilies();
         readNotes();
+        profile_.sections = display_.sectionsRead();
         profile_.notes = storage_.notes;
         storage_.joinedTexts = joiner_.takeTexts();
     }

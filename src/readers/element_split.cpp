@@ -21,6 +21,12 @@ constexpr Width carrierWidth{2};
 constexpr TextView flyerGap = u"    ";
 constexpr TextView flyerRequest = u"FQTV";
 
+/// The kind of a transferable element, in column 1. A continuation line that is read as an element of its own has none.
+char16_t kindOf(TextView line) {
+    const char16_t first = line.empty() ? u' ' : line.front();
+    return first == u'S' || first == u'A' ? first : u'\0';
+}
+
 // Four blanks end the text of a frequent-flyer line, also the stored one.
 void splitFrequentFlyer(Element& element) {
     if (const Column gap = find(element.text, flyerGap); gap > Column{0}) {
@@ -57,6 +63,7 @@ void split(const FoundElement& found, Element& element) {
     element.text = cut(found.text, {found.textColumn});
     if (isTransferable(found.family)) {
         element.number = cut(found.text, transferableNumberField);
+        element.kind = kindOf(found.text);
         splitFurther(transferableFamilies[indexOf(found.family) - firstTransferable], found.text, element);
     } else {
         element.number = cut(found.text, numberField);

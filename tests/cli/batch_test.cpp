@@ -3,6 +3,7 @@
 
 #include <gtest/gtest.h>
 
+#include <fstream>
 #include <string>
 #include <vector>
 
@@ -291,6 +292,36 @@ TEST(Batch, ARequestIsAnsweredBeforeTheNextOneIsSent) {
     EXPECT_EQ(dialogue.receiveLine(), px3Answer);
     dialogue.send(px3.substr(10) + "\n");
     EXPECT_EQ(dialogue.receiveLine(), px3Answer);
+}
+
+TEST(Batch, AWholeProfileIsWhatParsePrintsWithoutItsSource) {
+    const std::string file = std::string(VANTRO_SOURCE_DIR) + "/samples/profiles/every_family.txt";
+    const std::string source = R"({"source":{"file":")" + file + R"(","display":1,"line":1},)";
+    const std::string record = linesOf(runTool({"parse", file}).out).front();
+    ASSERT_EQ(record.substr(0, source.size()), source);
+    std::ifstream stream(file);
+    std::string lines;
+    std::string unbroken;
+    for (std::string line; std::getline(stream, line);) {
+        lines += (lines.empty() ? "\"" : ",\"") + line + "\"";
+        unbroken += line80(line);
+    }
+    const std::string call = R"("class":"CProfile","call":"ParseProfile","display":)";
+    EXPECT_EQ(answerTo(R"({"id":1,)" + call + "[" + lines + "]}"),
+              R"({"id":1,"result":{)" + record.substr(source.size()) + "}");
+    EXPECT_EQ(answerTo("{" + call + "\"" + unbroken + "\"}"), R"({"result":{)" + record.substr(source.size()) + "}");
+}
+
+TEST(Batch, AWholeProfileNeedsADisplayAndListsItsProblems) {
+    const std::string call = R"({"class":"CProfile","call":"ParseProfile")";
+    EXPECT_TRUE(isBadRequest(answerTo(call + "}")));
+    EXPECT_TRUE(isBadRequest(answerTo(call + R"(,"display":null})")));
+    EXPECT_TRUE(isBadRequest(answerTo(R"({"class":"CProfileNotes","call":"ParseProfile","display":""})")));
+    const std::string answer = answerTo(call + R"(,"object":"a","params":{"x":1},"display":""})");
+    EXPECT_TRUE(answer.starts_with(R"({"result":{"name":"",)")) << answer;
+    EXPECT_TRUE(answer.ends_with(R"("problems":[{"query":"PCN","number":6,"description":"Overflow"},)"
+                                 R"({"query":"PIN","number":6,"description":"Overflow"}]}})"))
+        << answer;
 }
 
 TEST(Batch, MemoryDoesNotGrowWithTheNumberOfLines) {

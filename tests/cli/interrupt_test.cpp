@@ -27,6 +27,18 @@ std::string repeated(const std::string& text, int times) {
     return all;
 }
 
+// Without the sources of displays, in which the records differ.
+std::string withoutSources(const std::string& records) {
+    std::string rest;
+    std::size_t from = 0;
+    for (std::size_t at; (at = records.find("\"source\": ", from)) != std::string::npos ||
+                         (at = records.find("\"source\":{\"file", from)) != std::string::npos;) {
+        rest += records.substr(from, at - from);
+        from = std::min(records.find('}', at), records.size());
+    }
+    return rest + records.substr(from);
+}
+
 // Lets the tool write for a while, interrupts it, and expects the record repeated, each time complete.
 void expectWholeRecords(const std::vector<std::string>& arguments, const std::string& inputFile,
                         const std::string& record, int round) {
@@ -39,6 +51,7 @@ void expectWholeRecords(const std::vector<std::string>& arguments, const std::st
     if (round % 3 == 0) tool.signal(number);  // as when it is sent to the process and to its group
     out += tool.readRest();
     EXPECT_EQ(tool.endingSignal(), number) << round;
+    out = withoutSources(out);
     ASSERT_EQ(out.size() % record.size(), 0U) << round;
     EXPECT_TRUE(out == repeated(record, static_cast<int>(out.size() / record.size()))) << round;
 }
@@ -49,7 +62,7 @@ TEST(Interrupt, LeavesNoHalfProfileInAnyForm) {
     int round = 0;
     for (const char* threads : {"1", "3"}) {
         for (const char* form : {"--json", "--pretty"}) {
-            const std::string record = runTool({"parse", form, one.path()}).out;
+            const std::string record = withoutSources(runTool({"parse", form, one.path()}).out);
             ASSERT_GT(record.size(), 9000U);
             ASSERT_TRUE(record.ends_with("}\n"));
             for (int i = 0; i < 8; ++i) {

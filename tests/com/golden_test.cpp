@@ -39,12 +39,13 @@ ItemValue valueOf(const Json& field) {
 
 using Values = std::map<Text, ItemValue>;
 
-// The fields of an element by their keys; a field that is null has none.
+// The fields of an element by their keys. A field that is null has none, and the kind is in no collection.
 Values fieldsOf(const Json& element) {
     Values values;
     if (element.IsNull()) return values;
     for (const auto& field : element.GetObject()) {
-        if (!field.value.IsNull()) values.emplace(keys.at(field.name.GetString()), valueOf(field.value));
+        const std::string name = field.name.GetString();
+        if (!field.value.IsNull() && name != "kind") values.emplace(keys.at(name), valueOf(field.value));
     }
     return values;
 }

@@ -1,6 +1,6 @@
 // Every display in samples/profiles is compared with its expected elements in samples/expected.
 #include "tests/profile/samples.h"
-#include "vantro/profile.h"
+#include "vantro/families.h"
 
 #include <gtest/gtest.h>
 #include <rapidjson/document.h>
@@ -18,9 +18,10 @@ using Json = rapidjson::Value;
 
 /// The fields that a family's elements have besides number and text, as the golden files name them.
 std::vector<std::string> furtherFields(const std::string& family) {
-    if (family == "SR") return {"code", "airline", "frequentFlyerNumber", "freeText", "asterisk"};
-    if (family == "FFN") return {"airline", "frequentFlyerNumber"};
-    if (family == "RC") return {"freeText"};
+    if (family == "SR") return {"kind", "code", "airline", "frequentFlyerNumber", "freeText", "asterisk"};
+    if (family == "FFN") return {"kind", "airline", "frequentFlyerNumber"};
+    if (family == "RC") return {"kind", "freeText"};
+    if (family == "RM" || family == "AP" || family == "OS" || family == "ST") return {"kind"};
     return {};
 }
 
@@ -43,6 +44,7 @@ Fields fieldsOf(const Element& element, const std::vector<std::string>& further)
                                                  {"airline", utf8(element.airline)},
                                                  {"frequentFlyerNumber", utf8(element.frequentFlyerNumber)},
                                                  {"freeText", utf8(element.freeText)},
+                                                 {"kind", std::string(element.kind == 0 ? 0U : 1U, char(element.kind))},
                                                  {"asterisk", element.asterisk ? "true" : "false"}};
     Fields fields{{"number", utf8(element.number)}, {"text", utf8(element.text)}};
     for (const std::string& name : further) fields[name] = all.at(name);
@@ -87,6 +89,17 @@ TEST_P(GoldenProfile, HeaderValues) {
     if (profile().psl) {
         EXPECT_EQ(fieldsOf(*profile().psl, {}), fieldsOf(expected("psl")));
     }
+}
+
+TEST_P(GoldenProfile, Sections) {
+    std::vector<std::string> shown;
+    for (std::size_t index = 0; index < sectionCount; ++index) {
+        const auto section = static_cast<Section>(index);
+        if (profile().isShown(section)) shown.push_back(utf8(titleOf(section)));
+    }
+    std::vector<std::string> golden;
+    for (const Json& title : expected("sections").GetArray()) golden.emplace_back(title.GetString());
+    EXPECT_EQ(shown, golden);
 }
 
 // A family without elements may be left out of the file.

@@ -1,0 +1,214 @@
+// The outputs of the tool, validated by the schemas that are shipped with it.
+#include "tests/cli/process.h"
+
+#include <gtest/gtest.h>
+#include <rapidjson/document.h>
+#include <rapidjson/schema.h>
+#include <rapidjson/stringbuffer.h>
+
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <set>
+#include <string>
+#include <vector>
+
+namespace vantro::test {
+
+namespace {
+
+namespace fs = std::filesystem;
+
+const fs::path root = VANTRO_SOURCE_DIR;
+
+rapidjson::Document parsed(const std::string& json) {
+    rapidjson::Document document;
+    document.Parse(json.c_str());
+    EXPECT_FALSE(document.HasParseError()) << json;
+    return document;
+}
+
+std::string contentOf(const fs::path& file) {
+    std::ifstream stream(file, std::ios::binary);
+    return {std::istreambuf_iterator<char>(stream), {}};
+}
+
+std::vector<fs::path> filesIn(const fs::path& folder) {
+    return {fs::directory_iterator(folder), fs::directory_iterator()};
+}
+
+class Schema {
+public:
+    explicit Schema(const std::string& name)
+        : document_(parsed(contentOf(root / "schemas" / (name + ".schema.json")))), schema_(document_) {}
+
+    /// What the value breaks, or "".
+    std::string faultOf(const std::string& json) const {
+        const rapidjson::Document value = parsed(json);
+        rapidjson::SchemaValidator validator(schema_);
+        if (value.Accept(validator)) return "";
+        rapidjson::StringBuffer where;
+        validator.GetInvalidDocumentPointer().StringifyUriFragment(where);
+        return std::string(validator.GetInvalidSchemaKeyword()) + " at " + where.GetString();
+    }
+
+private:
+    rapidjson::Document document_;
+    rapidjson::SchemaDocument schema_;
+};
+
+/// Every line of the output is valid, and there is one at least.
+void expectValid(const Schema& schema, const std::vector<std::string>& arguments, const std::string& input = {}) {
+    const auto lines = linesOf(runTool(arguments, input).out);
+    EXPECT_FALSE(lines.empty()) << arguments.front();
+    for (const std::string& line : lines) EXPECT_EQ(schema.faultOf(line), "") << line;
+}
+
+std::vector<std::string> sampleFiles() {
+    std::vector<std::string> files;
+    for (const fs::path& file : filesIn(root / "samples/profiles")) files.push_back(file.string());
+    return files;
+}
+
+const std::string everyFamily = (root / "samples/profiles/every_family.txt").string();
+
+/// The names of the members of all schemas in a schema, without those of properties and definitions.
+void collectKeywords(const rapidjson::Value& schema, std::set<std::string>& keywords) {
+    if (!schema.IsObject()) return;
+    for (const auto& member : schema.GetObject()) {
+        const std::string keyword = member.name.GetString();
+        keywords.insert(keyword);
+        if (keyword == "properties" || keyword == "definitions") {
+            for (const auto& named : member.value.GetObject()) collectKeywords(named.value, keywords);
+        } else if (member.value.IsArray()) {
+            for (const auto& part : member.value.GetArray()) collectKeywords(part, keywords);
+        } else {
+            collectKeywords(member.value, keywords);
+        }
+    }
+}
+
+// The validator of these tests ignores keywords that it does not know.
+TEST(Schemas, AreVersionedAndUseOnlyKeywordsThatAreTested) {
+    const std::set<std::string> known{
+        "$schema",    "$id",      "title",   "description", "definitions", "$ref",  "type",  "enum",
+        "properties", "required", "minimum", "maximum",     "items",       "anyOf", "oneOf", "additionalProperties"};
+    EXPECT_EQ(filesIn(root / "schemas").size(), 6U);
+    for (const fs::path& file : filesIn(root / "schemas")) {
+        SCOPED_TRACE(file);
+        const rapidjson::Document schema = parsed(contentOf(file));
+        const std::string name = file.stem().stem().string();
+        EXPECT_EQ(std::string(schema["$id"].GetString()), "urn:vantro-profile:schema:" + name + ":1");
+        std::set<std::string> keywords;
+        collectKeywords(schema, keywords);
+        for (const std::string& keyword : keywords) EXPECT_TRUE(known.contains(keyword)) << keyword;
+    }
+}
+
+TEST(Schemas, OfARecordOfParse) {
+    const Schema schema("parse-record");
+    for (const std::vector<std::string>& options : std::vector<std::vector<std::string>>{
+             {}, {"--compact"}, {"--only", "RM,NM,notes"}, {"--compact", "--only", "PPR"}, {"--id", "{name}"}}) {
+        std::vector<std::string> arguments{"parse"};
+        arguments.insert(arguments.end(), options.begin(), options.end());
+        for (const std::string& file : sampleFiles()) arguments.push_back(file);
+        expectValid(schema, arguments);
+    }
+    expectValid(schema, {"parse"}, "A\n" + std::string(81, 'X') + "\n>\nNO END\n");
+    expectValid(schema, {"parse", "--jsonl"}, "junk\n{\"id\":[{}],\"display\":\"\"}\n{\"id\":null}\n");
+}
+
+TEST(Schemas, OfAWholeRecordNameEveryMember) {
+    const rapidjson::Document schema = parsed(contentOf(root / "schemas/parse-record.schema.json"));
+    const std::string line = linesOf(runTool({"parse", everyFamily}).out).front();
+    const rapidjson::Document record = parsed(line);
+    const rapidjson::Value& families = schema["properties"]["elements"]["properties"];
+    EXPECT_EQ(families.MemberCount(), record["elements"].MemberCount());
+    // All but id, error and problems.
+    EXPECT_EQ(schema["properties"].MemberCount(), record.MemberCount() + 3);
+}
+
+TEST(Schemas, OfARecordRefuseOtherOnes) {
+    const Schema schema("parse-record");
+    const std::string source = R"("source":{"file":"-","display":1,"line":1})";
+    EXPECT_EQ(schema.faultOf("{" + source + "}"), "");
+    EXPECT_EQ(schema.faultOf("{}"), "required at #");
+    EXPECT_EQ(schema.faultOf(R"({"source":{"file":"-","display":0,"line":1}})"), "minimum at #/source/display");
+    EXPECT_EQ(schema.faultOf("{" + source + R"(,"nam":""})"), "additionalProperties at #/nam");
+    EXPECT_EQ(schema.faultOf("{" + source + R"(,"sections":["HOTEL"]})"), "enum at #/sections/0");
+    EXPECT_EQ(schema.faultOf("{" + source + R"(,"elements":{"SR":[{"kind":"X"}]}})"), "enum at #/elements/SR/0/kind");
+    EXPECT_EQ(schema.faultOf("{" + source + R"(,"elements":{"PPR":[{"kind":"S"}]}})"),
+              "additionalProperties at #/elements/PPR/0/kind");
+    EXPECT_EQ(schema.faultOf("{" + source + R"(,"notes":[{"number":1}]})"), "type at #/notes/0/number");
+}
+
+TEST(Schemas, OfAResponseOfBatch) {
+    const Schema schema("batch-response");
+    const std::string blank(80, ' ');
+    expectValid(schema, {"batch"},
+                "junk\n"
+                R"({"class":"CPDNTrans","call":"CreateCommand","params":{"strKeyName":"SMITH"}})"
+                "\n"
+                R"({"id":[{"a":null}],"class":"CPXTrans","call":"VerifyResponse","response":"x"})"
+                "\n"
+                R"({"class":"CPXTrans","call":"VerifyResponse","response":""})"
+                "\n"
+                R"({"class":"CRLPTrans","call":"RecLocCount","response":"x"})"
+                "\n"
+                R"({"class":"CProfileMode","call":"VerifyResponse","response":"x"})"
+                "\n"
+                R"({"class":"CProfile","call":"ProfileElements","display":"x","params":{"strKeyPrefix":"NM"}})"
+                "\n"
+                R"({"class":"CProfile","call":"ProfileElements","display":[">"],"params":{"strKeyPrefix":"ALL"},)"
+                R"("selection":["RM"]})"
+                "\n"
+                R"({"class":"CProfile","call":"ParseProfile","display":"NO END"})"
+                "\n"
+                R"({"class":"CRLPTrans","call":"VerifyResponse","response":"RLP","params":{"strKeyIndex":"9"}})");
+    EXPECT_EQ(schema.faultOf(R"({"result":1,"error":{"number":0,"source":"","description":""}})"), "oneOf at #");
+    EXPECT_EQ(schema.faultOf(R"({"id":1})"), "oneOf at #");
+    EXPECT_EQ(schema.faultOf(R"({"result":{"a":{}}})"), "anyOf at #/result");
+    EXPECT_EQ(schema.faultOf(R"({"result":{"a":32768}})"), "anyOf at #/result");
+    EXPECT_EQ(schema.faultOf(R"({"result":1,"reported":["5"]})"), "type at #/reported/0");
+}
+
+TEST(Schemas, OfResultsOfVerify) {
+    const Schema schema("verify-results");
+    expectValid(schema, {"verify", "CPXTrans"}, "PX3\nPROFILE WILL BE DEACTIVATED\n");
+    expectValid(schema, {"verify", "CPXTrans"}, "");
+    expectValid(schema, {"verify", "CRLPTrans", "--count"}, "RLP\nT/ABC123 /P1\n");
+    expectValid(schema, {"verify", "CPLTTrans"}, "PLT\nTRAVELLER LIST\n");
+    EXPECT_EQ(schema.faultOf("[]"), "type at #");
+    EXPECT_EQ(schema.faultOf(R"({"a":[1]})"), "anyOf at #/a");
+}
+
+TEST(Schemas, OfAnswersOfElementsAndNotes) {
+    const Schema schema("elements-answer");
+    for (const char* prefix : {"NM", "RECLOC", "OFFID", "PCN", "PIN", "PSL", "ALL", "PPR", "PHI", "PAS"}) {
+        for (const std::string& file : sampleFiles()) expectValid(schema, {"elements", prefix, file});
+    }
+    for (const char* prefix : {"SR", "RM", "AP", "OS", "FFN", "ST", "RC", "PPR"}) {
+        expectValid(schema, {"elements", prefix, "--index", "1", everyFamily});
+    }
+    expectValid(schema, {"notes", everyFamily});
+    EXPECT_EQ(schema.faultOf(R"({"strKeyElement":[]})"), "type at #/strKeyElement");
+    EXPECT_EQ(schema.faultOf(R"({"strKeyElements":""})"), "additionalProperties at #/strKeyElements");
+}
+
+TEST(Schemas, OfTheClasses) {
+    expectValid(Schema("classes"), {"classes", "--json"});
+    EXPECT_EQ(Schema("classes").faultOf(R"([{"class":"x"}])"), "required at #/0");
+}
+
+TEST(Schemas, OfTheDescriptionsOfAllClasses) {
+    const Schema schema("describe");
+    expectValid(schema, {"describe", "--json"});
+    const rapidjson::Document all = parsed(runTool({"describe", "--json"}).out);
+    ASSERT_EQ(all.Size(), 19U);
+    for (const auto& row : all.GetArray()) expectValid(schema, {"describe", "--json", row["class"].GetString()});
+    EXPECT_EQ(schema.faultOf(R"({"class":"x","purpose":"y"})"), "anyOf at #");
+}
+
+}  // namespace
+
+}  // namespace vantro::test
