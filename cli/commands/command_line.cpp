@@ -101,6 +101,32 @@ void addEncoding(CLI::App& command, Encoding& encoding) {
         ->type_name("ENCODING");
 }
 
+/// Accepts what no line of a display begins with, as far as that can be known.
+CLI::Validator separator() {
+    const auto check = [](const std::string& text) -> std::string {
+        if (text.find_first_not_of(' ') == std::string::npos || text.find('\n') != std::string::npos) {
+            return "a separator is the beginning of a line and not blank";
+        }
+        if (text.find_first_not_of('-') != std::string::npos && text != ">") return {};
+        return "'" + text + "' is no separator, lines of displays begin with it; give a longer one";
+    };
+    return {check, ""};
+}
+
+template <class Options>
+void addSplitting(CLI::App& command, Options& options) {
+    command.add_flag("--pages", options.splitting.pages,
+                     "Join the pages of displays that were captured screen by screen: only END OF DISPLAY, a\n"
+                     "separator and the end of the file end a display, and prompts between pages are left out");
+    command
+        .add_option("--separator", options.splitting.separator,
+                    "A line that begins with TEXT begins a display; the rest of that line is the display's title")
+        ->check(separator())
+        ->type_name("TEXT");
+    command.add_flag("-q,--quiet", options.quiet, "Print no warnings");
+    command.add_flag("--strict", options.strict, "End with exit status 5 when there were warnings");
+}
+
 void addClassAndParameters(CLI::App& command, std::string& className, std::vector<std::string>& parameters) {
     command.add_option("CLASS", className, "A transaction class, such as CPDNTrans")->required()->type_name("");
     command.add_option("KEY=VALUE", parameters, help::parameter)->type_name("");
@@ -115,6 +141,7 @@ void addQueryOptions(CLI::App& command, QueryOptions& options) {
     command.add_flag("--json", options.json, "Print one JSON object per display, also on a terminal")->excludes(table);
     addEncoding(command, options.encoding);
     addMaxLine(command, options.maxLine);
+    addSplitting(command, options);
 }
 
 // ---- Words for what the parser refuses
@@ -305,6 +332,7 @@ void CommandLine::addParse() {
         ->capture_default_str();
     addEncoding(command, parse_.encoding);
     addMaxLine(command, parse_.maxLine);
+    addSplitting(command, parse_);
     command.footer(help::parse);
     command.callback([this] { status_ = runParse(parse_); });
 }

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "cli/commands/display_query.h"
+#include "cli/io/chunk_reader.h"
 #include "cli/io/input_files.h"
 
 #include <cstddef>
@@ -46,6 +47,9 @@ struct ParseOptions {
     bool pretty = false;
     std::size_t threads = 1;
     std::size_t maxLine = defaultMaxLine;
+    Splitting splitting = {};
+    bool quiet = false;   ///< prints no warnings
+    bool strict = false;  ///< warnings are failures
 };
 
 struct ElementsOptions {

@@ -1,4 +1,5 @@
 #include "cli/commands/commands.h"
+#include "cli/commands/display_warnings.h"
 #include "cli/commands/parsed_chunk.h"
 #include "cli/commands/results_view.h"
 #include "cli/io/displays.h"
@@ -8,6 +9,7 @@
 #include "cli/io/ordered_work.h"
 #include "cli/io/progress.h"
 #include "cli/io/standard_io.h"
+#include "cli/io/warnings.h"
 
 #include <algorithm>
 #include <optional>
@@ -39,7 +41,8 @@ public:
     Printer(const ParseOptions& options, ProfileForm form)
         : options_(options),
           form_(form),
-          progress_(lengthInAll(options.files), errorIsTerminal() ? writeError : Progress::Write{}) {}
+          progress_(lengthInAll(options.files), errorIsTerminal() ? writeError : Progress::Write{}),
+          warnings_(options.quiet) {}
 
     void take(const Step& step) {
         print(step.parsed);
@@ -49,7 +52,7 @@ public:
         progress_.step(step.bytes, step.parsed.displays.size());
     }
 
-    int status() const { return status_; }
+    int status() const { return warnings_.statusAfter(status_, options_.strict); }
 
 private:
     std::string name() const { return inputName(options_.files[file_]); }
@@ -78,8 +81,17 @@ private:
         if (display.faulty.fault != LineFault::None) {
             const std::string what = describe(display.faulty, lines_, options_.maxLine);
             fail(where + asSentence(what) + " The display is left out, the others are not.");
-        } else if (!display.unanswered.empty()) {
-            fail(where + "no answer to " + display.unanswered);
+            displayWarnings_.skip();
+            return;
+        }
+        const std::string refusal = displayWarnings_.refusal(display.doubts, lines_);
+        if (display.unanswered.empty() || refusal.empty()) {
+            displayWarnings_.add(display.doubts, name() + where, lines_);
+        } else {
+            displayWarnings_.skip();
+        }
+        if (!display.unanswered.empty()) {
+            fail(where + (refusal.empty() ? "no answer to " + display.unanswered : refusal));
         }
     }
 
@@ -91,6 +103,7 @@ private:
         } else if (displays_ == 0) {
             fail(" contains no display");
         }
+        displayWarnings_.endFile(name());
         ++file_;
         displays_ = 0;
         lines_ = 0;
@@ -105,6 +118,11 @@ private:
     const ParseOptions& options_;
     ProfileForm form_;
     Progress progress_;
+    Warnings warnings_;
+    DisplayWarnings displayWarnings_{[this](const std::string& what) {
+        progress_.hide();
+        warnings_.add(what);
+    }};
     std::size_t file_ = 0;
     std::size_t displays_ = 0;  // of this file
     std::size_t lines_ = 0;     // of this file
@@ -123,14 +141,17 @@ struct Piece {
 class PieceReader {
 public:
     explicit PieceReader(const ParseOptions& options)
-        : files_(options.files), encoding_(options.encoding), maxLine_(options.maxLine) {}
+        : files_(options.files),
+          encoding_(options.encoding),
+          maxLine_(options.maxLine),
+          splitting_(options.splitting) {}
 
     std::optional<Piece> next() {
         if (file_ == files_.size()) return std::nullopt;
         Piece piece;
         // A file that cannot be read does not stop the others.
         try {
-            if (!chunks_) chunks_.emplace(openFile(), ChunkReader::defaultBlock, maxLine_);
+            if (!chunks_) chunks_.emplace(openFile(), ChunkReader::defaultBlock, maxLine_, splitting_);
             if (std::optional<std::string> chunk = chunks_->next()) {
                 piece.text = std::move(*chunk);
                 piece.bytesRead = std::exchange(bytesRead_, 0);
@@ -151,14 +172,15 @@ private:
     const std::vector<std::string>& files_;
     Encoding encoding_;
     std::size_t maxLine_;
+    Splitting splitting_;
     std::uint64_t bytesRead_ = 0;  // since the last piece
     std::size_t file_ = 0;
     std::optional<ChunkReader> chunks_;
 };
 
-Step stepOf(const Piece& piece, ProfileForm form) {
+Step stepOf(const Piece& piece, const Splitting& splitting, ProfileForm form) {
     if (piece.endsFile) return {.parsed = {}, .endsFile = true, .failure = piece.failure};
-    return {.parsed = parseChunk(piece.text, form), .bytes = piece.bytesRead, .failure = {}};
+    return {.parsed = parseChunk(piece.text, splitting, form), .bytes = piece.bytesRead, .failure = {}};
 }
 
 /// The files that are parsed: those of the lists follow the others.
@@ -187,7 +209,7 @@ int runParse(ParseOptions options) {
     PieceReader pieces(options);
     workInOrder(
         options.threads, [&pieces] { return pieces.next(); },
-        [form](const Piece& piece) { return stepOf(piece, form); },
+        [&options, form](const Piece& piece) { return stepOf(piece, options.splitting, form); },
         [&printer](const Step& step) { printer.take(step); });
     return printer.status();
 }

@@ -33,15 +33,18 @@ std::string unansweredIn(const Profile& profile) {
 
 }  // namespace
 
-ParsedChunk parseChunk(std::string_view chunk, ProfileForm form) {
+ParsedChunk parseChunk(std::string_view chunk, const Splitting& splitting, ProfileForm form) {
     ParsedChunk parsed;
     parsed.out.reserve(chunk.size());  // few displays' answers are longer than they are
-    ChunkDisplays displays(chunk);
+    ChunkDisplays displays(chunk, splitting);
     while (std::optional<FoundDisplay> found = displays.next()) {
         ParsedDisplay& display = parsed.displays.emplace_back();
         display.faulty = found->faulty;
         if (found->faulty.fault == LineFault::None) {
+            const TextView text = found->text;  // where the profile's views point to
+            display.doubts = doubtsOf(*found, text);
             const Profile profile = parseProfile(std::move(found->text));
+            addDoubts(profile, *found, text, display.doubts);
             display.unanswered = unansweredIn(profile);
             appendProfile(profile, form, parsed.out);
         }

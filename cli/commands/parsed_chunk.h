@@ -1,6 +1,7 @@
 // The displays of a chunk, parsed and written.
 #pragma once
 
+#include "cli/commands/display_doubts.h"
 #include "cli/io/displays.h"
 
 #include <cstddef>
@@ -18,6 +19,7 @@ enum class ProfileForm { JsonLine, IndentedJson, Table };
 struct ParsedDisplay {
     std::size_t outEnd = 0;
     FaultyLine faulty;
+    DisplayDoubts doubts;
     std::string unanswered;  ///< the queries without an answer: "NM (error 6), SR (error 5245)"
 };
 
@@ -27,6 +29,6 @@ struct ParsedChunk {
     std::size_t lines = 0;
 };
 
-ParsedChunk parseChunk(std::string_view chunk, ProfileForm form);
+ParsedChunk parseChunk(std::string_view chunk, const Splitting& splitting, ProfileForm form);
 
 }  // namespace vantro

@@ -9,7 +9,7 @@ namespace vantro {
 
 void Warnings::add(std::string_view what) {
     const std::scoped_lock lock(printing_);
-    complain("warning: " + std::string(what));
+    if (!isQuiet_) complain("warning: " + std::string(what));
     ++count_;
 }
 

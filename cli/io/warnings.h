@@ -10,6 +10,9 @@ namespace vantro {
 /// Prints warnings on standard error and counts them. A warning never changes a result. Threads may share one object.
 class Warnings {
 public:
+    /// With `isQuiet` they are counted and not printed.
+    explicit Warnings(bool isQuiet = false) : isQuiet_(isQuiet) {}
+
     /// Prints one line: the tool's name, "warning: " and a sentence (see `asSentence`).
     void add(std::string_view what);
 
@@ -19,6 +22,7 @@ public:
     int statusAfter(int status, bool isStrict) const;
 
 private:
+    bool isQuiet_;
     std::mutex printing_;
     std::size_t count_ = 0;
 };

@@ -60,7 +60,7 @@ INSTANTIATE_TEST_SUITE_P(Sample, ParseSample, testing::ValuesIn(sampleNames()),
                          [](const auto& test) { return test.param; });
 
 TEST_P(ParseSample, PrettyIsTheExpectedFileByteForByte) {
-    const Finished run = runTool({"parse", "--pretty", sample(GetParam())});
+    const Finished run = runTool({"parse", "--quiet", "--pretty", sample(GetParam())});
     EXPECT_EQ(run.out, expected(GetParam()));
     EXPECT_EQ(run.err, "");
     EXPECT_EQ(run.status, 0);
@@ -147,7 +147,7 @@ TEST(Parse, TheLastLineOfADisplayDoesNotPadTheNextOne) {
 TEST(Parse, ALineThatIsTooLongOmitsItsDisplayOnly) {
     const std::string minimal = contentOf(sample("minimal"));
     const TemporaryFile file(minimal + "PDR/X\n" + std::string(81, 'X') + "\n>\n" + minimal);
-    const Finished run = runTool({"parse", file.path(), sample("company")});
+    const Finished run = runTool({"parse", "--quiet", file.path(), sample("company")});
     EXPECT_EQ(run.out, expectedLine("minimal") + expectedLine("minimal") + expectedLine("company"));
     expectRefused(run, 1, file.path() + ", display 2: line 6 has 81 characters");
 }
@@ -160,7 +160,7 @@ TEST(Parse, BytesThatAreNotUtf8OmitTheirDisplay) {
 
 TEST(Parse, QueriesWithoutAnAnswerAreListedAndReported) {
     const std::string unended = "PDR/H4T9QZ\n*T*                    H4T9QZ\n------- PROFILE NOTES\nA ONE\n";
-    const Finished run = runTool({"parse"}, contentOf(sample("minimal")) + unended);
+    const Finished run = runTool({"parse", "--quiet"}, contentOf(sample("minimal")) + unended);
     ASSERT_EQ(linesOf(run.out).size(), 2U);
     EXPECT_EQ(linesOf(run.out)[0] + "\n", expectedLine("minimal"));
     // The notes' own number is for a direct count; the query raises 5500.
@@ -182,7 +182,7 @@ TEST(Parse, AFileWithoutADisplayIsReported) {
 }
 
 TEST(Parse, AFileThatCannotBeReadDoesNotStopTheOthers) {
-    const Finished run = runTool({"parse", sample("minimal"), "/no/such/file", sample("company")});
+    const Finished run = runTool({"parse", "--quiet", sample("minimal"), "/no/such/file", sample("company")});
     EXPECT_EQ(run.out, expectedLine("minimal") + expectedLine("company"));
     expectRefused(run, 2, "cannot read the file '/no/such/file'");
     expectRefused(runTool({"parse", "/"}), 2, "'/'");

@@ -14,6 +14,14 @@ TEST(Warnings, AreOneSentencePerLineOnStandardError) {
     EXPECT_EQ(testing::internal::GetCapturedStderr(), "vantro-profile: warning: line 3 contains a tab.\n");
 }
 
+TEST(Warnings, AreCountedAndNotPrintedWhenQuiet) {
+    Warnings warnings(true);
+    testing::internal::CaptureStderr();
+    warnings.add("line 3 contains a tab");
+    EXPECT_EQ(testing::internal::GetCapturedStderr(), "");
+    EXPECT_EQ(warnings.statusAfter(success, true), warned);
+}
+
 TEST(Warnings, ChangeTheStatusOnlyOfAStrictRunThatSucceeded) {
     Warnings warnings;
     EXPECT_EQ(warnings.statusAfter(success, true), success);
