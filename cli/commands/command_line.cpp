@@ -120,7 +120,8 @@ void addSplitting(CLI::App& command, Options& options) {
                      "separator and the end of the file end a display, and prompts between pages are left out");
     command
         .add_option("--separator", options.splitting.separator,
-                    "A line that begins with TEXT begins a display; the rest of that line is the display's title")
+                    "A line that begins with TEXT begins a display; the rest of that line is the display's\n"
+                    "title")
         ->check(separator())
         ->type_name("TEXT");
     command.add_flag("-q,--quiet", options.quiet, "Print no warnings");
