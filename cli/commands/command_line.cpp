@@ -103,14 +103,39 @@ void addEncoding(CLI::App& command, Encoding& encoding) {
         ->type_name("ENCODING");
 }
 
+/// Accepts what no line of a display begins with, as far as that can be known.
+CLI::Validator separator() {
+    const auto check = [](const std::string& text) -> std::string {
+        if (text.find_first_not_of(' ') == std::string::npos || text.find('\n') != std::string::npos) {
+            return "a separator is the beginning of a line and not blank";
+        }
+        if (text.find_first_not_of('-') != std::string::npos && text != ">") return {};
+        return "'" + text + "' is no separator, lines of displays begin with it; give a longer one";
+    };
+    return {check, ""};
+}
+
+template <class Options>
+void addSplitting(CLI::App& command, Options& options) {
+    command.add_flag("--pages", options.splitting.pages,
+                     "Join the pages of displays that were captured screen by screen: only END OF DISPLAY, a\n"
+                     "separator and the end of the file end a display, and prompts between pages are left out");
+    command
+        .add_option("--separator", options.splitting.separator,
+                    "A line that begins with TEXT begins a display; the rest of that line is the display's\n"
+                    "title")
+        ->check(separator())
+        ->type_name("TEXT");
+}
+
 void addClassAndParameters(CLI::App& command, std::string& className, std::vector<std::string>& parameters) {
     command.add_option("CLASS", className, "A transaction class, such as CPDNTrans")->required()->type_name("");
     command.add_option("KEY=VALUE", parameters, help::parameter)->type_name("");
 }
 
-void addWarnings(CLI::App& command, bool& strict, bool& quiet) {
+void addWarnings(CLI::App& command, bool& strict, bool& quiet, const char* quietMeaning = "Print no warnings") {
     command.add_flag("--strict", strict, "Exit with status 5 if there were warnings");
-    command.add_flag("-q,--quiet", quiet, "Print no warnings");
+    command.add_flag("-q,--quiet", quiet, quietMeaning);
 }
 
 void addDisplayFile(CLI::App& command, QueryOptions& options) {
@@ -122,6 +147,8 @@ void addQueryOptions(CLI::App& command, QueryOptions& options) {
     command.add_flag("--json", options.json, "Print one JSON object per display, also on a terminal")->excludes(table);
     addEncoding(command, options.encoding);
     addMaxLine(command, options.maxLine);
+    addSplitting(command, options);
+    addWarnings(command, options.strict, options.quiet);
 }
 
 // ---- Words for what the parser refuses
@@ -386,13 +413,14 @@ void CommandLine::addParse() {
     command
         .add_flag("--jsonl", parse_.areRecords, R"(Read records, one JSON object per line: {"id":1,"display":[...]})")
         ->excludes(id);
-    command.add_flag("-q,--quiet", parse_.isQuiet, "Print no totals and no progress");
     command.add_option("-j,--jobs", parse_.threads, "Parse on N threads, with the output in the same order")
         ->check(wholeNumber(1, mostThreads))
         ->type_name("N")
         ->capture_default_str();
     addEncoding(command, parse_.encoding);
     addMaxLine(command, parse_.maxLine);
+    addSplitting(command, parse_);
+    addWarnings(command, parse_.strict, parse_.quiet, "Print no warnings, no totals and no progress");
     command.footer(help::parse);
     command.callback([this] { status_ = runParse(parse_); });
 }

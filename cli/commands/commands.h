@@ -3,6 +3,7 @@
 #pragma once
 
 #include "cli/commands/display_query.h"
+#include "cli/io/chunk_reader.h"
 #include "cli/io/input_files.h"
 
 #include <cstddef>
@@ -65,9 +66,11 @@ struct ParseOptions {
     std::vector<std::string> only;  ///< the queries to be answered; empty for all
     std::optional<std::string> id;  ///< the pattern of the displays' identifiers, see `IdPattern`
     bool areRecords = false;        ///< the input is one JSON object per line
-    bool isQuiet = false;
     std::size_t threads = 1;
     std::size_t maxLine = defaultMaxLine;
+    Splitting splitting = {};
+    bool quiet = false;   ///< prints no warnings, totals and progress
+    bool strict = false;  ///< warnings are failures
 };
 
 struct ElementsOptions {

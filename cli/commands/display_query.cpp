@@ -1,9 +1,11 @@
 #include "cli/commands/display_query.h"
 
+#include "cli/commands/display_warnings.h"
 #include "cli/io/displays.h"
 #include "cli/io/failure.h"
 #include "cli/io/input_files.h"
 #include "cli/io/standard_io.h"
+#include "cli/io/warnings.h"
 #include "vantro/registry.h"
 
 #include <algorithm>
@@ -34,10 +36,13 @@ CollectionPtr ask(const Text& display, DisplayQuery query) {
 class Answers {
 public:
     Answers(const QueryOptions& options, const Question& question)
-        : options_(options), question_(question), view_(chosenView(options.table, options.json)) {}
+        : options_(options),
+          question_(question),
+          view_(chosenView(options.table, options.json)),
+          warnings_(options.quiet) {}
 
     int printAll() {
-        DisplayStream displays(options_.file, options_.maxLine, options_.encoding);
+        DisplayStream displays(options_.file, options_.maxLine, options_.encoding, options_.splitting);
         std::optional<StreamedDisplay> display = displays.next();
         if (!display) fail(inputName(options_.file) + " contains no display");
         while (display && knowsPrefix_) {
@@ -47,7 +52,8 @@ public:
             print(*display);
             display = std::move(following);
         }
-        return status_;
+        displayWarnings_.endFile(inputName(options_.file));
+        return warnings_.statusAfter(status_, options_.strict);
     }
 
 private:
@@ -55,10 +61,13 @@ private:
 
     void print(const StreamedDisplay& display) {
         if (!display.problem.empty()) {
+            displayWarnings_.skip();
             return fail(name() + ": " + asSentence(display.problem) + " The display is left out, the others are not.");
         }
+        const Text& text = display.found.text;
+        displayWarnings_.add(doubtsOf(display.found, text), name() + ": ", display.linesAbove);
         try {
-            const CollectionPtr answer = ask(display.text, question_.query());
+            const CollectionPtr answer = ask(text, question_.query());
             knowsPrefix_ = answer != nullptr;
             if (!knowsPrefix_) return fail(question_.unknown);
             writeOutput(shown(answer));
@@ -81,6 +90,8 @@ private:
     const QueryOptions& options_;
     const Question& question_;
     View view_;
+    Warnings warnings_;
+    DisplayWarnings displayWarnings_{[this](const std::string& what) { warnings_.add(what); }};
     std::size_t number_ = 0;
     bool isOneOfMany_ = false;
     bool knowsPrefix_ = true;

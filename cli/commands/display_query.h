@@ -2,6 +2,7 @@
 #pragma once
 
 #include "cli/commands/results_view.h"
+#include "cli/io/chunk_reader.h"
 #include "cli/io/input_files.h"
 #include "vantro/built_in_terminal.h"
 #include "vantro/error.h"
@@ -28,6 +29,9 @@ struct QueryOptions {
     bool json = false;
     std::size_t maxLine = defaultMaxLine;
     Encoding encoding = Encoding::ByMark;
+    Splitting splitting = {};
+    bool quiet = false;   ///< prints no warnings
+    bool strict = false;  ///< warnings are failures
 };
 
 /// The query for every display.

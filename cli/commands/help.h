@@ -83,7 +83,8 @@ inline constexpr auto parse =
     "A display is lines of up to 80 characters, or one unbroken text. It ends with the line that contains END OF\n"
     "DISPLAY or with a line of the prompt > alone. Blank lines and prompts after its end still belong to it, and\n"
     "the next other line begins another display. Lines after the last end are a display without an end.\n"
-    "Every line but a display's last is padded with blanks to 80 characters.\n"
+    "Every line but a display's last is padded with blanks to 80 characters. --pages and --separator change where a\n"
+    "display ends. Warnings say where that is doubtful and never change the output.\n"
     "\n"
     "Files that are compressed with gzip or Zstandard are unpacked. A folder stands for all files in it and in the\n"
     "folders below it, in the order of their names, without hidden ones.\n"
@@ -97,10 +98,12 @@ inline constexpr auto parse =
     "read. A line of more bytes than --max-line cannot be read, and a text without line ends is one line. After an\n"
     "interrupt, the display that is being written is completed.\n"
     "Exit status: 0 all read and answered, 1 a display was left out or not answered in full, or there was none,\n"
-    "2 bad usage or a file that cannot be read.\n"
+    "2 bad usage or a file that cannot be read, 5 with --strict: there were warnings.\n"
     "\n"
     "Examples:\n"
     "  vantro-profile parse --pretty display.txt\n"
+    "  vantro-profile parse --pages capture.txt\n"
+    "  vantro-profile parse --separator '###' displays.txt\n"
     "  vantro-profile parse -j 4 displays/*.txt > profiles.jsonl\n"
     "  vantro-profile parse --id '{name}-{display}' --compact --only PPR,RM displays/*.txt\n"
     "  vantro-profile parse --csv displays/*.txt > elements.csv\n"
@@ -111,7 +114,7 @@ inline constexpr auto manyDisplays =
     "Each display of the file gets an answer: JSON one object per line, in the order of the displays, tables with the\n"
     "display's number above them when there are several. Where a display ends: see vantro-profile parse --help.\n"
     "Exit status: 0 all answered, 1 a display was left out or not answered, or there was none, 2 bad usage or a file\n"
-    "that cannot be read.\n";
+    "that cannot be read, 5 with --strict: there were warnings.\n";
 
 /// Follows `manyDisplays`.
 inline constexpr auto elements =

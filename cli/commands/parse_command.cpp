@@ -1,5 +1,6 @@
 #include "cli/commands/chosen_queries.h"
 #include "cli/commands/commands.h"
+#include "cli/commands/display_warnings.h"
 #include "cli/commands/id_pattern.h"
 #include "cli/commands/parse_pieces.h"
 #include "cli/commands/parsed_chunk.h"
@@ -12,6 +13,7 @@
 #include "cli/io/ordered_work.h"
 #include "cli/io/progress.h"
 #include "cli/io/standard_io.h"
+#include "cli/io/warnings.h"
 #include "cli/json/input.h"
 
 #include <algorithm>
@@ -80,8 +82,9 @@ public:
     Printer(const ParseOptions& options, ProfileForm form)
         : options_(options),
           form_(form),
-          progress_(lengthInAll(options.files), errorIsTerminal() && !options.isQuiet ? writeError : Progress::Write{}),
-          records_(form, options.id ? std::optional<IdPattern>(*options.id) : std::nullopt) {
+          progress_(lengthInAll(options.files), errorIsTerminal() && !options.quiet ? writeError : Progress::Write{}),
+          records_(form, options.id ? std::optional<IdPattern>(*options.id) : std::nullopt),
+          warnings_(options.quiet) {
         beginFile();
         if (form_ == ProfileForm::Csv) out_ = csvHeader();
     }
@@ -98,8 +101,8 @@ public:
     int end() {
         progress_.hide();
         writeOutput(out_);  // the names of the columns, if there is no row
-        if (totals_.areWorthALine() && !options_.isQuiet) complain(totals_.text());
-        return status_;
+        if (totals_.areWorthALine() && !options_.quiet) complain(totals_.text());
+        return warnings_.statusAfter(status_, options_.strict);
     }
 
 private:
@@ -145,12 +148,28 @@ private:
         const std::string where = unit + std::to_string(++displays_) + ": ";
         if (const std::string problem = problemOf(display); !problem.empty()) {
             ++totals_.unreadDisplays;
-            fail(where + asSentence(problem) + " The display is left out, the others are not.");
+            fail(where + asSentence(problem) + " The other displays are not affected.");
+            displayWarnings_.skip();
             return;
         }
         ++totals_.profiles;
         totals_.unanswered += display.unansweredCount;
-        if (!display.unanswered.empty()) fail(where + "no answer to " + display.unanswered);
+        const std::string refusal = options_.areRecords ? "" : refusalOf(display, where);
+        if (!display.unanswered.empty()) {
+            fail(where + (refusal.empty() ? "no answer to " + display.unanswered : refusal));
+        }
+    }
+
+    /// Warns of what is doubtful about a display. Returns what is to be said of its unanswered queries, or "" for those
+    /// of a profile display.
+    std::string refusalOf(const ParsedDisplay& display, const std::string& where) {
+        std::string refusal = displayWarnings_.refusal(display.doubts, lines_);
+        if (display.unanswered.empty() || refusal.empty()) {
+            displayWarnings_.add(display.doubts, name() + where, lines_);
+        } else {
+            displayWarnings_.skip();
+        }
+        return refusal;
     }
 
     void beginFile() {
@@ -167,6 +186,7 @@ private:
         } else if (displays_ == 0) {
             fail(" contains no display");
         }
+        displayWarnings_.endFile(name());
         ++file_;
         beginFile();
         displays_ = 0;
@@ -185,6 +205,11 @@ private:
     RecordWriter records_;
     std::string out_;                // not written yet
     std::vector<std::size_t> ends_;  // of the records in it
+    Warnings warnings_;
+    DisplayWarnings displayWarnings_{[this](const std::string& what) {
+        progress_.hide();
+        warnings_.add(what);
+    }};
     std::size_t file_ = 0;
     std::size_t displays_ = 0;  // of this file
     std::size_t lines_ = 0;     // of this file
@@ -192,14 +217,14 @@ private:
     int status_ = success;
 };
 
-ParsedChunk parsedFrom(Piece& piece, bool areRecords, const ProfileView& view) {
-    if (!areRecords) return parseChunk(piece.text, view);
+ParsedChunk parsedFrom(Piece& piece, const ParseOptions& options, const ProfileView& view) {
+    if (!options.areRecords) return parseChunk(piece.text, options.splitting, view);
     return parseRecords(std::span(piece.text).first(piece.text.size() - jsonPadding), piece.tooLong, view);
 }
 
-Step stepOf(Piece piece, bool areRecords, const ProfileView& view) {
+Step stepOf(Piece piece, const ParseOptions& options, const ProfileView& view) {
     if (piece.endsFile) return {.parsed = {}, .endsFile = true, .failure = piece.failure};
-    return {.parsed = parsedFrom(piece, areRecords, view), .bytes = piece.bytesRead, .failure = {}};
+    return {.parsed = parsedFrom(piece, options, view), .bytes = piece.bytesRead, .failure = {}};
 }
 
 /// The files that are parsed: those of the lists follow the others.
@@ -228,7 +253,7 @@ int runParse(ParseOptions options) {
     PieceReader pieces(options);
     workInOrder(
         options.threads, [&pieces] { return pieces.next(); },
-        [&](Piece piece) { return stepOf(std::move(piece), options.areRecords, view); },
+        [&](Piece piece) { return stepOf(std::move(piece), options, view); },
         [&printer](const Step& step) { printer.take(step); });
     return printer.end();
 }

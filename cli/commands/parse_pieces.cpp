@@ -24,7 +24,7 @@ std::optional<Piece> PieceReader::next() {
 }
 
 bool PieceReader::read(Piece& piece) {
-    if (!chunks_) chunks_.emplace(openFile(), ChunkReader::defaultBlock, options_.maxLine);
+    if (!chunks_) chunks_.emplace(openFile(), ChunkReader::defaultBlock, options_.maxLine, options_.splitting);
     std::optional<std::string> chunk = chunks_->next();
     if (!chunk) return false;
     piece.text = std::move(*chunk);

@@ -41,11 +41,19 @@ void noteUnanswered(const Profile& profile, const ProfileQueries& queries, Parse
     }
 }
 
-void parse(Text text, const ProfileView& view, ParsedDisplay& display, std::string& out) {
-    const Profile profile = parseProfile(std::move(text));
+void writeProfileOf(const Profile& profile, const ProfileView& view, ParsedDisplay& display, std::string& out) {
     noteUnanswered(profile, view.members.queries, display);
     if (view.needsLocator) display.locator = toUtf8(profile.recordLocator);
     appendProfile(profile, view, out);
+}
+
+/// Parses a display of a text and notes what is doubtful about it.
+void parseFound(FoundDisplay& found, const ProfileView& view, ParsedDisplay& display, std::string& out) {
+    const TextView text = found.text;  // where the profile's views point to
+    display.doubts = doubtsOf(found, text);
+    const Profile profile = parseProfile(std::move(found.text));
+    addDoubts(profile, found, text, display.doubts);
+    writeProfileOf(profile, view, display, out);
 }
 
 /// The members of a record that are read.
@@ -76,16 +84,16 @@ private:
 
 }  // namespace
 
-ParsedChunk parseChunk(std::string_view chunk, const ProfileView& view) {
+ParsedChunk parseChunk(std::string_view chunk, const Splitting& splitting, const ProfileView& view) {
     ParsedChunk parsed;
     parsed.out.reserve(chunk.size());  // few displays' answers are longer than they are
-    ChunkDisplays displays(chunk);
+    ChunkDisplays displays(chunk, splitting);
     while (std::optional<FoundDisplay> found = displays.next()) {
         ParsedDisplay& display = parsed.displays.emplace_back();
         display.line = found->line;
         display.faulty = found->faulty;
         display.title = std::move(found->title);
-        if (found->faulty.fault == LineFault::None) parse(std::move(found->text), view, display, parsed.out);
+        if (found->faulty.fault == LineFault::None) parseFound(*found, view, display, parsed.out);
         display.outEnd = parsed.out.size();
     }
     parsed.lines = displays.lines();
@@ -103,7 +111,7 @@ ParsedChunk parseRecords(std::span<char> lines, std::span<const std::size_t> too
         } else {
             display.problem = reader.read(lines.first(length));
             display.id = reader.id();
-            if (display.problem.empty()) parse(reader.display(), view, display, parsed.out);
+            if (display.problem.empty()) writeProfileOf(parseProfile(reader.display()), view, display, parsed.out);
         }
         display.outEnd = parsed.out.size();
         display.line = ++parsed.lines;

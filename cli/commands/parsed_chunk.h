@@ -1,6 +1,7 @@
 // The displays of a chunk, parsed and written.
 #pragma once
 
+#include "cli/commands/display_doubts.h"
 #include "cli/io/displays.h"
 #include "cli/json/profile_json.h"
 
@@ -27,10 +28,11 @@ struct ParsedDisplay {
     std::size_t outEnd = 0;
     std::size_t line = 0;  ///< its first line, counted from 1 in the chunk
     FaultyLine faulty;
-    std::string problem;     ///< why its record could not be read
-    std::string id;          ///< its record's identifier as JSON; empty for none
-    std::string title;       ///< the line above it that separates it from others, or ""
-    std::string locator;     ///< only for the identifier
+    std::string problem;  ///< why its record could not be read
+    std::string id;       ///< its record's identifier as JSON; empty for none
+    std::string title;    ///< the line above it that separates it from others, or ""
+    std::string locator;  ///< only for the identifier
+    DisplayDoubts doubts;
     std::string unanswered;  ///< the queries without an answer: "NM (error 6), SR (error 5245)"
     std::size_t unansweredCount = 0;
 };
@@ -42,7 +44,7 @@ struct ParsedChunk {
 };
 
 /// Parses the displays of a chunk.
-ParsedChunk parseChunk(std::string_view chunk, const ProfileView& view);
+ParsedChunk parseChunk(std::string_view chunk, const Splitting& splitting, const ProfileView& view);
 
 /// Parses records: one JSON object per line with a "display" and, optionally, an "id". `jsonPadding` bytes follow the
 /// last line end. The lines with these indexes were too long and are left out.

@@ -39,11 +39,14 @@ struct AsciiBlock {
         return static_cast<unsigned>(_mm_movemask_epi8(_mm_cmpeq_epi8(bytes, _mm_set1_epi8(wanted))));
     }
 
-    /// The quotation marks and backslashes, and all characters below the blank or beyond ASCII.
-    unsigned specialInJson() const {
+    /// All characters below the blank or beyond ASCII.
+    unsigned outsideText() const {
         const __m128i outside = _mm_cmplt_epi8(bytes, _mm_set1_epi8(' '));  // bytes from 0x80 on are negative
-        return static_cast<unsigned>(_mm_movemask_epi8(outside)) | equal('"') | equal('\\');
+        return static_cast<unsigned>(_mm_movemask_epi8(outside));
     }
+
+    /// The same, the quotation marks and the backslashes.
+    unsigned specialInJson() const { return outsideText() | equal('"') | equal('\\'); }
 };
 
 }  // namespace vantro
@@ -71,12 +74,13 @@ struct AsciiBlock {
     }
     unsigned beyondAscii() const { return bits(vcgeq_u8(bytes, vdupq_n_u8(0x80))); }
     unsigned equal(char wanted) const { return bits(isEqual(wanted)); }
-    unsigned specialInJson() const {
-        const uint8x16_t outside = vorrq_u8(vcltq_u8(bytes, vdupq_n_u8(' ')), vcgeq_u8(bytes, vdupq_n_u8(0x80)));
-        return bits(vorrq_u8(outside, vorrq_u8(isEqual('"'), isEqual('\\'))));
-    }
+    unsigned outsideText() const { return bits(isOutsideText()); }
+    unsigned specialInJson() const { return bits(vorrq_u8(isOutsideText(), vorrq_u8(isEqual('"'), isEqual('\\')))); }
 
 private:
+    uint8x16_t isOutsideText() const {
+        return vorrq_u8(vcltq_u8(bytes, vdupq_n_u8(' ')), vcgeq_u8(bytes, vdupq_n_u8(0x80)));
+    }
     uint8x16_t isEqual(char wanted) const { return vceqq_u8(bytes, vdupq_n_u8(static_cast<std::uint8_t>(wanted))); }
     static unsigned bits(uint8x16_t set) {
         static constexpr std::uint8_t weights[size] = {1, 2, 4, 8, 16, 32, 64, 128, 1, 2, 4, 8, 16, 32, 64, 128};
@@ -118,6 +122,9 @@ struct AsciiBlock {
     }
     unsigned equal(char wanted) const {
         return bitsOf([wanted](unsigned char byte) { return byte == static_cast<unsigned char>(wanted); });
+    }
+    unsigned outsideText() const {
+        return bitsOf([](unsigned char byte) { return byte < ' ' || byte >= 0x80; });
     }
     unsigned specialInJson() const {
         return bitsOf([](unsigned char byte) { return byte < ' ' || byte >= 0x80 || byte == '"' || byte == '\\'; });

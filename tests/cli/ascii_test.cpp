@@ -40,6 +40,17 @@ TEST(Ascii, UnitsAreNarrowedUpToTheFirstOtherOne) {
     }
 }
 
+TEST(Ascii, TextIsEveryCharacterFromTheBlankToTheEndOfAscii) {
+    for (unsigned code = 0; code < 256; ++code) {
+        for (std::size_t place = 0; place < AsciiBlock::size; ++place) {
+            std::string bytes(AsciiBlock::size, '~');
+            bytes[place] = static_cast<char>(code);
+            const unsigned expected = code < 0x20 || code >= 0x80 ? 1U << place : 0;
+            EXPECT_EQ(AsciiBlock::load(bytes.data()).outsideText(), expected) << code;
+        }
+    }
+}
+
 }  // namespace
 
 }  // namespace vantro

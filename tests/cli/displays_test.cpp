@@ -21,8 +21,9 @@ ByteSource bytesOf(std::string text) {
     };
 }
 
-std::vector<std::string> chunksOf(const std::string& text, std::size_t block = ChunkReader::defaultBlock) {
-    ChunkReader reader(bytesOf(text), block);
+std::vector<std::string> chunksOf(const std::string& text, std::size_t block = ChunkReader::defaultBlock,
+                                  const Splitting& splitting = {}) {
+    ChunkReader reader(bytesOf(text), block, defaultMaxLine, splitting);
     std::vector<std::string> chunks;
     while (auto chunk = reader.next()) chunks.push_back(std::move(*chunk));
     return chunks;
@@ -36,6 +37,22 @@ std::vector<std::string> displaysOf(const std::string& text, std::size_t block =
             EXPECT_EQ(display->faulty.fault, LineFault::None);
             found.push_back(toUtf8(display->text));
         }
+    }
+    return found;
+}
+
+/// The displays as "title: text", or the fault's description.
+std::vector<std::string> titledDisplaysOf(const std::string& text, const Splitting& splitting,
+                                          std::size_t block = ChunkReader::defaultBlock) {
+    std::vector<std::string> found;
+    std::size_t linesAbove = 0;
+    for (const std::string& chunk : chunksOf(text, block, splitting)) {
+        ChunkDisplays displays(chunk, splitting);
+        while (auto display = displays.next()) {
+            const std::string fault = describe(display->faulty, linesAbove, defaultMaxLine);
+            found.push_back(display->title + ": " + (fault.empty() ? toUtf8(display->text) : fault));
+        }
+        linesAbove += displays.lines();
     }
     return found;
 }
@@ -148,6 +165,120 @@ TEST(SplitDisplays, BytesThatAreNotUtf8MakeOnlyTheirDisplayUnreadable) {
     EXPECT_EQ(displays.next()->faulty.fault, LineFault::None);
     EXPECT_EQ(displays.next()->faulty.fault, LineFault::NotUtf8);
     EXPECT_EQ(displays.next()->text, u"\u00C5");
+}
+
+// The lines of the first display of a chunk, from 1, as they are found from the rows of its text.
+std::vector<std::size_t> lineNumbersOf(const FoundDisplay& display) {
+    std::vector<std::size_t> numbers;
+    for (std::size_t row = 0; row * 80 < display.text.size(); ++row) numbers.push_back(display.lineOf(row));
+    return numbers;
+}
+
+TEST(FoundDisplay, KnowsItsFirstLineAndItsEnd) {
+    ChunkDisplays displays("\nA\nEND OF DISPLAY\n>\n\nB\n>\n>\nC");
+    const auto first = displays.next();
+    EXPECT_EQ(first->line, 1U);
+    EXPECT_EQ(first->end, DisplayEnd::EndText);
+    const auto second = displays.next();
+    EXPECT_EQ(second->line, 6U);
+    EXPECT_EQ(second->end, DisplayEnd::Prompt);
+    const auto third = displays.next();
+    EXPECT_EQ(third->line, 9U);
+    EXPECT_EQ(third->end, DisplayEnd::None);
+    EXPECT_EQ(lineNumbersOf(*second), (std::vector<std::size_t>{6, 7, 8}));
+}
+
+TEST(FoundDisplay, NamesLinesWithControlCharactersAnywhereInTheChunk) {
+    for (std::size_t place = 0; place < 80; ++place) {
+        std::string line(80, 'x');
+        line[place] = '\t';
+        const std::string chunk = "A\nB\r\n" + line + "\r\nC\n" + line + "\n" + std::string(100, '\n') + ">\n";
+        ChunkDisplays displays(chunk);
+        const auto display = displays.next();
+        EXPECT_EQ(display->controlLines, (std::vector<std::size_t>{3, 5})) << place;
+        EXPECT_EQ(toUtf8(display->text.substr(160, 80)), line) << place;
+        EXPECT_EQ(display->faulty.fault, LineFault::None);
+    }
+}
+
+TEST(FoundDisplay, ATextKeepsItsMemoryWhenItIsMoved) {
+    ChunkDisplays displays("A");
+    auto display = displays.next();
+    const TextView text = display->text;
+    const Text moved = std::move(display->text);
+    EXPECT_EQ(moved.data(), text.data());
+}
+
+TEST(Separators, BeginDisplaysAndNameThem) {
+    const Splitting equalSigns{.separator = "=="};
+    const std::string text =
+        "== FIRST  OF ALL \nA\n>\n==SECOND\r\nB\nC\n==\nD\nEND OF DISPLAY\n>\nE\n  == NOT ONE\n==  \xC3\x85\nF\n";
+    const Displays expected{"FIRST  OF ALL: " + padded("A") + ">", "SECOND: " + padded("B") + "C",
+                            ": " + padded("D") + padded("END OF DISPLAY") + ">", ": " + padded("E") + "  == NOT ONE",
+                            "\xC3\x85: F"};
+    EXPECT_EQ(titledDisplaysOf(text, equalSigns), expected);
+    for (std::size_t block = 1; block < 90; ++block) {
+        EXPECT_EQ(titledDisplaysOf(text, equalSigns, block), expected) << block;
+    }
+}
+
+TEST(Separators, ATitleWithoutADisplayIsReportedAndOthersAreSkipped) {
+    const Splitting hyphens{.separator = "--"};
+    EXPECT_EQ(titledDisplaysOf("\n--\n\n-- ONE\n\n-- TWO\nA\n--\n--\n\n-- THREE\n\n", hyphens),
+              (Displays{"ONE: no display follows the separator in line 4", "TWO: A",
+                        "THREE: no display follows the separator in line 11"}));
+    EXPECT_EQ(titledDisplaysOf("A\n>\n--\n", hyphens), Displays{": " + padded("A") + ">"});
+}
+
+TEST(Separators, BlankLinesBelowOneBelongToTheDisplay) {
+    EXPECT_EQ(titledDisplaysOf("--\n\nA\n", {.separator = "--"}), Displays{": " + padded("") + "A"});
+}
+
+TEST(Pages, AreJoinedUpToTheEndText) {
+    const Splitting pages{.pages = true};
+    const std::string text =
+        "A\nB\n>\nC\n\n\n>PDMD\nPDMD\n\n D\n  END OF BLOCK - USE PDMD\n>\nE\nEND OF DISPLAY\n>\nF\n>\n";
+    const Displays expected{
+        ": " + padded("A") + padded("B") + padded("C") + padded(" D") + padded("E") + padded("END OF DISPLAY") + ">",
+        ": " + padded("F") + ">"};
+    EXPECT_EQ(titledDisplaysOf(text, pages), expected);
+    for (std::size_t block = 1; block < 120; ++block)
+        EXPECT_EQ(titledDisplaysOf(text, pages, block), expected) << block;
+}
+
+TEST(Pages, EndAtSeparators) {
+    EXPECT_EQ(titledDisplaysOf("== X\nA\n>\nB\n>\n== Y\nC\n>\n", {.pages = true, .separator = "=="}),
+              (Displays{"X: " + padded("A") + padded("B") + ">", "Y: " + padded("C") + ">"}));
+}
+
+TEST(Pages, BlankLinesAndTheWordPdmdInsideAPageRemain) {
+    EXPECT_EQ(titledDisplaysOf("A\n\nPDMD\n>\nB\n", {.pages = true}),
+              Displays{": " + padded("A") + padded("") + padded("PDMD") + "B"});
+}
+
+TEST(Pages, LeaveTheNumbersOfLinesCorrect) {
+    const Splitting pages{.pages = true};
+    ChunkDisplays displays("A\nB\n\n>\nC\n>\nPDMD\nD\n\tE\nEND OF DISPLAY\n", pages);
+    const auto display = displays.next();
+    EXPECT_EQ(lineNumbersOf(*display), (std::vector<std::size_t>{1, 2, 5, 8, 9, 10}));
+    EXPECT_EQ(display->controlLines, std::vector<std::size_t>{9});
+    EXPECT_EQ(displays.lines(), 10U);
+}
+
+TEST(Pages, AJoinedTextIsTheSameForEveryLengthOfAPage) {
+    std::string whole;
+    for (int i = 0; i < 60; ++i)
+        whole += std::string(static_cast<std::size_t>(1 + i), static_cast<char>('A' + i % 26)) + "\n";
+    const std::string end = "END OF DISPLAY\n";
+    for (std::size_t length = 1; length < 62; ++length) {
+        std::string paged;
+        std::size_t lines = 0;
+        for (const char byte : whole) {
+            paged += byte;
+            if (byte == '\n' && ++lines % length == 0) paged += ">\n";
+        }
+        EXPECT_EQ(titledDisplaysOf(paged + end, {.pages = true}), titledDisplaysOf(whole + end, {})) << length;
+    }
 }
 
 TEST(Chunks, ContainWholeDisplaysAndTheWholeText) {

@@ -133,7 +133,7 @@ TEST(Notes, AreFilteredByTextAndQualifierAndKeepTheirNumbers) {
 }
 
 TEST(Notes, WithoutAnEndFail) {
-    expectRefused(runTool({"notes"}, "PDR\n------- PROFILE NOTES\nA ONE\n"), 1, "error 5500 ");
+    expectRefused(runTool({"notes", "--quiet"}, "PDR\n------- PROFILE NOTES\nA ONE\n"), 1, "error 5500 ");
 }
 
 // files of many displays

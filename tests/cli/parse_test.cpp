@@ -219,7 +219,7 @@ TEST(Parse, BytesThatAreNotUtf8AffectTheirDisplayOnly) {
 
 TEST(Parse, QueriesWithoutAnAnswerAreListedAndReported) {
     const std::string unended = "PDR/H4T9QZ\n*T*                    H4T9QZ\n------- PROFILE NOTES\nA ONE\n";
-    const Finished run = runTool({"parse"}, contentOf(sample("minimal")) + unended);
+    const Finished run = runTool({"parse", "--quiet"}, contentOf(sample("minimal")) + unended);
     ASSERT_EQ(linesOf(run.out).size(), 2U);
     EXPECT_EQ(linesOf(run.out)[0] + "\n", expectedLine("minimal"));
     // The notes' own number is for a direct count; the query raises 5500.

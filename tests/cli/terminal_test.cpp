@@ -77,7 +77,7 @@ TEST(Terminal, ProfilesAndResultsKeepToItsWidthToo) {
     for (const std::vector<std::string>& arguments :
          {std::vector<std::string>{"parse", profile}, {"elements", "PPR", profile}, {"notes", profile}}) {
         std::vector<std::string> withoutColor = arguments;
-        withoutColor.insert(withoutColor.end(), {"--color", "never"});
+        withoutColor.insert(withoutColor.end(), {"--color", "never", "--quiet"});
         const std::string out = runToolOnTerminal(60, withoutColor).out;
         EXPECT_LE(longestLine(out), 60U) << out;
         withoutColor.emplace_back("--table");
