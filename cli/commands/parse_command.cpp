@@ -178,9 +178,12 @@ private:
     std::optional<ChunkReader> chunks_;
 };
 
-Step stepOf(const Piece& piece, const Splitting& splitting, ProfileForm form) {
+Step stepOf(const Piece& piece, const ParseOptions& options, ProfileForm form) {
     if (piece.endsFile) return {.parsed = {}, .endsFile = true, .failure = piece.failure};
-    return {.parsed = parseChunk(piece.text, splitting, form), .bytes = piece.bytesRead, .failure = {}};
+    const bool usesWarnings = !options.quiet || options.strict;
+    return {.parsed = parseChunk(piece.text, options.splitting, form, usesWarnings),
+            .bytes = piece.bytesRead,
+            .failure = {}};
 }
 
 /// The files that are parsed: those of the lists follow the others.
@@ -209,7 +212,7 @@ int runParse(ParseOptions options) {
     PieceReader pieces(options);
     workInOrder(
         options.threads, [&pieces] { return pieces.next(); },
-        [&options, form](const Piece& piece) { return stepOf(piece, options.splitting, form); },
+        [&options, form](const Piece& piece) { return stepOf(piece, options, form); },
         [&printer](const Step& step) { printer.take(step); });
     return printer.status();
 }

@@ -33,7 +33,7 @@ std::string unansweredIn(const Profile& profile) {
 
 }  // namespace
 
-ParsedChunk parseChunk(std::string_view chunk, const Splitting& splitting, ProfileForm form) {
+ParsedChunk parseChunk(std::string_view chunk, const Splitting& splitting, ProfileForm form, bool findsUnread) {
     ParsedChunk parsed;
     parsed.out.reserve(chunk.size());  // few displays' answers are longer than they are
     ChunkDisplays displays(chunk, splitting);
@@ -44,7 +44,8 @@ ParsedChunk parseChunk(std::string_view chunk, const Splitting& splitting, Profi
             const TextView text = found->text;  // where the profile's views point to
             display.doubts = doubtsOf(*found, text);
             const Profile profile = parseProfile(std::move(found->text));
-            addDoubts(profile, *found, text, display.doubts);
+            addElements(profile, display.doubts);
+            if (findsUnread) addUnread(profile, *found, text, display.doubts);
             display.unanswered = unansweredIn(profile);
             appendProfile(profile, form, parsed.out);
         }

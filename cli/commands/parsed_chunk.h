@@ -29,6 +29,7 @@ struct ParsedChunk {
     std::size_t lines = 0;
 };
 
-ParsedChunk parseChunk(std::string_view chunk, const Splitting& splitting, ProfileForm form);
+/// Parses the displays of a chunk. Without `findsUnread`, lines that nothing was read from are not searched for.
+ParsedChunk parseChunk(std::string_view chunk, const Splitting& splitting, ProfileForm form, bool findsUnread);
 
 }  // namespace vantro
