@@ -113,8 +113,11 @@ DisplayDoubts doubtsOf(const FoundDisplay& display, TextView text) {
     return doubts;
 }
 
-void addDoubts(const Profile& profile, const FoundDisplay& display, TextView text, DisplayDoubts& doubts) {
+void addElements(const Profile& profile, DisplayDoubts& doubts) {
     doubts.isProfile = doubts.isProfile || containsElement(profile);
+}
+
+void addUnread(const Profile& profile, const FoundDisplay& display, TextView text, DisplayDoubts& doubts) {
     if (display.end == DisplayEnd::None) return;
     for (const std::size_t row : unreadRows(profile, text)) doubts.unread.push_back(display.lineOf(row));
 }

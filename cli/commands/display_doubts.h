@@ -30,8 +30,11 @@ bool beginsLikeDisplay(TextView display);
 /// Examines a display of which nothing is read yet. The display's text may have been moved; `text` is that text.
 DisplayDoubts doubtsOf(const FoundDisplay& display, TextView text);
 
-/// Adds what the profile shows that was read from the same text. In a display without an end hardly any query has an
-/// answer, and its unread lines are not listed.
-void addDoubts(const Profile& profile, const FoundDisplay& display, TextView text, DisplayDoubts& doubts);
+/// A display with elements is a profile.
+void addElements(const Profile& profile, DisplayDoubts& doubts);
+
+/// Adds the lines from which the profile was not read. In a display without an end hardly any query has an answer, and
+/// its unread lines are not listed.
+void addUnread(const Profile& profile, const FoundDisplay& display, TextView text, DisplayDoubts& doubts);
 
 }  // namespace vantro

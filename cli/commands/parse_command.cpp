@@ -37,7 +37,8 @@ ProfileForm formFor(const ParseOptions& options) {
 ProfileView viewFor(const ParseOptions& options) {
     return {.form = formFor(options),
             .members = {.queries = chosenQueries(options.only), .isCompact = options.compact},
-            .needsLocator = options.id.has_value()};
+            .needsLocator = options.id.has_value(),
+            .findsUnread = !options.quiet || options.strict};
 }
 
 /// A piece of one of the files, parsed, or the end of the file.
@@ -56,10 +57,8 @@ struct Totals {
     std::size_t unreadDisplays = 0;
     std::size_t unanswered = 0;
 
-    /// True if the output alone does not show how much was read.
-    bool areWorthALine() const {
-        return files > 1 || profiles + unreadDisplays > 1 || unreadDisplays > 0 || unanswered > 0;
-    }
+    /// False if one display was read: everything is said of it.
+    bool areWorthALine() const { return files > 1 || profiles + unreadDisplays > 1; }
 
     std::string text() const {
         std::string line;

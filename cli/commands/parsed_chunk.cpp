@@ -52,7 +52,8 @@ void parseFound(FoundDisplay& found, const ProfileView& view, ParsedDisplay& dis
     const TextView text = found.text;  // where the profile's views point to
     display.doubts = doubtsOf(found, text);
     const Profile profile = parseProfile(std::move(found.text));
-    addDoubts(profile, found, text, display.doubts);
+    addElements(profile, display.doubts);
+    if (view.findsUnread) addUnread(profile, found, text, display.doubts);
     writeProfileOf(profile, view, display, out);
 }
 

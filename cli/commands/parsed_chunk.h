@@ -20,6 +20,7 @@ struct ProfileView {
     ProfileForm form = ProfileForm::JsonLine;
     ProfileMembers members = {};
     bool needsLocator = false;  ///< for the identifier
+    bool findsUnread = false;   ///< notes the lines that nothing was read from
 };
 
 /// One parsed display of a chunk. Its output ends at `outEnd` in the chunk's output and begins where the output of the

@@ -21,6 +21,9 @@ bool containsControl(std::string_view line) {
     return std::ranges::any_of(line, [](char byte) { return static_cast<unsigned char>(byte) < ' '; });
 }
 
+/// True if the separator above the display has a title, even one that cannot be read.
+bool isNamed(const FoundDisplay& display) { return !display.title.empty() || display.faulty.fault != LineFault::None; }
+
 /// For a line whose text begins with "*" or ">".
 void noteMark(std::string_view line, std::size_t row, FoundDisplay& display) {
     if (!line.starts_with(' ')) display.markRows.push_back(row);
@@ -76,14 +79,18 @@ std::string_view ChunkDisplays::lineHere() const { return withoutCarriageReturn(
 
 /// Reads the separator above the display, if there is one. Of several in a row the first one with a title counts.
 void ChunkDisplays::takeSeparators(FoundDisplay& display) {
-    while (!separator_.empty() && display.title.empty()) {
+    while (!separator_.empty() && !isNamed(display)) {
         const std::size_t content = rest_.find_first_not_of(" \r\n");
         const std::size_t lineEnd = content == std::string_view::npos ? content : rest_.rfind('\n', content);
         const std::string_view below = lineEnd == std::string_view::npos ? rest_ : rest_.substr(lineEnd + 1);
         if (!isSeparator(below, separator_)) return;
         while (rest_.size() > below.size()) takeLine(rest_.find('\n'));
-        display.title = trimmed(lineHere().substr(separator_.size()));
-        takeLine(rest_.find('\n'));
+        const std::string_view line = takeLine(rest_.find('\n'));
+        if (isUtf8(line)) {
+            display.title = trimmed(line.substr(separator_.size()));
+        } else {
+            display.faulty = {.fault = LineFault::NotUtf8, .line = line_};
+        }
     }
 }
 
@@ -142,8 +149,12 @@ std::optional<FoundDisplay> ChunkDisplays::next() {
         if (endText_ < line.data() + line.size()) display.end = DisplayEnd::EndText;
         length = isWidened && line.size() <= screenWidth ? start + line.size() : add(line, start, display);
     }
-    if (length == 0 && display.title.empty()) return std::nullopt;
-    if (length == 0) display.faulty = {.fault = LineFault::NothingBelow, .line = display.line - 1};
+    if (length == 0) {
+        if (!isNamed(display)) return std::nullopt;
+        if (display.faulty.fault == LineFault::None) {
+            display.faulty = {.fault = LineFault::NothingBelow, .line = display.line - 1};
+        }
+    }
     longest_ = std::max(longest_, display.text.size());
     display.text.resize(std::min(length, display.text.size()));
     return display;

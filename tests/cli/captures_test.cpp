@@ -37,6 +37,7 @@ std::vector<std::string> warningsIn(const Finished& run) {
     const std::string start = "vantro-profile: warning: standard input";
     std::vector<std::string> warnings;
     for (const std::string& line : linesOf(run.err)) {
+        if (line.find(" profiles") != std::string::npos) continue;  // the totals
         EXPECT_TRUE(line.starts_with(start)) << line;
         warnings.push_back(line.substr(std::min(line.size(), start.size() + 2)));
     }
@@ -44,6 +45,15 @@ std::vector<std::string> warningsIn(const Finished& run) {
 }
 
 using Lines = std::vector<std::string>;
+
+/// Records without their sources: where a display is depends on the lines above it.
+std::string withoutSources(std::string records) {
+    const std::string start = R"({"source":)";
+    for (std::size_t at = records.find(start); at != std::string::npos; at = records.find(start, at + 1)) {
+        records.erase(at + 1, records.find("},", at) + 1 - at);
+    }
+    return records;
+}
 
 TEST(Captures, PagesAreJoinedWithPagesOnly) {
     const std::string display = sample("every_family");
@@ -79,8 +89,8 @@ TEST(Captures, PagesOfManyDisplaysAreJoinedOnAnyNumberOfThreads) {
     const Finished whole = runTool({"parse"}, displays);
     for (const char* threads : {"1", "3"}) {
         const Finished run = runTool({"parse", "--pages", "-j", threads}, pages);
-        EXPECT_TRUE(run.out == whole.out) << threads;
-        EXPECT_EQ(run.err, "");
+        EXPECT_TRUE(withoutSources(run.out) == withoutSources(whole.out)) << threads;
+        EXPECT_EQ(run.err, "vantro-profile: 400 profiles.\n");
     }
 }
 
@@ -97,8 +107,9 @@ TEST(Captures, DisplaysWithoutAnEndBetweenThemAreToldAndSplitAtSeparators) {
 
     const std::string separated = "### one\n" + sample("every_family") + "### two\n" + sample("minimal");
     const Finished both = runTool({"parse", "--separator", "###", "--strict"}, separated);
-    EXPECT_EQ(both.out, runTool({"parse"}, sample("every_family") + sample("minimal")).out);
-    EXPECT_EQ(both.err, "");
+    const Finished ended = runTool({"parse"}, sample("every_family") + sample("minimal"));
+    EXPECT_EQ(withoutSources(both.out), withoutSources(ended.out));
+    EXPECT_EQ(both.err, "vantro-profile: 2 profiles.\n");
     EXPECT_EQ(both.status, 0);
 }
 
@@ -119,9 +130,10 @@ TEST(Captures, ASeparatorMayBeginWithHyphensButNotLikeLinesOfADisplay) {
 TEST(Captures, ATitleWithoutADisplayIsAFailureOfItsOwn) {
     const Finished run = runTool({"parse", "--separator", "##"}, "## one\n\n## two\n" + sample("minimal"));
     EXPECT_EQ(run.err,
-              "vantro-profile: standard input, display 1: no display follows the separator in line 1. The display is "
-              "left out, the others are not.\n");
-    EXPECT_EQ(linesOf(run.out).size(), 1U);
+              "vantro-profile: standard input, display 1: no display follows the separator in line 1. The other "
+              "displays are not affected.\n"
+              "vantro-profile: 1 profile, 1 display could not be read.\n");
+    EXPECT_EQ(linesOf(run.out).size(), 2U);
     EXPECT_EQ(run.status, 1);
 }
 

@@ -23,7 +23,8 @@ DisplayDoubts doubtsAbout(const std::string& chunk, const Splitting& splitting =
     const TextView text = found->text;
     DisplayDoubts doubts = doubtsOf(*found, text);
     const Profile profile = parseProfile(std::move(found->text));
-    addDoubts(profile, *found, text, doubts);
+    addElements(profile, doubts);
+    addUnread(profile, *found, text, doubts);
     return doubts;
 }
 

@@ -230,6 +230,13 @@ TEST(Separators, ATitleWithoutADisplayIsReportedAndOthersAreSkipped) {
     EXPECT_EQ(titledDisplaysOf("A\n>\n--\n", hyphens), Displays{": " + padded("A") + ">"});
 }
 
+TEST(Separators, ATitleThatIsNotUtf8MakesItsDisplayUnreadable) {
+    EXPECT_EQ(titledDisplaysOf("## ONE\nA\n##\xFF\nB\n## THREE\nC\n", {.separator = "##"}),
+              (Displays{"ONE: A", ": line 3 is not UTF-8", "THREE: C"}));
+    EXPECT_EQ(titledDisplaysOf("##\xFF\n\n## TWO\nC\n", {.separator = "##"}),
+              (Displays{": line 1 is not UTF-8", "TWO: C"}));
+}
+
 TEST(Separators, BlankLinesBelowOneBelongToTheDisplay) {
     EXPECT_EQ(titledDisplaysOf("--\n\nA\n", {.separator = "--"}), Displays{": " + padded("") + "A"});
 }

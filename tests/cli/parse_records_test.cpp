@@ -77,13 +77,14 @@ TEST(ParseRecords, OnlySomeQueriesAreAnswered) {
 }
 
 TEST(ParseRecords, AQueryThatIsNotAskedForMayFail) {
-    const std::string unended = "PDR/H4T9QZ\nNO END\n";
+    const std::string unended = "PDR/H4T9QZ\n*T*\n";
     EXPECT_EQ(runTool({"parse", "--only", "RECLOC"}, unended).status, 0);
     const Finished run = runTool({"parse", "--only", "RECLOC,RM"}, unended);
     EXPECT_EQ(run.status, 1);
     EXPECT_EQ(run.err,
-              "vantro-profile: standard input, display 1: no answer to RM (error 5260).\n"
-              "vantro-profile: 1 profile, 1 query without an answer.\n");
+              "vantro-profile: warning: standard input, display 1: the display from line 1 on has no end, "
+              "neither END OF DISPLAY nor a prompt.\n"
+              "vantro-profile: standard input, display 1: no answer to RM (error 5260).\n");
 }
 
 TEST(ParseRecords, TotalsAreTheLastLineUnlessQuiet) {
@@ -131,7 +132,7 @@ TEST(ParseRecords, ALineThatIsNoRecordIsAnErrorInItsPosition) {
                             error(7, "", "display: line 1 has 81 characters"), error(8, "", "not JSON"),
                             R"({"source":{"file":"-","display":9,"line":9},"id":9})"));
     EXPECT_EQ(run.status, 1);
-    EXPECT_THAT(run.err, HasSubstr("standard input, line 3: display: the member is missing. The display is left out"));
+    EXPECT_THAT(run.err, HasSubstr("standard input, line 3: display: the member is missing. The other displays"));
     EXPECT_THAT(run.err, testing::EndsWith("vantro-profile: 1 profile, 8 displays could not be read.\n"));
 }
 

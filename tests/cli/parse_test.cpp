@@ -99,7 +99,7 @@ INSTANTIATE_TEST_SUITE_P(Sample, ParseSample, testing::ValuesIn(sampleNames()),
                          [](const auto& test) { return test.param; });
 
 TEST_P(ParseSample, PrettyIsTheExpectedFileByteForByte) {
-    const Finished run = runTool({"parse", "--pretty", sample(GetParam())});
+    const Finished run = runTool({"parse", "--quiet", "--pretty", sample(GetParam())});
     EXPECT_EQ(run.out, expected(GetParam(), {.file = sample(GetParam())}));
     EXPECT_EQ(run.err, "");
     EXPECT_EQ(run.status, 0);
@@ -201,12 +201,12 @@ TEST(Parse, TheLastLineOfADisplayDoesNotPadTheNextOne) {
 TEST(Parse, ALineThatIsTooLongAffectsItsDisplayOnly) {
     const std::string minimal = contentOf(sample("minimal"));
     const TemporaryFile file(minimal + "PDR/X\n" + std::string(81, 'X') + "\n>\n" + minimal);
-    const Finished run = runTool({"parse", file.path(), sample("company")});
+    const Finished run = runTool({"parse", file.path(), sample("every_family")});
     EXPECT_EQ(run.out, expectedLine("minimal", {.file = file.path()}) +
                            errorLine({.file = file.path(), .display = 2, .line = 5},
                                      "line 6 has 81 characters, a screen line has 80 at most") +
                            expectedLine("minimal", {.file = file.path(), .display = 3, .line = 8}) +
-                           expectedLineOfFile("company"));
+                           expectedLineOfFile("every_family"));
     expectRefused(run, 1, file.path() + ", display 2: line 6 has 81 characters",
                   "2 files, 3 profiles, 1 display could not be read");
 }
@@ -229,8 +229,9 @@ TEST(Parse, QueriesWithoutAnAnswerAreListedAndReported) {
         << run.out;
     EXPECT_NE(linesOf(run.out)[1].find(R"json("notes":[],"problems":[)json"), std::string::npos) << run.out;
     // All families but RC, whose search ends at the header; the company name, PIN, PSL and the notes.
-    const std::string unanswered = "2 profiles, 32 queries without an answer";
-    expectRefused(run, 1, "standard input, display 2: no answer to ", unanswered);
+    const std::string unanswered = "vantro-profile: 2 profiles, 32 queries without an answer.\n";
+    expectRefused(run, 1, "standard input, display 2: no answer to ");
+    EXPECT_TRUE(runTool({"parse"}, contentOf(sample("minimal")) + unended).err.ends_with(unanswered));
     EXPECT_NE(run.err.find("ProfileNotes (error 5500)"), std::string::npos) << run.err;
 }
 
@@ -243,8 +244,8 @@ TEST(Parse, AFileWithoutADisplayIsReported) {
 }
 
 TEST(Parse, AFileThatCannotBeReadDoesNotStopTheOthers) {
-    const Finished run = runTool({"parse", sample("minimal"), "/no/such/file", sample("company")});
-    EXPECT_EQ(run.out, expectedLineOfFile("minimal") + expectedLineOfFile("company"));
+    const Finished run = runTool({"parse", sample("minimal"), "/no/such/file", sample("every_family")});
+    EXPECT_EQ(run.out, expectedLineOfFile("minimal") + expectedLineOfFile("every_family"));
     expectRefused(run, 2, "cannot read the file '/no/such/file'", "3 files, 2 profiles, 1 file could not be read");
     expectRefused(runTool({"parse", "/"}), 2, "'/'");
 }
