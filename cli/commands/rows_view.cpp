@@ -81,7 +81,7 @@ std::string tableOf(const ClassRow& row, const ListRows& found) {
     for (const std::string& name : columnNames(row)) titles.push_back(asTitle(name));
     Table table(titles);
     for (const ListRow& entry : found.rows) table.add(cellsOf(row, entry));
-    return table.text() + (found.continues ? "The list continues: send PDMD for its next block.\n" : "");
+    return table.text(outputLook()) + (found.continues ? "The list continues: send PDMD for its next block.\n" : "");
 }
 
 RowsView rowsView(const VerifyOptions& options) {
