@@ -115,6 +115,12 @@ CLI::Validator separator() {
     return {check, ""};
 }
 
+void addLenient(CLI::App& command, bool& isLenient) {
+    command.add_flag("--lenient", isLenient,
+                     "Cut lines over 80 characters and replace bytes that are not UTF-8, with a warning,\n"
+                     "instead of refusing them");
+}
+
 template <class Options>
 void addSplitting(CLI::App& command, Options& options) {
     command.add_flag("--pages", options.splitting.pages,
@@ -126,6 +132,7 @@ void addSplitting(CLI::App& command, Options& options) {
                     "title")
         ->check(separator())
         ->type_name("TEXT");
+    addLenient(command, options.splitting.isLenient);
 }
 
 void addClassAndParameters(CLI::App& command, std::string& className, std::vector<std::string>& parameters) {
@@ -341,6 +348,7 @@ void CommandLine::addVerify() {
         ->excludes("--json");
     addEncoding(command, verify_.encoding);
     addMaxLine(command, verify_.maxLine);
+    addLenient(command, verify_.lenient);
     addWarnings(command, verify_.strict, verify_.quiet);
     command.footer(help::verify);
     command.callback([this] { status_ = runVerify(verify_); });

@@ -35,9 +35,10 @@ struct VerifyOptions {
     Encoding encoding = Encoding::ByMark;
     bool table = false;
     bool json = false;
-    bool csv = false;    ///< with `rows`
-    bool count = false;  ///< asks for the class's counts instead of its results
-    bool rows = false;   ///< asks for the rows of the list instead of the results
+    bool csv = false;      ///< with `rows`
+    bool count = false;    ///< asks for the class's counts instead of its results
+    bool rows = false;     ///< asks for the rows of the list instead of the results
+    bool lenient = false;  ///< cuts long lines and replaces bytes that are not UTF-8
     bool strict = false;
     bool quiet = false;
     std::size_t maxLine = defaultMaxLine;

@@ -105,6 +105,8 @@ DisplayDoubts doubtsOf(const FoundDisplay& display, TextView text) {
         .beginsLikeDisplay = beginsLikeDisplay(text),
         .end = display.end,
         .controlLines = display.controlLines,
+        .cutLines = display.cutLines,
+        .mendedLines = display.mendedLines,
         .unread = {},
     };
     RowNotes notes(display, text, doubts);

@@ -17,6 +17,8 @@ struct DisplayDoubts {
     bool isProfile = false;          ///< has a profile's mark, a section or an element
     DisplayEnd end = DisplayEnd::None;
     std::vector<std::size_t> controlLines = {};  ///< with tabs or other control characters
+    std::vector<std::size_t> cutLines = {};      ///< too long, cut
+    std::vector<std::size_t> mendedLines = {};   ///< with bytes that are not UTF-8, replaced
     std::size_t moveDown = 0;                    ///< the first line inside the display that moves to its next page
     std::size_t secondHead = 0;                  ///< the mark below which a second display seems to begin
     std::vector<std::size_t> unread = {};        ///< lines of sections that nothing was read from

@@ -34,6 +34,12 @@ std::string DisplayWarnings::refusal(const DisplayDoubts& doubts, std::size_t li
 void DisplayWarnings::add(const DisplayDoubts& doubts, const std::string& where, std::size_t linesAbove) {
     const std::string refused = refusal(doubts, linesAbove);
     const bool isPageOfDisplay = isPage(doubts);
+    if (!doubts.cutLines.empty()) {
+        warn(CutLines, where + lineNames(doubts.cutLines, linesAbove) + " cut after 80 characters");
+    }
+    if (!doubts.mendedLines.empty()) {
+        warn(MendedLines, where + "bytes that are not UTF-8 replaced in " + lineNames(doubts.mendedLines, linesAbove));
+    }
     pageMayFollow_ = doubts.end == DisplayEnd::Prompt && refused.empty();
     if (!refused.empty()) return warn(NoProfile, where + refused);
     if (isPageOfDisplay || doubts.moveDown != 0) {
@@ -63,6 +69,8 @@ void DisplayWarnings::endFile(const std::string& name) {
         "like further pages",
         "without a mark, a section or an element",
         "with tabs or other control characters",
+        "with lines cut after 80 characters",
+        "with bytes replaced that are not UTF-8",
         "with a second mark",
         "without an end",
         "with lines that nothing was read from",

@@ -33,7 +33,17 @@ public:
     void endFile(const std::string& name);
 
 private:
-    enum Kind : std::size_t { Pages, NoProfile, ControlCharacters, SecondHead, NoEnd, UnreadLines, kinds };
+    enum Kind : std::size_t {
+        Pages,
+        NoProfile,
+        ControlCharacters,
+        CutLines,
+        MendedLines,
+        SecondHead,
+        NoEnd,
+        UnreadLines,
+        kinds
+    };
 
     bool isPage(const DisplayDoubts& doubts) const { return pageMayFollow_ && !doubts.beginsLikeDisplay; }
     void warn(Kind kind, const std::string& what);

@@ -115,13 +115,14 @@ std::string rowsText(const ClassRow& row, const ListRows& found, RowsView view) 
     return jsonOf(row, found);
 }
 
-void showRows(const ClassRow& row, TextView screen, const CollectionPtr& state, const VerifyOptions& options) {
+int showRows(const ClassRow& row, TextView screen, const CollectionPtr& state, const VerifyOptions& options,
+             Warnings& warnings) {
     const ListRows found = readRows(row, screen, state);
-    if (!found.isList) {
-        Warnings().add("the screen shows no list that " + toUtf8(row.name) +
-                       " reads; a screen that continues a list may need --state with the results of the one before");
-    }
     writeOutput(rowsText(row, found, rowsView(options)));
+    if (found.isList) return warnings.statusAfter(success, options.strict);
+    warnings.add("the screen shows no list that " + toUtf8(row.name) +
+                 " reads; a screen that continues a list may need --state with the results of the one before");
+    return screenNotRecognised;
 }
 
 }  // namespace vantro

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "cli/commands/commands.h"
+#include "cli/io/warnings.h"
 #include "vantro/collection.h"
 #include "vantro/registry.h"
 
@@ -29,7 +30,8 @@ void requireLists(const ClassRow& row);
 /// JSON is one array with an object for each row; CSV and table begin with the names of the columns.
 std::string rowsText(const ClassRow& row, const ListRows& found, RowsView view);
 
-/// Reads the screen and writes its rows to standard output.
-void showRows(const ClassRow& row, TextView screen, const CollectionPtr& state, const VerifyOptions& options);
+/// Reads the screen, writes its rows to standard output and returns the exit status. Warns of a screen without a list.
+int showRows(const ClassRow& row, TextView screen, const CollectionPtr& state, const VerifyOptions& options,
+             Warnings& warnings);
 
 }  // namespace vantro

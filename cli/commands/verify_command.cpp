@@ -14,6 +14,8 @@
 #include "cli/io/warnings.h"
 
 #include <memory>
+#include <string>
+#include <vector>
 
 namespace vantro {
 
@@ -34,7 +36,7 @@ std::shared_ptr<BuiltInCollection> collectionFor(const VerifyOptions& options) {
     return collection;
 }
 
-Text screenFor(const VerifyOptions& options) {
+Text screenFor(const VerifyOptions& options, Warnings& warnings) {
     const bool fromInput = isStandardInput(options.screenFile);
     if (fromInput && options.stateFile == "-") {
         throw UsageError("standard input cannot be both screen and state; name a file with --screen or --state");
@@ -42,7 +44,12 @@ Text screenFor(const VerifyOptions& options) {
     if (fromInput && inputIsTerminal()) {
         complain("reading the screen from standard input; end it with the end-of-file key");
     }
-    return screenFromText(readAll(options.screenFile, options.maxLine, options.encoding));
+    const std::string text = readAll(options.screenFile, options.maxLine, options.encoding);
+    if (!options.lenient) return screenFromText(text);
+    std::vector<std::string> faults;
+    Text screen = lenientScreen(text, faults);
+    for (const std::string& fault : faults) warnings.add(fault);
+    return screen;
 }
 
 // The counts of a class as a collection, so that they are shown like results.
@@ -70,12 +77,9 @@ int runVerify(const VerifyOptions& options) {
     const auto collection = collectionFor(options);
     Warnings warnings(options.quiet);
     if (collection) warnAboutUnknownKeys(row, PassedFor::Screen, *collection, warnings);
-    const Text screen = screenFor(options);
+    const Text screen = screenFor(options, warnings);
     for (const std::string& warning : screenWarnings(screen)) warnings.add(warning);
-    if (options.rows) {
-        showRows(row, screen, collection, options);
-        return warnings.statusAfter(success, options.strict);
-    }
+    if (options.rows) return showRows(row, screen, collection, options, warnings);
 
     BuiltInTerminal terminal([](const Error& reported) {
         complain("a reader met " + asSentence(describe(reported)) + " The results hold what was read before it.");

@@ -12,10 +12,11 @@
 
 namespace vantro {
 
-/// Where displays begin and end.
+/// Where displays begin and end, and what is done with lines that no screen can contain.
 struct Splitting {
     bool pages = false;          ///< a prompt ends a page of a display instead of the display, see `joinPages`
     std::string separator = {};  ///< unless empty: a line that begins with it begins a display and is not part of it
+    bool isLenient = false;  ///< long lines are cut and bytes that are not UTF-8 replaced; both are faults otherwise
 };
 
 /// Breaks an unbroken text (UTF-8, 80 characters per line, no line ends) into lines. A text whose first block contains

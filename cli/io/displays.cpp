@@ -69,6 +69,7 @@ std::size_t FoundDisplay::lineOf(std::size_t row) const {
 
 ChunkDisplays::ChunkDisplays(std::string_view chunk, const Splitting& splitting)
     : separator_(splitting.separator),
+      isLenient_(splitting.isLenient),
       joined_(splitting.pages ? joinPages(chunk, separator_) : std::string()),
       rest_(splitting.pages ? joined_ : chunk),
       endText_(endTextIn(rest_)),
@@ -164,14 +165,26 @@ std::optional<FoundDisplay> ChunkDisplays::next() {
 std::size_t ChunkDisplays::add(std::string_view line, std::size_t start, FoundDisplay& display) const {
     Text& text = display.text;
     if (display.faulty.fault == LineFault::None) display.faulty = look(line);
+    if (isLenient_) mend(display);
     if (display.faulty.fault != LineFault::None) return start + 1;
     if (containsControl(line)) display.controlLines.push_back(line_);
     while (text.size() < start) text += blankLines();
     text.resize(start);
     appendUtf16(line, text);
+    if (text.size() > start + screenWidth) {
+        text.resize(start + screenWidth);
+        display.cutLines.push_back(line_);
+    }
     const std::size_t length = text.size();
     text += blankLines();
     return length;
+}
+
+/// Excuses a line that can be used in part.
+void ChunkDisplays::mend(FoundDisplay& display) const {
+    const LineFault fault = display.faulty.fault;
+    if (fault == LineFault::NotUtf8) display.mendedLines.push_back(line_);
+    if (fault == LineFault::NotUtf8 || fault == LineFault::TooLong) display.faulty = {};
 }
 
 FaultyLine ChunkDisplays::look(std::string_view line) const {

@@ -48,6 +48,8 @@ struct FoundDisplay {
     DisplayEnd end = DisplayEnd::None;
     std::vector<std::size_t> markRows;      ///< lines that begin with "*" or ">", from 0: marks, prompts, echoes
     std::vector<std::size_t> controlLines;  ///< lines with control characters, counted from 1 in the chunk
+    std::vector<std::size_t> cutLines;      ///< lines over 80 characters, in the same way; if they are cut
+    std::vector<std::size_t> mendedLines;   ///< lines with bytes that are not UTF-8; if they are replaced
     std::vector<PageJoin> joins;            ///< in the order of their rows
 
     /// The number in the chunk, from 1, of a line of the text, from 0.
@@ -75,9 +77,11 @@ private:
     std::size_t widenLine(char16_t* row) const;
     std::string_view takeLine(std::size_t end);
     std::size_t add(std::string_view line, std::size_t start, FoundDisplay& display) const;
+    void mend(FoundDisplay& display) const;
     FaultyLine look(std::string_view line) const;
 
     std::string separator_;
+    bool isLenient_;
     std::string joined_;  // the chunk with joined pages
     std::string_view rest_;
     std::size_t line_ = 0;

@@ -19,6 +19,12 @@ void refuseStrayCarriageReturn(std::string_view utf8) {
     throw UsageError(strayCarriageReturn("the screen's line " + std::to_string(linesAbove + 1)));
 }
 
+JoinedLines linesOf(std::string_view utf8) {
+    refuseStrayCarriageReturn(utf8);
+    if (utf8.starts_with(byteOrderMark)) utf8.remove_prefix(byteOrderMark.size());
+    return joinLines(toUtf16(utf8));
+}
+
 }  // namespace
 
 std::string tooLongLine(std::size_t line, std::size_t length) {
@@ -41,12 +47,19 @@ std::size_t findStrayCarriageReturn(std::string_view text) {
 
 Text screenFromText(std::string_view utf8) {
     if (!isUtf8(utf8)) throw UsageError("the screen is not UTF-8; convert it first");
-    refuseStrayCarriageReturn(utf8);
-    if (utf8.starts_with(byteOrderMark)) utf8.remove_prefix(byteOrderMark.size());
-    JoinedLines lines = joinLines(toUtf16(utf8));
+    JoinedLines lines = linesOf(utf8);
     if (lines.longLines.empty()) return std::move(lines.screen);
     const LongLine& first = lines.longLines.front();
     throw UsageError("the screen's " + tooLongLine(first.number, first.length) + "; break it there");
+}
+
+Text lenientScreen(std::string_view utf8, std::vector<std::string>& faults) {
+    if (!isUtf8(utf8)) faults.emplace_back("bytes of the screen that are not UTF-8 were replaced");
+    JoinedLines lines = linesOf(utf8);
+    for (const LongLine& line : lines.longLines) {
+        faults.push_back("the screen's " + tooLongLine(line.number, line.length) + "; it was cut");
+    }
+    return std::move(lines.screen);
 }
 
 }  // namespace vantro

@@ -7,6 +7,7 @@
 #include <cstddef>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace vantro {
 
@@ -26,5 +27,8 @@ std::size_t findStrayCarriageReturn(std::string_view text);
 /// after the last line are not part of the screen. Raises UsageError for a line over 80 characters in a text of several
 /// lines, for a stray carriage return and for bytes that are not UTF-8.
 Text screenFromText(std::string_view utf8);
+
+/// The same for any text: long lines are cut, and bytes that are not UTF-8 replaced. Each is described in `faults`.
+Text lenientScreen(std::string_view utf8, std::vector<std::string>& faults);
 
 }  // namespace vantro

@@ -170,6 +170,22 @@ TEST(Captures, WarningsChangeNothingButTheStatusOfAStrictRun) {
     EXPECT_EQ(quiet.out, run.out);
 }
 
+TEST(Captures, LenientCutsLongLinesAndReplacesBadBytesAndSaysSo) {
+    std::string text = sample("minimal");
+    const std::size_t mark = text.find("*T*");
+    text.insert(text.find('\n', mark), std::string(80, ' ') + "X");
+    text.insert(text.find('\n') + 1, "\xFF\n");
+    EXPECT_EQ(runTool({"parse"}, text).status, 1);
+    const Finished run = runTool({"parse", "--lenient", "--only", "NM"}, text);
+    EXPECT_EQ(withoutSources(run.out), "{\"name\":\"\"}\n");
+    EXPECT_EQ(warningsIn(run), (Lines{"display 1: line 3 cut after 80 characters.",
+                                      "display 1: bytes that are not UTF-8 replaced in line 2."}));
+    EXPECT_EQ(run.status, 0);
+    const Finished notes = runTool({"elements", "RECLOC", "--lenient", "--strict"}, text);
+    EXPECT_EQ(notes.status, 5);
+    EXPECT_EQ(notes.err, run.err);
+}
+
 TEST(Captures, WarningsAreInTheOrderOfTheDisplaysOnAnyNumberOfThreads) {
     std::string text;
     for (int i = 0; i < 400; ++i) text += sample("every_family") + (i % 100 == 99 ? "hello\n>\n" : "");

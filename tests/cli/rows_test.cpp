@@ -75,7 +75,7 @@ TEST(Rows, OfAContinuationAreReadWithTheState) {
 
 TEST(Rows, AScreenWithoutAListHasNoneAndAWarning) {
     const Finished run = rows({"--json"}, continuation);
-    EXPECT_EQ(run.status, 0);
+    EXPECT_EQ(run.status, 4);
     EXPECT_EQ(run.out, "[]\n");
     EXPECT_EQ(std::ranges::count(run.err, '\n'), 1);
     EXPECT_NE(run.err.find("warning: the screen shows no list that CPDNTrans reads"), std::string::npos) << run.err;

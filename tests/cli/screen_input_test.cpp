@@ -35,6 +35,18 @@ TEST(ScreenInput, CarriageReturnsBelongToTheLineEnds) {
     EXPECT_EQ(screenFromText("A\r\n"), u"A");
 }
 
+TEST(ScreenInput, ALenientScreenIsCutAndMended) {
+    std::vector<std::string> faults;
+    EXPECT_EQ(lenientScreen("A\n" + std::string(81, 'B') + "\nC\xFF\n", faults),
+              u"A" + Text(79, u' ') + Text(80, u'B') + u"C\uFFFD");
+    EXPECT_EQ(faults, (std::vector<std::string>{
+                          "bytes of the screen that are not UTF-8 were replaced",
+                          "the screen's line 2 has 81 characters, a screen line has 80 at most; it was cut"}));
+    faults.clear();
+    EXPECT_EQ(lenientScreen("A", faults), u"A");
+    EXPECT_TRUE(faults.empty());
+}
+
 TEST(ScreenInput, ACarriageReturnAloneIsNoLineEnd) {
     EXPECT_EQ(screenFromText("A\r"), u"A");
     for (const std::string text : {"A\n>\nB\rC\n", "A\nB\n\r\r\n"}) {
