@@ -35,7 +35,7 @@ std::string escaped(const std::string& text) {
     return result;
 }
 
-/// What follows the second colon of a specification.
+/// What follows the second colon in a row of _arguments.
 std::string actionOf(const Completion& completion, const std::string& command) {
     switch (completion.what) {
         case Completes::Files: return "_files";

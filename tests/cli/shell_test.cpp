@@ -238,8 +238,8 @@ TEST(Completion, EveryOptionOfTheHelpAndNoOther) {
         EXPECT_EQ(allOf(bash.substr(words, bash.find(')', words) - words), R"((-[^ ]+))"), expected) << command;
 
         const std::size_t rows = zsh.find("\n        " + command + ")\n");
-        const std::string specifications = zsh.substr(rows, zsh.find(";;", rows) - rows);
-        EXPECT_EQ(allOf(specifications, R"('(?:\([^)]*\))?(--?[A-Za-z0-9][a-z-]*))"), expected) << command;
+        const std::string described = zsh.substr(rows, zsh.find(";;", rows) - rows);
+        EXPECT_EQ(allOf(described, R"('(?:\([^)]*\))?(--?[A-Za-z0-9][a-z-]*))"), expected) << command;
 
         Names inFish;
         for (const std::string& line : linesOf(fish)) {
