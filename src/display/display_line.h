@@ -27,6 +27,9 @@ public:
     /// A section's rule, which is the beginning of every header, or the end text.
     constexpr bool containsRuleOrEndText() const { return (bits_ & (rule | endText)) != 0; }
 
+    /// The sections whose headers the line contains, one bit each, that of the first section lowest.
+    constexpr std::uint32_t headers() const { return bits_ / header(Section{}); }
+
     constexpr void addPrompt() { bits_ |= prompt; }
     constexpr void addEndText() { bits_ |= endText; }
     constexpr void addRule() { bits_ |= rule; }
@@ -59,6 +62,9 @@ public:
 
     constexpr void add(Family family) { bits_ |= bit(family); }
     constexpr void remove(Family family) { bits_ &= ~bit(family); }
+    /// These families if the condition is true, otherwise none.
+    constexpr FamilySet onlyIf(bool condition) const { return FamilySet(bits_ & (0 - std::uint64_t{condition})); }
+
     constexpr void add(FamilySet families) { bits_ |= families.bits_; }
     constexpr void remove(FamilySet families) { bits_ &= ~families.bits_; }
 
@@ -98,6 +104,7 @@ public:
     static const Prefix psl;          ///< "PSL/"
 
 private:
+    friend class PrefixTable;
     constexpr explicit Prefix(std::size_t index) : index_(static_cast<std::uint8_t>(index)) {}
 
     friend class PrefixSet;
@@ -116,7 +123,11 @@ inline constexpr Prefix Prefix::psl{familyCount + 2};
 class PrefixSet {
 public:
     constexpr void add(Prefix prefix) { bits_ |= bit(prefix); }
+    constexpr void addIf(bool condition, Prefix prefix) { bits_ |= std::uint64_t{condition} << prefix.index_; }
     constexpr bool contains(Prefix prefix) const { return (bits_ & bit(prefix)) != 0; }
+
+    constexpr bool any() const { return bits_ != 0; }
+    constexpr bool containsAny(PrefixSet prefixes) const { return (bits_ & prefixes.bits_) != 0; }
 
     /// The families among these whose prefix is in the set.
     constexpr FamilySet among(FamilySet families) const { return families & FamilySet(bits_); }
@@ -216,6 +227,9 @@ private:
 /// The transferable families whose code a text contains in the columns of their elements: between blanks from column 13
 /// on, for contacts in columns 12 to 17.
 FamilySet codesIn(TextView text);
+
+/// The same for a text of at most 128 characters whose blanks are known.
+FamilySet codesIn(TextView text, LineBits blanks);
 
 /// Makes up to `count` lines of 80 characters each, which follow each other in a text, in memory that is not
 /// initialised. Stops after a line with a mark. Returns the number of lines made.
