@@ -41,6 +41,7 @@ target_sources(vantro_profile_utils PRIVATE
     src/profile/whole_profile.cpp
     src/readers/document_extractor.cpp
     src/readers/element_split.cpp
+    src/readers/forward_pass.cpp
     src/readers/header_readers.cpp
     src/readers/note_scanner.cpp
     src/readers/prefixed_extractor.cpp

@@ -2,6 +2,7 @@
 // plain search for a line of more than 128 characters. No host prints such a line, but a terminal may return one.
 #include "display/display_line.h"
 
+#include "display/line_look.h"
 #include "framework/constants.h"
 #include "framework/screen.h"
 
@@ -34,36 +35,6 @@ Content contentOf(TextView line) {
 // Marks.
 
 namespace {
-
-// Pre-filter: every mark is the prompt or contains one of these pairs at an even position of the line, whatever column
-// the mark begins in.
-constexpr std::array<TextView, 1> rulePairs{u"--"};
-constexpr std::array<TextView, 2> endTextPairs{u"SP", u"PL"};
-
-template <std::size_t N>
-constexpr bool passes(TextView mark, const std::array<TextView, N>& pairs) {
-    bool passesAt[2] = {false, false};  // if the mark begins at an even, at an odd position
-    for (std::size_t at = 0; at + 2 <= mark.size(); ++at) {
-        if (std::ranges::find(pairs, mark.substr(at, 2)) != pairs.end()) passesAt[at % 2] = true;
-    }
-    return passesAt[0] && passesAt[1];
-}
-
-static_assert(mark::prompt == u">");
-static_assert(passes(mark::endOfDisplay, endTextPairs));
-static_assert(passes(sectionRule, rulePairs), "headers begin with the rule, so they pass too");
-
-template <std::size_t N>
-Bytes anyPair(Bytes bytes, const std::array<TextView, N>& pairs) {
-    Bytes found = bytes.equalPairs(static_cast<char>(pairs[0][0]), static_cast<char>(pairs[0][1]));
-    for (std::size_t pair = 1; pair < N; ++pair) {
-        found = found | bytes.equalPairs(static_cast<char>(pairs[pair][0]), static_cast<char>(pairs[pair][1]));
-    }
-    return found;
-}
-
-/// The prompts, and the pairs of which every other mark contains one.
-Bytes pairsInMarks(Bytes bytes) { return bytes.equal('>') | anyPair(bytes, rulePairs) | anyPair(bytes, endTextPairs); }
 
 template <std::size_t Length>
 bool mayContainMark(const char16_t* text) {
@@ -136,78 +107,6 @@ LineMarks marksOf(TextView line) {
 
 namespace {
 
-constexpr Column column3{3};
-constexpr std::size_t prefixLength = 4;
-
-struct HeaderPrefix {
-    TextView text;
-    Prefix prefix;
-};
-
-constexpr HeaderPrefix headerPrefixes[] = {
-    {companyNamePrefix, Prefix::companyName},
-    {pinPrefix, Prefix::pin},
-    {pslPrefix, Prefix::psl},
-};
-
-template <class Take>
-constexpr void forEachPrefix(Take take) {
-    for (const PrefixedFamily& row : prefixedFamilies) take(row.prefix, Prefix(row.family));
-    for (const DocumentFamily& row : documentFamilies) take(row.prefix, Prefix(row.family));
-    for (const HeaderPrefix& row : headerPrefixes) take(row.text, row.prefix);
-}
-
-constexpr bool isCapital(char16_t character) { return character >= u'A' && character <= u'Z'; }
-
-/// The prefixes by their second and third letters, which are unique.
-class PrefixTable {
-public:
-    constexpr PrefixTable() {
-        forEachPrefix([this](TextView text, Prefix prefix) { rows_[indexFor(text[1], text[2])] = prefix; });
-    }
-
-    constexpr std::optional<Prefix> find(TextView text) const {
-        if (text[0] != u'P' || !isCapital(text[1]) || !isCapital(text[2])) return std::nullopt;
-        return rows_[indexFor(text[1], text[2])];
-    }
-
-private:
-    static constexpr std::size_t letters = 26;
-
-    static constexpr std::size_t indexFor(char16_t second, char16_t third) {
-        return (second - std::size_t{u'A'}) * letters + (third - std::size_t{u'A'});
-    }
-
-    std::array<std::optional<Prefix>, letters * letters> rows_;
-};
-
-constexpr PrefixTable prefixTable;
-
-constexpr bool isEveryPrefixFound() {
-    bool isFound = true;
-    forEachPrefix([&](TextView text, Prefix prefix) {
-        isFound = isFound && text.size() == prefixLength && text.back() == u'/' && prefixTable.find(text) == prefix;
-    });
-    return isFound;
-}
-
-static_assert(isEveryPrefixFound(), "no two prefixes share their letters");
-
-/// One pass over the slashes of the line finds all prefixes.
-LinePrefixes prefixesIn(TextView line, LineBits slashes, std::size_t contentBegin) {
-    LinePrefixes found;
-    for (; slashes.any(); slashes.removeLowest()) {
-        const std::size_t slash = slashes.lowest();
-        if (slash + 1 < prefixLength) continue;
-        const std::size_t begin = slash + 1 - prefixLength;
-        const std::optional<Prefix> prefix = prefixTable.find(line.substr(begin, prefixLength));
-        if (!prefix) continue;
-        found.anywhere.add(*prefix);
-        if (begin >= contentBegin + static_cast<std::size_t>(column3.value - 1)) found.fromColumn3.add(*prefix);
-    }
-    return found;
-}
-
 LinePrefixes prefixesIn(TextView line) {
     LinePrefixes found;
     forEachPrefix([&, content = trimmed(line)](TextView text, Prefix prefix) {
@@ -222,28 +121,6 @@ LinePrefixes prefixesIn(TextView line) {
 // The line as a whole.
 
 namespace {
-
-/// What one pass over the characters of a line finds.
-struct LineLook {
-    LineBits blanks;
-    LineBits slashes;
-    bool mayContainMark;
-};
-
-template <std::size_t Length>
-LineLook look(const char16_t* text) {
-    std::uint64_t blanks[2] = {0, 0};
-    std::uint64_t slashes[2] = {0, 0};
-    Bytes inMarks = pairsInMarks(Bytes::narrow(text));
-    for (std::size_t group = 0; group < Length / Bytes::count; ++group) {
-        const Bytes bytes = Bytes::narrow(text + group * Bytes::count);
-        const std::size_t shift = group % 4 * Bytes::count;
-        blanks[group / 4] |= std::uint64_t{bytes.equal(' ').bits()} << shift;
-        slashes[group / 4] |= std::uint64_t{bytes.equal('/').bits()} << shift;
-        inMarks = inMarks | pairsInMarks(bytes);
-    }
-    return {LineBits(blanks[0], blanks[1]) | LineBits::from(Length), {slashes[0], slashes[1]}, inMarks.bits() != 0};
-}
 
 /// `characters` are those of the line, padded to `Length`.
 template <std::size_t Length>
@@ -298,6 +175,7 @@ namespace {
 
 constexpr Column contactCodeColumn{12};
 constexpr Column codeSearchColumn{13};
+constexpr std::size_t shortestCode = 4;
 
 static_assert(std::ranges::all_of(transferableFamilies, [](const TransferableFamily& row) {
     const bool isWord = row.code.front() == u' ' && row.code.back() == u' ';
@@ -315,18 +193,29 @@ FamilySet fixedCodesIn(TextView text) {
     return set;
 }
 
-FamilySet codesByBits(TextView text, LineBits blanks) {
-    FamilySet set = fixedCodesIn(text);
-    const LineBits searched = LineBits::from(static_cast<std::size_t>(codeSearchColumn.value - 1));
-    for (LineBits words = blanks.beforeWords(2) & searched; words.any(); words.removeLowest()) {
-        const TextView word = text.substr(words.lowest());
+/// The families that are searched, by the two letters after the blank of their codes, which are unique.
+class CodeTable {
+public:
+    constexpr CodeTable() {
         for (const TransferableFamily& row : transferableFamilies) {
-            const bool isSearched = row.test == CodeTest::FromColumn13;
-            set.add(isSearched && beginsWith(word, row.code) ? FamilySet(row.family) : FamilySet());
+            if (row.test == CodeTest::FromColumn13) rows_[indexFor(row.code)] = &row;
         }
     }
-    return set;
-}
+
+    /// The family of the word that begins after the text's first character; the text has four characters or more.
+    FamilySet find(TextView text) const {
+        const TransferableFamily* const row = rows_[indexFor(text)];
+        if (row == nullptr || !beginsWith(text, row->code.substr(0, shortestCode))) return {};
+        return FamilySet(row->family).onlyIf(beginsWith(text.substr(shortestCode), row->code.substr(shortestCode)));
+    }
+
+    static constexpr std::size_t indexFor(TextView text) { return (text[1] & 31U) << 5 | (text[2] & 31U); }
+
+private:
+    std::array<const TransferableFamily*, 32 * 32> rows_{};
+};
+
+constexpr CodeTable codeTable;
 
 FamilySet codesBySearch(TextView text) {
     FamilySet set = fixedCodesIn(text);
@@ -339,13 +228,23 @@ FamilySet codesBySearch(TextView text) {
 
 }  // namespace
 
+FamilySet codesIn(TextView text, LineBits blanks) {
+    FamilySet set = fixedCodesIn(text);
+    const LineBits searched = LineBits::from(static_cast<std::size_t>(codeSearchColumn.value - 1));
+    for (LineBits words = blanks.beforeWords(2) & searched; words.any(); words.removeLowest()) {
+        const TextView word = text.substr(words.lowest());
+        if (word.size() >= shortestCode) set.add(codeTable.find(word));
+    }
+    return set;
+}
+
 FamilySet DisplayLine::codes() const {
-    return fitsBits() ? codesByBits(rightTrimmed(), facts_.blanks) : codesBySearch(rightTrimmed());
+    return fitsBits() ? codesIn(rightTrimmed(), facts_.blanks) : codesBySearch(rightTrimmed());
 }
 
 FamilySet codesIn(TextView text) {
     if (text.size() > LineBits::capacity) return codesBySearch(text);
-    return withCharacters(text, [&](const auto& characters) { return codesByBits(text, characters.blanks()); });
+    return withCharacters(text, [&](const auto& characters) { return codesIn(text, characters.blanks()); });
 }
 
 }  // namespace vantro

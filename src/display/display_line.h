@@ -64,6 +64,9 @@ public:
 
     constexpr void add(Family family) { bits_ |= bit(family); }
     constexpr void remove(Family family) { bits_ &= ~bit(family); }
+    /// These families if the condition is true, otherwise none.
+    constexpr FamilySet onlyIf(bool condition) const { return FamilySet(bits_ & (0 - std::uint64_t{condition})); }
+
     constexpr void add(FamilySet families) { bits_ |= families.bits_; }
     constexpr void remove(FamilySet families) { bits_ &= ~families.bits_; }
 
@@ -103,6 +106,7 @@ public:
     static const Prefix psl;          ///< "PSL/"
 
 private:
+    friend class PrefixTable;
     constexpr explicit Prefix(std::size_t index) : index_(static_cast<std::uint8_t>(index)) {}
 
     friend class PrefixSet;
@@ -121,7 +125,11 @@ inline constexpr Prefix Prefix::psl{familyCount + 2};
 class PrefixSet {
 public:
     constexpr void add(Prefix prefix) { bits_ |= bit(prefix); }
+    constexpr void addIf(bool condition, Prefix prefix) { bits_ |= std::uint64_t{condition} << prefix.index_; }
     constexpr bool contains(Prefix prefix) const { return (bits_ & bit(prefix)) != 0; }
+
+    constexpr bool any() const { return bits_ != 0; }
+    constexpr bool containsAny(PrefixSet prefixes) const { return (bits_ & prefixes.bits_) != 0; }
 
     /// The families among these whose prefix is in the set.
     constexpr FamilySet among(FamilySet families) const { return families & FamilySet(bits_); }
@@ -221,6 +229,9 @@ private:
 /// The transferable families whose code a text contains in the columns of their elements: between blanks from column 13
 /// on, for contacts in columns 12 to 17.
 FamilySet codesIn(TextView text);
+
+/// The same for a text of at most 128 characters whose blanks are known.
+FamilySet codesIn(TextView text, LineBits blanks);
 
 /// Makes up to `count` lines of 80 characters each, which follow each other in a text, in memory that is not
 /// initialised. Stops after a line with a mark. Returns the number of lines made.

@@ -26,8 +26,7 @@ JoinedLine Joiner::joinAllBelow(const DisplayLine& first, Counter number, JoinRu
         // The end text can arise across the boundary of two joined lines, within its own length of it.
         const std::size_t unseen = joining_.size() - std::min(joining_.size(), mark::endOfDisplay.size());
         const TextView continuation = below.trimmed();
-        const bool isColonLine = continuation.size() > 2 && continuation[2] == u':';  // in column 3
-        if (rule == JoinRule::ColonAfterBlank && isColonLine) joining_ += u' ';
+        if (rule == JoinRule::ColonAfterBlank && isColonLine(continuation)) joining_ += u' ';
         joining_ += continuation;
         containsEndText = contains(TextView(joining_).substr(unseen), mark::endOfDisplay);
     }

@@ -37,6 +37,13 @@ private:
     std::size_t left_ = 0;
 };
 
+/// The blanks that a line begins with when it continues an element of a prefixed family, of a transferable one.
+inline constexpr Width elementIndent{9};
+inline constexpr Width transferableIndent{17};
+
+/// True for a continuation line that is joined after a blank: it has a colon in column 3.
+inline bool isColonLine(TextView continuation) { return continuation.size() > 2 && continuation[2] == u':'; }
+
 /// The text of an element and the number of its last line. A joined text is valid until the next one is joined.
 struct JoinedLine {
     TextView text;
@@ -76,9 +83,6 @@ public:
     TextArena takeTexts() { return std::move(texts_); }
 
 private:
-    static constexpr Width elementIndent{9};
-    static constexpr Width transferableIndent{17};
-
     static constexpr bool keepsIndent(JoinRule rule) {
         return rule == JoinRule::OneBelow || rule == JoinRule::TwoBelow;
     }

@@ -49,6 +49,11 @@ public:
         return (isHigh ? capacity : 64) - static_cast<std::size_t>(std::countl_zero(isHigh ? high_ : low_));
     }
 
+    /// True for a position in the set.
+    constexpr bool contains(std::size_t position) const {
+        return ((position < 64 ? low_ : high_) >> position % 64 & 1) != 0;
+    }
+
     constexpr void removeLowest() {
         const std::uint64_t mask = low_ != 0 ? ~std::uint64_t{0} : high_ - 1;
         low_ &= low_ - 1;

@@ -36,9 +36,7 @@ public:
         std::size_t stored = 0;
         try {
             for (; stored < found.size(); ++stored) {
-                Element element;
-                split(found[stored], element);
-                store(element, stored + firstIndex_);
+                store(split(found[stored]), stored + firstIndex_);
             }
         } catch (...) {
             cutTo(stored + firstIndex_);

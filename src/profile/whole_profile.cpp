@@ -2,6 +2,7 @@
 #include "framework/constants.h"
 #include "framework/screen.h"
 #include "readers/extractors.h"
+#include "readers/forward_pass.h"
 #include "readers/header_readers.h"
 #include "readers/host_line.h"
 #include "readers/note_scanner.h"
@@ -19,7 +20,7 @@ struct Profile::Storage {
 
     Text display;
     TextArena joinedTexts;
-    std::unique_ptr<Element[]> elements;
+    std::unique_ptr<std::byte[]> elements;
     std::vector<Note> notes;
 };
 
@@ -43,31 +44,24 @@ private:
     std::vector<Note>& notes_;
 };
 
-/// The families of each section.
-constexpr auto familiesOfSections = [] {
-    std::array<FamilySet, sectionHeaders.size()> families;
-    for (std::size_t index = 0; index < familyCount; ++index) {
-        const auto family = static_cast<Family>(index);
-        const Section section = withRow(family, [](const auto& row) { return sectionOf(row); });
-        families[static_cast<std::size_t>(section)].add(family);
-    }
-    return families;
-}();
-
 /// Splits the elements into their parts and sorts them by family. The elements of the families that failed are dropped.
 void storeElements(const FoundElements& found, FamilySet failed, Profile& profile,
-                   std::unique_ptr<Element[]>& elements) {
+                   std::unique_ptr<std::byte[]>& memory) {
     std::array<std::size_t, familyCount> counts{};
-    for (const FoundElement& element : found) ++counts[indexOf(element.family)];
-    elements = std::make_unique_for_overwrite<Element[]>(found.size());  // their own constructor makes them empty
+    for (const FoundElement& element : found) ++counts[indexOf(element.family())];
+    static_assert(std::is_trivially_destructible_v<Element>);
+    memory = std::make_unique_for_overwrite<std::byte[]>(found.size() * sizeof(Element));
     std::array<Element*, familyCount> next{};
-    Element* begin = elements.get();
+    auto* begin = reinterpret_cast<Element*>(memory.get());
     for (std::size_t family = 0; family < familyCount; ++family) {
         next[family] = begin;
         if (!failed.contains(static_cast<Family>(family))) profile.families[family] = {begin, counts[family]};
         begin += counts[family];
     }
-    for (const FoundElement& element : found) split(element, *next[indexOf(element.family)]++);
+    for (const FoundElement& element : found) {
+        void* const place = next[indexOf(element.family())]++;
+        ::new (place) Element(split(element));  // Not covered: never null
+    }
 }
 
 /// Fills a profile query by query. A query that fails leaves its value empty and is added to the problems.
@@ -80,11 +74,22 @@ public:
           joiner_(display_) {}
 
     void run() {
-        display_.readAhead(Counter(0), Display::ReadTo::DisplayEnd);
-        readHeader();
-        readFamilies();
-        readNotes();
-        profile_.sections = display_.sectionsRead();
+        FoundElements found(display_.scratchMemory());
+        found.reserve(display_.size());  // few displays have an element in every line
+        FamilySet failed;
+        if (const std::optional<PassedProfile> passed = passForward(joiner_, found, storage_.notes)) {
+            readHeader(passed->firstHeader);
+            profile_.sections = passed->sections;
+        } else {
+            found.clear();
+            storage_.notes.clear();
+            display_.readAhead(Counter(0), Display::ReadTo::DisplayEnd);
+            readHeader({});
+            failed = readFamilies(found);
+            readNotes();
+            profile_.sections = display_.sectionsRead();
+        }
+        storeElements(found, failed, profile_, storage_.elements);
         profile_.notes = storage_.notes;
         storage_.joinedTexts = joiner_.takeTexts();
     }
@@ -99,35 +104,34 @@ private:
         }
     }
 
-    void readHeader() {
+    void readHeader(SearchEnd end) {
         answer(OtherQuery::Name, [&] { profile_.name = readName(display_); });
         answer(OtherQuery::RecordLocator, [&] { profile_.recordLocator = readRecordLocator(display_); });
         answer(OtherQuery::OfficeIdentifier, [&] { profile_.officeIdentifier = readOfficeIdentifier(display_); });
         answer(OtherQuery::CompanyName, [&] {
-            const CompanyNameLine line = readCompanyName(display_);
+            const CompanyNameLine line = readCompanyName(display_, end);
             profile_.companyName.text = joiner_.keep(line.name);
             if (line.number) profile_.companyName.number = joiner_.keep(*line.number);
         });
         answer(OtherQuery::Pin, [&] {
-            const NumberedText pin = readPin(display_);
+            const NumberedText pin = readPin(display_, end);
             profile_.pin = {.number = pin.number, .text = pin.text};
         });
         answer(OtherQuery::Psl, [&] {
-            if (const std::optional<NumberedText> psl = readPsl(display_)) {
+            if (const std::optional<NumberedText> psl = readPsl(display_, end)) {
                 profile_.psl = Element{.number = psl->number, .text = psl->text};
             }
         });
     }
 
-    void readFamilies() {
-        if (display_.text().empty()) return;
-        FoundElements found(display_.scratchMemory());
-        found.reserve(display_.size());  // few displays have an element in every line
+    /// Returns the families that fail.
+    FamilySet readFamilies(FoundElements& found) {
+        if (display_.text().empty()) return {};
         const FamilySet failed = isFarFromCountersEnd() ? readSections(found) : readOneByOne(found);
-        storeElements(found, failed, profile_, storage_.elements);
         for (const FamilyName& row : familyNames()) {
             if (failed.contains(row.family)) addProblem(row);
         }
+        return failed;
     }
 
     /// True if no reader, some of which look two lines ahead, can reach the end of the 16-bit line counter.
@@ -138,7 +142,8 @@ private:
 
     FamilySet readSections(FoundElements& found) {
         FamilySet failed;
-        for (const FamilySet families : familiesOfSections) {
+        for (std::size_t section = 0; section < sectionHeaders.size(); ++section) {
+            const FamilySet families = familiesOf(static_cast<Section>(section));
             if (!families.empty()) failed.add(extract(families, joiner_, found));
         }
         return failed;

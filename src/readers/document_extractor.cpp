@@ -10,7 +10,6 @@ namespace vantro {
 
 namespace {
 
-constexpr TextView boundary = u"-----";  // of any section, when a trimmed line begins with it
 constexpr TextView indent = u"     ";
 
 /// Where the five blanks begin in an element without a prefix, after a number of one or two digits; Column{0} in any
@@ -51,7 +50,7 @@ FamilySet collectSection(FamilySet families, Display& display, const Display::Ma
         const FamilySet begun = line.prefixed(families, PrefixFrom::Column1);
         begun.forEach([&](Family family) { collectRun(family, display, number, found); });
         families.remove(begun);
-        isLast = isLast || beginsWith(line.trimmed(), boundary) || line.isEndOfDisplay();
+        isLast = isLast || beginsWith(line.trimmed(), documentBoundary) || line.isEndOfDisplay();
     } while (!isLast && !families.empty());
     return {};
 }

@@ -5,8 +5,6 @@ namespace vantro {
 
 namespace {
 
-constexpr Field numberField{Column{1}, Width{2}};
-constexpr Field transferableNumberField{Column{6}, Width{3}};
 constexpr Field detailField{Column{18}};
 
 // Columns inside an element's text, which begins with its code: "FFN XX 1234567", "SR FQTVXX 1234567-TEXT".
@@ -48,25 +46,16 @@ void splitServiceRequest(Element& element) {
     }
 }
 
-void splitFurther(const TransferableFamily& row, TextView line, Element& element) {
+}  // namespace
+
+void splitFurther(const FoundElement& found, Element& element) {
+    element.kind = kindOf(found.line());
+    const TransferableFamily& row = transferableFamilies[indexOf(found.family()) - firstTransferable];
     switch (row.split) {  // Not covered: every split has its case
         case Split::None: break;
         case Split::FrequentFlyer: splitFrequentFlyer(element); break;
         case Split::ServiceRequest: splitServiceRequest(element); break;
-        case Split::RemarkDetail: element.freeText = cut(line, detailField); break;
-    }
-}
-
-}  // namespace
-
-void split(const FoundElement& found, Element& element) {
-    element.text = cut(found.text, {found.textColumn});
-    if (isTransferable(found.family)) {
-        element.number = cut(found.text, transferableNumberField);
-        element.kind = kindOf(found.text);
-        splitFurther(transferableFamilies[indexOf(found.family) - firstTransferable], found.text, element);
-    } else {
-        element.number = cut(found.text, numberField);
+        case Split::RemarkDetail: element.freeText = cut(found.line(), detailField); break;
     }
 }
 

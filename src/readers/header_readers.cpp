@@ -38,15 +38,16 @@ TextView companyMarkName(Display& display) {
 
 TextView lastSix(TextView line) { return trimmed(right(line, recordLocatorWidth)); }
 
-/// The first line from `from` on that contains the tag from column 3 on; nothing when the display ends first. The tag
+/// The first line from `from` on that contains the tag from column 3 on; nothing when the search ends first. The tag
 /// begins with the prefix, so that lines without the prefix need no search.
-std::optional<Counter> seekTag(Display& display, Counter from, Prefix prefix, TextView tag) {
-    for (Counter number = from;; ++number) {
+std::optional<Counter> seekTag(Display& display, Counter from, SearchEnd end, Prefix prefix, TextView tag) {
+    for (Counter number = from; number != end; ++number) {
         const DisplayLine& line = display.expectedLine(number);
         if (line.isEndOfDisplay()) return std::nullopt;
         const bool mayContainTag = line.containsPrefix(prefix, PrefixFrom::Column1);
         if (mayContainTag && contains(trimmed(mid(line.rightTrimmed(), tagAreaColumn)), tag)) return number;
     }
+    return std::nullopt;
 }
 
 /// A line and the column of its first "/".
@@ -97,9 +98,9 @@ namespace {
 
 /// The company-name line as one text: number, blank, name. The number is "X" when the line has none. Empty when there
 /// is no such line.
-Text companyNameText(Display& display) {
+Text companyNameText(Display& display, SearchEnd end) {
     // Meant: this reader begins at line 1, the PIN and PSL readers at line 0.
-    const std::optional<Counter> first = seekTag(display, Counter(1), Prefix::companyName, companyNameTag);
+    const std::optional<Counter> first = seekTag(display, Counter(1), end, Prefix::companyName, companyNameTag);
     if (!first) return {};
     const TextView raw = display.line(*first).rightTrimmed();
     const TaggedLine line = tagged(trimmed(mid(raw, tagAreaColumn)));
@@ -119,8 +120,8 @@ Text companyNameText(Display& display) {
 
 }  // namespace
 
-CompanyNameLine readCompanyName(Display& display) {
-    const Text line = companyNameText(display);
+CompanyNameLine readCompanyName(Display& display, SearchEnd end) {
+    const Text line = companyNameText(display, end);
     const TextView number = display.screen().textField(line, 1, blank);
     // Cut from column 3, as if the number were always one character and a blank.
     CompanyNameLine company{Text(trimmed(mid(line, Column{3}))), std::nullopt};
@@ -128,22 +129,23 @@ CompanyNameLine readCompanyName(Display& display) {
     return company;
 }
 
-NumberedText readPin(Display& display) {
-    const std::optional<Counter> found = seekTag(display, Counter(0), Prefix::pin, pinPrefix);
+NumberedText readPin(Display& display, SearchEnd end) {
+    const std::optional<Counter> found = seekTag(display, Counter(0), end, Prefix::pin, pinPrefix);
     if (!found) return {};
     const TaggedLine line = tagged(trimmed(mid(display.line(*found).rightTrimmed(), tagAreaColumn)));
     return {onlyIf(line.slash >= Column{5}, line.number(lineNumberWidth)), line.element()};
 }
 
-std::optional<NumberedText> readPsl(Display& display) {
+std::optional<NumberedText> readPsl(Display& display, SearchEnd end) {
     if (display.text().empty()) return std::nullopt;
-    for (Counter number;; ++number) {
+    for (Counter number; number != end; ++number) {
         const DisplayLine& line = display.expectedLine(number);
         if (line.isEndOfDisplay()) return std::nullopt;
         if (!line.containsPrefix(Prefix::psl, PrefixFrom::Column1)) continue;
         const TaggedLine element = tagged(line.rightTrimmed());  // with its margin, unlike the other lines
         return NumberedText{element.number(pslNumberWidth), element.element()};
     }
+    return std::nullopt;
 }
 
 }  // namespace vantro

@@ -30,13 +30,16 @@ TextView readRecordLocator(Display& display);
 /// The nine characters at the end of the rule after the "*C*" or "*T*" line in lines 1 to 6; otherwise empty.
 TextView readOfficeIdentifier(Display& display);
 
+/// The line before which a search for a header line ends, if it is known; otherwise the display's end ends it.
+using SearchEnd = std::optional<Counter>;
+
 /// The company-name line, with its continuation lines joined. Raises 6 for a display without an end.
-CompanyNameLine readCompanyName(Display& display);
+CompanyNameLine readCompanyName(Display& display, SearchEnd end = {});
 
 /// The PIN line; both texts empty when there is none. Raises 6 for a display without an end.
-NumberedText readPin(Display& display);
+NumberedText readPin(Display& display, SearchEnd end = {});
 
 /// The PSL line, or nothing. Raises 6 for a display without an end.
-std::optional<NumberedText> readPsl(Display& display);
+std::optional<NumberedText> readPsl(Display& display, SearchEnd end = {});
 
 }  // namespace vantro

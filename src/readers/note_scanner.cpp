@@ -11,9 +11,6 @@ namespace vantro {
 
 namespace {
 
-constexpr Width qualifierWidth{2};
-constexpr Column textColumn{3};
-
 bool isKept(const NoteFilter& filter, TextView line) {
     if (!filter.qualifier.empty() && left(line, Width{1}) != filter.qualifier) return false;
     return filter.searchString.empty() || contains(line, filter.searchString);
@@ -71,8 +68,8 @@ private:
 
     void store(const DisplayLine& line) {
         ++count_;
-        sink_.store(count_.value(),
-                    {note_.value(), left(line.text(), qualifierWidth), trimmed(mid(line.rightTrimmed(), textColumn))});
+        sink_.store(count_.value(), {note_.value(), left(line.text(), qualifierWidth),
+                                     trimmed(mid(line.rightTrimmed(), noteTextColumn))});
     }
 
     Display& display_;

@@ -7,6 +7,10 @@
 
 namespace vantro {
 
+/// The columns of a note.
+inline constexpr Width qualifierWidth{2};
+inline constexpr Column noteTextColumn{3};
+
 /// Which notes are kept. An empty text filters nothing.
 struct NoteFilter {
     TextView searchString;  ///< the note contains this text

@@ -14,11 +14,6 @@ namespace vantro {
 
 namespace {
 
-constexpr Column tagColumn{3};
-constexpr Column textColumn{8};
-// Meant: only in the unprefixed global-search lines the text begins one column earlier.
-constexpr Column unprefixedTextColumn{7};
-
 constexpr const PrefixedFamily& rowOf(Family family) { return prefixedFamilies[indexOf(family)]; }
 
 constexpr FamilySet searchedFromColumn1 = [] {
@@ -127,7 +122,7 @@ private:
 
     void store(Family family, bool isOwned, TextView text) {
         if (isOwned) {
-            found_.push_back({family, textColumn, text});
+            found_.push_back({family, elementTextColumn, text});
         } else {
             collecting_.remove(family);
         }
@@ -146,7 +141,7 @@ private:
             ++line_;
             const DisplayLine& line = display_.line(line_);
             if (!line.containsPrefix(Prefix(row_.family), row_.searchFrom)) continue;
-            found_.push_back({row_.family, textColumn, line.trimmed()});
+            found_.push_back({row_.family, elementTextColumn, line.trimmed()});
             collectUnprefixed();
             return;
         }
@@ -154,8 +149,7 @@ private:
 
     // No test for the section's end: a line that begins with a rule or a prompt is not blank in the tag columns.
     void collectUnprefixed() {
-        constexpr int atMost = 10;
-        const Counter last = line_ + atMost;
+        const Counter last = line_ + mostUnprefixed;
         for (++line_; line_ <= last; ++line_) {
             const TextView line = display_.line(line_).trimmed();
             if (mid(line, tagColumn, row_.tagWidth) != u"     ") return;

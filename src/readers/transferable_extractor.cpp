@@ -11,9 +11,6 @@ namespace vantro {
 
 namespace {
 
-constexpr Column textColumn{14};
-constexpr TextView boundary = u"------";  // of any section, when a line begins with it
-
 constexpr const TransferableFamily& rowOf(Family family) {
     return transferableFamilies[indexOf(family) - firstTransferable];
 }
@@ -22,18 +19,6 @@ bool endsScan(ScanEnd end, LineMarks marks, TextView line) {
     if (marks.containsEndText()) return true;
     return marks.containsPrompt() && (end == ScanEnd::PromptAnywhere || rightTrimmed(line) == mark::prompt);
 }
-
-/// The families with this rule: their elements may continue on one or on two lines.
-constexpr FamilySet familiesJoinedBy(JoinRule rule) {
-    FamilySet families;
-    for (const TransferableFamily& row : transferableFamilies) {
-        if (row.join == rule) families.add(row.family);
-    }
-    return families;
-}
-
-constexpr FamilySet oneLineJoiners = familiesJoinedBy(JoinRule::OneBelow);
-constexpr FamilySet twoLineJoiners = familiesJoinedBy(JoinRule::TwoBelow);
 
 constexpr FamilySet scannedFromFirstLine = [] {
     FamilySet families;
@@ -64,7 +49,7 @@ public:
             } else {
                 const DisplayLine* const line = display_.lineBeforeEnd(number);
                 if (line == nullptr) return running_;
-                if (line->marks().any() || beginsWith(line->text(), boundary)) {
+                if (line->marks().any() || beginsWith(line->text(), transferableBoundary)) {
                     passBoundary(line->marks(), line->text());
                 }
             }
@@ -77,7 +62,7 @@ private:
     /// Ends the scans that end at this line; the others enter the section if the line is its header.
     void passBoundary(LineMarks marks, TextView line) {
         const bool isHeader = marks.containsHeader(Section::Transferable);
-        const bool isOtherHeader = !isHeader && beginsWith(line, boundary);
+        const bool isOtherHeader = !isHeader && beginsWith(line, transferableBoundary);
         running_.forEach([&](Family family) {
             if (endsScan(rowOf(family).end, marks, line) || (inSection_.contains(family) && isOtherHeader)) {
                 running_.remove(family);
@@ -106,7 +91,7 @@ private:
     }
 
     void storeAs(FamilySet families, TextView text) {
-        families.forEach([&](Family family) { found_.push_back({family, textColumn, text}); });
+        families.forEach([&](Family family) { found_.push_back({family, transferableTextColumn, text}); });
     }
 
     Joiner& joiner_;
