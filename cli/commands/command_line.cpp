@@ -105,11 +105,13 @@ void addEncoding(CLI::App& command, Encoding& encoding) {
 
 /// Accepts what no line of a display begins with, as far as that can be known.
 CLI::Validator separator() {
+    constexpr std::size_t longestCommandWord = 4;
     const auto check = [](const std::string& text) -> std::string {
         if (text.find_first_not_of(' ') == std::string::npos || text.find('\n') != std::string::npos) {
             return "a separator is the beginning of a line and not blank";
         }
-        if (text.find_first_not_of('-') != std::string::npos && text != ">") return {};
+        const bool isEcho = text.starts_with("P") && text.find('/') <= longestCommandWord;
+        if (text.find_first_not_of('-') != std::string::npos && text != ">" && !isEcho) return {};
         return "'" + text + "' is no separator, lines of displays begin with it; give a longer one";
     };
     return {check, ""};
@@ -407,7 +409,8 @@ void CommandLine::addParse() {
     command.add_flag("--compact", parse_.compact, "Print JSON without what is empty")->excludes(table)->excludes(csv);
     command
         .add_option("--only", parse_.only,
-                    "Only these, with commas between them: prefixes such as PPR,RM, or names of members")
+                    "Only these, with commas between them: prefixes such as PPR,RM (see vantro-profile "
+                    "help\nelements), or names of members")
         ->delimiter(',')
         ->type_name("LIST")
         ->allow_extra_args(false);

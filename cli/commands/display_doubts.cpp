@@ -76,7 +76,10 @@ public:
     void add(std::size_t row) {
         const TextView line = rowOf(text_, row);
         if (isMark(line)) ++marks_;
-        if (isHead(line, rowOf(text_, row + 1)) && ++heads_ == 2) doubts_.secondHead = display_.lineOf(row);
+        if (isHead(line, rowOf(text_, row + 1)) && ++heads_ == 2) {
+            const bool isBelowEcho = row > 0 && isCommandEcho(rowOf(text_, row - 1));
+            doubts_.secondHead = display_.lineOf(isBelowEcho ? row - 1 : row);
+        }
         const bool movesDown = row > 0 && line.starts_with(u'>') && withoutPrompt(line) == moveDown;
         if (movesDown && doubts_.moveDown == 0) doubts_.moveDown = display_.lineOf(row);
     }

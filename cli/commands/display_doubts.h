@@ -20,7 +20,7 @@ struct DisplayDoubts {
     std::vector<std::size_t> cutLines = {};      ///< too long, cut
     std::vector<std::size_t> mendedLines = {};   ///< with bytes that are not UTF-8, replaced
     std::size_t moveDown = 0;                    ///< the first line inside the display that moves to its next page
-    std::size_t secondHead = 0;                  ///< the mark below which a second display seems to begin
+    std::size_t secondHead = 0;                  ///< where a second display seems to begin: its mark, or the echo above
     std::vector<std::size_t> unread = {};        ///< lines of sections that nothing was read from
 };
 

@@ -12,6 +12,7 @@
 #include "cli/io/standard_io.h"
 #include "cli/io/utf.h"
 #include "cli/io/warnings.h"
+#include "vantro/list_rows.h"
 
 #include <memory>
 #include <string>
@@ -62,6 +63,16 @@ CollectionPtr countOf(const ClassRow& row, ProfileObject& object, TextView scree
     return counts;
 }
 
+/// True for a list that only its rows show, as a last screen that is too short to be read as a continuation.
+bool showsList(const ClassRow& row, TextView screen, const CollectionPtr& state) {
+    if (row.description.columns.empty()) return false;
+    try {
+        return readRows(row, screen, state).isList;
+    } catch (const Error&) {
+        return false;
+    }
+}
+
 std::string notRecognised(const ClassRow& row, TextView screen) {
     const std::string name = toUtf8(row.name);
     if (screen.empty()) return "the screen is empty, so " + name + " read nothing";
@@ -88,7 +99,7 @@ int runVerify(const VerifyOptions& options) {
     const CollectionPtr results =
         options.count ? countOf(row, *object, screen) : object->profileTrans()->VerifyResponse(screen, collection);
     writeOutput(resultsText(results, chosenView(options.table, options.json)));
-    if (!options.count && !isRecognised(row, screen, results)) {
+    if (!options.count && !isRecognised(row, screen, results) && !showsList(row, screen, collection)) {
         warnings.add(notRecognised(row, screen));
         return screenNotRecognised;
     }

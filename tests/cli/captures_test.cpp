@@ -101,7 +101,7 @@ TEST(Captures, DisplaysWithoutAnEndBetweenThemAreToldAndSplitAtSeparators) {
     const Finished run = runTool({"parse"}, endless + sample("minimal"));
     EXPECT_EQ(linesOf(run.out).size(), 1U);
     const Lines warnings = warningsIn(run);
-    const std::string told = "display 1: line " + std::to_string(lines + 2) +
+    const std::string told = "display 1: line " + std::to_string(lines + 1) +
                              " seems to begin another display, without an end of the one above; see --separator.";
     EXPECT_EQ(std::ranges::count(warnings, told), 1) << run.err;
 
@@ -120,7 +120,7 @@ TEST(Captures, ASeparatorMayBeginWithHyphensButNotLikeLinesOfADisplay) {
     const Finished blank = runTool({"parse", "--separator", " "}, separated);
     EXPECT_EQ(blank.status, 2);
     EXPECT_NE(blank.err.find("a separator is the beginning of a line and not blank"), std::string::npos) << blank.err;
-    for (const char* text : {"-", "-----", "-------", ">"}) {
+    for (const char* text : {"-", "-----", "-------", ">", "PDR/", "PDNA/SMITH"}) {
         const Finished refused = runTool({"parse", "--separator", text}, separated);
         EXPECT_EQ(refused.status, 2) << text;
         EXPECT_NE(refused.err.find("lines of displays begin with it"), std::string::npos) << refused.err;

@@ -59,8 +59,9 @@ TEST(Doubts, NoProfileIsWhatHasNoMarkAndNoSectionAndNoElement) {
 }
 
 TEST(Doubts, ASecondHeadIsAMarkWithARuleBelow) {
-    EXPECT_EQ(doubtsAbout(head + "------- PRIORITY\n" + head + end).secondHead, 6U);
-    EXPECT_EQ(doubtsAbout(head + head + head + end).secondHead, 5U);
+    EXPECT_EQ(doubtsAbout(head + "------- PRIORITY\n" + head + end).secondHead, 5U);
+    EXPECT_EQ(doubtsAbout(head + head + head + end).secondHead, 4U);
+    EXPECT_EQ(doubtsAbout(head + "\n" + head.substr(head.find('\n') + 1) + end).secondHead, 5U);  // without an echo
     EXPECT_EQ(doubtsAbout(head + end).secondHead, 0U);
     EXPECT_EQ(doubtsAbout(head + "------- PROFILE NOTES\n*T* IS A MARK\n" + end).secondHead, 0U);
     EXPECT_EQ(doubtsAbout(head + "------- PROFILE NOTES\n*T* IS A MARK\n------- PRIORITY\n" + end).secondHead, 0U);

@@ -73,6 +73,17 @@ TEST(Rows, OfAContinuationAreReadWithTheState) {
     EXPECT_EQ(rows({"--csv", "blnKeyEndOfBlock=true", "strKeyRecLocPos=38"}, continuation).out, expected);
 }
 
+// The class itself reads nothing on a continuation that ends before line 9.
+TEST(Rows, MakeAShortContinuationAScreenThatIsRecognised) {
+    const std::vector<std::string> verify{"verify", "CPDNTrans", "blnKeyEndOfBlock=true"};
+    std::vector<std::string> withColumn = verify;
+    withColumn.emplace_back("strKeyRecLocPos=38");
+    EXPECT_EQ(runTool(withColumn, continuation).status, 0);
+    EXPECT_EQ(runTool(verify, "PDMD\n").status, 4);
+    withColumn.back() = "strKeyRecLocPos=X";
+    EXPECT_EQ(runTool(withColumn, continuation).status, 4);
+}
+
 TEST(Rows, AScreenWithoutAListHasNoneAndAWarning) {
     const Finished run = rows({"--json"}, continuation);
     EXPECT_EQ(run.status, 4);
