@@ -21,7 +21,7 @@ constexpr TextView flyerRequest = u"FQTV";
 
 /// The kind of a transferable element, in column 1. A continuation line that is read as an element of its own has none.
 char16_t kindOf(TextView line) {
-    const char16_t first = line.empty() ? u' ' : line.front();
+    const char16_t first = line.front();  // a line with a code is not empty
     return first == u'S' || first == u'A' ? first : u'\0';
 }
 

@@ -88,9 +88,11 @@ public:
     const PassedLine& line() const { return line_; }
     std::size_t number() const { return static_cast<std::size_t>(line_.characters - text_.data()) / lineLength; }
 
-    /// The next line and the one after it, if they have 80 characters; otherwise empty.
+    /// The next line, if it has 80 characters; otherwise empty.
     TextView next() const { return wholeLine(next_); }
-    TextView nextButOne() const { return next_ != wholeLinesEnd_ ? wholeLine(next_ + lineLength) : TextView(); }
+
+    /// The line after `next`, which must not be empty.
+    TextView nextButOne() const { return wholeLine(next_ + lineLength); }
     std::size_t linesLeft() const { return static_cast<std::size_t>(wholeLinesEnd_ - next_) / lineLength; }
 
     bool isAtRule() const { return state_ == State::AtRule; }

@@ -48,6 +48,13 @@ Written randomSet(std::mt19937& engine) {
     return text;
 }
 
+TEST(LineBits, ContainsItsPositionsOnly) {
+    const LineBits bits = LineBits::range(62, 3);
+    for (std::size_t position = 0; position < LineBits::capacity; ++position) {
+        EXPECT_EQ(bits.contains(position), position >= 62 && position <= 64) << position;
+    }
+}
+
 TEST(LineBits, ARangeIsThePositionsFromItsBegin) {
     for (std::size_t begin = 0; begin < 140; ++begin) {
         for (const std::size_t count : {std::size_t{0}, std::size_t{1}, std::size_t{6}, std::size_t{63}}) {

@@ -161,6 +161,8 @@ INSTANTIATE_TEST_SUITE_P(
         Case{"EndTextInALine", sections({"------- PRIORITY", "   1 PPR/ END OF DISPLAY", "   2 PPR/ C"})},
         Case{"EndTextArises",
              sections({"------- PRIORITY", "   1 PPR/ END OF DIS", from(10, "PLAY"), from(10, "PPR/ C")})},
+        Case{"EndTextArisesInAWholeElement",
+             sections({"------- PRIORITY", "   1 PPR/ END OF DIS", from(10, "PLAY"), "   2 PPR/ C"})},
         Case{"RuleInColumn2", sections({"------- PRIORITY", "   1 PPR/ A", " ------- FOLLOW UP", "   2 PFO/ B"})},
         Case{"RuleInAContinuationLine",
              sections({"------- PRIORITY", "   1 PPR/ A", from(10, "-------"), "   2 PPR/ B"})},

@@ -151,6 +151,14 @@ TEST(ListRows, OfAnOfficesTravellersComeFromEveryBlock) {
         (Lines{"4 T|1|ABELMANN/IDA MS|H1J2K3|", "9 T|2|BOROVIK/JURI MR|H4J5K6|KESTRELLO", "11 T|3|RECLOC /ROY MR||"}));
 }
 
+TEST(ListRows, OfAnOfficeMayLackTheNumberButNotTheLocatorToo) {
+    EXPECT_EQ(
+        rowsOf(u"CPLTTrans",
+               screen({u"PLT/NCEVN0900", u"TRAVELLER NAME LIST", u"     NAME                   RECLOC  COMPANY",
+                       u"     ABELMANN/IDA MS        H1J2K3  ", u"     OTHER OFFICES", u"   2 BOROVIK/JURI MR", u">"})),
+        (Lines{"3 T||ABELMANN/IDA MS|H1J2K3|", "5 T|2|BOROVIK/JURI MR||"}));
+}
+
 TEST(ListRows, OfSimilarCompaniesOfAnOfficeAreNumbersAndNames) {
     EXPECT_EQ(rowsOf(u"CPLTTrans", screen({u"PLT//KES", companies, u"", u"     COMPANY", u"   1 ALPHA",
                                            u"     COMPANY                  OTHER OFFICES", u"   2 BETA", u">"})),

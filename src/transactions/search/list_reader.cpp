@@ -16,7 +16,11 @@ constexpr ScreenTest<ListBelow> columnHeaders[] = {
 Text& owner(ListRow& row) { return row.kind == ProfileKind::Company ? row.office : row.company; }
 
 ListRow rowOf(const LocatorEntry& entry, ProfileKind kind, std::int16_t lineNumber) {
-    ListRow row{.line = lineNumber, .kind = kind, .number = Text(entry.number), .name = Text(entry.name())};
+    ListRow row;
+    row.line = lineNumber;
+    row.kind = kind;
+    row.number = entry.number;
+    row.name = entry.name();
     if (entry.hasLocatorColumn()) {
         row.recordLocator = trimmed(entry.locator);
         owner(row) = trimmed(entry.owner());

@@ -96,14 +96,14 @@ void addOfficeTravellers(ListWalk lines, ListRows& found) {
         constexpr Width nameWidth{locatorColumn.value - entryTextColumn.value};
         const TextView locator = trimmed(mid(line, locatorColumn, locatorWidth));
         const bool hasNumber = hasListNumber(line);
-        const bool isHeader = !hasNumber && contains(line, travellerHeader);
-        if (isHeader || (!hasNumber && locator.empty())) return;
-        found.rows.push_back({.line = lineNumber,
-                              .kind = ProfileKind::Traveller,
-                              .number = Text(onlyIf(hasNumber, listNumber(line))),
-                              .name = Text(trimmed(mid(line, entryTextColumn, nameWidth))),
-                              .recordLocator = Text(locator),
-                              .company = Text(trimmed(mid(line, companyColumn)))});
+        if (!hasNumber && (locator.empty() || contains(line, travellerHeader))) return;
+        ListRow& row = found.rows.emplace_back();
+        row.line = lineNumber;
+        row.kind = ProfileKind::Traveller;
+        row.number = onlyIf(hasNumber, listNumber(line));
+        row.name = trimmed(mid(line, entryTextColumn, nameWidth));
+        row.recordLocator = locator;
+        row.company = trimmed(mid(line, companyColumn));
     });
 }
 
