@@ -11,7 +11,8 @@ inline constexpr auto tool =
     "  vantro-profile verify --help\n"
     "\n"
     "Exit status: 0 done, 1 a call failed (or a batch line was not a request), 2 bad usage, 3 the parameters are not\n"
-    "sufficient for a command, 4 no test recognised the screen, 5 with --strict: done, but with warnings.";
+    "sufficient for a command, 4 no test recognised the screen, 5 with --strict: done, but with warnings, 141 the\n"
+    "program that reads the output has closed the pipe.";
 
 inline constexpr auto classes = "Example:\n  vantro-profile classes --json";
 
