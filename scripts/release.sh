@@ -1,6 +1,7 @@
 #!/usr/bin/env bash
 # Builds the release archive of the COM server: build/release-archive/VantroProfileUtils-<version>.zip with both servers,
-# their manifests, the type library, the documents and checksums. Installs missing packages (Debian).
+# their manifests, the command-line tool, the type library, the documents, the JSON Schemas of the tool's outputs and
+# checksums. Installs missing packages (Debian).
 set -euo pipefail
 cd "$(dirname "$0")/.."
 # shellcheck source=scripts/lib.sh
@@ -31,7 +32,8 @@ done
 cp build/mingw-x64/server/idl/vantro_profile_utils.tlb "$out/$name/VantroProfileUtils.tlb"
 cp server/vantro_profile_utils.idl "$out/$name/VantroProfileUtils.idl"
 mkdir -p "$out/$name/docs"
-cp docs/com.md docs/powershell.md "$out/$name/docs"
+cp docs/captures.md docs/com.md docs/parse.md docs/powershell.md docs/rows.md "$out/$name/docs"
+cp -r schemas "$out/$name/schemas"
 cp README.md CHANGELOG.md LICENSE SECURITY.md "$out/$name"
 
 (cd "$out/$name" && find . -type f -print0 | sort -z | xargs -0 sha256sum) >"$out/SHA256SUMS"

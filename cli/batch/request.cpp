@@ -33,6 +33,7 @@ bool hasCall(const ClassRow& row, Call call) {
 
 void RequestReader::read(std::span<char> line) {
     request_ = Request();
+    unknownClass_ = {};
     JsonOutcome outcome = input_.readObject(line, members_);
     isObject_ = outcome.isObject;
     problem_ = std::move(outcome.problem);
@@ -65,6 +66,7 @@ void RequestReader::chooseCall() {
     request_.row = findClass(class_);
     if (request_.row == nullptr) {
         problem_ = "no class is named " + inQuotes(class_);
+        unknownClass_ = class_;
         return;
     }
     const auto call = callNamed(call_);

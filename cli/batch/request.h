@@ -38,6 +38,9 @@ public:
     /// The problem with the line, for the response; empty for a well-formed request.
     const std::string& problem() const { return problem_; }
 
+    /// The line's class when there is none of this name; else empty.
+    TextView unknownClass() const { return unknownClass_; }
+
     /// The request; valid only when it is well-formed, until the next line is read.
     Request& request() { return request_; }
 
@@ -85,6 +88,7 @@ private:
 
     bool isObject_ = false;
     std::string problem_;
+    TextView unknownClass_;
     Request request_;
 };
 

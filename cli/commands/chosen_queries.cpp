@@ -1,6 +1,6 @@
 #include "cli/commands/chosen_queries.h"
 
-#include "cli/commands/nearest.h"
+#include "cli/classes/nearest.h"
 #include "cli/io/failure.h"
 #include "cli/io/utf.h"
 

@@ -1,7 +1,7 @@
+#include "cli/classes/trans_class.h"
 #include "cli/commands/commands.h"
 #include "cli/commands/missing_keys.h"
 #include "cli/commands/parameters.h"
-#include "cli/commands/trans_class.h"
 #include "cli/commands/unknown_keys.h"
 #include "cli/io/failure.h"
 #include "cli/io/standard_io.h"

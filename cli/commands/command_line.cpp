@@ -3,10 +3,10 @@
 #include "cli/commands/command_line.h"
 
 #include "cli/batch/run.h"
+#include "cli/classes/nearest.h"
 #include "cli/commands/commands.h"
 #include "cli/commands/describe.h"
 #include "cli/commands/help.h"
-#include "cli/commands/nearest.h"
 #include "cli/commands/shell_commands.h"
 #include "cli/io/encoding.h"
 #include "cli/io/failure.h"

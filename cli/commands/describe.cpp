@@ -1,6 +1,6 @@
 #include "cli/commands/describe.h"
 
-#include "cli/commands/trans_class.h"
+#include "cli/classes/trans_class.h"
 #include "cli/io/failure.h"
 #include "cli/io/standard_io.h"
 #include "cli/io/utf.h"

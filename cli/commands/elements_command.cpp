@@ -1,6 +1,6 @@
+#include "cli/classes/nearest.h"
 #include "cli/commands/commands.h"
 #include "cli/commands/display_query.h"
-#include "cli/commands/nearest.h"
 #include "cli/io/utf.h"
 #include "vantro/families.h"
 

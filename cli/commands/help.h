@@ -11,7 +11,8 @@ inline constexpr auto tool =
     "  vantro-profile verify --help\n"
     "\n"
     "Exit status: 0 done, 1 a call failed (or a batch line was not a request), 2 bad usage, 3 the parameters are not\n"
-    "sufficient for a command, 4 no test recognised the screen, 5 with --strict: done, but with warnings.";
+    "sufficient for a command, 4 no test recognised the screen, 5 with --strict: done, but with warnings, 141 the\n"
+    "program that reads the output has closed the pipe.";
 
 inline constexpr auto classes = "Example:\n  vantro-profile classes --json";
 
@@ -71,7 +72,8 @@ inline constexpr auto batch =
     "Every line gets one response line; a line that is no request, or is longer than --max-line, gets an error,\n"
     "and the next one is read. After an interrupt, the response that is being written is completed.\n"
     "A line end, tab or other control character in a screen hides marks: a warning on standard error names the line\n"
-    "and the id of the request, and the response stays the same.\n"
+    "and the id of the request, and the response stays the same. A warning about an unknown class names the nearest\n"
+    "class; with --strict, a screen that no test of its class recognised is a warning too.\n"
     "Exit status: 0 when every line was a request, whatever its result, 1 when one was not, 2 for bad usage, 5 with\n"
     "--strict: there were warnings.\n"
     "\n"

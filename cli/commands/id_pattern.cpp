@@ -1,6 +1,6 @@
 #include "cli/commands/id_pattern.h"
 
-#include "cli/commands/nearest.h"
+#include "cli/classes/nearest.h"
 #include "cli/io/failure.h"
 #include "cli/io/utf.h"
 

@@ -1,6 +1,6 @@
 #include "cli/commands/identify.h"
 
-#include "cli/commands/screen_marks.h"
+#include "cli/classes/screen_marks.h"
 #include "cli/io/utf.h"
 #include "vantro/screen_lines.h"
 

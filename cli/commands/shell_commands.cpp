@@ -1,7 +1,7 @@
 #include "cli/commands/shell_commands.h"
 
+#include "cli/classes/nearest.h"
 #include "cli/commands/help.h"
-#include "cli/commands/nearest.h"
 #include "cli/io/failure.h"
 #include "cli/io/standard_io.h"
 #include "cli/io/terminal.h"

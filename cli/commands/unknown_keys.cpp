@@ -1,6 +1,6 @@
 #include "cli/commands/unknown_keys.h"
 
-#include "cli/commands/nearest.h"
+#include "cli/classes/nearest.h"
 #include "cli/io/utf.h"
 
 #include <algorithm>

@@ -1,9 +1,9 @@
+#include "cli/classes/screen_marks.h"
+#include "cli/classes/trans_class.h"
 #include "cli/commands/commands.h"
 #include "cli/commands/parameters.h"
 #include "cli/commands/results_view.h"
 #include "cli/commands/rows_view.h"
-#include "cli/commands/screen_marks.h"
-#include "cli/commands/trans_class.h"
 #include "cli/commands/unknown_keys.h"
 #include "cli/io/failure.h"
 #include "cli/io/input_files.h"
@@ -12,7 +12,6 @@
 #include "cli/io/standard_io.h"
 #include "cli/io/utf.h"
 #include "cli/io/warnings.h"
-#include "vantro/list_rows.h"
 
 #include <memory>
 #include <string>
@@ -61,23 +60,6 @@ CollectionPtr countOf(const ClassRow& row, ProfileObject& object, TextView scree
         counts->Add(property.name, property.call(object, CountRequest{screen}));
     }
     return counts;
-}
-
-/// True for a list that only its rows show, as a last screen that is too short to be read as a continuation.
-bool showsList(const ClassRow& row, TextView screen, const CollectionPtr& state) {
-    if (row.description.columns.empty()) return false;
-    try {
-        return readRows(row, screen, state).isList;
-    } catch (const Error&) {
-        return false;
-    }
-}
-
-std::string notRecognised(const ClassRow& row, TextView screen) {
-    const std::string name = toUtf8(row.name);
-    if (screen.empty()) return "the screen is empty, so " + name + " read nothing";
-    if (row.description.flags.empty()) return name + " reads nothing on a screen. " + toUtf8(row.description.remark);
-    return "no test of " + name + " recognised the screen; 'vantro-profile identify' says which class reads it";
 }
 
 }  // namespace

@@ -68,6 +68,11 @@ _vantro_profile() {
     else
         current=${current//\\/}
     fi
+    if [[ $kind == list ]]; then
+        quote=1  # the words need no backslashes
+        [[ $current == *,* ]] && words=("${words[@]/#/"${current%,*},"}")
+        compopt -o nospace 2>/dev/null
+    fi
     for word in "${words[@]}"; do
         [[ $word == "$current"* ]] || continue
         [[ $quote ]] || printf -v word %q "$word"
@@ -84,6 +89,7 @@ std::string assignment(const Completion& completion) {
     switch (completion.what) {
         case Completes::Files: return "kind=files";
         case Completes::Keys: return "kind=keys";
+        case Completes::List: return "kind=list words=(" + shellWords(completion.words) + ")";
         case Completes::Words: return "words=(" + shellWords(completion.words) + ")";
         case Completes::Nothing: break;
     }

@@ -32,6 +32,19 @@ Words prefixes() {
     return words;
 }
 
+/// What --only takes: prefixes, and the names of members in JSON.
+Words partsOfAProfile() {
+    Words words;
+    for (const FamilyFacts& family : families()) words.push_back(toUtf8(family.word));
+    for (std::size_t index = 0; index < otherQueryCount; ++index) {
+        const QueryFacts& query = factsOf(static_cast<OtherQuery>(index));
+        if (query.json.empty()) continue;
+        words.push_back(toUtf8(query.word));
+        words.emplace_back(query.json);
+    }
+    return words;
+}
+
 Words commandNames(const CommandPage& tool) {
     Words names;
     for (const CommandPage& command : tool.commands) names.push_back(commandOf(command));
@@ -63,6 +76,7 @@ Completion completionOf(const OptionEntry& entry, const CommandPage& command, co
     if (value == "KEY=VALUE") return {Completes::Keys};
     if (value == "CLASS") return {Completes::Words, classNames(takesKeys(command))};
     if (value == "PREFIX") return {Completes::Words, prefixes()};
+    if (value == "LIST") return {Completes::List, partsOfAProfile()};
     if (value == "SUBCOMMAND") return {Completes::Words, commandNames(tool)};
     if (value == "SHELL") return {Completes::Words, {"bash", "zsh", "fish"}};
     if (value == "ENCODING") return {Completes::Words, wordsOf(encodingNames())};

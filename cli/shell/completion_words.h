@@ -12,12 +12,13 @@ enum class Completes {
     Nothing,
     Files,
     Words,
+    List,  ///< words with commas between them
     Keys,  ///< KEY=VALUE with the keys of the class before it
 };
 
 struct Completion {
     Completes what = Completes::Nothing;
-    std::vector<std::string> words = {};  ///< for `Words`
+    std::vector<std::string> words = {};  ///< for `Words` and `List`
 };
 
 /// What the value of an option or argument can be, by its name: "FILE", "CLASS", "WHEN".

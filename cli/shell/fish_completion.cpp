@@ -55,6 +55,14 @@ function __vantro_profile_keys
 @keys@    end
 end
 
+# The words, after the list that has been entered up to its last comma.
+function __vantro_profile_list
+    set -l typed (commandline -ct)
+    set -l list (string replace -r -- '^--[^=]*=' '' "$typed")
+    set -l before (string replace -r -- '[^,]*$' '' "$list")
+    printf '%s\n' "$before"$argv
+end
+
 complete -c vantro-profile -f
 )script";
 
@@ -89,6 +97,7 @@ std::string optionsFor(const Completion& completion) {
     switch (completion.what) {
         case Completes::Files: return " -F";
         case Completes::Keys: return " -a '(__vantro_profile_keys)'";
+        case Completes::List: return " -a " + quoted("(__vantro_profile_list " + joined(completion.words) + ")");
         case Completes::Words: return " -a " + quoted(joined(completion.words));
         case Completes::Nothing: break;
     }

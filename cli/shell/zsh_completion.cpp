@@ -40,6 +40,7 @@ std::string actionOf(const Completion& completion, const std::string& command) {
     switch (completion.what) {
         case Completes::Files: return "_files";
         case Completes::Keys: return " _vantro_profile_keys " + command;  // after a blank, _arguments adds no arguments
+        case Completes::List: return " _values -s , part " + shellWords(completion.words);
         case Completes::Words: return "(" + shellWords(completion.words) + ")";
         case Completes::Nothing: break;
     }

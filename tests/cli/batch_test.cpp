@@ -41,7 +41,7 @@ TEST(Batch, AnswersTheExamples) {
 }
 
 TEST(Batch, WarnsAboutControlCharactersInAScreenAndAnswersAsBefore) {
-    const std::string good = R"({"class":"CPXTrans","call":"VerifyResponse","response":"x"})";
+    const std::string good = R"({"class":"CPXTrans","call":"VerifyResponse","response":["PX3","WILL BE DEACTIVATED"]})";
     const std::string broken =
         R"({"id":"m1","class":"CPXTrans","call":"VerifyResponse","response":"PX3\nWILL BE DEACTIVATED"})";
     const std::string display =
@@ -61,6 +61,55 @@ TEST(Batch, WarnsAboutControlCharactersInAScreenAndAnswersAsBefore) {
     EXPECT_EQ(runTool({"batch", "--strict"}, input + "x\n").status, 1);
     EXPECT_EQ(runTool({"batch", "--quiet"}, input).err, "");
     EXPECT_EQ(runTool({"batch", "--quiet"}, input).out, run.out);
+}
+
+TEST(Batch, AStrictRunWarnsAboutScreensThatNoTestRecognised) {
+    const std::string known =
+        R"({"class":"CPXTrans","call":"VerifyResponse","response":["PX3","WILL BE DEACTIVATED"]})";
+    const std::string unknown = R"({"id":7,"class":"CPXTrans","call":"VerifyResponse","response":"hello"})";
+    const std::string empty = R"({"class":"CPXTrans","call":"VerifyResponse","response":""})";
+    const std::string command = R"({"class":"CPXTrans","call":"CreateCommand"})";
+    const std::string failed = R"({"class":"CProfileMode","call":"VerifyResponse","response":"hello"})";
+    const std::string input = known + "\n" + unknown + "\n" + empty + "\n" + command + "\n" + failed + "\n";
+    const Finished strict = runTool({"batch", "--strict"}, input);
+    EXPECT_EQ(strict.err,
+              "vantro-profile: warning: line 2, id 7: no test of CPXTrans recognised the screen; 'vantro-profile "
+              "identify' says which class reads it.\n"
+              "vantro-profile: warning: line 3: the screen is empty, so CPXTrans read nothing.\n");
+    EXPECT_EQ(strict.status, 5);
+    EXPECT_NE(linesOf(strict.out)[4].find("error"), std::string::npos);  // a failed call read no screen
+    EXPECT_EQ(runTool({"batch", "--strict"}, known + "\n").status, 0);
+    EXPECT_EQ(runTool({"batch", "--strict", "--quiet"}, input).err, "");
+    EXPECT_EQ(runTool({"batch", "--strict", "--quiet"}, input).status, 5);
+    const Finished ordinary = runBatch(input);
+    EXPECT_EQ(ordinary.err, "");
+    EXPECT_EQ(ordinary.out, strict.out);
+}
+
+TEST(Batch, AShortLastScreenOfAListIsRecognised) {
+    const std::string screen =
+        R"("response":["PDMD","","   3 KESWICK INKS                    J8K9L1     NCEVN0900",">"])";
+    const std::string request = R"({"class":"CPDNTrans","call":"VerifyResponse",)" + screen;
+    const std::string state = R"(,"params":{"blnKeyEndOfBlock":true,"strKeyRecLocPos":"38"}})";
+    const Finished run = runTool({"batch", "--strict"}, request + state + "\n" + request + "}\n");
+    EXPECT_EQ(linesOf(run.err).size(), 1U) << run.err;
+    EXPECT_NE(run.err.find("line 2: no test of CPDNTrans recognised the screen"), std::string::npos) << run.err;
+}
+
+TEST(Batch, AnUnknownClassIsAWarningWithTheNearestName) {
+    const Finished run = runBatch(R"({"id":"a","class":"CPXTran","call":"VerifyResponse","response":""})"
+                                  "\n"
+                                  R"({"class":"PDN","call":"CreateCommand"})"
+                                  "\n"
+                                  R"({"class":"CPXTrans","call":"Nothing"})"
+                                  "\nx\n");
+    EXPECT_EQ(linesOf(run.out)[0],
+              R"({"id":"a","error":{"number":0,"source":"request","description":"no class is named \"CPXTran\""}})");
+    EXPECT_EQ(run.err,
+              "vantro-profile: warning: line 1, id \"a\": no class is named 'CPXTran'; did you mean CPXTrans?\n"
+              "vantro-profile: warning: line 2: no class is named 'PDN'; the class of PDN is CPDNTrans.\n"
+              "vantro-profile: 4 of 4 lines are not requests, the first is line 1; their responses say why.\n");
+    EXPECT_EQ(run.status, 1);
 }
 
 TEST(Batch, ALongIdIsCutInAWarning) {

@@ -1,7 +1,7 @@
 // Which class reads a screen.
 #include "cli/commands/identify.h"
 
-#include "cli/commands/screen_marks.h"
+#include "cli/classes/screen_marks.h"
 #include "cli/io/utf.h"
 #include "tests/cli/process.h"
 #include "tests/support/collections.h"

@@ -1,5 +1,8 @@
 // The outputs of the tool, validated by the schemas that are shipped with it.
+#include "cli/commands/rows_view.h"
+#include "cli/io/utf.h"
 #include "tests/cli/process.h"
+#include "vantro/registry.h"
 
 #include <gtest/gtest.h>
 #include <rapidjson/document.h>
@@ -93,7 +96,7 @@ TEST(Schemas, AreVersionedAndUseOnlyKeywordsThatAreTested) {
     const std::set<std::string> known{
         "$schema",    "$id",      "title",   "description", "definitions", "$ref",  "type",  "enum",
         "properties", "required", "minimum", "maximum",     "items",       "anyOf", "oneOf", "additionalProperties"};
-    EXPECT_EQ(filesIn(root / "schemas").size(), 6U);
+    EXPECT_EQ(filesIn(root / "schemas").size(), 8U);
     for (const fs::path& file : filesIn(root / "schemas")) {
         SCOPED_TRACE(file);
         const rapidjson::Document schema = parsed(contentOf(file));
@@ -180,6 +183,46 @@ TEST(Schemas, OfResultsOfVerify) {
     expectValid(schema, {"verify", "CPLTTrans"}, "PLT\nTRAVELLER LIST\n");
     EXPECT_EQ(schema.faultOf("[]"), "type at #");
     EXPECT_EQ(schema.faultOf(R"({"a":[1]})"), "anyOf at #/a");
+}
+
+TEST(Schemas, OfRowsNameEveryColumn) {
+    const Schema schema("rows");
+    expectValid(schema, {"verify", "CPDNTrans", "--rows"},
+                "PDN/KES\nSIMILAR COMPANY NAME LIST\n     COMPANY                         RECLOC     OFFICE\n"
+                "   1 KESTRELLO TOOLS                 Q2W3E4     NCEVN0900\n>\n");
+    expectValid(schema, {"verify", "CRLPTrans", "--rows"}, "RLP\nT/ABC123 /P1\n");
+    expectValid(schema, {"verify", "CPDNTrans", "--rows"}, "PDN/KES\n");
+    const rapidjson::Document document = parsed(contentOf(root / "schemas/rows.schema.json"));
+    std::set<std::string> columns;
+    for (const ClassRow& row : classTable()) {
+        for (const NamedColumn& column : columnsOf(row)) columns.insert(toUtf8(column.name));
+    }
+    std::set<std::string> described;
+    for (const auto& column : document["items"]["properties"].GetObject()) described.insert(column.name.GetString());
+    EXPECT_EQ(described, columns);
+    EXPECT_EQ(schema.faultOf(R"([{"line":3,"kind":"company","name":"A"}])"), "");
+    EXPECT_EQ(schema.faultOf(R"([{"line":3}])"), "required at #/0");
+    EXPECT_EQ(schema.faultOf(R"([{"line":-1,"kind":"company"}])"), "minimum at #/0/line");
+    EXPECT_EQ(schema.faultOf(R"([{"line":3,"kind":"office"}])"), "enum at #/0/kind");
+    EXPECT_EQ(schema.faultOf(R"([{"line":3,"kind":"company","city":""}])"), "additionalProperties at #/0/city");
+    EXPECT_EQ(schema.faultOf("{}"), "type at #");
+}
+
+TEST(Schemas, OfTheClassesThatReadAScreen) {
+    const Schema schema("identify");
+    expectValid(schema, {"identify", "--json"}, "PX3\nPROFILE WILL BE DEACTIVATED\n");
+    expectValid(schema, {"identify", "--json"}, "hello\n");
+    expectValid(schema, {"identify", "--json", (root / "samples/profiles").string()});
+    const std::string reason = R"("line":1,"mark":"PX3","meaning":"x")";
+    const auto fault = [&](const std::string& of) {
+        return schema.faultOf(R"({"source":"a","candidates":[{"class":"CPXTrans","reasons":[{)" + of + "}]}]}");
+    };
+    EXPECT_EQ(fault(reason), "");
+    EXPECT_EQ(fault(R"("line":1,"mark":"PX3")"), "required at #/candidates/0/reasons/0");
+    EXPECT_EQ(fault(reason + R"(,"flag":true)"), "type at #/candidates/0/reasons/0/flag");
+    EXPECT_EQ(fault(reason + R"(,"column":1)"), "additionalProperties at #/candidates/0/reasons/0/column");
+    EXPECT_EQ(fault(R"("line":0,"mark":"PX3","meaning":"x")"), "minimum at #/candidates/0/reasons/0/line");
+    EXPECT_EQ(schema.faultOf(R"({"candidates":[]})"), "required at #");
 }
 
 TEST(Schemas, OfAnswersOfElementsAndNotes) {

@@ -297,6 +297,28 @@ TEST_F(BashCompletion, CompletesPrefixes) {
     EXPECT_EQ(completed({"elements", "R"}), (Names{"RC", "RECLOC", "RM"}));
 }
 
+TEST_F(BashCompletion, CompletesListsOfPartsOfAProfile) {
+    EXPECT_EQ(completed({"parse", "--only", "R"}), (Names{"RC", "RECLOC", "RM"}));
+    EXPECT_EQ(completed({"parse", "--only", "n"}), (Names{"name", "notes"}));
+    EXPECT_EQ(completed({"parse", "--only", "AL"}), Names{});  // the numbers that a selection names
+    EXPECT_EQ(completed({"parse", "--only", "="}).size(), 29U + 7U + 7U);
+    // A comma does not cut words, so that the whole list is replaced.
+    EXPECT_EQ(completed({"parse", "--only", "PPR,notes,PH"}), Names{"PPR,notes,PHI"});
+    EXPECT_EQ(completed({"parse", "--only", "=", "PPR,na"}), Names{"PPR,name"});
+    EXPECT_EQ(completed({"parse", "--only", "'PPR,na"}), Names{"PPR,name"});
+}
+
+TEST(Completion, EveryPartOfAProfileIsAccepted) {
+    const std::string bash = runTool({"completion", "bash"}).out;
+    const std::string start = "'parse --only') kind=list words=(";
+    const std::size_t words = bash.find(start) + start.size();
+    const std::string parts = bash.substr(words, bash.find(')', words) - words);
+    const std::string list = std::regex_replace(parts, std::regex(" "), ",");
+    EXPECT_EQ(runTool({"parse", "--only", list}, "*T*\n").err.find("--only"), std::string::npos) << list;
+    EXPECT_NE(runTool({"completion", "zsh"}).out.find(":LIST: _values -s , part " + parts), std::string::npos);
+    EXPECT_NE(runTool({"completion", "fish"}).out.find("(__vantro_profile_list " + parts + ")"), std::string::npos);
+}
+
 TEST(Completion, EachShellReadsItsScript) {
     struct Check {
         const char* shell;

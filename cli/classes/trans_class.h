@@ -1,4 +1,4 @@
-// The transaction class that the commands `command` and `verify` were called with.
+// The class that a name stands for.
 #pragma once
 
 #include "vantro/registry.h"

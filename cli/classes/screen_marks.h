@@ -5,6 +5,7 @@
 #include "vantro/registry.h"
 
 #include <cstddef>
+#include <string>
 #include <vector>
 
 namespace vantro {
@@ -23,5 +24,12 @@ std::vector<SeenMark> marksOn(TextView screen, const ClassRow& row);
 /// flag that is True or a value that was read there. `results` may be null. Values of the state are not read on the
 /// screen.
 bool isRecognised(const ClassRow& row, TextView screen, const CollectionPtr& results);
+
+/// True for a list that only its rows show, as a last screen that is too short to be read as a continuation. `state` is
+/// the collection that the class read the screen with, and may be null.
+bool showsList(const ClassRow& row, TextView screen, const CollectionPtr& state);
+
+/// The warning about a screen that no test of the class recognised.
+std::string notRecognised(const ClassRow& row, TextView screen);
 
 }  // namespace vantro

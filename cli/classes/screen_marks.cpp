@@ -1,5 +1,7 @@
-#include "cli/commands/screen_marks.h"
+#include "cli/classes/screen_marks.h"
 
+#include "cli/io/utf.h"
+#include "vantro/list_rows.h"
 #include "vantro/screen_lines.h"
 
 #include <algorithm>
@@ -86,6 +88,22 @@ bool isRecognised(const ClassRow& row, TextView screen, const CollectionPtr& res
         return item && isTrueOrFilled(item->Value());
     };
     return std::ranges::any_of(row.description.results, isRead) || !marksOn(screen, row).empty();
+}
+
+bool showsList(const ClassRow& row, TextView screen, const CollectionPtr& state) {
+    if (row.description.columns.empty()) return false;
+    try {
+        return readRows(row, screen, state).isList;
+    } catch (const Error&) {
+        return false;
+    }
+}
+
+std::string notRecognised(const ClassRow& row, TextView screen) {
+    const std::string name = toUtf8(row.name);
+    if (screen.empty()) return "the screen is empty, so " + name + " read nothing";
+    if (row.description.flags.empty()) return name + " reads nothing on a screen. " + toUtf8(row.description.remark);
+    return "no test of " + name + " recognised the screen; 'vantro-profile identify' says which class reads it";
 }
 
 }  // namespace vantro

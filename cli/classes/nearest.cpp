@@ -1,4 +1,4 @@
-#include "cli/commands/nearest.h"
+#include "cli/classes/nearest.h"
 
 #include <algorithm>
 #include <numeric>
