@@ -1,5 +1,6 @@
 #include "cli/batch/run.h"
 
+#include "cli/batch/key_warnings.h"
 #include "cli/batch/line_reader.h"
 #include "cli/batch/request.h"
 #include "cli/batch/response.h"
@@ -96,6 +97,7 @@ private:
         if (reader_.problem().empty()) {
             if (hasEscape) warnAboutCharacters();  // in JSON, line ends and tabs are escaped
             const Reply& reply = session_.call(reader_.request());
+            for (const std::string& warning : keyWarnings(reader_.request(), reply)) warn(warning);
             if (options_.strict) warnAboutScreen(reply);  // takes 8 % of the time of a run
             appendResponse(reader_.request(), reply, reader_.id(), out);
             return true;

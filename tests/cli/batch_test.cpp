@@ -112,6 +112,57 @@ TEST(Batch, AnUnknownClassIsAWarningWithTheNearestName) {
     EXPECT_EQ(run.status, 1);
 }
 
+TEST(Batch, WarnsAboutUnknownKeysAndAnswersAsBefore) {
+    const std::string known = R"({"class":"CPDNTrans","call":"CreateCommand","params":{"strKeyName":"SMITH"}})";
+    const std::string input =
+        known + "\n" +
+        R"({"id":7,"class":"CPDNTrans","call":"CreateCommand","params":{"strKeyName":"SMITH","blnKeyExactMach":true}})"
+        "\n"
+        R"({"class":"CPDNTrans","call":"VerifyResponse","params":{"blnKeyEndOfBlok":true,"blnKeyTrList":false},)"
+        R"("response":["PDN","*T*"]})"
+        "\n";
+    const Finished run = runBatch(input);
+    EXPECT_EQ(run.status, 0);
+    const Lines answers = linesOf(run.out);
+    ASSERT_EQ(answers.size(), 3U);
+    EXPECT_EQ(answers[1], R"({"id":7,"result":"PDN/-SMITH"})");
+    EXPECT_NE(answers[2].find(R"("blnKeyTrProfile":true)"), std::string::npos) << answers[2];
+    EXPECT_EQ(run.err,
+              "vantro-profile: warning: line 2, id 7: CPDNTrans does not know \"blnKeyExactMach\"; did you mean "
+              "\"blnKeyExactMatch\"?\n"
+              "vantro-profile: warning: line 3: CPDNTrans does not know \"blnKeyEndOfBlok\"; did you mean "
+              "\"blnKeyEndOfBlock\"?\n");
+    EXPECT_EQ(runTool({"batch", "--strict"}, input).status, 5);
+    EXPECT_EQ(runTool({"batch", "--strict"}, known + "\n").status, 0);
+    EXPECT_EQ(runTool({"batch", "--quiet"}, input).err, "");
+}
+
+TEST(Batch, NamesTheMissingKeysOfACommandThatIsEmptyOrRaises91) {
+    const Finished run = runBatch(
+        R"({"id":"a","class":"CPDITrans","call":"CreateCommand","params":{"strKeyIndx":"1"}})"
+        "\n"
+        R"({"class":"CPDITrans","call":"CreateCommand","params":{}})"
+        "\n"
+        R"json({"class":"CPTTrans","call":"CreateCommand","params":{"intKeyArraySize":"1",)json"
+        R"json("strKeySegArray()":["","1"],"strKeyPasArray()":["","1"]}})json"
+        "\n");
+    EXPECT_EQ(run.status, 0);
+    const Lines answers = linesOf(run.out);
+    ASSERT_EQ(answers.size(), 3U);
+    EXPECT_EQ(answers[0], R"({"id":"a","result":""})");
+    EXPECT_EQ(answers[1], R"({"result":""})");
+    EXPECT_NE(answers[2].find(R"("error":{"number":91,)"), std::string::npos) << answers[2];
+    EXPECT_EQ(run.err,
+              "vantro-profile: warning: line 1, id \"a\": CPDITrans does not know \"strKeyIndx\"; did you mean "
+              "\"strKeyIndex\"?\n"
+              "vantro-profile: warning: line 1, id \"a\": the parameters are not sufficient and nothing is to be sent: "
+              "strKeyIndex is missing.\n"
+              "vantro-profile: warning: line 2: the parameters are not sufficient and nothing is to be sent: "
+              "strKeyIndex is missing.\n"
+              "vantro-profile: warning: line 3: error 91: strKeyElArray() (when intKeyArraySize is not empty) is "
+              "missing.\n");
+}
+
 TEST(Batch, ALongIdIsCutInAWarning) {
     const std::string id(100, 'i');
     const Finished run =

@@ -1,5 +1,5 @@
 // What the tool says about parameters that make no command.
-#include "cli/commands/missing_keys.h"
+#include "cli/classes/missing_keys.h"
 #include "tests/cli/process.h"
 #include "tests/support/collections.h"
 #include "tests/support/parameter_worlds.h"

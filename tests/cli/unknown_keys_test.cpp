@@ -1,5 +1,5 @@
 // Warnings about keys that a class does not read; what comes out stays the same.
-#include "cli/commands/unknown_keys.h"
+#include "cli/classes/unknown_keys.h"
 #include "tests/cli/process.h"
 #include "tests/support/collections.h"
 #include "tests/support/parameter_worlds.h"

@@ -1,4 +1,4 @@
-#include "cli/commands/unknown_keys.h"
+#include "cli/classes/unknown_keys.h"
 
 #include "cli/classes/nearest.h"
 #include "cli/io/utf.h"
@@ -15,12 +15,14 @@ std::span<const ParameterRow> keysFor(const ClassRow& row, PassedFor purpose) {
 }
 
 bool reads(const ClassRow& row, PassedFor purpose, TextView key) {
-    return std::ranges::count(keysFor(row, purpose), key, &ParameterRow::key) > 0;
+    const auto keys = keysFor(row, purpose);
+    return std::ranges::find(keys, key, &ParameterRow::key) != keys.end();
 }
 
 bool isKnown(const ClassRow& row, PassedFor purpose, TextView key) {
     if (reads(row, purpose, key)) return true;
-    return purpose == PassedFor::Screen && std::ranges::count(row.description.results, key, &ResultRow::key) > 0;
+    const auto& results = row.description.results;
+    return purpose == PassedFor::Screen && std::ranges::find(results, key, &ResultRow::key) != results.end();
 }
 
 std::optional<TextView> nearestKey(const ClassRow& row, PassedFor purpose, TextView key) {

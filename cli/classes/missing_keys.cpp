@@ -1,4 +1,4 @@
-#include "cli/commands/missing_keys.h"
+#include "cli/classes/missing_keys.h"
 
 #include "cli/io/utf.h"
 
