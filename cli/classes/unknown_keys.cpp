@@ -3,8 +3,9 @@
 #include "cli/classes/nearest.h"
 #include "cli/io/utf.h"
 
-#include <algorithm>
+#include <cstring>
 #include <optional>
+#include <span>
 
 namespace vantro {
 
@@ -14,15 +15,26 @@ std::span<const ParameterRow> keysFor(const ClassRow& row, PassedFor purpose) {
     return purpose == PassedFor::Command ? row.description.parameters : row.description.state;
 }
 
-bool reads(const ClassRow& row, PassedFor purpose, TextView key) {
-    const auto keys = keysFor(row, purpose);
-    return std::ranges::find(keys, key, &ParameterRow::key) != keys.end();
+// `batch` compares the keys of every request: most keys differ in length or in the last character.
+bool isSame(TextView left, TextView right) {
+    if (left.size() != right.size()) return false;
+    return left.empty() ||
+           (left.back() == right.back() && std::memcmp(left.data(), right.data(), left.size() * sizeof(char16_t)) == 0);
 }
 
+template <class Row>
+bool contains(std::span<const Row> rows, TextView key) {
+    for (const Row& row : rows) {
+        if (isSame(row.key, key)) return true;
+    }
+    return false;
+}
+
+bool reads(const ClassRow& row, PassedFor purpose, TextView key) { return contains(keysFor(row, purpose), key); }
+
 bool isKnown(const ClassRow& row, PassedFor purpose, TextView key) {
-    if (reads(row, purpose, key)) return true;
-    const auto& results = row.description.results;
-    return purpose == PassedFor::Screen && std::ranges::find(results, key, &ResultRow::key) != results.end();
+    return reads(row, purpose, key) ||
+           (purpose == PassedFor::Screen && contains(std::span(row.description.results), key));
 }
 
 std::optional<TextView> nearestKey(const ClassRow& row, PassedFor purpose, TextView key) {
