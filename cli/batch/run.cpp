@@ -11,6 +11,7 @@
 #include "cli/io/standard_io.h"
 #include "cli/io/utf.h"
 #include "cli/io/warnings.h"
+#include "cli/json/line_name.h"
 
 #include <cstring>
 #include <span>
@@ -60,12 +61,6 @@ private:
     std::string text_;
     std::vector<std::size_t> ends_;
 };
-
-std::string shortened(const std::string& part) {
-    constexpr std::size_t longest = 60;
-    const Text text = toUtf16(part);
-    return text.size() <= longest ? part : toUtf8(TextView(text).substr(0, longest)) + "...";
-}
 
 class Batch {
 public:
@@ -120,9 +115,7 @@ private:
     }
 
     void warn(const std::string& about) {
-        std::string request = "line " + std::to_string(badLines_.lines + 1);
-        if (reader_.id() != nullptr) request += ", id " + shortened(*reader_.id());
-        warnings_.add(request + ": " + about);
+        warnings_.add(lineName(badLines_.lines + 1, reader_.id()) + ": " + about);
     }
 
     BatchOptions options_;

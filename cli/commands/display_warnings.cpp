@@ -64,6 +64,11 @@ void DisplayWarnings::add(const DisplayDoubts& doubts, const std::string& where,
     }
 }
 
+void DisplayWarnings::addRecord(const std::vector<std::string>& controls, const std::string& where) {
+    if (controls.empty() || ++counts_[ControlCharacters] > mostOfAKind) return;
+    for (const std::string& what : controls) say_(where + what);
+}
+
 void DisplayWarnings::endFile(const std::string& name) {
     static constexpr std::array<const char*, kinds> withWhat{
         "like further pages",

@@ -7,6 +7,7 @@
 #include <cstddef>
 #include <functional>
 #include <string>
+#include <vector>
 
 namespace vantro {
 
@@ -25,6 +26,9 @@ public:
     /// of lines before its chunk. For a display that was not read, call `skip` instead.
     void add(const DisplayDoubts& doubts, const std::string& where, std::size_t linesAbove);
     void skip() { pageMayFollow_ = false; }
+
+    /// The next display, read from a record, with what is to be said of its control characters.
+    void addRecord(const std::vector<std::string>& controls, const std::string& where);
 
     /// What is to be said of the next display instead of the errors of its queries; "" for a profile display.
     std::string refusal(const DisplayDoubts& doubts, std::size_t linesAbove) const;

@@ -15,6 +15,7 @@
 #include "cli/io/standard_io.h"
 #include "cli/io/warnings.h"
 #include "cli/json/input.h"
+#include "cli/json/line_name.h"
 
 #include <algorithm>
 #include <optional>
@@ -154,9 +155,15 @@ private:
         ++totals_.profiles;
         totals_.unanswered += display.unansweredCount;
         const std::string refusal = options_.areRecords ? "" : refusalOf(display, where);
+        if (!display.controls.empty()) warnAboutRecord(display);
         if (!display.unanswered.empty()) {
             fail(where + (refusal.empty() ? "no answer to " + display.unanswered : refusal));
         }
+    }
+
+    void warnAboutRecord(const ParsedDisplay& display) {
+        const std::string* const id = display.id.empty() ? nullptr : &display.id;
+        displayWarnings_.addRecord(display.controls, name() + ", " + lineName(displays_, id) + ": ");
     }
 
     /// Warns of what is doubtful about a display. Returns what is to be said of its unanswered queries, or "" for those

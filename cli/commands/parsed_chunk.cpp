@@ -2,6 +2,7 @@
 
 #include "cli/commands/profile_csv.h"
 #include "cli/commands/profile_table.h"
+#include "cli/io/screen_warnings.h"
 #include "cli/io/utf.h"
 #include "cli/json/input.h"
 
@@ -55,6 +56,11 @@ void parseFound(FoundDisplay& found, const ProfileView& view, ParsedDisplay& dis
     addElements(profile, display.doubts);
     if (view.findsUnread) addUnread(profile, found, text, display.doubts);
     writeProfileOf(profile, view, display, out);
+}
+
+void parseRecord(Text text, const ProfileView& view, ParsedDisplay& display, std::string& out) {
+    display.controls = screenWarnings(text);
+    writeProfileOf(parseProfile(std::move(text)), view, display, out);
 }
 
 /// The members of a record that are read.
@@ -112,7 +118,7 @@ ParsedChunk parseRecords(std::span<char> lines, std::span<const std::size_t> too
         } else {
             display.problem = reader.read(lines.first(length));
             display.id = reader.id();
-            if (display.problem.empty()) writeProfileOf(parseProfile(reader.display()), view, display, parsed.out);
+            if (display.problem.empty()) parseRecord(reader.display(), view, display, parsed.out);
         }
         display.outEnd = parsed.out.size();
         display.line = ++parsed.lines;

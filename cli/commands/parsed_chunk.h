@@ -29,10 +29,11 @@ struct ParsedDisplay {
     std::size_t outEnd = 0;
     std::size_t line = 0;  ///< its first line, counted from 1 in the chunk
     FaultyLine faulty;
-    std::string problem;  ///< why its record could not be read
-    std::string id;       ///< its record's identifier as JSON; empty for none
-    std::string title;    ///< the line above it that separates it from others, or ""
-    std::string locator;  ///< only for the identifier
+    std::string problem;                ///< why its record could not be read
+    std::string id;                     ///< its record's identifier as JSON; empty for none
+    std::vector<std::string> controls;  ///< the warnings about control characters in its record's display
+    std::string title;                  ///< the line above it that separates it from others, or ""
+    std::string locator;                ///< only for the identifier
     DisplayDoubts doubts;
     std::string unanswered;  ///< the queries without an answer: "NM (error 6), SR (error 5245)"
     std::size_t unansweredCount = 0;

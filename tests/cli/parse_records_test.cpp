@@ -99,6 +99,36 @@ TEST(ParseRecords, TotalsAreTheLastLineUnlessQuiet) {
 
 // ---- Records as input
 
+TEST(ParseRecords, WithControlCharactersAreWarnedAboutWithLineAndId) {
+    const std::string good = R"({"id":"a","display":["PDRT/H4T9QZ","*T*","END OF DISPLAY"]})"
+                             "\n";
+    const std::string input = good + R"({"id":"b","display":"PDRT\n*T*\tA"})" + "\n" + R"({"display":"\u001b"})" + "\n";
+    const Finished run = runTool({"parse", "--jsonl", "--only", "RECLOC"}, input);
+    EXPECT_EQ(run.status, 0);
+    EXPECT_THAT(linesOf(run.out), testing::SizeIs(3));
+    EXPECT_THAT(
+        linesOf(run.err),
+        ElementsAre("vantro-profile: warning: standard input, line 2, id \"b\": the screen contains a line end in "
+                    "line 1, column 5; a screen is lines of 80 characters without line ends, or a list of lines.",
+                    "vantro-profile: warning: standard input, line 2, id \"b\": the screen contains a tab in line "
+                    "1, column 9; replace tabs by the blanks that they stand for.",
+                    "vantro-profile: warning: standard input, line 3: the screen contains a control character in "
+                    "line 1, column 1 (U+001B).",
+                    "vantro-profile: 3 profiles."));
+    EXPECT_EQ(runTool({"parse", "--jsonl", "--only", "RECLOC", "--strict"}, input).status, 5);
+    EXPECT_EQ(runTool({"parse", "--jsonl", "--only", "RECLOC", "--strict"}, good).status, 0);
+    EXPECT_EQ(runTool({"parse", "--jsonl", "--only", "RECLOC", "--quiet"}, input).err, "");
+}
+
+TEST(ParseRecords, AfterFiveDisplaysWithControlCharactersTheOthersAreCounted) {
+    std::string input;
+    for (int i = 0; i < 8; ++i) input += "{\"display\":\"A\\tB\"}\n";
+    const auto lines = linesOf(runTool({"parse", "--jsonl", "--only", "RECLOC"}, input).err);
+    ASSERT_EQ(lines.size(), 7U);
+    EXPECT_THAT(lines[4], HasSubstr("line 5: the screen contains a tab"));
+    EXPECT_THAT(lines[5], HasSubstr("3 more displays with tabs or other control characters"));
+}
+
 const std::string display =
     R"(["PDRT/H4T9QZ","*T* TRAVELLER PROFILE","------- PRIORITY","   5 PPR/ ONE","END OF DISPLAY"])";
 
