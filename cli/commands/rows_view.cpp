@@ -84,6 +84,17 @@ std::string tableOf(const ClassRow& row, const ListRows& found) {
     return table.text(outputLook()) + (found.continues ? "The list continues: send PDMD for its next block.\n" : "");
 }
 
+std::string noEntries(const ClassRow& row) {
+    return "the screen shows the title of a list, but " + toUtf8(row.name) +
+           " read no entry of it; 'vantro-profile identify' says which class reads the screen";
+}
+
+std::string continuation(const ClassRow& row) {
+    const std::string note = "the list continues: send PDMD for its next block";
+    if (row.description.state.empty()) return note;
+    return note + ", and read that with --state and the results of this screen (verify without --rows)";
+}
+
 RowsView rowsView(const VerifyOptions& options) {
     if (options.csv) return RowsView::Csv;
     return chosenView(options.table, options.json) == View::Table ? RowsView::Table : RowsView::Json;
@@ -118,11 +129,16 @@ std::string rowsText(const ClassRow& row, const ListRows& found, RowsView view) 
 int showRows(const ClassRow& row, TextView screen, const CollectionPtr& state, const VerifyOptions& options,
              Warnings& warnings) {
     const ListRows found = readRows(row, screen, state);
-    writeOutput(rowsText(row, found, rowsView(options)));
-    if (found.isList) return warnings.statusAfter(success, options.strict);
-    warnings.add("the screen shows no list that " + toUtf8(row.name) +
-                 " reads; a screen that continues a list may need --state with the results of the one before");
-    return screenNotRecognised;
+    const RowsView view = rowsView(options);
+    writeOutput(rowsText(row, found, view));
+    if (!found.isList) {
+        warnings.add("the screen shows no list that " + toUtf8(row.name) +
+                     " reads; a screen that continues a list may need --state with the results of the one before");
+        return screenNotRecognised;
+    }
+    if (found.rows.empty()) warnings.add(noEntries(row));
+    if (found.continues && view != RowsView::Table && !options.quiet) complain(continuation(row));
+    return warnings.statusAfter(success, options.strict);
 }
 
 }  // namespace vantro

@@ -30,7 +30,8 @@ void requireLists(const ClassRow& row);
 /// JSON is one array with an object for each row; CSV and table begin with the names of the columns.
 std::string rowsText(const ClassRow& row, const ListRows& found, RowsView view);
 
-/// Reads the screen, writes its rows to standard output and returns the exit status. Warns of a screen without a list.
+/// Reads the screen, writes its rows to standard output and returns the exit status. Warns of a screen without a list
+/// and of a list without a row. A note on standard error says that a list continues; a table says it itself.
 int showRows(const ClassRow& row, TextView screen, const CollectionPtr& state, const VerifyOptions& options,
              Warnings& warnings);
 

@@ -38,7 +38,6 @@ Finished rows(std::vector<std::string> options, const std::string& screen) {
 TEST(Rows, AreOneArrayOfObjects) {
     const Finished run = rows({}, companies);
     EXPECT_EQ(run.status, 0);
-    EXPECT_EQ(run.err, "");
     EXPECT_EQ(run.out,
               R"([{"line":3,"kind":"company","number":"1","name":"KESTRELLO, TOOLS AND CO","recordLocator":"Q2W3E4",)"
               R"("company":"","office":"NCEVN0900"},)"
@@ -62,6 +61,30 @@ TEST(Rows, AreATableThatSaysWhenTheListContinues) {
     EXPECT_EQ(lines[2],
               "3     company  1       KESTRELLO, TOOLS AND CO                Q2W3E4                   NCEVN0900");
     EXPECT_EQ(lines[4], "The list continues: send PDMD for its next block.");
+}
+
+TEST(Rows, ThatContinueAreNotedBesidesJsonAndCsv) {
+    const std::string note =
+        "vantro-profile: the list continues: send PDMD for its next block, and read that with --state and the results "
+        "of "
+        "this screen (verify without --rows).\n";
+    EXPECT_EQ(rows({}, companies).err, note);
+    EXPECT_EQ(rows({"--csv", "--strict"}, companies).err, note);
+    EXPECT_EQ(rows({"--csv", "--strict"}, companies).status, 0) << "a note is no warning";
+    EXPECT_EQ(rows({"--table"}, companies).err, "") << "the table says it";
+    EXPECT_EQ(rows({"--quiet"}, companies).err, "");
+    EXPECT_EQ(rows({}, companies.substr(0, companies.find("END OF"))).err, "");
+}
+
+TEST(Rows, OfATitleAloneAreNoneAndAWarning) {
+    const std::string title = companies.substr(0, companies.find("   1 KES")) + ">";
+    const Finished run = rows({}, title);
+    EXPECT_EQ(run.status, 0);
+    EXPECT_EQ(run.out, "[]\n");
+    EXPECT_EQ(run.err,
+              "vantro-profile: warning: the screen shows the title of a list, but CPDNTrans read no entry of it; "
+              "'vantro-profile identify' says which class reads the screen.\n");
+    EXPECT_EQ(rows({"--strict"}, title).status, 5);
 }
 
 TEST(Rows, OfAContinuationAreReadWithTheState) {
