@@ -70,8 +70,16 @@ Candidate displayWith(TextView mark, std::size_t line, const std::string& meanin
     return {findClass(u"CProfile"), false, {{{}, meaning + "; parse reads it", line, Text(mark)}}};
 }
 
+bool containsRule(TextView screen) {
+    for (; !screen.empty(); screen.remove_prefix(std::min<std::size_t>(screenWidth, screen.size()))) {
+        if (screen.starts_with(u"-----")) return true;
+    }
+    return false;
+}
+
 // The title of a profile's display, or a section's rule where the title is not on the screen. The host may print lines
-// above the title.
+// above the title. In its first line, where it repeats the command, it may print the mark above any message: there the
+// mark counts only with a rule on the screen.
 std::optional<Candidate> profileDisplay(TextView screen) {
     constexpr std::size_t titleLines = 10;
     constexpr TextView sectionMark = u"------- ";
@@ -79,8 +87,9 @@ std::optional<Candidate> profileDisplay(TextView screen) {
     for (std::size_t line = 0; line * screenWidth < screen.size(); ++line) {
         const TextView text = screen.substr(line * screenWidth, screenWidth);
         const TextView start = text.substr(0, 3);
-        if (line < titleLines && start == u"*T*") return displayWith(start, line, "a traveller's profile is displayed");
-        if (line < titleLines && start == u"*C*") return displayWith(start, line, "a company's profile is displayed");
+        const bool mayBeTitle = line < titleLines && (line > 0 || containsRule(screen));
+        if (mayBeTitle && start == u"*T*") return displayWith(start, line, "a traveller's profile is displayed");
+        if (mayBeTitle && start == u"*C*") return displayWith(start, line, "a company's profile is displayed");
         if (text.starts_with(sectionMark) && !section) {
             section = displayWith(sectionMark, line, "a part of a profile is displayed");
         }

@@ -75,6 +75,22 @@ TEST(Identify, TheFurtherPageOfADisplayIsKnownByASection) {
     EXPECT_EQ(classesOf(u"\n" + above + u"*C* KESTRELLO\n"), Names{"CPCNTrans"}) << "line 11 has no title";
 }
 
+TEST(Identify, AMarkInTheFirstLineIsThatOfADisplayOnlyWithARule) {
+    const auto isDisplay = [](TextView lines) {
+        const Names classes = classesOf(lines);
+        return std::ranges::count(classes, "CProfile") > 0;
+    };
+    EXPECT_FALSE(isDisplay(u"*T* PDN/SMYTHE\nNAME NOT FOUND\n>\n"));
+    EXPECT_FALSE(isDisplay(u"*C* KESTRELLO\nNAME NOT FOUND ---------\n"));
+    EXPECT_TRUE(isDisplay(u"*T* SMITH/ANNA\n---------\n"));
+    EXPECT_TRUE(isDisplay(u"*C* KESTRELLO\n\n------- PRIORITY\n"));
+
+    const auto folder = std::filesystem::path(VANTRO_SOURCE_DIR) / "samples" / "exchanges";
+    for (const Candidate& each : identify(*readExchange(folder / "pdn_not_found.exchange").front().screen)) {
+        EXPECT_NE(each.row->name, u"CProfile");
+    }
+}
+
 TEST(Identify, ACommandIsNotAWordThatBeginsLikeOne) {
     EXPECT_EQ(classesOf(u"PHONE NUMBERS\n"), Names{});
     EXPECT_EQ(classesOf(u"PDT/X\n"), Names{}) << "PDT takes nothing";
