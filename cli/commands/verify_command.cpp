@@ -21,6 +21,14 @@ namespace vantro {
 
 namespace {
 
+// A screen's file that was named without its option.
+void refuseFiles(const std::vector<std::string>& parameters) {
+    for (const std::string& parameter : parameters) {
+        if (parameter.find('=') != std::string::npos || !isFile(parameter)) continue;
+        throw UsageError("'" + parameter + "' is not KEY=VALUE, but a file; name a screen's file with --screen");
+    }
+}
+
 // The transaction's collection: the entries of the state, then the parameters, which replace them. Without either,
 // none.
 std::shared_ptr<BuiltInCollection> collectionFor(const VerifyOptions& options) {
@@ -30,6 +38,7 @@ std::shared_ptr<BuiltInCollection> collectionFor(const VerifyOptions& options) {
             collectionFromJson(readAll(options.stateFile, options.maxLine), "the state in '" + options.stateFile + "'");
     }
     if (!options.parameters.empty()) {
+        refuseFiles(options.parameters);
         if (!collection) collection = std::make_shared<BuiltInCollection>();
         addParameters(options.parameters, *collection);
     }

@@ -57,6 +57,11 @@ std::string overLongLine(std::size_t line, std::size_t maxLine) {
 
 bool isStandardInput(const std::string& file) { return file.empty() || file == "-"; }
 
+bool isFile(const std::string& file) {
+    std::error_code ignored;
+    return fs::is_regular_file(pathOf(file), ignored);
+}
+
 std::string inputName(const std::string& file) { return isStandardInput(file) ? "standard input" : file; }
 
 namespace {

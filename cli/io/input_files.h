@@ -29,6 +29,9 @@ bool isStandardInput(const std::string& file);
 /// The name for messages: "standard input", or the file's name unchanged.
 std::string inputName(const std::string& file);
 
+/// True when the name (in UTF-8) is that of an existing file.
+bool isFile(const std::string& file);
+
 /// Opens a file (its name in UTF-8) or standard input, unpacks it if it is compressed (see compression.h) and converts
 /// it to UTF-8. `bytesRead`, if not null, counts the bytes of the file itself. Raises UsageError for a file that cannot
 /// be opened; reading from the source raises StreamError.

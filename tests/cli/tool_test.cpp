@@ -129,6 +129,10 @@ TEST(Tool, AnEmptyCommandIsAnEmptyLineAndAHint) {
 
 TEST(Tool, AParameterThatCannotBeReadIsBadUsage) {
     expectComplaint(runTool({"command", "CPDNTrans", "SMITH"}), 2, "'SMITH' is not KEY=VALUE");
+    const TemporaryFile screen("PDN\n*T*\n");
+    expectComplaint(runTool({"verify", "CPDNTrans", screen.path()}), 2,
+                    "'" + screen.path() + "' is not KEY=VALUE, but a file; name a screen's file with --screen");
+    expectComplaint(runTool({"verify", "CPDNTrans", "/no/such/file"}), 2, "'/no/such/file' is not KEY=VALUE; write");
     expectComplaint(runTool({"command", "CPDNTrans", "blnKeyExactMatch=maybe"}), 2, "blnKeyExactMatch is a boolean");
 }
 
