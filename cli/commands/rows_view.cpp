@@ -90,7 +90,7 @@ std::string noEntries(const ClassRow& row) {
 }
 
 std::string continuation(const ClassRow& row) {
-    const std::string note = "the list continues: send PDMD for its next block";
+    std::string note = "the list continues: send PDMD for its next block";
     if (row.description.state.empty()) return note;
     return note + ", and read that with --state and the results of this screen (verify without --rows)";
 }
