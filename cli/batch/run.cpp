@@ -114,9 +114,7 @@ private:
         warn(notRecognised(*request.row, request.screen));
     }
 
-    void warn(const std::string& about) {
-        warnings_.add(lineName(badLines_.lines + 1, reader_.id()) + ": " + about);
-    }
+    void warn(const std::string& about) { warnings_.add(lineName(badLines_.lines + 1, reader_.id()) + ": " + about); }
 
     BatchOptions options_;
     LineReader lines_;

@@ -17,8 +17,8 @@ struct BatchOptions {
 
 /// Answers every line of standard input (JSON Lines) with one line on standard output, and returns the exit status:
 /// `success` when every line was a request, else `callFailed`. A line of more than `maxLine` bytes is no request.
-/// Warns, with the line's number and the request's id, about control characters in screens, unknown classes, unknown and
-/// missing keys of parameters and, if strict, screens that no test of the class recognised. Raises StreamError.
+/// Warns, with the line's number and the request's id, about control characters in screens, unknown classes, unknown
+/// and missing keys of parameters and, if strict, screens that no test of the class recognised. Raises StreamError.
 int answerRequests(Backend& backend, const BatchOptions& options = {});
 
 }  // namespace vantro

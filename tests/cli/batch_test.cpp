@@ -138,14 +138,14 @@ TEST(Batch, WarnsAboutUnknownKeysAndAnswersAsBefore) {
 }
 
 TEST(Batch, NamesTheMissingKeysOfACommandThatIsEmptyOrRaises91) {
-    const Finished run = runBatch(
-        R"({"id":"a","class":"CPDITrans","call":"CreateCommand","params":{"strKeyIndx":"1"}})"
-        "\n"
-        R"({"class":"CPDITrans","call":"CreateCommand","params":{}})"
-        "\n"
-        R"json({"class":"CPTTrans","call":"CreateCommand","params":{"intKeyArraySize":"1",)json"
-        R"json("strKeySegArray()":["","1"],"strKeyPasArray()":["","1"]}})json"
-        "\n");
+    const Finished run =
+        runBatch(R"({"id":"a","class":"CPDITrans","call":"CreateCommand","params":{"strKeyIndx":"1"}})"
+                 "\n"
+                 R"({"class":"CPDITrans","call":"CreateCommand","params":{}})"
+                 "\n"
+                 R"json({"class":"CPTTrans","call":"CreateCommand","params":{"intKeyArraySize":"1",)json"
+                 R"json("strKeySegArray()":["","1"],"strKeyPasArray()":["","1"]}})json"
+                 "\n");
     EXPECT_EQ(run.status, 0);
     const Lines answers = linesOf(run.out);
     ASSERT_EQ(answers.size(), 3U);
