@@ -187,6 +187,15 @@ std::string encodingNames() {
     return list;
 }
 
+bool looksLikeUtf16(std::string_view text) {
+    constexpr std::size_t shortest = 3;  // a character and half a line end
+    if (text.size() < shortest || text.find('\0') == std::string_view::npos) return false;
+    std::size_t alternations = 0;
+    for (std::size_t at = 1; at < text.size(); ++at)
+        alternations += (text[at - 1] == '\0') != (text[at] == '\0') ? 1 : 0;
+    return 4 * alternations >= 3 * (text.size() - 1);
+}
+
 ByteSource inUtf8(ByteSource source, Encoding encoding) {
     const auto converter = std::make_shared<Converter>(std::move(source), encoding);
     return [converter](std::span<char> bytes) { return converter->read(bytes); };

@@ -15,6 +15,9 @@ std::optional<Encoding> encodingNamed(std::string_view name);
 /// All names, for a message: "auto, utf-8, ...".
 std::string encodingNames();
 
+/// True if every second byte is zero, but for a few, as in UTF-16 that was read as text of one byte per character.
+bool looksLikeUtf16(std::string_view text);
+
 /// The same text in UTF-8. What does not belong to the encoding becomes bytes that are not UTF-8, so that the reader of
 /// the text reports its line. A byte order mark is dropped, also where the encoding is named.
 ByteSource inUtf8(ByteSource source, Encoding encoding);

@@ -56,6 +56,17 @@ TEST(Encoding, WhatDoesNotBelongToItBecomesBytesThatAreNotUtf8) {
     EXPECT_EQ(converted("P\0"s, Encoding::Windows1252), "P\0"s);
 }
 
+TEST(Encoding, ZeroBytesAtEverySecondPositionLookLikeUtf16) {
+    EXPECT_TRUE(looksLikeUtf16("P\0D\0R\0\r\0"s));
+    EXPECT_TRUE(looksLikeUtf16("\0P\0D\0R\0\r"s));
+    EXPECT_TRUE(looksLikeUtf16("\0\r\0"s));
+    EXPECT_TRUE(looksLikeUtf16("P\0D\0R\0/\0A\0 \0\xAC\x20 \0"s)) << "the euro sign has no zero byte";
+    EXPECT_FALSE(looksLikeUtf16(""));
+    EXPECT_FALSE(looksLikeUtf16("PDR"));
+    EXPECT_FALSE(looksLikeUtf16("PDR\0\0\0\0\0\0\0\0"s)) << "fields that are padded with zeros";
+    EXPECT_FALSE(looksLikeUtf16("PDR\0A\0\0\0"s));
+}
+
 TEST(Encoding, LongTextsAreConvertedInBlocks) {
     std::string units = "\xFF\xFE";
     std::string text;
