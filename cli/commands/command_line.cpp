@@ -98,8 +98,9 @@ void addEncoding(CLI::App& command, Encoding& encoding) {
     };
     command
         .add_option_function<std::string>("--encoding", read,
-                                          "Encoding of the input: utf-8, utf-16, utf-16le, utf-16be, latin-1,\n"
-                                          "windows-1252 (default: auto, UTF-8 or what a byte order mark says)")
+                                          "Encoding of input without a byte order mark: utf-8, utf-16, utf-16le,\n"
+                                          "utf-16be, latin-1 or windows-1252 (default: auto, which is UTF-8); a mark\n"
+                                          "says by itself what the input is")
         ->type_name("ENCODING");
 }
 

@@ -202,8 +202,8 @@ TEST(Input, Utf16WithAMarkIsReadByEveryCommand) {
 TEST(Input, OtherEncodingsAreNamed) {
     const std::string latin = "PDR/AA11BB\n*T*                    AA11BB\n   1 NM ZO\xCB/A\nEND OF DISPLAY\n";
     EXPECT_EQ(runTool({"elements", "NM", "--encoding", "Latin-1"}, latin).out, "{\"strKeyElement\":\"ZO\u00CB/A\"}\n");
-    expectComplaint(runTool({"elements", "NM", "--encoding", "utf16"}, latin), 2,
-                    "'utf16' is none of auto, utf-8, utf-16, utf-16le, utf-16be, latin-1, windows-1252");
+    expectComplaint(runTool({"elements", "NM", "--encoding", "ebcdic"}, latin), 2,
+                    "'ebcdic' is none of auto, utf-8, utf-16, utf-16le, utf-16be, latin-1, windows-1252");
 }
 
 TEST(Input, AFolderStandsForItsFilesAndAListForItsNames) {
