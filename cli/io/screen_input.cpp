@@ -1,5 +1,6 @@
 #include "cli/io/screen_input.h"
 
+#include "cli/io/display_lines.h"
 #include "cli/io/encoding.h"
 #include "cli/io/failure.h"
 #include "cli/io/utf.h"
@@ -24,7 +25,7 @@ JoinedLines linesOf(std::string_view utf8) {
     if (looksLikeUtf16(utf8)) throw UsageError(utf16Line("the screen"));
     refuseStrayCarriageReturn(utf8);
     if (utf8.starts_with(byteOrderMark)) utf8.remove_prefix(byteOrderMark.size());
-    return joinLines(toUtf16(utf8));
+    return joinLines(toUtf16(withoutEndOfFileMark(utf8)));
 }
 
 }  // namespace

@@ -368,6 +368,16 @@ TEST(LongLines, TextAfterAnUnbrokenOneIsRead) {
     }
 }
 
+TEST(EndOfFileMark, BeginsNoDisplay) {
+    for (const std::size_t block : {1U, 5U, 1000U}) {
+        for (const std::string end : {"\x1A", "\x1A\n", "\x1A\r\n", ">\n\x1A"}) {
+            EXPECT_EQ(problemsOf("A\n>\nB\n>\n" + end, 1024, block), (Displays{"", ""})) << block;
+        }
+        EXPECT_EQ(problemsOf("A\n>\n\x1A\nB\n", 1024, block), (Displays{"", ""})) << block;
+        EXPECT_EQ(problemsOf("\x1A", 1024, block), Displays{}) << block;
+    }
+}
+
 TEST(Utf16, WithoutAMarkIsReportedAtItsFirstLine) {
     const std::string text("P\0D\0R\0\r\0\n\0>\0\r\0\n\0", 16);
     EXPECT_EQ(

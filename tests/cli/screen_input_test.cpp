@@ -68,6 +68,14 @@ TEST(ScreenInput, AByteOrderMarkIsNotPartOfTheScreen) {
               padded(u"A") + u"B");
 }
 
+TEST(ScreenInput, AnEndOfFileMarkIsNotPartOfTheScreen) {
+    EXPECT_EQ(screenFromText("A\nB\n\x1A"), padded(u"A") + u"B");
+    EXPECT_EQ(screenFromText("A\r\nB\r\n\x1A\r\n"), padded(u"A") + u"B");
+    EXPECT_EQ(screenFromText("A\nB\x1A"), padded(u"A") + u"B\x1A");
+    EXPECT_EQ(screenFromText("A\n\x1A\nB"), padded(u"A") + padded(u"\x1A") + u"B");
+    EXPECT_EQ(screenFromText("\x1A"), u"");
+}
+
 TEST(ScreenInput, TheWidthIsCountedInCodeUnits) {
     std::string line;
     for (int i = 0; i < 80; ++i) line += "\xC3\xA9";
