@@ -175,7 +175,7 @@ TEST(Messages, AreSentences) {
     expectComplaint(runTool({"verify", "CPXTrans", "--state", state.path()}, "x"), 2,
                     "not JSON at byte 2: the text ends too early; give the JSON object");
     expectComplaint(runTool({"elements", "RM"}, display), 1,
-                    "Object variable not set. Name the element's index with --index.");
+                    ": name the RM element's index with --index; without it the query failed with error 91 ");
     expectComplaint(runTool({"verify", "CRLPTrans", "strKeyIndex=9"}, "RLP\nRP/NCEVN0900/\nT/ABC123 /P1\n>\n"), 0,
                     ". The results hold what was read before it.");
     expectComplaint(runTool({}), 2, ": a subcommand is required; see vantro-profile --help.");
