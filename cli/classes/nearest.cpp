@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <numeric>
+#include <utility>
 #include <vector>
 
 namespace vantro {
@@ -18,15 +19,20 @@ char16_t lower(char16_t letter) {
 }  // namespace
 
 std::size_t editDistance(TextView left, TextView right) {
-    // distances[i]: between what was read of `left` and the first i characters of `right`
+    const auto same = [&](std::size_t l, std::size_t r) { return lower(left[l]) == lower(right[r]); };
+    // distances[i]: between the first characters of `left`, as many as were read, and the first i of `right`
     std::vector<std::size_t> distances(right.size() + 1);
     std::iota(distances.begin(), distances.end(), std::size_t{0});
-    for (const char16_t letter : left) {
-        std::size_t diagonal = distances[0]++;
-        for (std::size_t i = 0; i < right.size(); ++i) {
-            const std::size_t replaced = diagonal + (lower(letter) == lower(right[i]) ? 0 : 1);
-            diagonal = distances[i + 1];
-            distances[i + 1] = std::min({replaced, diagonal + 1, distances[i] + 1});
+    std::vector<std::size_t> before;  // for one character less of `left`
+    std::vector<std::size_t> twoBefore;
+    for (std::size_t l = 0; l < left.size(); ++l) {
+        twoBefore = std::exchange(before, distances);
+        ++distances[0];
+        for (std::size_t r = 0; r < right.size(); ++r) {
+            const std::size_t replaced = before[r] + (same(l, r) ? 0 : 1);
+            distances[r + 1] = std::min({replaced, before[r + 1] + 1, distances[r] + 1});
+            const bool isSwapped = l > 0 && r > 0 && same(l, r - 1) && same(l - 1, r);
+            if (isSwapped) distances[r + 1] = std::min(distances[r + 1], twoBefore[r - 1] + 1);
         }
     }
     return distances.back();

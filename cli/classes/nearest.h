@@ -9,8 +9,8 @@
 
 namespace vantro {
 
-/// How many characters have to be put in, taken out or replaced to turn one text into the other. Letters that differ
-/// in case alone are the same here.
+/// How many characters have to be put in, taken out or replaced, or swapped with the next one, to turn one text into
+/// the other. Letters that differ in case alone are the same here.
 std::size_t editDistance(TextView left, TextView right);
 
 /// The name that is nearest to `misspelt`, the first of several; none when a third of a name's characters or more would

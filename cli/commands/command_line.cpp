@@ -98,8 +98,9 @@ void addEncoding(CLI::App& command, Encoding& encoding) {
     };
     command
         .add_option_function<std::string>("--encoding", read,
-                                          "Encoding of the input: utf-8, utf-16, utf-16le, utf-16be, latin-1,\n"
-                                          "windows-1252 (default: auto, UTF-8 or what a byte order mark says)")
+                                          "Encoding of input without a byte order mark: utf-8, utf-16, utf-16le,\n"
+                                          "utf-16be, latin-1 or windows-1252 (default: auto, which is UTF-8); a mark\n"
+                                          "says by itself what the input is")
         ->type_name("ENCODING");
 }
 
@@ -187,10 +188,31 @@ std::string nearestHint(const CLI::App& app, const std::string& unknown) {
     return nearest ? "; did you mean '" + toUtf8(*nearest) + "'?" : "";
 }
 
+/// True for words such as "--strict", "-q" and "--only=RM".
+bool isOptionOf(const CLI::App& command, const std::string& word) {
+    return word.starts_with('-') && command.get_option_no_throw(word.substr(0, word.find('='))) != nullptr;
+}
+
+/// What is wrong with an option before the subcommand that it belongs to; "" if no subcommand has it.
+std::string misplacedOption(const CLI::App& tool, const std::string& word) {
+    const auto chosen = tool.get_subcommands();
+    const bool isChosen = !chosen.empty();
+    const std::vector<const CLI::App*> owners =
+        isChosen ? std::vector<const CLI::App*>{chosen.front()} : tool.get_subcommands({});
+    const auto owner = std::ranges::find_if(owners, [&word](const CLI::App* app) { return isOptionOf(*app, word); });
+    if (owner == owners.end()) return {};
+    const std::string name = (*owner)->get_name();
+    return "'" + word + "' is an option of " + (isChosen ? "" : "subcommands such as ") + name +
+           " and follows the subcommand: " + toolName + " " + name + " " + word;
+}
+
 // The parser would say of an unknown subcommand only that one is missing.
 std::string describeProblem(const CLI::App& tool, const CLI::ParseError& problem) {
     const auto chosen = tool.get_subcommands();
     const std::vector<std::string> unknown = tool.remaining(true);
+    if (const std::vector<std::string> early = tool.remaining(false); !early.empty()) {
+        if (std::string misplaced = misplacedOption(tool, early.front()); !misplaced.empty()) return misplaced;
+    }
     if (chosen.empty() && !unknown.empty())
         return "there is no subcommand or option '" + unknown.front() + "'" + nearestHint(tool, unknown.front());
     const auto option = std::ranges::find_if(unknown, [](const std::string& word) { return word.starts_with("-"); });

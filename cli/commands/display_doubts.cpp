@@ -33,6 +33,12 @@ bool isHead(TextView row, TextView below) {
     return isMark(row) && below.starts_with(headRule) && !below.starts_with(sectionStart);
 }
 
+// A transferable element with the code RC in column 14.
+bool isConfidentialRemark(TextView row) {
+    constexpr std::size_t codeStart = 12;
+    return row.size() > codeStart && row.substr(codeStart).starts_with(u" RC ");
+}
+
 TextView withoutPrompt(TextView row) {
     const std::size_t first = row.find_first_not_of(u"> ");
     return first == TextView::npos ? TextView() : row.substr(first, row.find_last_not_of(u' ') + 1 - first);
@@ -111,6 +117,7 @@ DisplayDoubts doubtsOf(const FoundDisplay& display, TextView text) {
         .cutLines = display.cutLines,
         .mendedLines = display.mendedLines,
         .unread = {},
+        .areUnreadRemarks = false,
     };
     RowNotes notes(display, text, doubts);
     for (const std::size_t row : display.markRows) notes.add(row);
@@ -124,7 +131,10 @@ void addElements(const Profile& profile, DisplayDoubts& doubts) {
 
 void addUnread(const Profile& profile, const FoundDisplay& display, TextView text, DisplayDoubts& doubts) {
     if (display.end == DisplayEnd::None) return;
-    for (const std::size_t row : unreadRows(profile, text)) doubts.unread.push_back(display.lineOf(row));
+    const std::vector<std::size_t> rows = unreadRows(profile, text);
+    for (const std::size_t row : rows) doubts.unread.push_back(display.lineOf(row));
+    const auto isRemark = [text](std::size_t row) { return isConfidentialRemark(rowOf(text, row)); };
+    doubts.areUnreadRemarks = !rows.empty() && std::ranges::all_of(rows, isRemark);
 }
 
 }  // namespace vantro

@@ -22,6 +22,7 @@ struct DisplayDoubts {
     std::size_t moveDown = 0;                    ///< the first line inside the display that moves to its next page
     std::size_t secondHead = 0;                  ///< where a second display seems to begin: its mark, or the echo above
     std::vector<std::size_t> unread = {};        ///< lines of sections that nothing was read from
+    bool areUnreadRemarks = false;               ///< all of these are confidential remarks
 };
 
 /// True if the text begins as the host begins an answer: one of its lines 0 to 6 begins with the mark "*T*" or "*C*",

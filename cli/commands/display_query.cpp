@@ -72,8 +72,9 @@ private:
             if (!knowsPrefix_) return fail(question_.unknown);
             writeOutput(shown(answer));
         } catch (const Error& raised) {
-            const std::string advice = question_.advice ? question_.advice(raised) : "";
-            fail(name() + ": the query failed with " + asSentence(describe(raised)) + " " + advice);
+            const std::string missing = question_.missing ? question_.missing(raised) : "";
+            const std::string failure = "the query failed with " + asSentence(describe(raised));
+            fail(name() + ": " + (missing.empty() ? failure : missing + "; without it " + failure));
         }
     }
 

@@ -36,9 +36,9 @@ struct QueryOptions {
 
 /// The query for every display.
 struct Question {
-    std::function<DisplayQuery()> query;                   ///< a new one for each display
-    std::function<std::string(const Error&)> advice = {};  ///< a sentence to add to an error, or ""
-    std::string unknown = {};                              ///< the message when the class does not know the prefix
+    std::function<DisplayQuery()> query;                    ///< a new one for each display
+    std::function<std::string(const Error&)> missing = {};  ///< asks for the option whose lack is the error, or ""
+    std::string unknown = {};                               ///< the message when the class does not know the prefix
 };
 
 /// Queries each display of the file (standard input for "" and "-"), prints the entries that the query added to its

@@ -23,6 +23,8 @@ std::string lineNames(const std::vector<std::size_t>& lines, std::size_t linesAb
     return named == lines.size() ? list : list + " and " + std::to_string(lines.size() - named) + " more";
 }
 
+constexpr auto unreadRemarks = "; confidential remarks (RC) are read above or in the first section only";
+
 }  // namespace
 
 std::string DisplayWarnings::refusal(const DisplayDoubts& doubts, std::size_t linesAbove) const {
@@ -60,7 +62,8 @@ void DisplayWarnings::add(const DisplayDoubts& doubts, const std::string& where,
                         " on has no end, neither END OF DISPLAY nor a prompt");
     }
     if (!doubts.unread.empty()) {
-        warn(UnreadLines, where + "nothing was read from " + lineNames(doubts.unread, linesAbove));
+        warn(UnreadLines, where + "nothing was read from " + lineNames(doubts.unread, linesAbove) +
+                              (doubts.areUnreadRemarks ? unreadRemarks : ""));
     }
 }
 

@@ -21,9 +21,9 @@ DisplayQuery queryFor(const ElementsOptions& options) {
     return query;
 }
 
-std::string adviceOn(const Error& raised, const ElementsOptions& options) {
+std::string missingOption(const Error& raised, const ElementsOptions& options) {
     const bool lacksIndex = raised.number() == static_cast<int>(Failure::ObjectNotSet) && !options.index;
-    return lacksIndex ? "Name the element's index with --index." : "";
+    return lacksIndex ? "name the " + options.prefix + " element's index with --index" : "";
 }
 
 std::string unknownPrefix(const std::string& prefix) {
@@ -71,7 +71,7 @@ std::string prefixesOfOneElement() {
 int runElements(const ElementsOptions& options) {
     const Question question{
         .query = [&options] { return queryFor(options); },
-        .advice = [&options](const Error& raised) { return adviceOn(raised, options); },
+        .missing = [&options](const Error& raised) { return missingOption(raised, options); },
         .unknown = unknownPrefix(options.prefix),
     };
     return answerDisplays(options.common, question);

@@ -10,14 +10,21 @@ inline constexpr auto tool =
     "  vantro-profile verify CPXTrans --screen screen.txt\n"
     "  vantro-profile verify --help\n"
     "\n"
+    "Options of a subcommand follow its name. Those that read screens or displays, and command, print warnings on\n"
+    "standard error: --quiet after their name hides them, and --strict makes the exit status 5 when there were any.\n"
+    "\n"
     "Exit status: 0 done, 1 a call failed (or a batch line was not a request), 2 bad usage, 3 the parameters are not\n"
     "sufficient for a command, 4 no test recognised the screen, 5 with --strict: done, but with warnings, 141 the\n"
     "program that reads the output has closed the pipe.";
 
-inline constexpr auto classes = "Example:\n  vantro-profile classes --json";
+inline constexpr auto classes =
+    "Exit status: 0 done, 2 bad usage.\n"
+    "\n"
+    "Example:\n"
+    "  vantro-profile classes --json";
 
 inline constexpr auto describe =
-    "An unknown class is exit status 1.\n"
+    "Exit status: 0 done, 1 the class is unknown, 2 bad usage.\n"
     "\n"
     "Examples:\n"
     "  vantro-profile describe\n"
@@ -122,8 +129,8 @@ inline constexpr auto manyDisplays =
 inline constexpr auto elements =
     "\n"
     "Examples:\n"
-    "  vantro-profile elements PHI display.txt\n"
     "  vantro-profile elements RM --index 2 display.txt\n"
+    "  vantro-profile elements PHI display.txt\n"
     "  vantro-profile elements ALL --selection RM --selection \"S  AP\" display.txt";
 
 /// Follows `manyDisplays`.
@@ -136,6 +143,8 @@ inline constexpr auto notes =
     "  vantro-profile notes --qualifier A --search TICKET display.txt";
 
 inline constexpr auto help =
+    "Exit status: 0 done, 2 bad usage, as an unknown subcommand.\n"
+    "\n"
     "Examples:\n"
     "  vantro-profile help\n"
     "  vantro-profile help parse";
@@ -144,6 +153,7 @@ inline constexpr auto completion =
     "The script completes subcommands, options, files, classes, the keys of a class (after command and verify) and "
     "the\n"
     "prefixes of elements.\n"
+    "Exit status: 0 done, 2 bad usage, as an unknown shell.\n"
     "\n"
     "Examples:\n"
     "  source <(vantro-profile completion bash)\n"
@@ -151,6 +161,8 @@ inline constexpr auto completion =
     "  vantro-profile completion fish > ~/.config/fish/completions/vantro-profile.fish";
 
 inline constexpr auto man =
+    "Exit status: 0 done, 2 bad usage, as an unknown subcommand.\n"
+    "\n"
     "Examples:\n"
     "  vantro-profile man parse | man -l -\n"
     "  vantro-profile man parse > ~/.local/share/man/man1/vantro-profile-parse.1";

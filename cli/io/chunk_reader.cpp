@@ -130,6 +130,7 @@ std::optional<std::string> ChunkReader::next() {
         chunk.resize(cut);
         return chunk;
     }
+    chunk.resize(withoutEndOfFileMark(chunk).size());
     if (chunk.empty()) return std::nullopt;
     return chunk;
 }

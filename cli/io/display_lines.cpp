@@ -10,6 +10,12 @@ constexpr std::string_view moveDownAdvice = "END OF BLOCK - USE PDMD";
 
 }  // namespace
 
+std::string_view withoutEndOfFileMark(std::string_view text) {
+    const std::size_t last = text.find_last_not_of("\r\n");
+    if (last == std::string_view::npos || text[last] != '\x1A') return text;
+    return last == 0 || text[last - 1] == '\n' ? text.substr(0, last) : text;
+}
+
 std::string_view trimmed(std::string_view line) {
     const std::size_t first = line.find_first_not_of(' ');
     return first == std::string_view::npos ? "" : line.substr(first, line.find_last_not_of(' ') - first + 1);

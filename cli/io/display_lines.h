@@ -11,6 +11,9 @@ inline std::string_view withoutCarriageReturn(std::string_view line) {
     return line.ends_with('\r') ? line.substr(0, line.size() - 1) : line;
 }
 
+/// The text without a character 0x1A that is alone in its last line: old programs on Windows and DOS end files with it.
+std::string_view withoutEndOfFileMark(std::string_view text);
+
 /// The line without the blanks around its text.
 std::string_view trimmed(std::string_view line);
 

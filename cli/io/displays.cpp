@@ -2,6 +2,7 @@
 
 #include "cli/io/ascii.h"
 #include "cli/io/display_lines.h"
+#include "cli/io/encoding.h"
 #include "cli/io/pages.h"
 #include "cli/io/screen_input.h"
 #include "cli/io/utf.h"
@@ -51,7 +52,11 @@ std::string describe(const FaultyLine& faulty, std::size_t linesAbove, std::size
     switch (faulty.fault) {
         case LineFault::None: break;
         case LineFault::TooLong: return tooLongLine(line, faulty.length);
-        case LineFault::NotUtf8: return "line " + std::to_string(line) + " is not UTF-8";
+        case LineFault::NotUtf8:
+            return "line " + std::to_string(line) +
+                   " is not UTF-8; name its encoding with --encoding, for example windows-1252, or replace such bytes "
+                   "with --lenient";
+        case LineFault::Utf16: return utf16Line("line " + std::to_string(line));
         case LineFault::StrayCarriageReturn: return strayCarriageReturn("line " + std::to_string(line));
         case LineFault::OverLong: return overLongLine(faulty.unbrokenLine > 0 ? faulty.unbrokenLine : line, maxLine);
         case LineFault::NothingBelow: return "no display follows the separator in line " + std::to_string(line);
@@ -193,6 +198,8 @@ FaultyLine ChunkDisplays::look(std::string_view line) const {
         faulty.fault = LineFault::OverLong;
         line.remove_prefix(leftOutMark.size());
         std::from_chars(line.data(), line.data() + line.size(), faulty.unbrokenLine);
+    } else if (looksLikeUtf16(line)) {
+        faulty.fault = LineFault::Utf16;
     } else if (!isUtf8(line)) {
         faulty.fault = LineFault::NotUtf8;
     } else if (line.find('\r') != std::string_view::npos) {

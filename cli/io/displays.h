@@ -18,7 +18,7 @@
 namespace vantro {
 
 /// The ways in which a line can be unusable.
-enum class LineFault { None, TooLong, NotUtf8, StrayCarriageReturn, OverLong, NothingBelow };
+enum class LineFault { None, TooLong, NotUtf8, Utf16, StrayCarriageReturn, OverLong, NothingBelow };
 
 /// The first unusable line of a display.
 struct FaultyLine {

@@ -28,6 +28,12 @@ constexpr EncodingName names[] = {
     {"windows-1252", Encoding::Windows1252},
 };
 
+/// Usual spellings that lists of names leave out.
+constexpr EncodingName otherNames[] = {
+    {"utf8", Encoding::Utf8},       {"utf16", Encoding::Utf16},   {"utf16le", Encoding::Utf16Le},
+    {"utf16be", Encoding::Utf16Be}, {"latin1", Encoding::Latin1}, {"cp1252", Encoding::Windows1252},
+};
+
 /// What Windows-1252 has in 0x80 to 0x9F, where Latin-1 has control characters; 0 for none.
 constexpr std::array<char16_t, 32> windowsCharacters = {
     u'\u20AC', 0,         u'\u201A', u'\u0192', u'\u201E', u'\u2026', u'\u2020', u'\u2021',
@@ -65,17 +71,20 @@ private:
     void begin() {
         begun_ = true;
         while (block_.size() < utf8Mark.size() && readBlock()) continue;
-        if (encoding_ == Encoding::ByMark || encoding_ == Encoding::Utf16) encoding_ = marked();
+        encoding_ = marked();
         if (encoding_ == Encoding::Utf8) dropMark(utf8Mark);
         if (encoding_ == Encoding::Utf16Le) dropMark(littleEndianMark);
         if (encoding_ == Encoding::Utf16Be) dropMark(bigEndianMark);
         convert();
     }
 
+    /// What the mark says; without one, the encoding that was named.
     Encoding marked() const {
+        if (block_.starts_with(utf8Mark)) return Encoding::Utf8;
         if (block_.starts_with(littleEndianMark)) return Encoding::Utf16Le;
         if (block_.starts_with(bigEndianMark)) return Encoding::Utf16Be;
-        return encoding_ == Encoding::Utf16 ? Encoding::Utf16Le : Encoding::Utf8;
+        if (encoding_ == Encoding::ByMark) return Encoding::Utf8;
+        return encoding_ == Encoding::Utf16 ? Encoding::Utf16Le : encoding_;
     }
 
     void dropMark(std::string_view mark) {
@@ -174,8 +183,11 @@ std::optional<Encoding> encodingNamed(std::string_view name) {
     std::string lower(name);
     std::ranges::transform(lower, lower.begin(),
                            [](char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; });
-    const auto* const found = std::ranges::find(names, std::string_view(lower), &EncodingName::name);
-    return found != std::end(names) ? std::optional(found->encoding) : std::nullopt;
+    for (const std::span<const EncodingName> list : {std::span<const EncodingName>(names), {otherNames}}) {
+        const auto found = std::ranges::find(list, std::string_view(lower), &EncodingName::name);
+        if (found != list.end()) return found->encoding;
+    }
+    return std::nullopt;
 }
 
 std::string encodingNames() {
@@ -185,6 +197,15 @@ std::string encodingNames() {
         list += row.name;
     }
     return list;
+}
+
+bool looksLikeUtf16(std::string_view text) {
+    constexpr std::size_t shortest = 3;  // a character and half a line end
+    if (text.size() < shortest || text.find('\0') == std::string_view::npos) return false;
+    std::size_t alternations = 0;
+    for (std::size_t at = 1; at < text.size(); ++at)
+        alternations += (text[at - 1] == '\0') != (text[at] == '\0') ? 1 : 0;
+    return 4 * alternations >= 3 * (text.size() - 1);
 }
 
 ByteSource inUtf8(ByteSource source, Encoding encoding) {

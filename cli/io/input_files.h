@@ -13,8 +13,8 @@ namespace vantro {
 /// Reads up to as many bytes as fit and returns their number; 0 at the end.
 using ByteSource = std::function<std::size_t(std::span<char>)>;
 
-/// How the characters of an input are stored. `ByMark` is UTF-8 unless a byte order mark says UTF-16; `Utf16` without a
-/// mark is little-endian, as on Windows.
+/// How the characters of an input without a byte order mark are stored. A mark says what the input is, whatever was
+/// named. `ByMark` is UTF-8 without a mark, `Utf16` is little-endian, as on Windows.
 enum class Encoding : std::uint8_t { ByMark, Utf8, Utf16, Utf16Le, Utf16Be, Latin1, Windows1252 };
 
 /// The default length, in bytes, that no line of an input may exceed, so that memory stays bounded for any input.

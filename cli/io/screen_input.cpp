@@ -1,5 +1,7 @@
 #include "cli/io/screen_input.h"
 
+#include "cli/io/display_lines.h"
+#include "cli/io/encoding.h"
 #include "cli/io/failure.h"
 #include "cli/io/utf.h"
 
@@ -20,9 +22,10 @@ void refuseStrayCarriageReturn(std::string_view utf8) {
 }
 
 JoinedLines linesOf(std::string_view utf8) {
+    if (looksLikeUtf16(utf8)) throw UsageError(utf16Line("the screen"));
     refuseStrayCarriageReturn(utf8);
     if (utf8.starts_with(byteOrderMark)) utf8.remove_prefix(byteOrderMark.size());
-    return joinLines(toUtf16(utf8));
+    return joinLines(toUtf16(withoutEndOfFileMark(utf8)));
 }
 
 }  // namespace
@@ -38,6 +41,10 @@ std::string strayCarriageReturn(const std::string& line) {
            "line ends, for example with: tr '\\r' '\\n'";
 }
 
+std::string utf16Line(const std::string& line) {
+    return line + " looks like UTF-16 without a byte order mark; name it with --encoding utf-16, or utf-16be";
+}
+
 std::size_t findStrayCarriageReturn(std::string_view text) {
     for (std::size_t at = text.find('\r'); at != std::string_view::npos; at = text.find('\r', at + 1)) {
         if (at + 1 < text.size() && text[at + 1] != '\n') return at;
@@ -46,7 +53,9 @@ std::size_t findStrayCarriageReturn(std::string_view text) {
 }
 
 Text screenFromText(std::string_view utf8) {
-    if (!isUtf8(utf8)) throw UsageError("the screen is not UTF-8; convert it first");
+    if (!isUtf8(utf8)) {
+        throw UsageError("the screen is not UTF-8; name its encoding with --encoding, for example windows-1252");
+    }
     JoinedLines lines = linesOf(utf8);
     if (lines.longLines.empty()) return std::move(lines.screen);
     const LongLine& first = lines.longLines.front();

@@ -107,6 +107,18 @@ TEST(UnreadLines, CountOnlyInSectionsOfADisplayWithAnEnd) {
     EXPECT_EQ(doubtsAbout(head + "------- PRIORITY\n" + lost).unread, Lines{});
 }
 
+TEST(UnreadLines, AreConfidentialRemarksIfAllOfThemAre) {
+    const std::string sections = "------- PRIORITY\n------- PNR TRANSFERABLE DATA\n";
+    const std::string remark = "S      4     RC  PAYS WITH TWO CARDS\n";
+    const DisplayDoubts remarks = doubtsAbout(head + sections + remark + remark + end);
+    EXPECT_EQ(remarks.unread, (Lines{6, 7}));
+    EXPECT_TRUE(remarks.areUnreadRemarks);
+    const DisplayDoubts others = doubtsAbout(head + sections + remark + "   1 XYZ/ OF NO FAMILY\n" + end);
+    EXPECT_EQ(others.unread, (Lines{6, 7}));
+    EXPECT_FALSE(others.areUnreadRemarks);
+    EXPECT_FALSE(doubtsAbout(head + sections + end).areUnreadRemarks);
+}
+
 TEST(UnreadLines, AWrappedElementCoversItsLines) {
     // Two elements of one number, both wrapped, and the same number again.
     const std::string section = "------- TRAVEL POLICIES - HOTEL\n   4 PHI/ RATE CEILING\n          120 EUR\n";

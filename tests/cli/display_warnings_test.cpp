@@ -57,6 +57,15 @@ TEST_F(DisplayWarningsTest, ThreeLinesAreNamed) {
                            "f: nothing was read from lines 101, 102, 103 and 2 more"}));
 }
 
+TEST_F(DisplayWarningsTest, UnreadConfidentialRemarksAreExplained) {
+    DisplayDoubts doubts = profile();
+    doubts.unread = {8};
+    doubts.areUnreadRemarks = true;
+    add(doubts);
+    EXPECT_EQ(said_, Said{"f: nothing was read from line 108; confidential remarks (RC) are read above or in the first "
+                          "section only"});
+}
+
 TEST_F(DisplayWarningsTest, WhatIsNoProfileIsSaidAlone) {
     DisplayDoubts doubts{.line = 2};
     doubts.controlLines = {2};

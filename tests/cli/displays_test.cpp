@@ -230,11 +230,14 @@ TEST(Separators, ATitleWithoutADisplayIsReportedAndOthersAreSkipped) {
     EXPECT_EQ(titledDisplaysOf("A\n>\n--\n", hyphens), Displays{": " + padded("A") + ">"});
 }
 
+const std::string notUtf8 =
+    " is not UTF-8; name its encoding with --encoding, for example windows-1252, or replace such bytes with --lenient";
+
 TEST(Separators, ATitleThatIsNotUtf8MakesItsDisplayUnreadable) {
     EXPECT_EQ(titledDisplaysOf("## ONE\nA\n##\xFF\nB\n## THREE\nC\n", {.separator = "##"}),
-              (Displays{"ONE: A", ": line 3 is not UTF-8", "THREE: C"}));
+              (Displays{"ONE: A", ": line 3" + notUtf8, "THREE: C"}));
     EXPECT_EQ(titledDisplaysOf("##\xFF\n\n## TWO\nC\n", {.separator = "##"}),
-              (Displays{": line 1 is not UTF-8", "TWO: C"}));
+              (Displays{": line 1" + notUtf8, "TWO: C"}));
 }
 
 TEST(Separators, BlankLinesBelowOneBelongToTheDisplay) {
@@ -363,6 +366,23 @@ TEST(LongLines, TextAfterAnUnbrokenOneIsRead) {
     for (std::size_t block = 81; block < 5000; block = block * 3 / 2) {
         EXPECT_EQ(problemsOf(text, 1024, block), (Displays{overLong(1, 1024), ""})) << block;
     }
+}
+
+TEST(EndOfFileMark, BeginsNoDisplay) {
+    for (const std::size_t block : {1U, 5U, 1000U}) {
+        for (const std::string end : {"\x1A", "\x1A\n", "\x1A\r\n", ">\n\x1A"}) {
+            EXPECT_EQ(problemsOf("A\n>\nB\n>\n" + end, 1024, block), (Displays{"", ""})) << block;
+        }
+        EXPECT_EQ(problemsOf("A\n>\n\x1A\nB\n", 1024, block), (Displays{"", ""})) << block;
+        EXPECT_EQ(problemsOf("\x1A", 1024, block), Displays{}) << block;
+    }
+}
+
+TEST(Utf16, WithoutAMarkIsReportedAtItsFirstLine) {
+    const std::string text("P\0D\0R\0\r\0\n\0>\0\r\0\n\0", 16);
+    EXPECT_EQ(
+        problemsOf(text, 1024, 1000),
+        Displays{"line 1 looks like UTF-16 without a byte order mark; name it with --encoding utf-16, or utf-16be"});
 }
 
 TEST(CarriageReturns, AloneAsLineEndsAreReportedAtTheirFirstLine) {

@@ -76,8 +76,8 @@ TEST(Elements, AFailedQueryIsOneLineAndStatus1) {
     // The traveller has two remarks.
     expectRefused(runTool({"elements", "RM", "--index", "3", sample("traveller")}), 1,
                   "error 5260 from VantroProfileUtils: An error has occurred while verifying the profile.");
-    expectRefused(runTool({"elements", "RM", sample("traveller")}), 1, "error 91 ");
-    expectRefused(runTool({"elements", "RM", sample("traveller")}), 1, "Name the element's index with --index.");
+    expectRefused(runTool({"elements", "RM", sample("traveller")}), 1,
+                  ", display 1: name the RM element's index with --index; without it the query failed with error 91 ");
     expectRefused(runTool({"elements", "", sample("traveller")}), 1, "error 5065 ");
 }
 

@@ -39,7 +39,16 @@ TEST(Encoding, ANamedOneNeedsNoMark) {
     EXPECT_EQ(converted("\xFE\xFF\0P"s, Encoding::Utf16Be), "P");
     EXPECT_EQ(converted("ZO\xCB \x80", Encoding::Latin1), "ZO\xC3\x8B \xC2\x80");
     EXPECT_EQ(converted("ZO\xCB \x80\x9F", Encoding::Windows1252), "ZO\xC3\x8B \xE2\x82\xAC\xC5\xB8");
-    EXPECT_EQ(converted("\xFF\xFEP", Encoding::Utf8), "\xFF\xFEP");
+}
+
+// Some files of a folder may have a mark.
+TEST(Encoding, AMarkWinsOverTheNamedOne) {
+    for (const Encoding named : {Encoding::Utf8, Encoding::Utf16, Encoding::Utf16Le, Encoding::Utf16Be,
+                                 Encoding::Latin1, Encoding::Windows1252}) {
+        EXPECT_EQ(converted("\xFF\xFEP\0\xCB\0"s, named), "P\xC3\x8B");
+        EXPECT_EQ(converted("\xFE\xFF\0P\0\xCB"s, named), "P\xC3\x8B");
+        EXPECT_EQ(converted("\xEF\xBB\xBFP\xC3\x8B", named), "P\xC3\x8B");
+    }
 }
 
 TEST(Encoding, CharactersOfTwoUnitsAreOne) {
@@ -56,6 +65,17 @@ TEST(Encoding, WhatDoesNotBelongToItBecomesBytesThatAreNotUtf8) {
     EXPECT_EQ(converted("P\0"s, Encoding::Windows1252), "P\0"s);
 }
 
+TEST(Encoding, ZeroBytesAtEverySecondPositionLookLikeUtf16) {
+    EXPECT_TRUE(looksLikeUtf16("P\0D\0R\0\r\0"s));
+    EXPECT_TRUE(looksLikeUtf16("\0P\0D\0R\0\r"s));
+    EXPECT_TRUE(looksLikeUtf16("\0\r\0"s));
+    EXPECT_TRUE(looksLikeUtf16("P\0D\0R\0/\0A\0 \0\xAC\x20 \0"s)) << "the euro sign has no zero byte";
+    EXPECT_FALSE(looksLikeUtf16(""));
+    EXPECT_FALSE(looksLikeUtf16("PDR"));
+    EXPECT_FALSE(looksLikeUtf16("PDR\0\0\0\0\0\0\0\0"s)) << "fields that are padded with zeros";
+    EXPECT_FALSE(looksLikeUtf16("PDR\0A\0\0\0"s));
+}
+
 TEST(Encoding, LongTextsAreConvertedInBlocks) {
     std::string units = "\xFF\xFE";
     std::string text;
@@ -69,7 +89,13 @@ TEST(Encoding, LongTextsAreConvertedInBlocks) {
 TEST(Encoding, IsFoundByItsNameInAnyCase) {
     EXPECT_EQ(encodingNamed("UTF-16LE"), Encoding::Utf16Le);
     EXPECT_EQ(encodingNamed("auto"), Encoding::ByMark);
-    EXPECT_EQ(encodingNamed("utf16"), std::nullopt);
+    EXPECT_EQ(encodingNamed("cp1252"), Encoding::Windows1252);
+    EXPECT_EQ(encodingNamed("Latin1"), Encoding::Latin1);
+    EXPECT_EQ(encodingNamed("utf8"), Encoding::Utf8);
+    EXPECT_EQ(encodingNamed("utf16"), Encoding::Utf16);
+    EXPECT_EQ(encodingNamed("utf16le"), Encoding::Utf16Le);
+    EXPECT_EQ(encodingNamed("utf16be"), Encoding::Utf16Be);
+    EXPECT_EQ(encodingNamed("ebcdic"), std::nullopt);
     EXPECT_EQ(encodingNames(), "auto, utf-8, utf-16, utf-16le, utf-16be, latin-1, windows-1252");
 }
 

@@ -175,7 +175,7 @@ TEST(Messages, AreSentences) {
     expectComplaint(runTool({"verify", "CPXTrans", "--state", state.path()}, "x"), 2,
                     "not JSON at byte 2: the text ends too early; give the JSON object");
     expectComplaint(runTool({"elements", "RM"}, display), 1,
-                    "Object variable not set. Name the element's index with --index.");
+                    ": name the RM element's index with --index; without it the query failed with error 91 ");
     expectComplaint(runTool({"verify", "CRLPTrans", "strKeyIndex=9"}, "RLP\nRP/NCEVN0900/\nT/ABC123 /P1\n>\n"), 0,
                     ". The results hold what was read before it.");
     expectComplaint(runTool({}), 2, ": a subcommand is required; see vantro-profile --help.");
@@ -202,8 +202,8 @@ TEST(Input, Utf16WithAMarkIsReadByEveryCommand) {
 TEST(Input, OtherEncodingsAreNamed) {
     const std::string latin = "PDR/AA11BB\n*T*                    AA11BB\n   1 NM ZO\xCB/A\nEND OF DISPLAY\n";
     EXPECT_EQ(runTool({"elements", "NM", "--encoding", "Latin-1"}, latin).out, "{\"strKeyElement\":\"ZO\u00CB/A\"}\n");
-    expectComplaint(runTool({"elements", "NM", "--encoding", "utf16"}, latin), 2,
-                    "'utf16' is none of auto, utf-8, utf-16, utf-16le, utf-16be, latin-1, windows-1252");
+    expectComplaint(runTool({"elements", "NM", "--encoding", "ebcdic"}, latin), 2,
+                    "'ebcdic' is none of auto, utf-8, utf-16, utf-16le, utf-16be, latin-1, windows-1252");
 }
 
 TEST(Input, AFolderStandsForItsFilesAndAListForItsNames) {

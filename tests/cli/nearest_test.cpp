@@ -15,9 +15,16 @@ TEST(EditDistance, CountsWhatIsPutInTakenOutAndReplaced) {
     EXPECT_EQ(editDistance(u"abc", u"abxc"), 1U);
     EXPECT_EQ(editDistance(u"abc", u"ac"), 1U);
     EXPECT_EQ(editDistance(u"abc", u"axc"), 1U);
-    EXPECT_EQ(editDistance(u"abc", u"bac"), 2U);
     EXPECT_EQ(editDistance(u"kitten", u"sitting"), 3U);
     EXPECT_EQ(editDistance(u"sitting", u"kitten"), 3U);
+}
+
+TEST(EditDistance, CountsTwoSwappedNeighboursAsOneEdit) {
+    EXPECT_EQ(editDistance(u"abc", u"bac"), 1U);
+    EXPECT_EQ(editDistance(u"abc", u"acb"), 1U);
+    EXPECT_EQ(editDistance(u"abcd", u"badc"), 2U);
+    EXPECT_EQ(editDistance(u"Prase", u"pARse"), 1U);
+    EXPECT_EQ(editDistance(u"abc", u"cba"), 2U) << "no neighbours";
 }
 
 TEST(EditDistance, DoesNotCountCase) {
@@ -38,6 +45,12 @@ TEST(NearestName, IsNoneWhereAThirdOfItWouldChange) {
     EXPECT_EQ(nearestName(u"abcdxx", names), std::nullopt);
     EXPECT_EQ(nearestName(u"", names), std::nullopt);
     EXPECT_EQ(nearestName(u"abc", {}), std::nullopt);
+}
+
+TEST(NearestName, MayHaveTwoLettersSwapped) {
+    const std::vector<TextView> names{u"batch", u"parse", u"--only"};
+    EXPECT_EQ(nearestName(u"prase", names), u"parse");
+    EXPECT_EQ(nearestName(u"--onyl", names), u"--only");
 }
 
 TEST(NearestName, OfAShortNameMayDifferInOneCharacter) {

@@ -213,8 +213,11 @@ TEST(Parse, ALineThatIsTooLongAffectsItsDisplayOnly) {
 
 TEST(Parse, BytesThatAreNotUtf8AffectTheirDisplayOnly) {
     const Finished run = runTool({"parse"}, "PDR/\xFF\n>\n" + contentOf(sample("minimal")));
-    EXPECT_EQ(run.out, errorLine({}, "line 1 is not UTF-8") + expectedLine("minimal", {.display = 2, .line = 3}));
-    expectRefused(run, 1, "standard input, display 1: line 1 is not UTF-8", "1 profile, 1 display could not be read");
+    const std::string problem =
+        "line 1 is not UTF-8; name its encoding with --encoding, for example windows-1252, or replace such bytes with "
+        "--lenient";
+    EXPECT_EQ(run.out, errorLine({}, problem) + expectedLine("minimal", {.display = 2, .line = 3}));
+    expectRefused(run, 1, "standard input, display 1: " + problem, "1 profile, 1 display could not be read");
 }
 
 TEST(Parse, QueriesWithoutAnAnswerAreListedAndReported) {

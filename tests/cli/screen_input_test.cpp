@@ -68,6 +68,14 @@ TEST(ScreenInput, AByteOrderMarkIsNotPartOfTheScreen) {
               padded(u"A") + u"B");
 }
 
+TEST(ScreenInput, AnEndOfFileMarkIsNotPartOfTheScreen) {
+    EXPECT_EQ(screenFromText("A\nB\n\x1A"), padded(u"A") + u"B");
+    EXPECT_EQ(screenFromText("A\r\nB\r\n\x1A\r\n"), padded(u"A") + u"B");
+    EXPECT_EQ(screenFromText("A\nB\x1A"), padded(u"A") + u"B\x1A");
+    EXPECT_EQ(screenFromText("A\n\x1A\nB"), padded(u"A") + padded(u"\x1A") + u"B");
+    EXPECT_EQ(screenFromText("\x1A"), u"");
+}
+
 TEST(ScreenInput, TheWidthIsCountedInCodeUnits) {
     std::string line;
     for (int i = 0; i < 80; ++i) line += "\xC3\xA9";
@@ -89,7 +97,28 @@ TEST(ScreenInput, ALineOver80AmongSeveralIsRefusedWithItsNumber) {
     EXPECT_EQ(screenFromText(std::string(80, 'x') + "\n" + std::string(80, 'y')), Text(80, u'x') + Text(80, u'y'));
 }
 
-TEST(ScreenInput, BytesThatAreNotUtf8AreRefused) { EXPECT_THROW(screenFromText("A\xFF"), UsageError); }
+std::string refusalOf(const std::string& screen, bool isLenient = false) {
+    try {
+        std::vector<std::string> faults;
+        isLenient ? lenientScreen(screen, faults) : screenFromText(screen);
+        return {};
+    } catch (const UsageError& problem) {
+        return problem.what();
+    }
+}
+
+TEST(ScreenInput, BytesThatAreNotUtf8AreRefused) {
+    EXPECT_EQ(refusalOf("A\xFF"),
+              "the screen is not UTF-8; name its encoding with --encoding, for example windows-1252");
+}
+
+TEST(ScreenInput, TheZeroBytesOfUtf16AreRefused) {
+    const std::string screen("P\0X\0\r\0\n\0Y\0", 10);
+    const std::string refusal =
+        "the screen looks like UTF-16 without a byte order mark; name it with --encoding utf-16, or utf-16be";
+    EXPECT_EQ(refusalOf(screen), refusal);
+    EXPECT_EQ(refusalOf(screen, true), refusal);
+}
 
 }  // namespace
 

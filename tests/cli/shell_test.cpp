@@ -90,11 +90,14 @@ TEST(Help, FitsTheWidthOfTheTerminal) {
     commands.emplace_back();
     for (const std::size_t columns : {80U, 100U, 200U}) {
         const TemporaryVariable variable("COLUMNS", std::to_string(columns));
+        std::size_t longest = 0;
         for (const std::string& command : commands) {
             for (const std::string& line : linesOf(helpOf(command))) {
                 EXPECT_LE(line.size(), std::min<std::size_t>(columns, 100)) << command << ": " << line;
+                longest = std::max(longest, line.size());
             }
         }
+        EXPECT_GT(longest, columns == 80 ? 75U : 95U) << "the width is used";
     }
 }
 
@@ -107,6 +110,20 @@ TEST(Help, BeginsWithExamples) {
         EXPECT_LT(examples, help.find("\n\nUsage:")) << help;
         EXPECT_LT(help.find("\n\nUsage:"), help.find("\n\nOptions:")) << help;
     }
+}
+
+TEST(Help, ListsTheExitStatuses) {
+    std::vector<std::string> commands = subcommands();
+    commands.emplace_back();
+    for (const std::string& command : commands) {
+        EXPECT_NE(helpOf(command).find("\n\nExit status:\n  0 "), std::string::npos) << command;
+    }
+}
+
+TEST(Help, OfTheToolNamesTheOptionsForWarnings) {
+    const std::string help = helpOf("");
+    EXPECT_NE(help.find("--quiet after their name"), std::string::npos) << help;
+    EXPECT_NE(help.find("--strict makes the exit status 5"), std::string::npos) << help;
 }
 
 TEST(Help, HelpAndItsOptionPrintTheSame) {

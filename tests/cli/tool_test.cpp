@@ -63,6 +63,8 @@ TEST(Tool, AnUnknownClassIsBadUsageAndATransactionCodeNamesItsClass) {
 TEST(Tool, AnUnknownSubcommandOrOptionNamesTheNearest) {
     expectComplaint(runTool({"verfy", "CPXTrans"}), 2, "'verfy'; did you mean 'verify'? See vantro-profile --help.");
     expectComplaint(runTool({"--versoin"}), 2, "did you mean '--version'?");
+    expectComplaint(runTool({"prase"}), 2, "'prase'; did you mean 'parse'?");
+    expectComplaint(runTool({"parse", "--onyl", "RM"}), 2, "'--onyl'; did you mean '--only'?");
     expectComplaint(runTool({"verify", "CPXTrans", "--tabel"}, deactivated), 2,
                     "there is no option '--tabel'; did you mean '--table'? See vantro-profile verify --help.");
     expectComplaint(runTool({"verify", "CPXTrans", "--scren=x"}), 2, "did you mean '--screen'?");
@@ -70,6 +72,14 @@ TEST(Tool, AnUnknownSubcommandOrOptionNamesTheNearest) {
     expectComplaint(runTool({"verify", "CPXTrans", "--frobnicate"}, deactivated), 2,
                     "there is no option '--frobnicate'; see vantro-profile verify --help.");
     expectComplaint(runTool({"describe", "CPXTrans", "CPDTrans"}), 2, "CPDTrans");
+}
+
+TEST(Tool, AnOptionBeforeItsSubcommandIsToldToFollowIt) {
+    expectComplaint(runTool({"--strict", "parse", "f"}), 2,
+                    "'--strict' is an option of parse and follows the subcommand: vantro-profile parse --strict; see");
+    expectComplaint(runTool({"-q", "parse", "f"}), 2, "'-q' is an option of parse and follows");
+    expectComplaint(runTool({"--only=RM"}), 2, "'--only=RM' is an option of subcommands such as parse and follows");
+    expectComplaint(runTool({"--rows", "parse", "f"}), 2, "there is no option '--rows'");
 }
 
 TEST(Tool, TheHelpOfAClassDescribesIt) {
