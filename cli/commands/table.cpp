@@ -4,7 +4,6 @@
 
 #include <algorithm>
 #include <numeric>
-#include <ranges>
 #include <string_view>
 
 namespace vantro {
@@ -77,9 +76,9 @@ Widths fitted(Widths widths, std::size_t lineWidth) {
     while (widest > narrowest && sumOf(widths, widest) + gaps > lineWidth) --widest;
     // What dividing left over is for the last column that was made narrower.
     std::size_t left = lineWidth > sumOf(widths, widest) + gaps ? lineWidth - sumOf(widths, widest) - gaps : 0;
-    for (std::size_t& width : std::views::reverse(widths)) {
-        if (width <= widest) continue;
-        width = std::min(width, widest + left);
+    for (auto width = widths.rbegin(); width != widths.rend(); ++width) {
+        if (*width <= widest) continue;
+        *width = std::min(*width, widest + left);
         left = 0;
     }
     return widths;

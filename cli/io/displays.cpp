@@ -41,7 +41,8 @@ constexpr std::size_t rowSize = screenWidth + 2 * AsciiBlock::size;
 
 /// Several lines: a display is made of blanks first, a few lines at a time.
 const Text& blankLines() {
-    static const Text lines(25 * screenWidth, u' ');
+    constexpr std::size_t count = 25;
+    static const Text lines(count * screenWidth, u' ');
     return lines;
 }
 

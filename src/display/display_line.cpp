@@ -212,7 +212,9 @@ public:
     static constexpr std::size_t indexFor(TextView text) { return (text[1] & 31U) << 5 | (text[2] & 31U); }
 
 private:
-    std::array<const TransferableFamily*, 32 * 32> rows_{};
+    static constexpr std::size_t letters = 32;
+
+    std::array<const TransferableFamily*, letters * letters> rows_{};
 };
 
 constexpr CodeTable codeTable;
