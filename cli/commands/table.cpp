@@ -76,9 +76,10 @@ Widths fitted(Widths widths, std::size_t lineWidth) {
     while (widest > narrowest && sumOf(widths, widest) + gaps > lineWidth) --widest;
     // What dividing left over is for the last column that was made narrower.
     std::size_t left = lineWidth > sumOf(widths, widest) + gaps ? lineWidth - sumOf(widths, widest) - gaps : 0;
-    for (auto width = widths.rbegin(); width != widths.rend(); ++width) {
-        if (*width <= widest) continue;
-        *width = std::min(*width, widest + left);
+    for (std::size_t column = widths.size(); column > 0; --column) {
+        std::size_t& width = widths[column - 1];
+        if (width <= widest) continue;
+        width = std::min(width, widest + left);
         left = 0;
     }
     return widths;
