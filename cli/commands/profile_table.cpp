@@ -49,6 +49,9 @@ std::string profileTable(const Profile& profile, const ProfileQueries& queries) 
     addHeader(profile, queries, table);
     for (const FamilyName& row : familyNames()) {
         if (!queries.contain(row.family)) continue;
+        if (queries.chooseFamilies() && profile.elements(row.family).empty()) {
+            table.add({toUtf8(row.prefix), "", "", profile.isShown(row.family) ? "no element" : "section not shown"});
+        }
         const std::span<const ElementPart> furtherParts = factsOf(row.family).furtherParts();
         for (const Element& element : profile.elements(row.family)) {
             table.add(

@@ -17,6 +17,9 @@ struct ProfileQueries {
     bool contain(Family family) const { return families[indexOf(family)]; }
     bool contain(OtherQuery query) const { return others[indexOf(query)]; }
 
+    /// True if families were chosen: then each of them is to have an answer.
+    bool chooseFamilies() const { return !families.all(); }
+
     /// True for the word of a query that is one of these ("PHI", "NM"), as in `Problem`.
     bool contain(TextView word) const;
 };

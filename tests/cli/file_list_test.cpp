@@ -17,21 +17,18 @@ using Names = std::vector<std::string>;
 
 class FilesOfFolders : public testing::Test {
 protected:
-    FilesOfFolders() : folder_(fs::temp_directory_path() / ("vantro-files-" + std::to_string(::getpid()))) {
+    void SetUp() override {
         fs::remove_all(folder_);
-        fs::create_directories(folder_ / "b" / "c");
-        fs::create_directories(folder_ / ".git");
-        fs::create_directories(folder_ / "empty");
-        for (const char* name : {"b/c/3.txt", "b/2.txt", "a.txt", ".hidden", ".git/index"})
-            std::ofstream(folder_ / name);
+        for (const char* name : {"b/c", ".git", "empty"}) fs::create_directories(folder_ / name);
+        for (const char* name : {"b/c/3.txt", "b/2.txt", "a.txt", ".hidden", ".git/index"}) {
+            std::ofstream(folder_ / name).close();
+        }
     }
-    ~FilesOfFolders() override { fs::remove_all(folder_); }
-    FilesOfFolders(const FilesOfFolders&) = delete;
-    FilesOfFolders& operator=(const FilesOfFolders&) = delete;
+    void TearDown() override { fs::remove_all(folder_); }
 
     std::string in(const std::string& name) const { return (folder_ / name).string(); }
 
-    fs::path folder_;
+    const fs::path folder_ = fs::temp_directory_path() / ("vantro-files-" + std::to_string(::getpid()));
 };
 
 TEST_F(FilesOfFolders, AreThoseInAllFoldersBelowInOrderWithoutHiddenOnes) {

@@ -105,8 +105,16 @@ TEST(ProfileJson, CompactLeavesOutWhatIsEmpty) {
 
 TEST(ProfileTable, ShowsOnlyTheQueriesAskedFor) {
     const Profile profile = sampleProfile(Family::PAS);
-    EXPECT_EQ(profileTable(profile, only({Family::PIV}, {})), profileTable(parseProfile(Text(320, u' ') + u'>')));
+    EXPECT_EQ(profileTable(profile, only({}, {})), profileTable(parseProfile(Text(320, u' ') + u'>'), only({}, {})));
     EXPECT_EQ(profileTable(profile, only({Family::PAS}, {})), profileTable(profile));
+}
+
+TEST(ProfileTable, FamiliesThatWereChosenHaveAnAnswerWithoutElementsToo) {
+    EXPECT_EQ(profileTable(sampleProfile(Family::PAS), only({Family::PIV, Family::PFO}, {})),
+              "WHAT  NUMBER  TEXT  DETAILS\n"
+              "----  ------  ----  -----------------\n"
+              "PIV                 no element\n"
+              "PFO                 section not shown\n");
 }
 
 }  // namespace
