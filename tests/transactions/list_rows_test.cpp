@@ -154,9 +154,9 @@ TEST(ListRows, OfAnOfficesTravellersComeFromEveryBlock) {
 TEST(ListRows, OfAnOfficeMayLackTheNumberButNotTheLocatorToo) {
     EXPECT_EQ(
         rowsOf(u"CPLTTrans",
-               screen({u"PLT/NCEVN0900", u"TRAVELLER NAME LIST", u"     NAME                   RECLOC  COMPANY",
+               screen({u"PLT/NCEVN0900", u"TRAVELLER NAME LIST", u"", u"     NAME                   RECLOC  COMPANY",
                        u"     ABELMANN/IDA MS        H1J2K3  ", u"     OTHER OFFICES", u"   2 BOROVIK/JURI MR", u">"})),
-        (Lines{"3 T||ABELMANN/IDA MS|H1J2K3|", "5 T|2|BOROVIK/JURI MR||"}));
+        (Lines{"4 T||ABELMANN/IDA MS|H1J2K3|", "6 T|2|BOROVIK/JURI MR||"}));
 }
 
 TEST(ListRows, OfSimilarCompaniesOfAnOfficeAreNumbersAndNames) {
