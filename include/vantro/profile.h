@@ -90,6 +90,9 @@ struct Problem {
     Text description;  ///< the description of that error
 };
 
+/// The section in which the host prints the elements of a family.
+VANTRO_EXPORT Section sectionOf(Family family);
+
 /// All values of a display. Each value equals the result of the single query for it. All texts are views that stay
 /// valid as long as this object or the one that it was moved to.
 struct Profile {
@@ -112,7 +115,7 @@ struct Profile {
 
     /// True if the display shows the family's section, or an element of the family outside it. A family that is shown
     /// and has no elements has none in the profile, unless its query is one of the problems.
-    VANTRO_EXPORT bool isShown(Family family) const;
+    bool isShown(Family family) const { return isShown(sectionOf(family)) || !elements(family).empty(); }
 
     /// The memory that the views point into.
     struct Storage;

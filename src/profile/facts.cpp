@@ -247,7 +247,7 @@ const FamilyFacts& factsOf(Family family) noexcept { return familyTable[indexOf(
 
 TextView titleOf(Section section) noexcept { return sectionHeaders[indexOf(section)].substr(headerStart.size()); }
 
-bool Profile::isShown(Family family) const { return isShown(factsOf(family).inSection) || !elements(family).empty(); }
+Section sectionOf(Family family) { return factsOf(family).inSection; }
 
 std::span<const QueryFacts> profileQueries() noexcept { return queries; }
 

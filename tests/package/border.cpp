@@ -77,6 +77,7 @@ int main() {
     expect(dynamic_cast<vantro::BuiltInCollection*>(base.createCollection().get()) != nullptr, "cast of a collection");
     expect(dynamic_cast<vantro::BuiltInTerminal*>(&base) != nullptr, "cast of a terminal");
     expect(vantro::parseProfile(u"").elements(vantro::Family::PPR).empty(), "an empty display");
+    expect(!vantro::parseProfile(u"").isShown(vantro::Family::PPR), "a section that is not shown");
     expect(vantro::joinLines(u"A\nB\n").screen.size() == 81, "a screen of two lines");
     expect(!vantro::readRows(u"CPLTTrans", u"PLT").isList, "a screen without a list");
     expect(!vantro::findClass(u"CPLTTrans")->description.columns.empty(), "the columns of a list");
