@@ -106,7 +106,7 @@ inline constexpr auto parse =
     "was\n"
     "read. A line of more bytes than --max-line cannot be read, and a text without line ends is one line. After an\n"
     "interrupt, the display that is being written is completed.\n"
-    "Exit status: 0 all read and answered, 1 a display was left out or not answered in full, or there was none,\n"
+    "Exit status: 0 all read and answered, 1 a display could not be read or not answered in full, or there was none,\n"
     "2 bad usage or a file that cannot be read, 5 with --strict: there were warnings.\n"
     "\n"
     "Examples:\n"
