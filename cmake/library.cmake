@@ -7,11 +7,13 @@ set(public_headers
     vantro/class_description.h
     vantro/collection.h
     vantro/error.h
+    vantro/explanation.h
     vantro/export.h
     vantro/families.h
     vantro/interfaces.h
     vantro/list_rows.h
     vantro/lists.h
+    vantro/observer.h
     vantro/profile.h
     vantro/profile_object.h
     vantro/registry.h
@@ -24,17 +26,23 @@ target_sources(vantro_profile_utils PRIVATE
     src/display/display.cpp
     src/display/display_line.cpp
     src/display/joiner.cpp
+    src/explain/explanation.cpp
+    src/explain/sentences.cpp
     src/framework/access.cpp
     src/framework/error.cpp
     src/framework/int16.cpp
     src/framework/interfaces.cpp
+    src/framework/joined_text.cpp
+    src/framework/observation.cpp
     src/framework/screen.cpp
     src/framework/screen_lines.cpp
+    src/framework/source_map.cpp
     src/framework/text_ops.cpp
     src/list_rows.cpp
     src/profile/element_lists.cpp
     src/profile/element_parser.cpp
     src/profile/element_query.cpp
+    src/profile/element_steps.cpp
     src/profile/facts.cpp
     src/profile/notes_parser.cpp
     src/profile/notes_transaction.cpp
@@ -47,6 +55,7 @@ target_sources(vantro_profile_utils PRIVATE
     src/readers/prefixed_extractor.cpp
     src/readers/transferable_extractor.cpp
     src/readers/transferable_scanner.cpp
+    src/reading_rules.cpp
     src/registry.cpp
     src/terminal/built_in_terminal.cpp
     src/transactions/maintenance/pb.cpp

@@ -9,6 +9,8 @@
 
 namespace vantro {
 
+class Terminal;
+
 /// The error numbers of a transaction class's two operations. `passesThrough` marks an operation without a number: it
 /// passes on the error of the failing step.
 struct TransErrors {
@@ -38,6 +40,9 @@ public:
 protected:
     IProfileTrans(const IProfileTrans&) = default;
     IProfileTrans& operator=(const IProfileTrans&) = default;
+
+    /// The terminal library whose observer, if there is one, receives the steps of the operations.
+    virtual Terminal* observedTerminal() noexcept { return nullptr; }
 
 private:
     virtual Text IProfileTrans_CreateCommand(const CollectionPtr& params);
@@ -90,6 +95,9 @@ protected:
     IProfileGet() = default;
     IProfileGet(const IProfileGet&) = default;
     IProfileGet& operator=(const IProfileGet&) = default;
+
+    /// The terminal library whose observer, if there is one, receives the steps of the operation.
+    virtual Terminal* observedTerminal() noexcept { return nullptr; }
 
 private:
     virtual CollectionPtr IProfileGet_ProfileElements(TextView display, const CollectionPtr& collection,

@@ -83,6 +83,9 @@ protected:
     ErrorReporter& operator=(const ErrorReporter&) = default;
 };
 
+/// What an `ObservedTerminal` (observer.h) notes while a call runs.
+class Observation;
+
 /// A terminal library. It must outlive every object that was created with it.
 class VANTRO_EXPORT Terminal {
 public:
@@ -93,6 +96,9 @@ public:
 
     /// A new, empty collection for results.
     virtual CollectionPtr createCollection() = 0;
+
+    /// Null unless somebody observes the readers.
+    virtual Observation* observation() { return nullptr; }
 
 protected:
     Terminal() = default;

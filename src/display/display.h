@@ -106,6 +106,13 @@ public:
     /// The first line at or after `from` that contains the section's header or ends the display, if there is one.
     std::optional<MarkedLine> nextHeaderOrEnd(Section section, Counter from);
 
+    /// The same, and an observer is told of the search and of its end.
+    std::optional<MarkedLine> seekHeader(Section section, Counter from) {
+        const std::optional<MarkedLine> found = nextHeaderOrEnd(section, from);
+        if (watch()) saySearched(section, from, found);
+        return found;
+    }
+
     /// The sections whose headers are in lines that were read, up to the line that ends the display. Lines must be
     /// slices of the text.
     std::bitset<sectionCount> sectionsRead() const;
@@ -117,9 +124,11 @@ public:
     std::pmr::memory_resource* scratchMemory() { return scratch_.resource(); }
 
     Screen& screen() { return screen_; }
+    const Watch& watch() const { return screen_.watch(); }
     TextView text() const { return screen_.text(); }
 
 private:
+    void saySearched(Section section, Counter from, const std::optional<MarkedLine>& found);
     const DisplayLine& readLine(std::size_t index);
     void sweepNext();
     void sweepTo(std::size_t index);

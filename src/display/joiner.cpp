@@ -5,15 +5,15 @@
 namespace vantro {
 
 TextView Joiner::joinContinued(const DisplayLine& first, Counter number, JoinRule rule) {
-    joining_ = first.rightTrimmed();
-    joining_ += display_.line(number + 1).trimmed();
-    if (rule == JoinRule::OneBelow || !isContinued(number + 1, rule)) return joining_;
-    joining_ += display_.line(number + 2).trimmed();
-    return joining_;
+    joining_.assign(first.rightTrimmed());
+    joining_.append(display_.line(number + 1).trimmed());
+    if (rule == JoinRule::OneBelow || !isContinued(number + 1, rule)) return joining_.text();
+    joining_.append(display_.line(number + 2).trimmed());
+    return joining_.text();
 }
 
 JoinedLine Joiner::joinAllBelow(const DisplayLine& first, Counter number, JoinRule rule) {
-    joining_ = first.trimmed();
+    joining_.assign(first.trimmed());
     bool containsEndText = first.marks().containsEndText();
     Counter last = number;
     for (;;) {
@@ -21,16 +21,16 @@ JoinedLine Joiner::joinAllBelow(const DisplayLine& first, Counter number, JoinRu
         if (!below.beginsBlank(elementIndent) || containsEndText) break;
         ++last;
         // Only empty lines follow, which continue the element up to the line counter's end.
-        if (display_.isPastEnd(last)) return {.text = joining_, .last = last, .isEndless = true};
+        if (display_.isPastEnd(last)) return {.text = joining_.text(), .last = last, .isEndless = true};
         if (below.isBlank()) continue;
         // The end text can arise across the boundary of two joined lines, within its own length of it.
         const std::size_t unseen = joining_.size() - std::min(joining_.size(), mark::endOfDisplay.size());
         const TextView continuation = below.trimmed();
-        if (rule == JoinRule::ColonAfterBlank && isColonLine(continuation)) joining_ += u' ';
-        joining_ += continuation;
-        containsEndText = contains(TextView(joining_).substr(unseen), mark::endOfDisplay);
+        if (rule == JoinRule::ColonAfterBlank && isColonLine(continuation)) joining_.insert(u" ");
+        joining_.append(continuation);
+        containsEndText = contains(joining_.view().substr(unseen), mark::endOfDisplay);
     }
-    return {joining_, last};
+    return {joining_.text(), last};
 }
 
 }  // namespace vantro

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "display/display.h"
+#include "framework/joined_text.h"
 
 #include <algorithm>
 #include <cstddef>
@@ -54,7 +55,7 @@ struct JoinedLine {
 /// Joins the lines of the elements of one display.
 class Joiner {
 public:
-    explicit Joiner(Display& display) : display_(display) {}
+    explicit Joiner(Display& display) : display_(display), joining_(display.watch()) {}
 
     Display& display() { return display_; }
 
@@ -77,7 +78,11 @@ public:
 
     /// A copy of a joined text that is valid as long as the arena. Most joined elements are another family's and are
     /// not kept.
-    TextView keep(TextView joined) { return texts_.keep(joined); }
+    TextView keep(TextView joined) {
+        const TextView kept = texts_.keep(joined);
+        display_.watch().copied(kept, joined);
+        return kept;
+    }
 
     /// Moves the arena out; views of joined texts stay valid as long as the result.
     TextArena takeTexts() { return std::move(texts_); }
@@ -91,7 +96,7 @@ private:
 
     Display& display_;
     TextArena texts_;
-    Text joining_;  // the element being joined; reused to save allocations
+    JoinedText joining_;  // the element being joined; reused to save allocations
 };
 
 }  // namespace vantro

@@ -11,10 +11,24 @@ ItemPtr Parameters::item(TextView name) const {
     return collection_->Item(name);
 }
 
+TextView Parameters::readText(TextView name) {
+    const TextView value = functions_.ItemText(item(name), texts_);
+    watch_.keyRead(name, value);
+    return value;
+}
+
+bool Parameters::read(const Key<bool>& key) {
+    const bool value = functions_.ItemBoolean(item(key.name));
+    watch_.keyRead(key.name, value ? u"True" : u"False");
+    return value;
+}
+
 std::int16_t Parameters::read(const Key<std::int16_t>& key) {
     const ItemPtr stored = item(key.name);
     if (!stored) fail(Failure::ObjectNotSet);
-    return toInt16(stored->Value());
+    const std::int16_t value = toInt16(stored->Value());
+    if (watch_) watch_.keyRead(key.name, decimal(value));
+    return value;
 }
 
 ListEntry Parameters::readEntry(const Key<TextList>& key, std::int16_t index) {
@@ -25,6 +39,7 @@ ListEntry Parameters::readEntry(const Key<TextList>& key, std::int16_t index) {
     if (index < 0) fail(Failure::SubscriptOutOfRange);
     const auto position = static_cast<std::size_t>(index);
     if (position < stored->firstIndex() || position >= list->size()) fail(Failure::SubscriptOutOfRange);
+    watch_.keyRead(key.name, (*list)[position]);
     return {(*list)[position], std::move(stored)};
 }
 

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "framework/keys.h"
+#include "framework/observation.h"
 #include "vantro/terminal.h"
 
 #include <concepts>
@@ -20,19 +21,19 @@ struct ListEntry {
 class Parameters {
 public:
     Parameters(Terminal& terminal, const CollectionPtr& collection)
-        : functions_(terminal.functions()), collection_(collection.get()) {}
+        : functions_(terminal.functions()), collection_(collection.get()), watch_(terminal) {}
 
     /// The text under a key; empty when the key is absent.
-    TextView read(const Key<Text>& key) { return functions_.ItemText(item(key.name), texts_); }
+    TextView read(const Key<Text>& key) { return readText(key.name); }
 
     /// The boolean under a key; False when the key is absent.
-    bool read(const Key<bool>& key) { return functions_.ItemBoolean(item(key.name)); }
+    bool read(const Key<bool>& key);
 
     /// The integer under a key. Raises 91 when the key is absent, 6 for an overflow, 13 for a value that is no integer.
     std::int16_t read(const Key<std::int16_t>& key);
 
     /// The text of an optional integer under a key; empty when the key is absent.
-    TextView readAsText(const Key<std::int16_t>& key) { return functions_.ItemText(item(key.name), texts_); }
+    TextView readAsText(const Key<std::int16_t>& key) { return readText(key.name); }
 
     /// Entry `index` (from 0) of the list under a key. Every call fetches the item from the collection. Raises 91 when
     /// the key is absent, 13 when its value is no list and 9 for an index outside the list.
@@ -40,33 +41,52 @@ public:
 
 private:
     ItemPtr item(TextView name) const;
+    TextView readText(TextView name);
 
     TerminalFunctions& functions_;
     const KeyedCollection* collection_;
+    Watch watch_;
     TextStore texts_;
 };
 
 /// Adds results to a collection under typed keys.
 class Results {
 public:
-    explicit Results(KeyedCollection& collection) : collection_(collection) {}
+    explicit Results(KeyedCollection& collection, Watch watch = {}) : collection_(collection), watch_(watch) {}
 
     /// Adds a boolean. A template that accepts exactly `bool`, so that pointers and numbers are not converted.
     template <std::same_as<bool> Flag>
     void add(const Key<bool>& key, Flag value) {
-        collection_.Add(key.name, ItemValue(std::in_place_type<bool>, value));
+        store(key.name, ItemValue(std::in_place_type<bool>, value));
     }
     void add(const Key<Text>& key, TextView value) {
+        watch_.textAdded(key.name, value);
         collection_.Add(key.name, ItemValue(std::in_place_type<Text>, value));
     }
-    void add(const Key<Text>& key, Text&& value) { collection_.Add(key.name, ItemValue(std::move(value))); }
-    void add(const Key<TextList>& key, TextList value) { collection_.Add(key.name, ItemValue(std::move(value))); }
+    void add(const Key<Text>& key, Text&& value) {
+        watch_.textAdded(key.name, value);
+        collection_.Add(key.name, ItemValue(std::move(value)));
+    }
+    void add(const Key<TextList>& key, const TextList& value) {
+        watch_.listAdded(key.name, value);
+        collection_.Add(key.name, ItemValue(value));
+    }
+    void add(const Key<TextList>& key, TextList&& value) {
+        watch_.listAdded(key.name, value);
+        collection_.Add(key.name, ItemValue(std::move(value)));
+    }
 
     /// Adds a number under a key that otherwise has a text: "strKeyRecLocPos" only.
-    void addNumber(const Key<Text>& key, std::int16_t value) { collection_.Add(key.name, ItemValue(value)); }
+    void addNumber(const Key<Text>& key, std::int16_t value) { store(key.name, ItemValue(value)); }
 
 private:
+    void store(TextView name, ItemValue value) {
+        watch_.valueAdded(name, value);
+        collection_.Add(name, std::move(value));
+    }
+
     KeyedCollection& collection_;
+    Watch watch_;
 };
 
 }  // namespace vantro

@@ -4,6 +4,7 @@
 #pragma once
 
 #include "framework/constants.h"
+#include "framework/observation.h"
 #include "vantro/terminal.h"
 
 #include <utility>
@@ -29,7 +30,9 @@ bool reportErrors(Terminal& terminal, Body&& body) {
         std::forward<Body>(body)();
         return true;
     } catch (...) {
-        terminal.errorReporter().ReportError(currentError(), nullptr);
+        const Error error = currentError();
+        Watch(terminal).reported(error);
+        terminal.errorReporter().ReportError(error, nullptr);
         return false;
     }
 }

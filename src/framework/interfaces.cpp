@@ -2,6 +2,7 @@
 
 #include "framework/constants.h"
 #include "framework/error_frame.h"
+#include "framework/observation.h"
 #include "vantro/profile_object.h"
 
 namespace vantro {
@@ -30,13 +31,17 @@ const TextList* ProfileObject::list(TextView /*name*/) const { return nullptr; }
 const FlagList* ProfileObject::flagList(TextView /*name*/) const { return nullptr; }
 
 Text IProfileTrans::CreateCommand(const CollectionPtr& params) {
-    return raiseAs(errors_.createCommand, description::creatingCommand,
-                   [&] { return IProfileTrans_CreateCommand(params); });
+    return observed(observedTerminal(), u"CreateCommand", {}, [&] {
+        return raiseAs(errors_.createCommand, description::creatingCommand,
+                       [&] { return IProfileTrans_CreateCommand(params); });
+    });
 }
 
 CollectionPtr IProfileTrans::VerifyResponse(TextView response, const CollectionPtr& collection) {
-    return raiseAs(errors_.verifyResponse, description::verifyingProfile,
-                   [&] { return IProfileTrans_VerifyResponse(response, collection); });
+    return observed(observedTerminal(), u"VerifyResponse", response, [&] {
+        return raiseAs(errors_.verifyResponse, description::verifyingProfile,
+                       [&] { return IProfileTrans_VerifyResponse(response, collection); });
+    });
 }
 
 // The default operations do nothing. `CPDMDTrans` keeps the second one: the screen after "PDMD" is read by the
@@ -50,12 +55,13 @@ CollectionPtr IProfileTrans::IProfileTrans_VerifyResponse(TextView /*response*/,
 CollectionPtr IProfileGet::ProfileElements(TextView display, const CollectionPtr& collection, TextList* selection,
                                            TextView qualifier) {
     ListSelection source(selection, qualifier);
-    return IProfileGet_ProfileElements(display, collection, source);
+    return ProfileElements(display, collection, source);
 }
 
 CollectionPtr IProfileGet::ProfileElements(TextView display, const CollectionPtr& collection,
                                            SelectionSource& selection) {
-    return IProfileGet_ProfileElements(display, collection, selection);
+    return observed(observedTerminal(), u"ProfileElements", display,
+                    [&] { return IProfileGet_ProfileElements(display, collection, selection); });
 }
 
 CollectionPtr IProfileGet::IProfileGet_ProfileElements(TextView /*display*/, const CollectionPtr& /*collection*/,

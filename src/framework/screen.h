@@ -3,6 +3,7 @@
 #pragma once
 
 #include "framework/int16.h"
+#include "framework/observation.h"
 #include "framework/text_ops.h"
 #include "vantro/screen_lines.h"
 #include "vantro/terminal.h"
@@ -24,7 +25,12 @@ constexpr TextView lineByPosition(TextView text, std::int16_t line) {
 class Screen {
 public:
     Screen(Terminal& terminal, TextView response)
-        : functions_(terminal.functions()), response_(response), slices_(functions_.linesAreSlices()) {}
+        : functions_(terminal.functions()),
+          response_(response),
+          slices_(functions_.linesAreSlices()),
+          watch_(terminal) {
+        watch_.readsScreen(response);
+    }
 
     Screen(const Screen&) = delete;
     Screen& operator=(const Screen&) = delete;
@@ -35,12 +41,22 @@ public:
 
     /// True when the terminal finds the marker on the screen.
     bool findMarker(TextView marker, std::int16_t lineArgument) {
-        return functions_.FindMarker(response_, marker, lineArgument);
+        const bool isShown = functions_.FindMarker(response_, marker, lineArgument);
+        if (watch_) sayMarker(marker, isShown);
+        return isShown;
     }
+
+    /// True when the text contains the mark, in any line or across two.
+    bool contains(TextView mark) const { return find(mark) > Column{0}; }
+
+    /// The position of the mark in the whole text, from 1, or Column{0}.
+    Column find(TextView mark) const;
 
     /// Field `number` (from 1) of a text, as the terminal splits it.
     TextView textField(TextView text, std::int16_t number, TextView separator) {
-        return functions_.TextField(text, number, separator, texts_);
+        const TextView field = functions_.TextField(text, number, separator, texts_);
+        if (watch_) sayField(field, text);
+        return field;
     }
 
     /// True when lines are slices of the text, so that lines after its end are empty.
@@ -49,14 +65,21 @@ public:
     /// The whole text, for the few tests that do not call the terminal.
     TextView text() const { return response_; }
 
+    /// For what the readers of this screen decide.
+    const Watch& watch() const { return watch_; }
+
 private:
     TextView fetch(std::int16_t line);
+    void sayMarker(TextView marker, bool isShown) const;
+    void sayMark(TextView mark, MarkSearch search, Column found) const;
+    void sayField(TextView field, TextView text) const;
 
     TerminalFunctions& functions_;
     TextView response_;
     bool slices_;
     std::vector<std::optional<TextView>> fetched_;  // by line
     TextStore texts_;
+    Watch watch_;
 };
 
 /// Where in its line a mark must be.
@@ -93,6 +116,25 @@ inline bool matches(TextView line, TextView mark, Match match) {
     return match == Match::LineStart ? beginsWith(line, mark) : contains(line, mark);
 }
 
+/// Says where the marks of a table were searched for, in the table's order. On the last line only those up to the one
+/// that matched were tested, or all if none did.
+template <class Shown, std::size_t N>
+void saySearched(const Screen& screen, LineRange range, const ScreenTest<Shown> (&tests)[N], std::int16_t last,
+                 TextView line, const ScreenTest<Shown>* matched) {
+    bool isBeforeMatch = true;
+    for (const ScreenTest<Shown>& test : tests) {
+        const TextView found =
+            &test == matched ? mid(line, find(line, test.mark), Width{static_cast<int>(test.mark.size())}) : TextView{};
+        const int lastTested = isBeforeMatch ? last : last - 1;
+        if (lastTested >= range.first) {
+            screen.watch().searched(test.mark,
+                                    test.match == Match::LineStart ? MarkSearch::StartsLine : MarkSearch::InLine,
+                                    range.first, lastTested, found);
+        }
+        isBeforeMatch = isBeforeMatch && &test != matched;
+    }
+}
+
 /// Runs every test of the table, in the table's order, on one line after the other; the first match decides. Without a
 /// match `shown` is `nothing`.
 template <class Shown, std::size_t N>
@@ -105,10 +147,12 @@ ShownLine<Shown> findShown(Screen& screen, LineRange range, const ScreenTest<Sho
         for (const ScreenTest<Shown>& test : tests) {
             if (matches(seen.line, test.mark, test.match)) {
                 seen.shown = test.shown;
+                if (screen.watch()) saySearched(screen, range, tests, number, seen.line, &test);
                 return seen;
             }
         }
     }
+    if (screen.watch()) saySearched<Shown>(screen, range, tests, range.last, {}, nullptr);
     return seen;
 }
 

@@ -19,6 +19,7 @@ public:
 
 protected:
     Terminal& terminal() { return terminal_; }
+    Terminal* observedTerminal() noexcept override { return &terminal_; }
 
     Parameters parameters(const CollectionPtr& collection) { return Parameters(terminal_, collection); }
 
@@ -29,7 +30,7 @@ protected:
         if (response.empty()) return {};
         CollectionPtr collection = terminal_.createCollection();
         Screen screen(terminal_, response);
-        Results results(*collection);
+        Results results(*collection, screen.watch());
         reportErrors(terminal_, [&] { reader(screen, results); });
         return collection;
     }

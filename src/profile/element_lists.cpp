@@ -4,6 +4,7 @@
 #include "framework/constants.h"
 #include "framework/error_frame.h"
 #include "profile/element_parts.h"
+#include "profile/element_steps.h"
 #include "readers/extractors.h"
 #include "vantro/lists.h"
 
@@ -142,7 +143,9 @@ ElementLists& ProfileLists::listsOf(Family family) const {
 
 std::int16_t ProfileLists::refill(Family family, TextView display) {
     const int error = withRow(family, [](const auto& row) { return row.error; });
-    return raiseAs(error, description::verifyingProfile, [&] { return read(family, display); });
+    return observedQuery(Watch(terminal_), factsOf(family).word, family, [&] {
+        return raiseAs(error, description::verifyingProfile, [&] { return read(family, display); });
+    });
 }
 
 std::int16_t ProfileLists::read(Family family, TextView display) {
@@ -154,7 +157,9 @@ std::int16_t ProfileLists::read(Family family, TextView display) {
     Joiner joiner(lines);
     const auto [found, isComplete] = readElements(family, joiner);
     if (!found.empty()) cut.cancel();
+    sayElements(lines.watch(), factsOf(family), found);
     ListsWriter(lists, factsOf(family)).store(found);
+    sayStored(lines.watch(), factsOf(family), found, lists);
     if (!isComplete) fail(Failure::Overflow);
     return toInt16(static_cast<long long>(found.size()));
 }

@@ -1,6 +1,7 @@
 #include "profile/element_parser.h"
 
 #include "display/families.h"
+#include "framework/observation.h"
 #include "profile/element_query.h"
 
 #include <utility>
@@ -42,6 +43,10 @@ constexpr std::array<CountProperty, familyCount + 1> profileCounts =
     countProperties(std::make_index_sequence<familyCount>());
 
 CProfile::CProfile(Terminal& terminal, const TransErrors& /*errors*/) : terminal_(terminal), lists_(terminal) {}
+
+std::int16_t CProfile::count(Family family, TextView display) {
+    return observed(&terminal_, factsOf(family).countProperty, display, [&] { return lists_.refill(family, display); });
+}
 
 CollectionPtr CProfile::IProfileGet_ProfileElements(TextView display, const CollectionPtr& collection,
                                                     SelectionSource& selection) {

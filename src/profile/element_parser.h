@@ -18,11 +18,14 @@ public:
 
     /// Reads a family's elements from the display into the family's lists and returns their count. Raises the family's
     /// number; see `ProfileLists::refill`.
-    std::int16_t count(Family family, TextView display) { return lists_.refill(family, display); }
+    std::int16_t count(Family family, TextView display);
 
     /// The lists under the names that the terminal knows: "strPPRText", "strServiceRequestCode", ...
     const TextList* list(TextView name) const override { return lists_.texts(name); }
     const FlagList* flagList(TextView name) const override { return lists_.flags(name); }
+
+protected:
+    Terminal* observedTerminal() noexcept override { return &terminal_; }
 
 private:
     CollectionPtr IProfileGet_ProfileElements(TextView display, const CollectionPtr& collection,

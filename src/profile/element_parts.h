@@ -35,9 +35,18 @@ inline constexpr auto elementParts = std::to_array<ElementPartRow>({
 });
 // clang-format on
 
+/// The parts' names in JSON, as texts.
+inline constexpr std::array<TextView, elementPartCount> partNames{
+    u"text", u"number", u"code", u"airline", u"frequentFlyerNumber", u"freeText", u"freeText", u"asterisk"};
+
+constexpr TextView nameOf(ElementPart part) { return partNames[indexOf(part)]; }
+
 constexpr const ElementPartRow& rowOf(ElementPart part) { return elementParts[indexOf(part)]; }
 
 static_assert(elementParts.size() == elementPartCount);
+static_assert(std::ranges::all_of(elementParts, [](const auto& row) {
+    return std::ranges::equal(row.json, nameOf(row.part), [](char a, char16_t b) { return a == static_cast<char>(b); });
+}));
 static_assert(std::ranges::all_of(elementParts, [](const auto& row) { return &rowOf(row.part) == &row; }));
 
 }  // namespace vantro

@@ -51,7 +51,7 @@ void ProfileQuery::add(const QueryFacts& query) {
     if (query.family) {
         addFamily(factsOf(*query.family));
     } else {
-        addOther(*query.other);
+        observedQuery(Watch(terminal_), query.word, {}, [&] { addOther(*query.other); });
     }
 }
 
@@ -68,7 +68,7 @@ void ProfileQuery::addFamily(const FamilyFacts& family) {
 
 void ProfileQuery::addOther(OtherQuery query) {
     Display display(terminal_, display_);
-    Results results(*collection_);
+    Results results(*collection_, display.watch());
     switch (query) {  // Not covered: every query has its case
         case OtherQuery::Name: results.add(key::strKeyElement, readName(display)); break;
         case OtherQuery::RecordLocator: results.add(key::strKeyElement, readRecordLocator(display)); break;
@@ -87,7 +87,7 @@ void ProfileQuery::addOther(OtherQuery query) {
 
 void ProfileQuery::addWholeLists(Family family) {
     const ElementLists& lists = lists_.of(family);
-    Results results(*collection_);
+    Results results(*collection_, Watch(terminal_));
     results.add(key::strKeyElement_list, lists.texts(ElementPart::WholeText));
     results.add(key::strKeyElementNr_list, lists.texts(ElementPart::Number));
 }
@@ -113,7 +113,7 @@ void ProfileQuery::addElement(const FamilyFacts& family) {
 
 void ProfileQuery::addParts(const FamilyFacts& family, std::size_t entry) {
     const ElementLists& lists = lists_.of(*family.family);
-    Results results(*collection_);
+    Results results(*collection_, Watch(terminal_));
     for (const ElementPart part : family.parts) {
         if (part == ElementPart::Asterisk) {
             results.add(key::blnKeyAsterix, bool{lists.asterisks()[entry]});

@@ -16,8 +16,7 @@ void storeLast(TextList& list, std::size_t length, Text text) {
 }
 
 std::int16_t countNotes(ProfileObject& object, const CountRequest& request) {
-    return static_cast<CProfileNotes&>(object).ProfileNotesElementsCount(request.text, request.searchString,
-                                                                         request.searchQualifier);
+    return static_cast<CProfileNotes&>(object).countObserved(request);
 }
 
 }  // namespace
@@ -52,6 +51,12 @@ private:
 
 CProfileNotes::CProfileNotes(Terminal& terminal, const TransErrors& errors) : Transaction(terminal, errors) {
     lists_.cutToEntry0();
+}
+
+std::int16_t CProfileNotes::countObserved(const CountRequest& request) {
+    return observed(&terminal(), notesCounts.front().name, request.text, [&] {
+        return ProfileNotesElementsCount(request.text, request.searchString, request.searchQualifier);
+    });
 }
 
 std::int16_t CProfileNotes::ProfileNotesElementsCount(TextView display, TextView searchString,
@@ -93,7 +98,7 @@ CollectionPtr CProfileNotes::IProfileGet_ProfileElements(TextView display, const
 void CProfileNotes::addNotes(TextView display, const CollectionPtr& collection, const NoteFilter& filter) {
     raiseAs(number::notesQuery, description::readingNotes, [&] {
         ProfileNotesElementsCount(display, filter.searchString, filter.qualifier);
-        Results results(*collection);
+        Results results(*collection, Watch(terminal()));
         results.add(key::strKeyElement_list, lists_.text);
         results.add(key::strKeyElementNr_list, lists_.number);
         results.add(key::strKeyQualifier_list, lists_.qualifier);

@@ -34,7 +34,7 @@ CollectionPtr CProfileNotes::IProfileTrans_VerifyResponse(TextView response, con
 
     Screen screen(terminal(), response);
     const TextView message = trimmed(screen.line(std::int16_t{1}));
-    Results results(*collection);
+    Results results(*collection, screen.watch());
     results.add(key::blnKeyResponseOK, accepted);
     results.add(key::strKeyErrorString, message);  // the host's message, also for an accepted command
     return collection;

@@ -20,8 +20,14 @@ public:
     /// all. Raises 5505 with "An error has occurred while reading Profile Notes".
     std::int16_t ProfileNotesElementsCount(TextView display, TextView searchString, TextView searchQualifier);
 
+    /// The same as an operation of its own, whose steps an observer receives.
+    std::int16_t countObserved(const CountRequest& request);
+
     /// "strNoteText", "strNoteNumber" and "strNoteQualifier": note k at index k, entry 0 empty.
     const TextList* list(TextView name) const override;
+
+protected:
+    Terminal* observedTerminal() noexcept override { return &terminal(); }
 
 private:
     struct NoteLists {

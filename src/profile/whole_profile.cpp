@@ -1,6 +1,9 @@
 #include "display/families.h"
 #include "framework/constants.h"
+#include "framework/error_frame.h"
+#include "framework/observation.h"
 #include "framework/screen.h"
+#include "profile/element_steps.h"
 #include "readers/extractors.h"
 #include "readers/forward_pass.h"
 #include "readers/header_readers.h"
@@ -67,17 +70,20 @@ void storeElements(const FoundElements& found, FamilySet failed, Profile& profil
 /// Fills a profile query by query. A query that fails leaves its value empty and is added to the problems.
 class WholeProfileReader {
 public:
-    WholeProfileReader(Profile& profile, Profile::Storage& storage)
+    WholeProfileReader(Terminal& terminal, Profile& profile, Profile::Storage& storage)
         : profile_(profile),
           storage_(storage),
-          display_(terminal_, withoutHostLine(terminal_, storage.display, ShortDisplay::IsEmpty)),
+          display_(terminal, withoutHostLine(terminal, storage.display, ShortDisplay::IsEmpty)),
           joiner_(display_) {}
 
     void run() {
         FoundElements found(display_.scratchMemory());
         found.reserve(display_.size());  // few displays have an element in every line
         FamilySet failed;
-        if (const std::optional<PassedProfile> passed = passForward(joiner_, found, storage_.notes)) {
+        // An observer is told of one query after the other.
+        const bool isObserved = static_cast<bool>(display_.watch());
+        const auto passed = isObserved ? std::nullopt : passForward(joiner_, found, storage_.notes);
+        if (passed) {
             readHeader(passed->firstHeader);
             profile_.sections = passed->sections;
         } else {
@@ -97,10 +103,11 @@ public:
 private:
     template <class Read>
     void answer(OtherQuery query, Read&& read) {
+        const TextView word = factsOf(query).word;
         try {
-            read();
+            observedQuery(display_.watch(), word, {}, std::forward<Read>(read));
         } catch (const Error& error) {  // Not covered: memory that runs out passes
-            addProblem(factsOf(query).word, error.number(), error.description());
+            addProblem(word, error.number(), error.description());
         }
     }
 
@@ -127,7 +134,8 @@ private:
     /// Returns the families that fail.
     FamilySet readFamilies(FoundElements& found) {
         if (display_.text().empty()) return {};
-        const FamilySet failed = isFarFromCountersEnd() ? readSections(found) : readOneByOne(found);
+        const bool atOnce = isFarFromCountersEnd() && !display_.watch();
+        const FamilySet failed = atOnce ? readSections(found) : readOneByOne(found);
         for (const FamilyName& row : familyNames()) {
             if (failed.contains(row.family)) addProblem(row);
         }
@@ -154,12 +162,21 @@ private:
         FamilySet failed;
         for (const FamilyFacts& row : families()) {
             try {
-                failed.add(extract(FamilySet(*row.family), joiner_, found));
+                observedQuery(display_.watch(), row.word, row.family, [&] { readFamily(row, found); });
             } catch (const Error&) {  // Not covered: memory that runs out passes
                 failed.add(*row.family);
             }
         }
         return failed;
+    }
+
+    void readFamily(const FamilyFacts& row, FoundElements& found) {
+        raiseAs(row.countError, description::verifyingProfile, [&] {
+            const std::size_t first = found.size();
+            const bool isComplete = extract(FamilySet(*row.family), joiner_, found).empty();
+            sayElements(display_.watch(), row, std::span(found).subspan(first));
+            if (!isComplete) fail(Failure::Overflow);
+        });
     }
 
     void addProblem(const FamilyName& row) {
@@ -177,15 +194,16 @@ private:
     void readNotes() {
         if (display_.text().empty()) return;
         try {
-            NoteCollector collector(storage_.notes);
-            scanNotes(display_, {}, collector);
+            observedQuery(display_.watch(), factsOf(OtherQuery::Notes).word, {}, [&] {
+                NoteCollector collector(storage_.notes);
+                scanNotes(display_, {}, collector);
+            });
         } catch (const Error&) {
             storage_.notes.clear();
             addProblem(factsOf(OtherQuery::Notes).word, number::notesQuery, description::readingNotes);
         }
     }
 
-    BuiltInTerminal terminal_;
     Profile& profile_;
     Profile::Storage& storage_;
     Display display_;
@@ -194,12 +212,28 @@ private:
 
 }  // namespace
 
-Profile parseProfile(Text display) {
+namespace {
+
+Profile parse(Text display, Terminal& terminal) {
     const auto storage = std::make_shared<Profile::Storage>(std::move(display));
     Profile profile;
     profile.storage = storage;
-    WholeProfileReader(profile, *storage).run();
+    observed(&terminal, u"parseProfile", storage->display,
+             [&] { WholeProfileReader(terminal, profile, *storage).run(); });
     return profile;
+}
+
+}  // namespace
+
+Profile parseProfile(Text display) {
+    BuiltInTerminal terminal;
+    return parse(std::move(display), terminal);
+}
+
+Profile parseProfile(Text display, ReadingObserver& observer) {
+    BuiltInTerminal terminal;
+    ObservedTerminal observedTerminal(terminal, &observer);
+    return parse(std::move(display), observedTerminal);
 }
 
 }  // namespace vantro

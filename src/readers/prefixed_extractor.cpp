@@ -5,6 +5,7 @@
 //    2 PPH/ NO SMOKING                             another family's element
 //    3      BREAKFAST INCLUDED                     an element without a prefix: the family of the one above
 //   ------- PRE-STORED ENTRIES                     the next section
+#include "display/rules.h"
 #include "readers/extractors.h"
 
 #include <algorithm>
@@ -41,6 +42,7 @@ public:
           joinRule_(row_.scheme == Scheme::Plain ? JoinRule::Directly : JoinRule::ColonAfterBlank),
           joiner_(joiner),
           display_(joiner.display()),
+          watch_(display_.watch()),
           found_(found) {}
 
     FamilySet run() {
@@ -62,6 +64,7 @@ private:
         while (seekHeader()) {
             collectSection();
             if (!collecting_.empty() || !failed_.empty()) return;
+            watch_.decided(rule::sectionMayComeAgain, line_);
             ++line_;
         }
     }
@@ -75,16 +78,20 @@ private:
             ++line_;
             leaveJoinedLines();
             const FamilySet reading = running - inJoinedLines_;
+            if (watch_) sayJoined(running - reading);
             if (reading.empty()) continue;
             const DisplayLine* const line = display_.lineBeforeEnd(line_);
             if (line == nullptr) {
+                watch_.decided(rule::displayHasNoEnd, line_);
                 failed_.add(running);
                 return;
             }
             if (line->isSectionEnd()) {
+                if (watch_) saySectionEnd(*line);
                 running.remove(reading);
             } else {
                 collecting_.add(prefixed(*line) & reading);
+                if (watch_) sayNotBegun(reading - collecting_);
                 if (const FamilySet collecting = collecting_ & reading; !collecting.empty()) collect(*line, collecting);
                 running.remove(failed_);
             }
@@ -100,6 +107,7 @@ private:
     void collect(const DisplayLine& line, FamilySet families) {
         const JoinedLine element = joiner_.join(line, line_, joinRule_);
         if (element.isEndless) {
+            watch_.decided(rule::continuesUpToEnd, line_);
             failed_.add(families);
         } else if (element.last == line_) {
             families.forEach([&](Family family) {
@@ -121,6 +129,7 @@ private:
     }
 
     void store(Family family, bool isOwned, TextView text) {
+        if (watch_) sayTested(family, isOwned);
         if (isOwned) {
             found_.push_back({family, elementTextColumn, text});
         } else {
@@ -140,7 +149,11 @@ private:
         for (; seekHeader(); ++line_) {
             ++line_;
             const DisplayLine& line = display_.line(line_);
-            if (!line.containsPrefix(Prefix(row_.family), row_.searchFrom)) continue;
+            if (!line.containsPrefix(Prefix(row_.family), row_.searchFrom)) {
+                watch_.decided(rule::noPrefixBelowHeader, line_, row_.family);
+                continue;
+            }
+            watch_.decided(rule::elementWithPrefix, line_, row_.family);
             found_.push_back({row_.family, elementTextColumn, line.trimmed()});
             collectUnprefixed();
             return;
@@ -152,14 +165,19 @@ private:
         const Counter last = line_ + mostUnprefixed;
         for (++line_; line_ <= last; ++line_) {
             const TextView line = display_.line(line_).trimmed();
-            if (mid(line, tagColumn, row_.tagWidth) != u"     ") return;
+            if (mid(line, tagColumn, row_.tagWidth) != u"     ") {
+                watch_.decided(rule::unprefixedEnd, line_, row_.family);
+                return;
+            }
+            watch_.decided(rule::unprefixedElement, line_, row_.family);
             found_.push_back({row_.family, unprefixedTextColumn, line});
         }
+        watch_.decided(rule::unprefixedLimit, last, row_.family);
     }
 
     /// Moves to the next header line; false at the end of the display.
     bool seekHeader() {
-        const std::optional<Display::MarkedLine> next = display_.nextHeaderOrEnd(row_.section, line_);
+        const std::optional<Display::MarkedLine> next = display_.seekHeader(row_.section, line_);
         if (!next) {
             failed_ = families_;
             return false;
@@ -182,11 +200,40 @@ private:
         return containsFrom(joined, row.prefix, std::max(tagColumn, Column{boundary}));
     }
 
+    // What an observer is told of the current line
+
+    void sayJoined(FamilySet families) const {
+        families.forEach([&](Family family) { watch_.decided(rule::continuesElement, line_, family); });
+    }
+
+    void saySectionEnd(const DisplayLine& line) const {
+        const LineMarks marks = line.marks();
+        watch_.decided(!marks.containsRuleOrEndText() ? rule::sectionEndsAtPrompt
+                       : marks.containsEndText()      ? rule::sectionEndsAtEndText
+                                                      : rule::sectionEndsAtRule,
+                       line_);
+    }
+
+    void sayNotBegun(FamilySet families) const {
+        families.forEach([&](Family family) { watch_.decided(rule::aboveFirstElement, line_, family); });
+    }
+
+    void sayTested(Family family, bool isOwned) const {
+        const PrefixedFamily& row = rowOf(family);
+        const bool isPrefixed = display_.line(line_).containsPrefix(Prefix(family), row.searchFrom);
+        watch_.decided(!isOwned                  ? rule::otherTag
+                       : isPrefixed              ? rule::elementWithPrefix
+                       : row.tagWidth.value == 0 ? rule::elementOfWholeSection
+                                                 : rule::elementWithoutPrefix,
+                       line_, family);
+    }
+
     const FamilySet families_;
     const PrefixedFamily& row_;  // of the first family; what the walk itself reads of it is the same in all their rows
     const JoinRule joinRule_;
     Joiner& joiner_;
     Display& display_;
+    const Watch& watch_;
     FoundElements& found_;
     Counter line_;
     FamilySet failed_;

@@ -41,7 +41,7 @@ CollectionPtr CRLPTrans::IProfileTrans_VerifyResponse(TextView response, const C
     if (response.empty()) return {};
     const std::int16_t index = toInt16(parameters(collection).read(key::strKeyIndex));
     CollectionPtr added = terminal().createCollection();
-    Results results(*added);
+    Results results(*added, Watch(terminal()));
     reportOwnError([&] { readLinkedProfile(response, index, results); });
     return added;
 }

@@ -86,7 +86,7 @@ CollectionPtr CProfileMode::IProfileTrans_VerifyResponse(TextView response, cons
 
     Screen screen(terminal(), response);
     const TextView message = trimmed(screen.line(std::int16_t{1}));
-    Results results(*collection);
+    Results results(*collection, screen.watch());
     results.add(key::blnKeyResponseOK, confirmed);
     results.add(key::strKeyErrorString, message);  // the host's message, also for a confirmed step
     return collection;

@@ -88,7 +88,7 @@ CollectionPtr CPDTTrans::IProfileTrans_VerifyResponse(TextView response, const C
     const bool shown = findShown(screen, answerLines, travellerMark, false).shown;
 
     CollectionPtr added = terminal().createCollection();
-    Results(*added).add(key::blnKeyProfile, bool{shown});
+    Results(*added, screen.watch()).add(key::blnKeyProfile, bool{shown});
     return added;
 }
 

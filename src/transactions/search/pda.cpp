@@ -129,7 +129,7 @@ CollectionPtr CPDATrans::IProfileTrans_VerifyResponse(TextView response, const C
     if (collection) endOfBlock = parameters(collection).read(key::blnKeyEndOfBlock);
     if (response.empty()) return {};
     Screen screen(terminal(), response);
-    Results results(*added);
+    Results results(*added, screen.watch());
     reportErrors(terminal(), [&] { readScreen(screen, endOfBlock, results); });
     return added;
 }

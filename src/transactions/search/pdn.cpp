@@ -97,7 +97,7 @@ CollectionPtr CPDNTrans::IProfileTrans_VerifyResponse(TextView response, const C
     reportErrors(terminal(), [&] { readScreen(screen, answer); });
 
     CollectionPtr added = terminal().createCollection();
-    Results results(*added);
+    Results results(*added, screen.watch());
     results.add(key::blnKeyTrList, answer.shown == Shown::TravellerList);
     results.add(key::blnKeyTrProfile, answer.shown == Shown::TravellerProfile);
     results.add(key::blnKeyCompanyList, answer.shown == Shown::CompanyList);

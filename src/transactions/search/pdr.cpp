@@ -78,7 +78,7 @@ CollectionPtr CPCNTrans::IProfileTrans_VerifyResponse(TextView response, const C
     const bool company = !traveller && screen.findMarker(mark::companyProfile, lineArgument);
 
     CollectionPtr added = terminal().createCollection();
-    Results results(*added);
+    Results results(*added, screen.watch());
     results.add(key::blnKeyTrProfile, traveller);
     results.add(key::blnKeyCoProfile, company);
     return added;

@@ -1,0 +1,65 @@
+// A text that is joined from parts of the screen.
+#pragma once
+
+#include "framework/observation.h"
+#include "framework/text_ops.h"
+
+#include <utility>
+#include <vector>
+
+namespace vantro {
+
+/// A text that is joined from several. If the call is observed, it remembers where they were.
+class JoinedText {
+public:
+    explicit JoinedText(const Watch& watch) : isObserved_(static_cast<bool>(watch)), watch_(watch) {}
+
+    void reserve(std::size_t size) { text_.reserve(size); }
+
+    /// Begins again with this part.
+    void assign(TextView part) {
+        text_ = part;
+        if (isObserved_) parts_ = {{part, false}};
+    }
+
+    /// Appends a part of the screen.
+    void append(TextView part) {
+        text_ += part;
+        if (isObserved_) parts_.push_back({part, false});
+    }
+
+    /// Appends a text that is not on the screen.
+    void insert(TextView inserted) {
+        text_ += inserted;
+        if (isObserved_) parts_.push_back({inserted, true});
+    }
+
+    /// Removes the blanks at both ends.
+    void trim();
+
+    bool empty() const { return text_.empty(); }
+    std::size_t size() const { return text_.size(); }
+
+    /// The text so far; valid until it is changed.
+    TextView view() const { return text_; }
+
+    /// The same; where its parts are is known from then on.
+    const Text& text() const {
+        if (isObserved_) watch_.joined(text_, parts_);
+        return text_;
+    }
+
+    /// The text as a result. Its places stay known.
+    Text&& take() && {
+        text();
+        return std::move(text_);
+    }
+
+private:
+    bool isObserved_;
+    Watch watch_;
+    Text text_;
+    std::vector<JoinedPart> parts_;  // empty unless the call is observed
+};
+
+}  // namespace vantro

@@ -1,0 +1,88 @@
+#include "framework/observation.h"
+
+#include "framework/text_ops.h"
+
+#include <algorithm>
+
+namespace vantro {
+
+void Observation::passLocated(ReadingStep step, TextView located) {
+    pieces_.clear();
+    sources_.locate(located, pieces_);
+    step.pieces = pieces_;
+    pass(step);
+}
+
+void Watch::decide(const ReadingRule& rule, std::int32_t line, std::optional<Family> family) const {
+    observation_->pass({.kind = StepKind::Decided, .line = line, .family = family, .rule = &rule});
+}
+
+void Watch::passSearch(TextView mark, MarkSearch search, int first, int last, TextView found) const {
+    const bool hasLines = first != noLine;
+    observation_->passLocated({.kind = StepKind::MarkSearched,
+                               .line = hasLines ? first + firstLine_ : noLine,
+                               .lastLine = hasLines ? last + firstLine_ : noLine,
+                               .search = search,
+                               .text = mark},
+                              found);
+}
+
+void Watch::passValue(TextView name, TextView value, std::int32_t index, std::optional<Family> family) const {
+    observation_->passLocated(
+        {.kind = StepKind::ValueRead, .family = family, .name = name, .text = value, .index = index}, value);
+}
+
+void Watch::passQuery(StepKind kind, TextView word, std::optional<Family> family, const Error* error) const {
+    observation_->pass({.kind = kind, .family = family, .name = word, .error = error});
+}
+
+void Watch::passText(TextView key, TextView value) const {
+    observation_->passLocated({.kind = StepKind::KeyAdded, .name = key, .text = value}, value);
+}
+
+void Watch::passList(TextView key, const TextList& value) const {
+    const ItemValue list = value;
+    observation_->pass({.kind = StepKind::KeyAdded, .name = key, .value = &list});
+    std::int32_t index = 0;
+    for (const Text& entry : value) {
+        observation_->passLocated({.kind = StepKind::EntryAdded, .name = key, .text = entry, .index = index}, entry);
+        ++index;
+    }
+}
+
+void Watch::addScreen(TextView screen) {
+    SourceMap& sources = observation_->sources();
+    sources.addScreen(screen);
+    firstLine_ = std::max(sources.lineOf(screen), 0);
+}
+
+void Watch::addCopy(TextView copy, TextView original) const {
+    const JoinedPart whole{original, false};
+    addJoined(copy, {&whole, 1});
+}
+
+void Watch::addJoined(TextView text, std::span<const JoinedPart> parts) const {
+    std::vector<ValuePiece> pieces;
+    for (const JoinedPart& part : parts) {
+        if (part.isInserted) {
+            pieces.push_back({part.text, std::nullopt});
+        } else {
+            observation_->sources().locate(part.text, pieces);
+        }
+    }
+    observation_->sources().addJoined(text, std::move(pieces));
+}
+
+ObservedTerminal::ObservedTerminal(Terminal& terminal, ReadingObserver* observer) : terminal_(terminal) {
+    setObserver(observer);
+}
+
+ObservedTerminal::~ObservedTerminal() = default;
+
+void ObservedTerminal::setObserver(ReadingObserver* observer) {
+    observation_ = observer != nullptr ? std::make_unique<Observation>(*observer) : nullptr;
+}
+
+Observation* ObservedTerminal::observation() { return observation_.get(); }
+
+}  // namespace vantro
