@@ -60,7 +60,7 @@ function(included_file line folder result)
 endfunction()
 
 set(files "")
-foreach(top include src cli server examples benchmarks tests fuzz)
+foreach(top include src bindings cli server examples benchmarks tests fuzz)
     file(GLOB_RECURSE found RELATIVE ${ROOT} ${ROOT}/${top}/*.h ${ROOT}/${top}/*.cpp)
     list(APPEND files ${found})
 endforeach()
