@@ -122,3 +122,10 @@ write_basic_package_version_file(${PROJECT_BINARY_DIR}/VantroProfileUtilsConfigV
                                  COMPATIBILITY SameMinorVersion)
 install(FILES ${PROJECT_BINARY_DIR}/VantroProfileUtilsConfigVersion.cmake
         DESTINATION ${CMAKE_INSTALL_LIBDIR}/cmake/VantroProfileUtils)
+
+set(definitions "")
+if(library_type STREQUAL "SHARED_LIBRARY")
+    set(definitions -DVANTRO_SHARED)
+endif()
+vantro_install_pkg_config(vantro-profile-utils.pc LIBRARY VantroProfileUtils NAME VantroProfileUtils
+                          DESCRIPTION "${PROJECT_DESCRIPTION}" DEFINITIONS ${definitions})

@@ -11,12 +11,22 @@ source scripts/lib.sh
 check_format() { our_sources | xargs -0 clang-format --dry-run -Werror; }
 check_scripts() { shellcheck -x -S warning scripts/*.sh .ci/run; }
 
+# The library as a subdirectory of another project.
+check_subdirectory() {
+    local work=$root/build/subdirectory
+    rm -rf "$work"
+    cmake -S tests/package/subdirectory -B "$work" -G Ninja -DVANTRO_SOURCE_DIR="$root" -DCMAKE_BUILD_TYPE=Release
+    cmake --build "$work"
+    "$work/my_terminal" | grep -F "send: PDN/-SMITH/ANNA/"
+}
+
 main() {
     install_missing "${check_packages[@]}"
     bash scripts/test-com.sh install x86 again
     check "format" strictly check_format
     check "shellcheck" strictly check_scripts
     build_and_test ci-clang # address and undefined-behaviour sanitizers, clang-tidy over every source
+    check "add_subdirectory" strictly check_subdirectory
     build_and_test scalar
     build_and_test arm64
     build_and_test tsan

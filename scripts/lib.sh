@@ -163,7 +163,7 @@ our_sources() {
     com_x64_packages=("${com_packages[@]}" g++-mingw-w64-x86-64-posix wine wine64)
     com_x86_packages=("${com_packages[@]}" g++-mingw-w64-i686-posix mmdebstrap)
     exports_packages=("${tool_packages[@]}" binutils g++-mingw-w64-x86-64-posix)
-    test_packages=("${tool_packages[@]}" libgtest-dev libgmock-dev "${com_x64_packages[@]}")
+    test_packages=("${tool_packages[@]}" libgtest-dev libgmock-dev pkg-config "${com_x64_packages[@]}")
     arm64_packages=("${tool_packages[@]}" googletest g++-aarch64-linux-gnu qemu-user)
     check_packages=("${test_packages[@]}" "${com_x86_packages[@]}" "${exports_packages[@]}" "${arm64_packages[@]}"
         clang clang-format clang-tidy libclang-rt-dev lld git python3 shellcheck util-linux)
