@@ -38,6 +38,8 @@ the header values and the notes, for any display.
 - *views*: texts are slices of the display, or of joined texts in memory that is used again for the next display, like
   the lists of the result. *owned strings*: a new result for each display, every text in a string of its own, with one
   allocation at most. `parseProfile` lies between: a new result for each display, with views of a text that it owns.
+- *steps counted*: observed by a program that only counts the steps. *explained*: every step is kept, with texts of its
+  own. An observed display is read query by query.
 - PCRE2, RE2 and Python match one expression against each line and put the matches together. They are exact.""",
     ),
     "one_family": (
@@ -48,7 +50,9 @@ families. The contenders return views; the count property fills lists of strings
 - *exact*: the title is searched in all lines, sixteen characters at a time, for a rule, a prompt and the end text in any
   column; then only the section is read. It relies on the same forms of lines as the exact scanner of whole profiles.
 - *floor*: the same, but the lines of the section are not searched for the end, nor their free text for tags.
-- `ProfileElements` answers in a new collection, which counts.""",
+- `ProfileElements` answers in a new collection, which counts.
+- *nobody observes*: the object's terminal library can be observed, and is not. *steps counted*: it is, by a program that
+  only counts the steps.""",
     ),
     "list_screen": (
         "List screen and command",
@@ -120,11 +124,15 @@ LIMITS = [
         (OURS, "PCRE2 with JIT", None),
         (OURS, "RE2", None),
         (OURS, "memcpy of the text", None),
+        ("parseProfile, steps counted", "parseProfile, text copied", None),
+        ("parseProfile, explained", "parseProfile, text copied", None),
     ),
     *rows_of(
         "one_family", CORPORA,
         ("count property, one call", "exact, one call", None),
         ("count property, 22 calls", "exact, 22 calls", None),
+        ("count property, nobody observes, 22 calls", "count property, 22 calls", 1.03),
+        ("count property, steps counted, 22 calls", "count property, 22 calls", None),
     ),
     *rows_of("batch", FORMS, ("vantro-profile batch", "Python json and re", 0.25)),
     *rows_of(

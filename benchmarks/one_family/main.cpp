@@ -2,6 +2,7 @@
 #include "common/alternating.h"
 #include "common/displays.h"
 #include "common/element_set.h"
+#include "common/observing.h"
 #include "one_family/lean_family.h"
 
 #include "vantro/built_in_terminal.h"
@@ -17,9 +18,9 @@ constexpr std::size_t families = 22;
 /// A `CProfile`, asked through its count properties or with a collection.
 class Library {
 public:
-    Library() {
+    explicit Library(Terminal* terminal = nullptr) {
         const ClassRow& row = *findClass(u"CProfile");
-        object_ = createObject(row, terminal_);
+        object_ = createObject(row, terminal != nullptr ? *terminal : terminal_);
         for (std::size_t i = 0; i < families; ++i) counts_[i] = findCount(row, familyRules()[i].count);
     }
 
@@ -47,6 +48,21 @@ Library& library() {
     static Library the;
     return the;
 }
+
+#if VANTRO_BENCH_OBSERVERS
+/// The library in a program that can observe it and does not, or that counts the steps.
+std::int16_t countThroughObserved(std::size_t family, TextView display, ReadingObserver* observer) {
+    static BuiltInTerminal builtIn;
+    static ObservedTerminal terminal(builtIn);
+    static Library the(&terminal);
+    static ReadingObserver* current = nullptr;
+    if (current != observer) {
+        terminal.setObserver(observer);
+        current = observer;
+    }
+    return the.count(family, display);
+}
+#endif
 
 template <Depth depth>
 const FamilyItems& scan(std::size_t family, TextView display) {
@@ -111,6 +127,15 @@ void addContenders(Alternating& runner, Corpus corpus) {
     add("floor", [](std::size_t family, TextView display) { return &scan<Depth::Elements>(family, display); });
     add("exact", [](std::size_t family, TextView display) { return &scan<Depth::Everything>(family, display); });
     add("count property", [](std::size_t family, TextView display) { return library().count(family, display); });
+#if VANTRO_BENCH_OBSERVERS
+    add("count property, nobody observes", [](std::size_t family, TextView display) {
+        return countThroughObserved(family, display, nullptr);
+    });
+    add("count property, steps counted", [](std::size_t family, TextView display) {
+        static StepCounter counter;
+        return countThroughObserved(family, display, &counter);
+    });
+#endif
     add("ProfileElements", [](std::size_t family, TextView display) { return library().query(family, display); });
 }
 

@@ -2,6 +2,7 @@
 #include "common/alternating.h"
 #include "common/displays.h"
 #include "common/element_set.h"
+#include "common/observing.h"
 #include "whole_profile/lean_scanner.h"
 #include "whole_profile/pcre2_reader.h"
 #include "whole_profile/re2_reader.h"
@@ -43,6 +44,11 @@ void check(Corpus corpus) {
         const ElementSet ours = elementSetOf(profile);
         const ElementSet elements = elementsOnly(ours);
         requireEqual("parseProfile", i, profile.problems.empty() ? "" : "a query failed");
+#if VANTRO_BENCH_OBSERVERS
+        StepCounter counter;
+        requireEqual("parseProfile, observed", i,
+                     difference(ours, elementSetOf(parseProfile(display.utf16, counter))));
+#endif
         requireEqual(floorViews, i,
                      difference(elements, elementSetOf(scan<Depth::Elements, std::u16string_view>(display))));
         requireEqual(floorTexts, i, difference(elements, elementSetOf(scan<Depth::Elements, std::u16string>(display))));
@@ -99,6 +105,19 @@ void addContenders(Alternating& runner, Corpus corpus) {
         for (std::size_t i = begin; i < end; ++i) keep(parseProfile(std::move(texts[i])));
     };
     runner.add("parseProfile, text moved in", parseMoved, copyTexts);
+#if VANTRO_BENCH_OBSERVERS
+    add("parseProfile, steps counted", [](const Display& display) {
+        StepCounter counter;
+        parseProfile(display.utf16, counter);
+        return counter.count();
+    });
+    add("parseProfile, explained", [](const Display& display) {
+        static Explanation explanation;
+        explanation.clear();
+        parseProfile(display.utf16, explanation);
+        return explanation.steps().size();
+    });
+#endif
 }
 
 }  // namespace
