@@ -27,7 +27,12 @@ target_sources(vantro_profile_utils PRIVATE
     src/display/display_line.cpp
     src/display/joiner.cpp
     src/explain/explanation.cpp
+    src/explain/lines.cpp
+    src/explain/look_alikes.cpp
+    src/explain/meanings.cpp
     src/explain/sentences.cpp
+    src/explain/text.cpp
+    src/explain/words.cpp
     src/framework/access.cpp
     src/framework/error.cpp
     src/framework/int16.cpp

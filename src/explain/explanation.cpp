@@ -9,7 +9,7 @@ bool KeptStep::isPlaced() const {
 }
 
 void Explanation::observe(const ReadingStep& step) {
-    if (steps_.empty()) screen_ = step.text;
+    if (step.kind == StepKind::CallBegins && screen_.empty()) screen_ = step.text;
     KeptStep& kept = steps_.emplace_back();
     kept.kind = step.kind;
     kept.line = step.line;
