@@ -137,10 +137,10 @@ std::vector<LookAlike> lookAlikes(const Explanation& explanation) {
 
 Text sentenceOf(const LookAlike& lookAlike) {
     const DecisionWords& words = decisionWords[static_cast<std::size_t>(lookAlike.decidedAt)];
-    const bool namesLine = !words.before.empty() && lookAlike.decidedIn != noLine;
-    const Text where = namesLine
-                           ? concat({words.before, linesInWords(lookAlike.decidedIn, lookAlike.decidedIn), words.after})
-                           : Text();
+    Text where;
+    if (!words.before.empty() && lookAlike.decidedIn != noLine) {
+        where = concat({words.before, linesInWords(lookAlike.decidedIn, lookAlike.decidedIn), words.after});
+    }
     return concat({factsOf(lookAlike.family).word, u" in ", linesInWords(lookAlike.line, lookAlike.line), u": ", where,
                    lookAlike.rule->meaning});
 }

@@ -34,7 +34,8 @@ Text ofQuery(const KeptStep& step, const ClassRow* /*row*/) {
 }
 
 Text ofFamily(const KeptStep& step, const ClassRow* /*row*/) {
-    return step.family ? Text(factsOf(*step.family).meaning) : Text();
+    if (!step.family) return {};
+    return Text(factsOf(*step.family).meaning);
 }
 
 bool isName(std::string_view name, TextView text) {
@@ -78,7 +79,8 @@ TextView meaningOfResult(const ClassRow& row, TextView key) {
 }
 
 Text ofResult(const KeptStep& step, const ClassRow* row) {
-    return row != nullptr ? Text(meaningOfResult(*row, step.name)) : Text();
+    if (row == nullptr) return {};
+    return Text(meaningOfResult(*row, step.name));
 }
 
 // Marks

@@ -16,7 +16,8 @@ Text familyInWords(const KeptStep& step) { return step.family ? concat({factsOf(
 
 /// " ends", or " fails with" and the error.
 Text endInWords(const KeptStep& step) {
-    return step.error ? concat({u" fails with ", errorInWords(*step.error)}) : Text(u" ends");
+    if (!step.error) return u" ends";
+    return concat({u" fails with ", errorInWords(*step.error)});
 }
 
 /// ", from line 3, columns 6 to 20"; empty for a value that is not on the screen.
@@ -63,10 +64,18 @@ Text linesWithoutMark(const KeptStep& step) {
     return concat({u"; ", linesInWords(step.line, last), last == step.line ? u" does not" : u" do not"});
 }
 
+/// Without a place on the screen, the mark is in the last line that was searched.
 Text markFound(const KeptStep& step, const SearchRow& row) {
-    const Text places = placesInWords(step.pieces);
+    Text places = placesInWords(step.pieces);
+    if (places.empty() && step.line != noLine) places = linesInWords(step.lastLine, step.lastLine);
     return concat({places, onlyIf(!places.empty(), u": "), familyInWords(step), row.found, quoted(step.text),
                    linesWithoutMark(step)});
+}
+
+/// The host's rules may begin a search below the last line.
+Text searchedLines(const KeptStep& step) {
+    if (step.lastLine >= step.line) return linesInWords(step.line, step.lastLine);
+    return concat({u"from line ", numberInWords(step.line), u" on"});
 }
 
 Text markNotFound(const KeptStep& step, const SearchRow& row) {
@@ -74,9 +83,8 @@ Text markNotFound(const KeptStep& step, const SearchRow& row) {
         return concat({familyInWords(step), row.notFound, quoted(step.text)});
     }
     const bool isOneLine = step.line == step.lastLine;
-    const Text lines = step.lastLine < step.line ? concat({u"from line ", numberInWords(step.line), u" on"})
-                                                 : linesInWords(step.line, step.lastLine);
-    return concat({lines, u": ", familyInWords(step), isOneLine ? row.notFound : row.inNoLine, quoted(step.text)});
+    return concat(
+        {searchedLines(step), u": ", familyInWords(step), isOneLine ? row.notFound : row.inNoLine, quoted(step.text)});
 }
 
 // The kinds of steps
@@ -108,7 +116,8 @@ Text decided(const KeptStep& step) {
 }
 
 Text valueRead(const KeptStep& step) {
-    const Text index = step.index > 0 ? concat({u"element ", numberInWords(step.index), u": "}) : Text();
+    Text index;
+    if (step.index > 0) index = concat({u"element ", numberInWords(step.index), u": "});
     return concat({familyInWords(step), index, step.name, u" = ", quoted(step.text), originInWords(step)});
 }
 

@@ -40,6 +40,7 @@ TEST(Meanings, OfDecisionsAreThoseOfTheFamily) {
     static constexpr ReadingRule rule{"rule", u"a rule"};
     expectMeanings({
         {u"", {.kind = StepKind::Decided, .family = Family::Seat, .rule = &rule}, "seat request"},
+        {u"", {.kind = StepKind::Decided, .family = Family::PIV, .rule = &rule}, "visa"},
         {u"", {.kind = StepKind::Decided, .rule = &rule}, ""},
     });
 }
@@ -71,6 +72,7 @@ TEST(Meanings, OfKeysAreInTheRowOfTheClass) {
         {u"CProfile", named(StepKind::KeyAdded, u"strKeyCode"), "the code of the service"},
         {u"CProfile", named(StepKind::EntryAdded, u"strKeyElNbrsArray"),
          "the numbers of the transferable elements that are selected, from entry 1; entry 0 is empty"},
+        {u"CProfile", named(StepKind::KeyAdded, u"blnKeyProfile"), ""},
         {u"", named(StepKind::KeyAdded, u"strKeyCode"), ""},
     });
 }
