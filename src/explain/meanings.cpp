@@ -24,13 +24,20 @@ TextView firstOf(std::initializer_list<TextView> meanings) {
 
 // Queries and values
 
-Text ofQuery(const KeptStep& step, const ClassRow* /*row*/) {
-    if (step.family) return Text(factsOf(*step.family).meaning);
+/// The first of the queries for something other than a family that fits, or null.
+template <class Fits>
+const QueryFacts* findQuery(Fits fits) {
     for (std::size_t query = 0; query < otherQueryCount; ++query) {
         const QueryFacts& facts = factsOf(static_cast<OtherQuery>(query));
-        if (facts.word == step.name) return Text(facts.meaning);
+        if (fits(facts)) return &facts;
     }
-    return {};
+    return nullptr;
+}
+
+Text ofQuery(const KeptStep& step, const ClassRow* /*row*/) {
+    if (step.family) return Text(factsOf(*step.family).meaning);
+    const QueryFacts* const query = findQuery([&](const QueryFacts& facts) { return facts.word == step.name; });
+    return Text(query != nullptr ? query->meaning : TextView());
 }
 
 Text ofFamily(const KeptStep& step, const ClassRow* /*row*/) {
@@ -51,14 +58,11 @@ TextView meaningOfPart(Family family, TextView name) {
 
 /// A value outside the families is a header value, or in a column of a list.
 TextView meaningOfOther(TextView name, const ClassRow* row) {
-    for (std::size_t query = 0; query < otherQueryCount; ++query) {
-        const QueryFacts& facts = factsOf(static_cast<OtherQuery>(query));
-        if (row == nullptr && isName(facts.json, name)) return facts.meaning;
-    }
-    if (row == nullptr) return {};
-    const auto columns = row->description.columns;
+    const auto columns = row != nullptr ? row->description.columns : std::span<const ListColumn>();
     const auto column = std::ranges::find(columns, name, &ListColumn::name);
-    return column != columns.end() ? column->meaning : TextView();
+    if (column != columns.end()) return column->meaning;
+    const QueryFacts* const query = findQuery([&](const QueryFacts& facts) { return isName(facts.json, name); });
+    return query != nullptr ? query->meaning : TextView();
 }
 
 Text ofValue(const KeptStep& step, const ClassRow* row) {
@@ -108,8 +112,16 @@ constexpr auto marks = std::to_array<MarkRow>({
 });
 // clang-format on
 
-/// A mark of the display itself: the header of a section, or what begins a family's text.
+/// The mark of a header value is its query's word in blanks, or before a slash: " NM ", "PIN/".
+bool isMarkOf(const QueryFacts& query, TextView text) {
+    const TextView word = trimmed(text);
+    return word == query.word || (word.ends_with(u'/') && word.substr(0, word.size() - 1) == query.word);
+}
+
+/// A mark of the display itself: the header of a section, or what comes before a family's or header value's text.
 TextView meaningOfDisplayMark(TextView text) {
+    const QueryFacts* const query = findQuery([&](const QueryFacts& facts) { return isMarkOf(facts, text); });
+    if (query != nullptr) return query->meaning;
     for (const FamilyFacts& family : families()) {
         if (family.tag == text) return family.meaning;
     }

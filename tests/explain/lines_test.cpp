@@ -1,4 +1,5 @@
 // Lines by what the steps say about them.
+#include "explain/rule_names.h"
 #include "tests/explain/story.h"
 #include "tests/support/screens.h"
 #include "tests/support/text.h"
@@ -50,6 +51,14 @@ TEST(UnreadLines, AreNotTheEndsOfSections) {
         u"END OF DISPLAY",
     }));
     EXPECT_THAT(unreadLines(explanation), ElementsAre(2, 4));
+}
+
+TEST(RuleNames, AreThoseOfRules) {
+    const auto isRule = [](std::string_view name) {
+        return std::ranges::any_of(readingRules(), [&](const ReadingRule* known) { return known->name == name; });
+    };
+    for (const std::string_view name : rulesOfMarks) EXPECT_TRUE(isRule(name)) << name;
+    for (const std::string_view name : rulesOfElements) EXPECT_TRUE(isRule(name)) << name;
 }
 
 TEST(UnreadLines, OfTheSamplesAreNotBlankAndNotRead) {

@@ -135,6 +135,13 @@ TEST(LookAlikes, OfADisplayAreInItsOrder) {
                             "PHI in line 5: the search ended in line 4: seven hyphens: the section ends"));
 }
 
+// Neither text nor number say where such an element is.
+TEST(LookAlikes, AreNotTheElementsWithoutTextAndNumber) {
+    const Text display = screen({u"------- PRIORITY", u"     PPR/", u"END OF DISPLAY"});
+    ASSERT_EQ(parseProfile(display).elements(Family::PPR).size(), 1U);
+    EXPECT_THAT(sentencesOf(lookAlikes(explained(display))), IsEmpty());
+}
+
 // The line that the host prints above a display counts.
 TEST(LookAlikes, OfADisplayBelowAHostLineHaveTheLinesOfTheScreen) {
     const Explanation explanation = explained(screen({

@@ -58,6 +58,7 @@ TEST(Meanings, OfValuesAreThoseOfTheirParts) {
         {u"", named(StepKind::ValueRead, u"other"), ""},
         {u"CPDNTrans", named(StepKind::ValueRead, u"recordLocator"), "the profile's record locator"},
         {u"CPDNTrans", named(StepKind::ValueRead, u"other"), ""},
+        {u"CProfile", named(StepKind::ValueRead, u"officeIdentifier"), "office identifier of the profile"},
     });
 }
 
@@ -109,7 +110,10 @@ TEST(Meanings, OfMarksWithoutAFlagAreTheirOwn) {
         {u"", searched(u"------- FOLLOW UP"), "the header of a section"},
         {u"", searched(u"------- PROFILE NOTES"), "the header of a section"},
         {u"", searched(u"PHI/"), "hotel travel policy of the kind PHI"},
+        {u"", searched(u" NM "), "name of the profile: the traveller's, or else the company's"},
+        {u"", searched(u"PIN/"), "PIN line"},
         {u"", searched(u"SOMETHING ELSE"), ""},
+        {u"", searched(u"SOMETHING/"), ""},
     });
 }
 
