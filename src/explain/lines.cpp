@@ -1,14 +1,21 @@
 // The lines of a screen by what the steps say about them.
-#include "explain/rule_names.h"
 #include "framework/screen.h"
+#include "vantro/explanation.h"
 
 #include <algorithm>
+#include <array>
 
 namespace vantro {
 
 namespace {
 
-bool seesMark(const KeptStep& step) { return step.rule != nullptr && isOneOf(*step.rule, rulesOfMarks); }
+/// The rules that see a mark of the display in their line.
+constexpr std::array<std::string_view, 4> rulesOfMarks{"displayEnds", "sectionEndsAtRule", "sectionEndsAtEndText",
+                                                       "sectionEndsAtPrompt"};
+
+bool seesMark(const KeptStep& step) {
+    return step.rule != nullptr && std::ranges::find(rulesOfMarks, step.rule->name) != rulesOfMarks.end();
+}
 
 /// A set of lines of the screen.
 class LineSet {

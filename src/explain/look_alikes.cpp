@@ -1,5 +1,4 @@
 // Lines that look like elements and are none, and the decisions about them, from the steps of the families' queries.
-#include "explain/rule_names.h"
 #include "explain/words.h"
 #include "framework/screen.h"
 
@@ -67,19 +66,13 @@ public:
         for (std::int32_t line = 0; static_cast<std::size_t>(line) * screenWidth < screen.size(); ++line) {
             const TextView text = screen.substr(static_cast<std::size_t>(line) * screenWidth, screenWidth);
             const Column tag = find(text, family_.tag);
-            if (tag == Column{0} || beginsElement(line)) continue;
+            if (tag == Column{0} || beginOf(line) == line) continue;
             found.push_back({.line = line, .family = *family_.family, .tag = {line, tag.value, width}});
             decide(found.back());
         }
     }
 
 private:
-    bool beginsElement(std::int32_t line) const {
-        if (beginOf(line) == line) return true;
-        const auto own = decisions_.find(line);
-        return own != decisions_.end() && isOneOf(*own->second, rulesOfElements);
-    }
-
     /// The line in which the element begins that contains the line, or `noLine`.
     std::int32_t beginOf(std::int32_t line) const {
         const auto begin = begins_.find(line);

@@ -1,5 +1,4 @@
 // Lines by what the steps say about them.
-#include "explain/rule_names.h"
 #include "tests/explain/story.h"
 #include "tests/support/screens.h"
 #include "tests/support/text.h"
@@ -53,12 +52,12 @@ TEST(UnreadLines, AreNotTheEndsOfSections) {
     EXPECT_THAT(unreadLines(explanation), ElementsAre(2, 4));
 }
 
-TEST(RuleNames, AreThoseOfRules) {
-    const auto isRule = [](std::string_view name) {
-        return std::ranges::any_of(readingRules(), [&](const ReadingRule* known) { return known->name == name; });
-    };
-    for (const std::string_view name : rulesOfMarks) EXPECT_TRUE(isRule(name)) << name;
-    for (const std::string_view name : rulesOfElements) EXPECT_TRUE(isRule(name)) << name;
+// Each of the marks that end a section, and with them the display.
+TEST(UnreadLines, AreNotTheLinesWithAnEnd) {
+    for (const TextView end : {u"-------", u"END OF DISPLAY", u">", u"  END OF DISPLAY"}) {
+        const Explanation explanation = explained(screen({u"------- PRIORITY", u"   1 PPR/ A", end}));
+        EXPECT_THAT(unreadLines(explanation), IsEmpty()) << utf8(end);
+    }
 }
 
 TEST(UnreadLines, OfTheSamplesAreNotBlankAndNotRead) {

@@ -135,8 +135,8 @@ TEST(LookAlikes, OfADisplayAreInItsOrder) {
                             "PHI in line 5: the search ended in line 4: seven hyphens: the section ends"));
 }
 
-// Neither text nor number say where such an element is.
-TEST(LookAlikes, AreNotTheElementsWithoutTextAndNumber) {
+// The prefix itself is read as the number then.
+TEST(LookAlikes, AreNotTheElementsWithoutText) {
     const Text display = screen({u"------- PRIORITY", u"     PPR/", u"END OF DISPLAY"});
     ASSERT_EQ(parseProfile(display).elements(Family::PPR).size(), 1U);
     EXPECT_THAT(sentencesOf(lookAlikes(explained(display))), IsEmpty());
