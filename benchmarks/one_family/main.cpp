@@ -128,9 +128,8 @@ void addContenders(Alternating& runner, Corpus corpus) {
     add("exact", [](std::size_t family, TextView display) { return &scan<Depth::Everything>(family, display); });
     add("count property", [](std::size_t family, TextView display) { return library().count(family, display); });
 #if VANTRO_BENCH_OBSERVERS
-    add("count property, nobody observes", [](std::size_t family, TextView display) {
-        return countThroughObserved(family, display, nullptr);
-    });
+    add("count property, nobody observes",
+        [](std::size_t family, TextView display) { return countThroughObserved(family, display, nullptr); });
     add("count property, steps counted", [](std::size_t family, TextView display) {
         static StepCounter counter;
         return countThroughObserved(family, display, &counter);

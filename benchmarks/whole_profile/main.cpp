@@ -46,8 +46,7 @@ void check(Corpus corpus) {
         requireEqual("parseProfile", i, profile.problems.empty() ? "" : "a query failed");
 #if VANTRO_BENCH_OBSERVERS
         StepCounter counter;
-        requireEqual("parseProfile, observed", i,
-                     difference(ours, elementSetOf(parseProfile(display.utf16, counter))));
+        requireEqual("parseProfile, observed", i, difference(ours, elementSetOf(parseProfile(display.utf16, counter))));
 #endif
         requireEqual(floorViews, i,
                      difference(elements, elementSetOf(scan<Depth::Elements, std::u16string_view>(display))));

@@ -16,14 +16,23 @@ namespace {
 /// The line of a decision about the whole search: below all lines.
 constexpr std::int32_t wholeSearch = std::numeric_limits<std::int32_t>::max();
 
+/// The decisions about a line.
+struct LineDecisions {
+    const ReadingRule* first;
+    const ReadingRule* last;
+};
+
+using Decisions = std::map<std::int32_t, LineDecisions>;
+
 /// What the last query for a family decided and read.
 struct FamilyQuery {
-    std::map<std::int32_t, const ReadingRule*> decisions = {};     // the last one about each line
+    Decisions decisions = {};
     std::map<std::int32_t, std::set<std::int32_t>> elements = {};  // the lines of each element, by its index
 
     void add(const KeptStep& step) {
         if (step.kind == StepKind::Decided) {
-            decisions.insert_or_assign(step.line == noLine ? wholeSearch : step.line, step.rule);
+            const std::int32_t line = step.line == noLine ? wholeSearch : step.line;
+            decisions.try_emplace(line, LineDecisions{step.rule, step.rule}).first->second.last = step.rule;
         } else if (step.kind == StepKind::ValueRead) {
             for (const KeptPiece& piece : step.pieces) {
                 if (piece.place) elements[step.index].insert(piece.place->line);
@@ -56,7 +65,7 @@ public:
     LookAlikeSearch(const FamilyFacts& family, const FamilyQuery& query)
         : family_(family), decisions_(query.decisions) {
         for (const auto& [index, lines] : query.elements) {
-            for (const std::int32_t line : lines) begins_.emplace(line, *lines.begin());
+            for (const std::int32_t line : lines) noteElement(line, *lines.begin());
         }
     }
 
@@ -73,6 +82,12 @@ public:
     }
 
 private:
+    /// A line that continues an element may begin another one.
+    void noteElement(std::int32_t line, std::int32_t begin) {
+        std::int32_t& known = begins_.try_emplace(line, begin).first->second;
+        known = std::max(known, begin);
+    }
+
     /// The line in which the element begins that contains the line, or `noLine`.
     std::int32_t beginOf(std::int32_t line) const {
         const auto begin = begins_.find(line);
@@ -89,10 +104,9 @@ private:
         set(found, std::prev(below), below == decisions_.end() ? DecisionAt::SearchEnd : DecisionAt::LineAbove);
     }
 
-    using Decisions = std::map<std::int32_t, const ReadingRule*>;
-
+    // The search arrived in a line below with the first decision about it.
     static void set(LookAlike& found, Decisions::const_iterator decision, DecisionAt at) {
-        found.rule = decision->second;
+        found.rule = at == DecisionAt::LineBelow ? decision->second.first : decision->second.last;
         found.decidedIn = decision->first == wholeSearch ? noLine : decision->first;
         found.decidedAt = at;
     }

@@ -55,6 +55,13 @@ TEST(LookAlikes, AreNotTheLinesInWhichAnElementBegins) {
     EXPECT_THAT(sentencesOf(lookAlikes(explanation)), IsEmpty());
 }
 
+TEST(LookAlikes, AreNotTheLinesThatContinueAnElementAndBeginAnother) {
+    const Text screen = screenAt({{2, u"  1 PHI/ A"}, {3, u"    PHI/ B"}});
+    const Explanation explanation = story(screen, {queryBegins, decided(found, 2), decided(found, 3), decided(over, 4),
+                                                   read(inLines2To3, 1), read(inLine3, 2), queryEnds});
+    EXPECT_THAT(sentencesOf(lookAlikes(explanation)), IsEmpty());
+}
+
 TEST(LookAlikes, AreTheFurtherLinesOfAnElementWithATag) {
     const Text screen = screenAt({{2, u"  1 PHI/ A"}, {3, u"    PHI/ B"}});
     const Explanation explanation = story(
@@ -86,8 +93,8 @@ TEST(LookAlikes, BetweenTwoDecisionsNameTheUpperOne) {
 }
 
 TEST(LookAlikes, AboveAllDecisionsNameTheFirst) {
-    const Explanation explanation =
-        story(screenAt({{1, u"PHI/"}}), {queryBegins, decided(found, 3), decided(over, 6), queryEnds});
+    const Explanation explanation = story(
+        screenAt({{1, u"PHI/"}}), {queryBegins, decided(found, 3), decided(none, 3), decided(over, 6), queryEnds});
     EXPECT_THAT(sentencesOf(lookAlikes(explanation)),
                 ElementsAre("PHI in line 1: the search passed over it, to line 3: an element"));
 }
