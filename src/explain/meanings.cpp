@@ -107,7 +107,7 @@ constexpr auto marks = std::to_array<MarkRow>({
     {mark::noSuchElement,     u"the profile or the list has no such entry"},
     {mark::pnr,               u"the beginning of a PNR"},
     {mark::pnrUpdated,        u"the host has updated the PNR"},
-    {mark::prompt,            u"the host's prompt: nothing follows"},
+    {mark::prompt,            u"the host's prompt"},
     {mark::endOfDisplay,      u"the end of the display"},
 });
 // clang-format on
