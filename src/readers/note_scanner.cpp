@@ -13,14 +13,39 @@ namespace vantro {
 
 namespace {
 
-/// The rule by which a note is kept or not.
-const ReadingRule& ruleOf(const NoteFilter& filter, TextView line) {
-    if (!filter.qualifier.empty() && left(line, Width{1}) != filter.qualifier) return rule::otherNoteQualifier;
-    if (!filter.searchString.empty() && !contains(line, filter.searchString)) return rule::otherNoteText;
-    return filter.keepsEveryNote() ? rule::note : rule::noteFits;
+bool hasQualifier(const NoteFilter& filter, TextView line) {
+    return filter.qualifier.empty() || left(line, Width{1}) == filter.qualifier;
 }
 
-bool isKept(const ReadingRule& tested) { return &tested == &rule::note || &tested == &rule::noteFits; }
+bool containsText(const NoteFilter& filter, TextView line) {
+    return filter.searchString.empty() || contains(line, filter.searchString);
+}
+
+// What an observer is told; functions outside the scan, whose members the compiler then keeps in registers.
+
+/// The search for the header began in line `from`. Lines with marks of other sections do not stop it.
+void sayStop(Display& display, Counter from, Counter number) {
+    const Watch& watch = display.watch();
+    const DisplayLine& line = display.line(number);
+    const LineMarks marks = line.marks();
+    const bool isHeader = marks.containsHeader(Section::Notes) && !marks.containsPrompt();
+    if (!isHeader && !line.isBlank() && !marks.isEndOfDisplay()) return;
+    watch.searched(sectionHeaders[indexOf(Section::Notes)], MarkSearch::InLine, from.value(), number.value(),
+                   isHeader ? display.headerIn(Section::Notes, number) : TextView{});
+    watch.decided(line.isBlank()           ? rule::blankAboveNotes
+                  : marks.containsPrompt() ? rule::promptAboveNotes
+                  : isHeader               ? rule::sectionBegins
+                                           : rule::endTextAboveNotes,
+                  number);
+}
+
+// The number is counted here; the screen does not contain it.
+void sayKept(const Watch& watch, const NoteFilter& filter, const FoundNote& note, Counter number, Counter count) {
+    watch.decided(filter.keepsEveryNote() ? rule::note : rule::noteFits, number);
+    watch.read(u"number", decimal(note.number), count.value());
+    watch.read(u"qualifier", note.qualifier, count.value());
+    watch.read(u"text", note.text, count.value());
+}
 
 /// One scan and its counters. The notes of a second section continue the numbers of the first.
 class NoteScan {
@@ -32,7 +57,7 @@ public:
         display_.readAhead(Counter(0), Display::ReadTo::DisplayEnd);
         for (;;) {
             const DisplayLine& line = nextBlankOrMarked();  // begins with line 1
-            if (watch_) sayStop(line);
+            if (watch_) sayStop(display_, searchedFrom_, line_);
             if (line.isBlank() || line.marks().containsPrompt()) break;
             if (line.marks().containsHeader(Section::Notes)) {
                 if (endsInEndOfDisplay()) break;
@@ -66,9 +91,12 @@ private:
                 watch_.decided(isEndText ? rule::notesEnd : rule::notesPause, line_);
                 return isEndText;
             }
-            const ReadingRule& tested = ruleOf(filter_, line.text());
-            watch_.decided(tested, line_);
-            if (isKept(tested)) store(line);
+            const bool isFitting = hasQualifier(filter_, line.text());
+            if (isFitting && containsText(filter_, line.text())) {
+                store(line);
+            } else {
+                watch_.decided(isFitting ? rule::otherNoteText : rule::otherNoteQualifier, line_);
+            }
         }
     }
 
@@ -84,29 +112,8 @@ private:
         ++count_;
         const FoundNote note{note_.value(), left(line.text(), qualifierWidth),
                              trimmed(mid(line.rightTrimmed(), noteTextColumn))};
-        if (watch_) sayRead(note);
+        if (watch_) sayKept(display_.watch(), filter_, note, line_, count_);
         sink_.store(count_.value(), note);
-    }
-
-    /// Lines with marks of other sections do not stop the search for the header.
-    void sayStop(const DisplayLine& line) const {
-        const LineMarks marks = line.marks();
-        const bool isHeader = marks.containsHeader(Section::Notes) && !marks.containsPrompt();
-        if (!isHeader && !line.isBlank() && !marks.isEndOfDisplay()) return;
-        watch_.searched(sectionHeaders[indexOf(Section::Notes)], MarkSearch::InLine, searchedFrom_.value(),
-                        line_.value(), isHeader ? display_.headerIn(Section::Notes, line_) : TextView{});
-        watch_.decided(line.isBlank()           ? rule::blankAboveNotes
-                       : marks.containsPrompt() ? rule::promptAboveNotes
-                       : isHeader               ? rule::sectionBegins
-                                                : rule::endTextAboveNotes,
-                       line_);
-    }
-
-    // The number is counted here; the screen does not contain it.
-    void sayRead(const FoundNote& note) const {
-        watch_.read(u"number", decimal(note.number), count_.value());
-        watch_.read(u"qualifier", note.qualifier, count_.value());
-        watch_.read(u"text", note.text, count_.value());
     }
 
     Display& display_;

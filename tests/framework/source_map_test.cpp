@@ -150,11 +150,11 @@ TEST_F(JoinedTexts, KnowTheirPieces) {
     EXPECT_TRUE(joined.empty());
     joined.append(u"DROPPED");
     joined.assign(part(0, 4));
-    joined.insert(u", ");
+    joined.insert(u",");
     joined.append(part(1, 2));
-    EXPECT_EQ(joined.size(), 8U);
-    EXPECT_EQ(utf8(joined.view()), "  AB, CD");
-    EXPECT_EQ(locatedPieces(joined.text()), "[  AB]0:1+4[, ][CD]1:1+2");
+    EXPECT_EQ(joined.size(), 7U);
+    EXPECT_EQ(utf8(joined.view()), "  AB,CD");
+    EXPECT_EQ(locatedPieces(joined.text()), "[  AB]0:1+4[,][CD]1:1+2");
 }
 
 TEST_F(JoinedTexts, LoseTheBlanksAtBothEnds) {
@@ -207,7 +207,7 @@ TEST(JoinedText, IsTheSameUnobserved) {
     JoinedText joined{Watch()};
     joined.assign(u"  A");
     joined.append(u"B");
-    joined.insert(u"  ");
+    joined.insert(u" ");
     joined.trim();
     EXPECT_EQ(utf8(joined.text()), "AB");
     joined.trim();
