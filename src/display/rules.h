@@ -66,7 +66,7 @@ inline constexpr ReadingRule scanEndsAtPrompt{"scanEndsAtPrompt", u"a prompt in 
 inline constexpr ReadingRule scanEndsAtPromptLine{"scanEndsAtPromptLine",
                                                   u"a prompt alone in the line: the search ends"};
 inline constexpr ReadingRule scanEndsAtHeader{
-    "scanEndsAtHeader", u"six hyphens at the beginning, the header of another section: the search ends"};
+    "scanEndsAtHeader", u"six hyphens at the beginning, as in the header of another section: the search ends"};
 inline constexpr ReadingRule joinedToLineAbove{
     "joinedToLineAbove", u"17 blanks at the beginning: joined to the element above, and then tested on its own"};
 inline constexpr ReadingRule codeFound{"codeFound",
