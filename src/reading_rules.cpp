@@ -17,7 +17,8 @@ constexpr auto joined(const std::array<const ReadingRule*, Sizes>&... groups) {
     return all;
 }
 
-constexpr auto allRules = joined(prefixedRules);
+constexpr auto allRules = joined(sectionRules, prefixedRules, transferableRules, selectionRules, documentRules,
+                                 noteRules, headerRules, hostLineRules);
 
 }  // namespace
 

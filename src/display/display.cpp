@@ -119,18 +119,20 @@ std::bitset<sectionCount> Display::sectionsRead() const {
 }
 
 void Display::saySearched(Section section, Counter from, const std::optional<MarkedLine>& found) {
-    const TextView header = sectionHeaders[indexOf(section)];
-    const TextView line = found ? screen_.line(found->number) : TextView{};
-    const TextView shown = mid(line, std::max(find(line, header), Column{1}));
     const bool isShown = found && found->marks.containsHeader(section);
     const int last = found ? found->number.value() : static_cast<int>(size_) - 1;
-    watch().searched(header, MarkSearch::InLine, from.value(), last,
-                     isShown ? shown.substr(0, header.size()) : TextView{});
+    watch().searched(sectionHeaders[indexOf(section)], MarkSearch::InLine, from.value(), last,
+                     isShown ? headerIn(section, found->number) : TextView{});
     if (!found) {
         watch().decided(rule::displayHasNoEnd);
     } else {
         watch().decided(found->marks.isEndOfDisplay() ? rule::displayEnds : rule::sectionBegins, found->number);
     }
+}
+
+void Display::runOut(Counter number) const {
+    watch().decided(rule::displayHasNoEnd, number);
+    fail(Failure::Overflow);
 }
 
 template <class Wanted>

@@ -90,7 +90,7 @@ public:
     /// The same; raises 6 for a line after the end.
     const DisplayLine& expectedLine(Counter number) {
         const DisplayLine* const found = lineBeforeEnd(number);
-        if (found == nullptr) fail(Failure::Overflow);
+        if (found == nullptr) runOut(number);
         return *found;
     }
 
@@ -105,6 +105,13 @@ public:
 
     /// The first line at or after `from` that contains the section's header or ends the display, if there is one.
     std::optional<MarkedLine> nextHeaderOrEnd(Section section, Counter from);
+
+    /// The section's header in a line that contains it.
+    TextView headerIn(Section section, Counter number) {
+        const TextView line = screen_.line(number);
+        const TextView header = sectionHeaders[indexOf(section)];
+        return mid(line, find(line, header), Width{static_cast<int>(header.size())});
+    }
 
     /// The same, and an observer is told of the search and of its end.
     std::optional<MarkedLine> seekHeader(Section section, Counter from) {
@@ -128,6 +135,7 @@ public:
     TextView text() const { return screen_.text(); }
 
 private:
+    [[noreturn]] void runOut(Counter number) const;
     void saySearched(Section section, Counter from, const std::optional<MarkedLine>& found);
     const DisplayLine& readLine(std::size_t index);
     void sweepNext();

@@ -57,7 +57,8 @@ void Watch::addScreen(TextView screen) {
 }
 
 void Watch::addCopy(TextView copy, TextView original) const {
-    const JoinedPart whole{original, false};
+    const bool isCopy = copy.size() == original.size();
+    const JoinedPart whole{isCopy ? original : copy, !isCopy};
     addJoined(copy, {&whole, 1});
 }
 

@@ -117,7 +117,8 @@ public:
         if (observation_ != nullptr) observation_->sources().addLine(line, number + firstLine_);
     }
 
-    /// A copy of a text. It must be where it is as long as it is read, at most until the call ends.
+    /// A copy of a text. It must be where it is as long as it is read, at most until the call ends. An original of
+    /// another length, such as an empty one, means that the screen does not contain the text.
     void copied(TextView copy, TextView original) const {
         if (observation_ != nullptr) addCopy(copy, original);
     }

@@ -63,12 +63,15 @@ void appendInserted(TextView text, std::vector<ValuePiece>& pieces) {
 
 }  // namespace
 
-SourceMap::Texts::const_iterator SourceMap::find(const char16_t* character) const {
-    auto after = texts_.upper_bound(character);
-    if (after == texts_.begin()) return texts_.end();
-    --after;
-    const bool isInside = std::less<>()(character, after->first + after->second.size);
-    return isInside ? after : texts_.end();
+/// The text that contains the beginning of this one, or all of it.
+SourceMap::Texts::const_iterator SourceMap::find(TextView text) const {
+    auto known = texts_.upper_bound(text.data());
+    if (known == texts_.begin()) return texts_.end();
+    --known;
+    const TextView content = known->second.content;
+    if (!std::less<>()(text.data(), known->first + content.size())) return texts_.end();
+    const TextView shared = content.substr(static_cast<std::size_t>(text.data() - known->first), text.size());
+    return text.starts_with(shared) ? known : texts_.end();
 }
 
 void SourceMap::add(TextView text, Origin origin) {
@@ -77,20 +80,20 @@ void SourceMap::add(TextView text, Origin origin) {
     auto overlapping = texts_.lower_bound(text.data());
     if (overlapping != texts_.begin()) {
         const auto before = std::prev(overlapping);
-        if (std::less<>()(text.data(), before->first + before->second.size)) overlapping = before;
+        if (std::less<>()(text.data(), before->first + before->second.content.size())) overlapping = before;
     }
     while (overlapping != texts_.end() && std::less<>()(overlapping->first, text.data() + text.size())) {
         overlapping = texts_.erase(overlapping);
     }
-    texts_.emplace(text.data(), Known{text.size(), std::move(origin)});
+    texts_.emplace(text.data(), Known{Text(text), std::move(origin)});
 }
 
 void SourceMap::addScreen(TextView screen) {
-    if (find(screen.data()) == texts_.end()) add(screen, WholeScreen{});
+    if (find(screen) == texts_.end()) add(screen, WholeScreen{});
 }
 
 void SourceMap::addLine(TextView line, std::int32_t number) {
-    const auto known = find(line.data());
+    const auto known = find(line);
     const bool isOnScreen = known != texts_.end() && std::holds_alternative<WholeScreen>(known->second.origin);
     if (!isOnScreen) add(line, LineNumber{number});
 }
@@ -105,14 +108,14 @@ std::int32_t SourceMap::lineOf(TextView text) const {
 
 void SourceMap::locate(TextView text, std::vector<ValuePiece>& pieces) const {
     while (!text.empty()) {
-        const auto known = find(text.data());
+        const auto known = find(text);
         if (known == texts_.end()) {
             appendInserted(text.substr(0, 1), pieces);
             text.remove_prefix(1);
             continue;
         }
         const std::size_t offset = static_cast<std::size_t>(text.data() - known->first);
-        const TextView part = text.substr(0, known->second.size - offset);
+        const TextView part = text.substr(0, known->second.content.size() - offset);
         if (const auto* line = std::get_if<LineNumber>(&known->second.origin)) {
             locateInLine(part, offset, line->value, pieces);
         } else if (const auto* joined = std::get_if<std::vector<ValuePiece>>(&known->second.origin)) {

@@ -11,8 +11,8 @@
 
 namespace vantro {
 
-/// The texts of one observed call. It contains no characters, only where they are in memory: all texts must exist as
-/// long as they are asked for.
+/// The texts of one observed call, by where they are in memory. A text whose memory was freed and used again for
+/// another text is not taken for it: what a text contained when it was added is compared.
 class SourceMap {
 public:
     void clear() { texts_.clear(); }
@@ -40,13 +40,13 @@ private:
     using Origin = std::variant<WholeScreen, LineNumber, std::vector<ValuePiece>>;
 
     struct Known {
-        std::size_t size;
+        Text content;
         Origin origin;
     };
     using Texts = std::map<const char16_t*, Known, std::less<>>;
 
     void add(TextView text, Origin origin);
-    Texts::const_iterator find(const char16_t* character) const;
+    Texts::const_iterator find(TextView text) const;
 
     Texts texts_;  // by their first characters; they do not overlap
 };

@@ -28,8 +28,8 @@ void addNumbered(const NumberedText& line, Results& results) {
 }
 
 void addCompanyName(const CompanyNameLine& line, Results& results) {
-    results.add(key::strKeyElement, line.name);
-    if (line.number) results.add(key::strKeyElementNr, *line.number);
+    results.add(key::strKeyElement, line.name());
+    if (line.number()) results.add(key::strKeyElementNr, *line.number());
 }
 
 }  // namespace
@@ -73,7 +73,7 @@ void ProfileQuery::addOther(OtherQuery query) {
         case OtherQuery::Name: results.add(key::strKeyElement, readName(display)); break;
         case OtherQuery::RecordLocator: results.add(key::strKeyElement, readRecordLocator(display)); break;
         case OtherQuery::OfficeIdentifier: results.add(key::strKeyElement, readOfficeIdentifier(display)); break;
-        case OtherQuery::CompanyName: addCompanyName(readCompanyName(display), results); break;
+        case OtherQuery::CompanyName: addCompanyName(CompanyNameLine(display), results); break;
         case OtherQuery::Pin: addNumbered(readPin(display), results); break;
         case OtherQuery::Psl:
             if (const std::optional<NumberedText> psl = readPsl(display)) addNumbered(*psl, results);

@@ -25,13 +25,14 @@ const std::array<CountProperty, 1> notesCounts{{{u"ProfileNotesElementsCount", c
 
 class CProfileNotes::ListsSink final : public NoteSink {
 public:
-    explicit ListsSink(NoteLists& lists) : lists_(lists) {}
+    ListsSink(NoteLists& lists, const Watch& watch) : lists_(lists), watch_(watch) {}
 
     void store(std::int16_t count, const FoundNote& note) override {
         const auto length = static_cast<std::size_t>(count) + 1;
         storeLast(lists_.text, length, Text(note.text));
         storeLast(lists_.number, length, decimal(note.number));
         storeLast(lists_.qualifier, length, Text(note.qualifier));
+        if (watch_) stored_.push_back(note);
     }
 
     void storeEmpty(std::int16_t number, std::int16_t amount) override {
@@ -45,8 +46,19 @@ public:
             lists_.number.push_back(decimal(static_cast<std::int16_t>(number + added)));
     }
 
+    /// Says which texts the lists contain. Called after the last note, because lists that grow move their texts.
+    void sayStored() const {
+        for (std::size_t index = 0; index < stored_.size(); ++index) {
+            watch_.copied(lists_.text[index + 1], stored_[index].text);
+            watch_.copied(lists_.number[index + 1], {});  // counted, not on the screen
+            watch_.copied(lists_.qualifier[index + 1], stored_[index].qualifier);
+        }
+    }
+
 private:
     NoteLists& lists_;
+    const Watch& watch_;
+    std::vector<FoundNote> stored_;  // empty unless the call is observed
 };
 
 CProfileNotes::CProfileNotes(Terminal& terminal, const TransErrors& errors) : Transaction(terminal, errors) {
@@ -64,10 +76,18 @@ std::int16_t CProfileNotes::ProfileNotesElementsCount(TextView display, TextView
     return raiseAs(number::notesCount, description::readingNotes, [&]() -> std::int16_t {
         lists_.cutToEntry0();
         if (display.empty()) return 0;
-        Display lines(terminal(), display);
-        ListsSink sink(lists_);
-        return scanNotes(lines, {searchString, searchQualifier}, sink);
+        return observedQuery(Watch(terminal()), factsOf(OtherQuery::Notes).word, {}, [&] {
+            return scanLists(display, {searchString, searchQualifier});
+        });
     });
+}
+
+std::int16_t CProfileNotes::scanLists(TextView display, const NoteFilter& filter) {
+    Display lines(terminal(), display);
+    ListsSink sink(lists_, lines.watch());
+    const std::int16_t count = scanNotes(lines, filter, sink);
+    sink.sayStored();
+    return count;
 }
 
 void CProfileNotes::NoteLists::cutToEntry0() {

@@ -44,6 +44,7 @@ private:
     CollectionPtr IProfileGet_ProfileElements(TextView display, const CollectionPtr& collection,
                                               SelectionSource& selection) override;
 
+    std::int16_t scanLists(TextView display, const NoteFilter& filter);
     void addNotes(TextView display, const CollectionPtr& collection, const NoteFilter& filter);
 
     NoteLists lists_;

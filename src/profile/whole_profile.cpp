@@ -116,9 +116,9 @@ private:
         answer(OtherQuery::RecordLocator, [&] { profile_.recordLocator = readRecordLocator(display_); });
         answer(OtherQuery::OfficeIdentifier, [&] { profile_.officeIdentifier = readOfficeIdentifier(display_); });
         answer(OtherQuery::CompanyName, [&] {
-            const CompanyNameLine line = readCompanyName(display_, end);
-            profile_.companyName.text = joiner_.keep(line.name);
-            if (line.number) profile_.companyName.number = joiner_.keep(*line.number);
+            const CompanyNameLine line(display_, end);
+            profile_.companyName.text = joiner_.keep(line.name());
+            if (line.number()) profile_.companyName.number = joiner_.keep(*line.number());
         });
         answer(OtherQuery::Pin, [&] {
             const NumberedText pin = readPin(display_, end);

@@ -4,6 +4,7 @@
 //    2      87654321 YY 31DEC28                    the next element of its run: five blanks after the number
 //    3 PIV/ VISA 998877                            another family ends the run
 //   ------- FOLLOW UP                              the next section
+#include "display/rules.h"
 #include "readers/extractors.h"
 
 namespace vantro {
@@ -30,11 +31,29 @@ Column textColumnIn(const DisplayLine& line, Family family) {
 
 /// Collects the family's first run, which is all that is read. Its lines are not tested for an end mark.
 void collectRun(Family family, Display& display, Counter number, FoundElements& found) {
-    do {
+    const Watch& watch = display.watch();
+    watch.decided(rule::firstOfRun, number, family);
+    for (;;) {
         const DisplayLine& line = display.line(number);
         found.push_back({family, textColumnIn(line, family), line.trimmed()});
         ++number;
-    } while (isIndented(display.line(number)));
+        if (!isIndented(display.line(number))) break;
+        watch.decided(rule::nextOfRun, number, family);
+    }
+    watch.decided(rule::runEnds, number, family);
+}
+
+/// `families` are those whose runs have not begun.
+void sayNotBegun(const Watch& watch, FamilySet families, Counter number) {
+    families.forEach([&](Family family) { watch.decided(rule::aboveFirstElement, number, family); });
+}
+
+void saySectionEnd(const Watch& watch, const DisplayLine& line, Counter number) {
+    const bool isRule = beginsWith(line.trimmed(), documentBoundary);
+    watch.decided(isRule                  ? rule::documentsEndAtRule
+                  : line.isEndOfDisplay() ? rule::documentsEndAtMark
+                                          : rule::documentsEndBelowHeader,
+                  number);
 }
 
 /// Collects the runs of the families; each begins with the first line after the header that contains the prefix.
@@ -42,15 +61,22 @@ FamilySet collectSection(FamilySet families, Display& display, const Display::Ma
                          FoundElements& found) {
     // Meant: after a header line that also contains an end mark, one more line is read.
     bool isLast = header.marks.isEndOfDisplay();
+    const Watch& watch = display.watch();
+    if (isLast) watch.decided(rule::headerEndsDisplay, header.number);
     Counter number = header.number;
     do {
         ++number;
-        if (display.isPastEnd(number) && !isLast) return families;
+        if (display.isPastEnd(number) && !isLast) {
+            watch.decided(rule::displayHasNoEnd, number);
+            return families;
+        }
         const DisplayLine& line = display.line(number);
         const FamilySet begun = line.prefixed(families, PrefixFrom::Column1);
         begun.forEach([&](Family family) { collectRun(family, display, number, found); });
         families.remove(begun);
+        if (watch) sayNotBegun(watch, families, number);
         isLast = isLast || beginsWith(line.trimmed(), documentBoundary) || line.isEndOfDisplay();
+        if (watch && isLast && !families.empty()) saySectionEnd(watch, line, number);
     } while (!isLast && !families.empty());
     return {};
 }
@@ -60,7 +86,7 @@ FamilySet collectSection(FamilySet families, Display& display, const Display::Ma
 FamilySet extractDocuments(FamilySet families, Joiner& joiner, FoundElements& found) {
     Display& display = joiner.display();
     const Section section = documentFamilies[indexOf(families.first()) - firstDocument].section;
-    const std::optional<Display::MarkedLine> header = display.nextHeaderOrEnd(section, Counter(1));
+    const std::optional<Display::MarkedLine> header = display.seekHeader(section, Counter(1));
     if (!header) return families;
     if (!header->marks.containsHeader(section)) return {};
     return collectSection(families, display, *header, found);

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "display/display.h"
+#include "framework/joined_text.h"
 
 #include <optional>
 
@@ -13,11 +14,26 @@ struct NumberedText {
     TextView text;
 };
 
-/// The company-name line. The name is empty without such a line; there is no number when the line has none. The texts
-/// are copies, because the name may be joined from several lines.
-struct CompanyNameLine {
-    Text name;
-    std::optional<Text> number;
+/// The line before which a search for a header line ends, if it is known; otherwise the display's end ends it.
+using SearchEnd = std::optional<Counter>;
+
+/// The company-name line, with its continuation lines joined. Raises 6 for a display without an end.
+class CompanyNameLine {
+public:
+    explicit CompanyNameLine(Display& display, SearchEnd end = {});
+    CompanyNameLine(const CompanyNameLine&) = delete;
+    CompanyNameLine& operator=(const CompanyNameLine&) = delete;
+
+    /// Empty without such a line; valid as long as this object.
+    TextView name() const { return name_; }
+
+    /// Nothing when the line has no number; valid as long as this object and the display.
+    std::optional<TextView> number() const { return number_; }
+
+private:
+    JoinedText line_;
+    TextView name_;
+    std::optional<TextView> number_;
 };
 
 /// The name after " NM " in lines 1 to 20, or else the company's name in the "*C*" line in lines 1 to 10; empty when
@@ -29,12 +45,6 @@ TextView readRecordLocator(Display& display);
 
 /// The nine characters at the end of the rule after the "*C*" or "*T*" line in lines 1 to 6; otherwise empty.
 TextView readOfficeIdentifier(Display& display);
-
-/// The line before which a search for a header line ends, if it is known; otherwise the display's end ends it.
-using SearchEnd = std::optional<Counter>;
-
-/// The company-name line, with its continuation lines joined. Raises 6 for a display without an end.
-CompanyNameLine readCompanyName(Display& display, SearchEnd end = {});
 
 /// The PIN line; both texts empty when there is none. Raises 6 for a display without an end.
 NumberedText readPin(Display& display, SearchEnd end = {});

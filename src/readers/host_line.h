@@ -1,6 +1,7 @@
 // The host line, which the host sometimes prints above a display, and its removal before a query.
 #pragma once
 
+#include "display/rules.h"
 #include "framework/screen.h"
 
 namespace vantro {
@@ -19,7 +20,9 @@ inline TextView withoutHostLine(Terminal& terminal, TextView display, ShortDispl
     const TextView line = trimmed(screen.line(std::int16_t{1}));
     if (!line.starts_with(u"4505") && !line.starts_with(u"PF24")) return display;
     const bool isShort = display.size() < std::size_t{screenWidth};
-    if (isShort && shortDisplay == ShortDisplay::Fails) fail(Failure::InvalidProcedureCall);
+    const bool fails = isShort && shortDisplay == ShortDisplay::Fails;
+    screen.watch().decided(fails ? rule::hostLineTooShort : rule::hostLine, Counter(1));
+    if (fails) fail(Failure::InvalidProcedureCall);
     return mid(display, Column{screenWidth + 1});
 }
 

@@ -129,7 +129,7 @@ private:
     }
 
     void store(Family family, bool isOwned, TextView text) {
-        if (watch_) sayTested(family, isOwned);
+        if (watch_) sayTested(family, isOwned, text);
         if (isOwned) {
             found_.push_back({family, elementTextColumn, text});
         } else {
@@ -218,14 +218,14 @@ private:
         families.forEach([&](Family family) { watch_.decided(rule::aboveFirstElement, line_, family); });
     }
 
-    void sayTested(Family family, bool isOwned) const {
-        const PrefixedFamily& row = rowOf(family);
-        const bool isPrefixed = display_.line(line_).containsPrefix(Prefix(family), row.searchFrom);
-        watch_.decided(!isOwned                  ? rule::otherTag
-                       : isPrefixed              ? rule::elementWithPrefix
-                       : row.tagWidth.value == 0 ? rule::elementOfWholeSection
-                                                 : rule::elementWithoutPrefix,
-                       line_, family);
+    void sayTested(Family family, bool isOwned, TextView text) const {
+        watch_.decided(isOwned ? ruleOfOwn(rowOf(family), text) : rule::otherTag, line_, family);
+    }
+
+    const ReadingRule& ruleOfOwn(const PrefixedFamily& row, TextView text) const {
+        if (display_.line(line_).containsPrefix(Prefix(row.family), row.searchFrom)) return rule::elementWithPrefix;
+        if (row.tagWidth.value == 0) return rule::elementOfWholeSection;
+        return isBlank(mid(text, tagColumn, row.tagWidth)) ? rule::elementWithoutPrefix : rule::elementWithJoinedPrefix;
     }
 
     const FamilySet families_;

@@ -4,6 +4,7 @@
 //                    AND NO STOPS                  continuation: 17 blanks
 //   A    2    AP  LYS 555-0101                     contact: code in columns 12 to 17
 //   ------- DOCUMENTS                              the next section
+#include "display/rules.h"
 #include "framework/constants.h"
 #include "readers/extractors.h"
 
@@ -34,23 +35,31 @@ public:
     Scans(FamilySet families, Joiner& joiner, FoundElements& found)
         : joiner_(joiner),
           display_(joiner.display()),
+          watch_(display_.watch()),
           found_(found),
           running_(families),
           inSection_(families & scannedFromFirstLine) {}
 
     /// Runs all scans to their ends. Returns those that the display's end interrupts.
     FamilySet run() {
+        if (watch_) sayBegin();
         for (Counter number;; ++number) {
             if (inSection_.empty()) {
                 const std::optional<Display::MarkedLine> next = display_.nextMarked(number);
-                if (!next) return running_;
+                if (!next) {
+                    if (watch_) sayNoHeader();
+                    return running_;
+                }
                 number = next->number;
-                passBoundary(next->marks, display_.screen().line(number));
+                passBoundary(next->marks, display_.screen().line(number), number);
             } else {
                 const DisplayLine* const line = display_.lineBeforeEnd(number);
-                if (line == nullptr) return running_;
+                if (line == nullptr) {
+                    watch_.decided(rule::displayHasNoEnd, number);
+                    return running_;
+                }
                 if (line->marks().any() || beginsWith(line->text(), transferableBoundary)) {
-                    passBoundary(line->marks(), line->text());
+                    passBoundary(line->marks(), line->text(), number);
                 }
             }
             if (running_.empty()) return {};
@@ -60,11 +69,14 @@ public:
 
 private:
     /// Ends the scans that end at this line; the others enter the section if the line is its header.
-    void passBoundary(LineMarks marks, TextView line) {
+    void passBoundary(LineMarks marks, TextView line, Counter number) {
         const bool isHeader = marks.containsHeader(Section::Transferable);
         const bool isOtherHeader = !isHeader && beginsWith(line, transferableBoundary);
         running_.forEach([&](Family family) {
-            if (endsScan(rowOf(family).end, marks, line) || (inSection_.contains(family) && isOtherHeader)) {
+            const bool isMark = endsScan(rowOf(family).end, marks, line);
+            const bool isEnd = isMark || (inSection_.contains(family) && isOtherHeader);
+            if (watch_) sayBoundary(family, isEnd, isMark, marks, number);
+            if (isEnd) {
                 running_.remove(family);
                 inSection_.remove(family);
             } else if (isHeader) {
@@ -76,7 +88,9 @@ private:
     // A continuation line is tested again as a line of its own afterwards.
     void testElement(const DisplayLine& line, Counter number) {
         if (!joiner_.isContinued(number, JoinRule::OneBelow)) {
-            storeAs(inSection_ & line.codes(), line.rightTrimmed());
+            const FamilySet families = inSection_ & line.codes();
+            if (watch_) sayTested(inSection_, families, line.rightTrimmed(), number);
+            storeAs(families, line.rightTrimmed());
             return;
         }
         testJoined(line, number, JoinRule::OneBelow, inSection_ & oneLineJoiners);
@@ -87,6 +101,10 @@ private:
         if (joiners.empty()) return;
         const TextView text = joiner_.joinContinued(line, number, rule);
         const FamilySet families = joiners & codesIn(text);
+        if (watch_) {
+            sayTested(joiners, families, text, number);
+            sayJoined(families, number, rule);
+        }
         if (!families.empty()) storeAs(families, joiner_.keep(text));
     }
 
@@ -94,8 +112,63 @@ private:
         families.forEach([&](Family family) { found_.push_back({family, transferableTextColumn, text}); });
     }
 
+    // What an observer is told
+
+    void sayBegin() const {
+        inSection_.forEach([&](Family family) { watch_.decided(rule::scanFromFirstLine, Counter(0), family); });
+    }
+
+    /// The header was searched for from line 0 to `last`.
+    void saySearched(int last, TextView found) const {
+        const TextView header = sectionHeaders[indexOf(Section::Transferable)];
+        if (last >= 0) watch_.searched(header, MarkSearch::InLine, 0, last, found);
+    }
+
+    void sayNoHeader() const {
+        saySearched(static_cast<int>(display_.size()) - 1, {});
+        watch_.decided(rule::displayHasNoEnd);
+    }
+
+    // A line is tested for an end before it is tested for the header.
+    void sayBoundary(Family family, bool isEnd, bool isMark, LineMarks marks, Counter number) const {
+        const bool isSearched = !inSection_.contains(family);
+        const bool isHeader = marks.containsHeader(Section::Transferable);
+        if (isEnd) {
+            if (isSearched) saySearched(number.value() - 1, {});
+            watch_.decided(isMark ? ruleOfMark(family, marks) : rule::scanEndsAtHeader, number, family);
+            return;
+        }
+        if (marks.containsPrompt()) watch_.decided(rule::promptInsideLine, number, family);
+        if (!isHeader) return;
+        if (isSearched) saySearched(number.value(), display_.headerIn(Section::Transferable, number));
+        watch_.decided(isSearched ? rule::sectionBegins : rule::ownHeader, number, family);
+    }
+
+    static const ReadingRule& ruleOfMark(Family family, LineMarks marks) {
+        if (marks.containsEndText()) return rule::scanEndsAtEndText;
+        return rowOf(family).end == ScanEnd::PromptAnywhere ? rule::scanEndsAtPrompt : rule::scanEndsAtPromptLine;
+    }
+
+    void sayJoined(FamilySet found, Counter number, JoinRule joining) const {
+        const bool areTwo = joining == JoinRule::TwoBelow && joiner_.isContinued(number + 1, joining);
+        found.forEach([&](Family family) {
+            watch_.decided(rule::joinedToLineAbove, number + 1, family);
+            if (areTwo) watch_.decided(rule::joinedToLineAbove, number + 2, family);
+        });
+    }
+
+    void sayTested(FamilySet tested, FamilySet found, TextView text, Counter number) const {
+        tested.forEach([&](Family family) {
+            watch_.decided(found.contains(family)               ? rule::codeFound
+                           : contains(text, rowOf(family).code) ? rule::codeOutsideColumns
+                                                                : rule::codeMissing,
+                           number, family);
+        });
+    }
+
     Joiner& joiner_;
     Display& display_;
+    const Watch& watch_;
     FoundElements& found_;
     FamilySet running_;    // the families whose scans have not ended
     FamilySet inSection_;  // a subset of `running_`

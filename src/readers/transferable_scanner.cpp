@@ -5,8 +5,11 @@
 //   A    2    AP  LYS 555-0101
 #include "readers/transferable_scanner.h"
 
+#include "display/rules.h"
+
 #include <algorithm>
 #include <optional>
+#include <vector>
 
 namespace vantro {
 
@@ -43,12 +46,14 @@ public:
         qualifier_ = source.qualifier();
     }
 
-    bool selects(char16_t kind, TextView text, Display& display) const {
+    /// The rule that selects an element or does not.
+    const ReadingRule& ruleOf(char16_t kind, TextView text, Display& display) const {
         const bool wantsAnyKind = !wantsS_ && !wantsA_;
-        if (!wantsAnyKind && !(kind == u'S' ? wantsS_ : wantsA_)) return false;
-        if (!qualifier_.empty() && display.screen().textField(text, 1, u" ") != qualifier_) return false;
+        if (!wantsAnyKind && !(kind == u'S' ? wantsS_ : wantsA_)) return rule::otherKind;
+        if (!qualifier_.empty() && display.screen().textField(text, 1, u" ") != qualifier_) return rule::otherQualifier;
         const Text upper = upperCased(text);
-        return std::ranges::any_of(entries_, [&](const Text& entry) { return upper.starts_with(entry); });
+        const bool isNamed = std::ranges::any_of(entries_, [&](const Text& entry) { return upper.starts_with(entry); });
+        return isNamed ? rule::selected : rule::otherText;
     }
 
 private:
@@ -68,7 +73,7 @@ bool beginsElement(TextView line) { return line.starts_with(u'S') || line.starts
 
 /// The line after the section's header, or nothing when the display ends first. Raises 6 when it has neither.
 std::optional<Counter> seekSection(Display& display) {
-    const std::optional<Display::MarkedLine> found = display.nextHeaderOrEnd(Section::Transferable, Counter(0));
+    const std::optional<Display::MarkedLine> found = display.seekHeader(Section::Transferable, Counter(0));
     if (!found) fail(Failure::Overflow);
     if (found->marks.isEndOfDisplay()) return std::nullopt;
     return found->number + 1;
@@ -83,7 +88,33 @@ TransferableElement readElement(Display& display, Counter& number) {
     for (++number;; ++number) {
         const DisplayLine& below = display.expectedLine(number);
         if (endsSection(below) || !below.beginsBlank(continuationIndent)) return element;
+        display.watch().decided(rule::continuesSelected, number);
         element.text += below.trimmed();
+    }
+}
+
+/// The numbers of the selected elements of the section that begins with this line.
+std::vector<TextView> readSection(Display& display, Counter number, const Selection& selection) {
+    const Watch& watch = display.watch();
+    std::vector<TextView> numbers;
+    for (;;) {
+        const DisplayLine& line = display.expectedLine(number);
+        if (endsSection(line)) {
+            watch.decided(line.isEndOfDisplay() ? rule::selectionEndsAtMark : rule::selectionEndsAtHyphens, number);
+            return numbers;
+        }
+        if (!beginsElement(line.text())) {
+            watch.decided(rule::kindMissing, number);
+            ++number;
+            continue;
+        }
+        const Counter first = number;
+        const TransferableElement element = readElement(display, number);
+        const ReadingRule& tested = selection.ruleOf(element.kind, element.text, display);
+        watch.decided(tested, first);
+        if (&tested != &rule::selected) continue;
+        numbers.push_back(element.number);
+        watch.read(u"number", element.number, static_cast<std::int32_t>(numbers.size()));
     }
 }
 
@@ -91,19 +122,15 @@ TransferableElement readElement(Display& display, Counter& number) {
 
 TextList scanTransferable(Display& display, SelectionSource& selection) {
     const Selection selected(selection);
-    TextList numbers(1);
+    TextList list(1);
     const std::optional<Counter> section = seekSection(display);
-    if (!section) return numbers;
-    for (Counter number = *section;;) {
-        const DisplayLine& line = display.expectedLine(number);
-        if (endsSection(line)) return numbers;
-        if (!beginsElement(line.text())) {
-            ++number;
-            continue;
-        }
-        const TransferableElement element = readElement(display, number);
-        if (selected.selects(element.kind, element.text, display)) numbers.emplace_back(element.number);
+    if (!section) return list;
+    const std::vector<TextView> numbers = readSection(display, *section, selected);
+    list.insert(list.end(), numbers.begin(), numbers.end());
+    for (std::size_t index = 0; index < numbers.size(); ++index) {
+        display.watch().copied(list[index + 1], numbers[index]);
     }
+    return list;
 }
 
 }  // namespace vantro
