@@ -9,8 +9,10 @@
 namespace vantro::test {
 namespace {
 
+using testing::Contains;
 using testing::ElementsAre;
 using testing::IsEmpty;
+using testing::StartsWith;
 
 constexpr ReadingRule found{"found", u"an element"};
 constexpr ReadingRule none{"none", u"no element"};
@@ -161,6 +163,14 @@ TEST(LookAlikes, OfADisplayBelowAHostLineHaveTheLinesOfTheScreen) {
     }));
     EXPECT_THAT(sentencesOf(lookAlikes(explanation)),
                 ElementsAre("PHI in line 4: the search ended in line 3: seven hyphens: the section ends"));
+}
+
+// Confidential remarks are searched for from the first line, so that the first header of another section ends it.
+TEST(LookAlikes, OfASampleExplainWhyItsConfidentialRemarkIsNotRead) {
+    const Text display = sampleDisplay("traveller");
+    EXPECT_THAT(parseProfile(display).elements(Family::RemarkConf), IsEmpty());
+    EXPECT_THAT(sentencesOf(lookAlikes(explained(display))),
+                Contains(StartsWith("RC in line 28: the search ended in line 7: ")));
 }
 
 TEST(LookAlikes, OfTheSamplesSayWhereTheMarkIsAndWhatDecided) {
