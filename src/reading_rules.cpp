@@ -1,5 +1,7 @@
 // All rules of all readers. A new group of rules is one line here.
 #include "display/rules.h"
+#include "profile/notes_rules.h"
+#include "transactions/rules.h"
 #include "vantro/observer.h"
 
 #include <algorithm>
@@ -17,7 +19,7 @@ constexpr auto joined(const std::array<const ReadingRule*, Sizes>&... groups) {
     return all;
 }
 
-constexpr auto allRules = joined(prefixedRules);
+constexpr auto allRules = joined(prefixedRules, transactionRules, notesTransactionRules);
 
 }  // namespace
 

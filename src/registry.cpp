@@ -22,6 +22,7 @@
 #include "transactions/search/ph.h"
 #include "transactions/search/plc.h"
 #include "transactions/search/plt.h"
+#include "vantro/observer.h"
 
 #include <algorithm>
 #include <array>
@@ -161,6 +162,10 @@ std::unique_ptr<ProfileObject> createObject(TextView name, Terminal& terminal) {
 
 ListRows readRows(TextView className, TextView screen, const CollectionPtr& state) {
     return readRows(existingClass(className), screen, state);
+}
+
+ListRows readRows(TextView className, TextView screen, const CollectionPtr& state, ReadingObserver& observer) {
+    return readRows(existingClass(className), screen, state, observer);
 }
 
 }  // namespace vantro

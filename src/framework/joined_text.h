@@ -28,10 +28,10 @@ public:
         if (isObserved_) parts_.push_back({part, false});
     }
 
-    /// Appends a text that is not on the screen.
-    void insert(TextView inserted) {
-        text_ += inserted;
-        if (isObserved_) parts_.push_back({inserted, true});
+    /// Appends one character that is not on the screen.
+    void insert(TextView character) {
+        text_.push_back(character.front());
+        if (isObserved_) parts_.push_back({character, true});
     }
 
     /// Removes the blanks at both ends.
@@ -56,6 +56,8 @@ public:
     }
 
 private:
+    void trimParts(std::size_t atBegin, std::size_t atEnd);
+
     bool isObserved_;
     Watch watch_;
     Text text_;

@@ -37,8 +37,9 @@ private:
     CollectionPtr IProfileTrans_VerifyResponse(TextView response, const CollectionPtr& collection) override;
 
     void readLinkedProfile(TextView response, std::int16_t index, Results& results);
+    std::int16_t countProfiles(TextView response);
     static void readProfiles(Screen& screen, std::vector<LinkedProfile>& profiles);
-    static void readEntry(TextView line, LinkedProfile& entry);
+    static void readEntry(const Watch& watch, TextView line, LinkedProfile& entry);
 
     // Meant: this class always reports its own number, not that of the failing step.
     template <class Body>
@@ -46,7 +47,9 @@ private:
         try {
             std::forward<Body>(body)();
         } catch (...) {
-            terminal().errorReporter().ReportError(currentError(), &reported_);
+            const Error error = currentError();
+            Watch(terminal()).reported(reported_);
+            terminal().errorReporter().ReportError(error, &reported_);
         }
     }
 
