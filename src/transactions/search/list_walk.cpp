@@ -38,8 +38,9 @@ void ListWalk::sayBlockEnd(const ReadingRule& reason) const {
     decided(reason);
 }
 
-void ListWalk::sayEndOfBlock(Counter first) const {
+void ListWalk::sayBlockEnd(const ReadingRule& reason, Counter first) const {
     watch().searched(mark::endOfBlock, MarkSearch::InLine, first.value(), number(), shownIn(line_, mark::endOfBlock));
+    sayBlockEnd(reason);
 }
 
 void LocatorList::sayLocatorColumn(bool isSearched) const {

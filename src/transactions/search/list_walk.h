@@ -58,17 +58,11 @@ public:
     /// True when the line contains the host's mark for the end of a block.
     bool isEndOfBlock() const { return mayEndList_ && contains(line_, mark::endOfBlock); }
 
-    /// Says why the current line ends the entries.
-    void blockEnds(const ReadingRule& reason) const {
-        if (watch()) sayBlockEnd(reason);
-    }
+    /// Says why the current line ends the entries. To be called only if the call is observed.
+    void sayBlockEnd(const ReadingRule& reason) const;
 
     /// The same for a reader that searches for the end of the block, from line `first` on.
-    void blockEnds(const ReadingRule& reason, Counter first) const {
-        if (!watch()) return;
-        sayEndOfBlock(first);
-        sayBlockEnd(reason);
-    }
+    void sayBlockEnd(const ReadingRule& reason, Counter first) const;
 
     /// Moves to the next line and returns it. Raises 6 after line 32767.
     TextView next() {
@@ -95,8 +89,6 @@ public:
 
 private:
     void sayHeader(TextView headerMark, Counter above, bool isFound) const;
-    void sayBlockEnd(const ReadingRule& reason) const;
-    void sayEndOfBlock(Counter first) const;
 
     void moveTo(TextView line) {
         line_ = line;

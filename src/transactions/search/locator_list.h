@@ -95,7 +95,7 @@ private:
         const Counter first = lines_.nextNumber();
         const ReadingRule* end = nullptr;
         while (end == nullptr) end = readEntry(lines_.next(), onEntry);
-        lines_.blockEnds(*end, first);
+        if (lines_.watch()) lines_.sayBlockEnd(*end, first);
     }
 
     // Returns the rule by which the line ends the block, or null.

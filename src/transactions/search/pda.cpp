@@ -75,7 +75,7 @@ private:
             lines_.decided(rule::listEntry);
             onEntry(lines_.line(), lines_.number());
         }
-        lines_.blockEnds(*end, first);
+        if (lines_.watch()) lines_.sayBlockEnd(*end, first);
     }
 
     // The rule by which a line ends the block, or null for an entry.

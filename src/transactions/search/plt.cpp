@@ -46,11 +46,11 @@ constexpr std::int16_t lineAboveLists = 2;
 
 void sayCompaniesEnd(const ListWalk& lines) {
     if (hasListNumber(lines.line())) {
-        lines.blockEnds(lines.endOfUnusable());
+        lines.sayBlockEnd(lines.endOfUnusable());
     } else if (lines.isUsable() && contains(lines.line(), mark::companyColumn)) {
-        lines.blockEnds(rule::listHeaderAgain);
+        lines.sayBlockEnd(rule::listHeaderAgain);
     } else {
-        lines.blockEnds(rule::listNoNumber);
+        lines.sayBlockEnd(rule::listNoNumber);
     }
 }
 
@@ -88,7 +88,7 @@ void readTravellers(ListWalk lines, const OnLine& onLine) {
         for (lines.next(); lines.isUsable() && !lines.isEndOfBlock(); lines.next()) {
             onLine(lines.line(), lines.number());
         }
-        if (lines.watch()) lines.blockEnds(lines.isUsable() ? rule::listEndOfBlock : lines.endOfUnusable(), first);
+        if (lines.watch()) lines.sayBlockEnd(lines.isUsable() ? rule::listEndOfBlock : lines.endOfUnusable(), first);
     }
 }
 
