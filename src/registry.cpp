@@ -67,7 +67,7 @@ constexpr bool get = true;    // has IProfileGet
 constexpr std::array rlpCounts{
     CountProperty{u"RecLocCount",
                   [](ProfileObject& object, const CountRequest& request) {
-                      return static_cast<CRLPTrans&>(object).RecLocCount(request.text);
+                      return static_cast<CRLPTrans&>(object).countObserved(request.text);
                   }},
 };
 

@@ -28,9 +28,15 @@ public:
         if (isObserved_) parts_.push_back({part, false});
     }
 
-    /// Appends one character that is not on the screen.
-    void insert(TextView character) {
-        text_.push_back(character.front());
+    /// Appends a text that is not on the screen.
+    void insert(TextView inserted) {
+        text_ += inserted;
+        if (isObserved_) parts_.push_back({inserted, true});
+    }
+
+    /// The same for a literal of one character, faster.
+    void insert(const char16_t (&character)[2]) {
+        text_.push_back(character[0]);
         if (isObserved_) parts_.push_back({character, true});
     }
 

@@ -91,7 +91,7 @@ void CRLPTrans::readLinkedProfile(TextView response, std::int16_t index, Results
     if (shown == Shown::NoElements) results.add(key::blnKeyNoElementsFound, true);
     if (shown != Shown::Pnr) return;
 
-    countProfiles(response);
+    RecLocCount(response);
     if (index < 0 || static_cast<std::size_t>(index) >= profiles_.size()) fail(Failure::SubscriptOutOfRange);
     const LinkedProfile& entry = profiles_[static_cast<std::size_t>(index)];
     results.add(key::strKeyPasAsso, entry.passenger);
@@ -100,11 +100,11 @@ void CRLPTrans::readLinkedProfile(TextView response, std::int16_t index, Results
     results.add(key::blnKeyCompany, entry.isCompany);
 }
 
-std::int16_t CRLPTrans::RecLocCount(TextView response) {
-    return observed(&terminal(), u"RecLocCount", response, [&] { return countProfiles(response); });
+std::int16_t CRLPTrans::countObserved(TextView response) {
+    return observed(&terminal(), u"RecLocCount", response, [&] { return RecLocCount(response); });
 }
 
-std::int16_t CRLPTrans::countProfiles(TextView response) {
+std::int16_t CRLPTrans::RecLocCount(TextView response) {
     std::int16_t highest = 0;
     reportOwnError([&] {
         Screen screen(terminal(), response);

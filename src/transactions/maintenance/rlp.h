@@ -21,6 +21,9 @@ public:
     /// of profiles. Returns 0 after a failure, which is reported.
     std::int16_t RecLocCount(TextView response);
 
+    /// The same as an operation of its own, which can be observed.
+    std::int16_t countObserved(TextView response);
+
     /// Adds the rows of the list on a screen; see vantro/list_rows.h.
     static void readRows(Screen& screen, Parameters& state, ListRows& found);
 
@@ -37,7 +40,6 @@ private:
     CollectionPtr IProfileTrans_VerifyResponse(TextView response, const CollectionPtr& collection) override;
 
     void readLinkedProfile(TextView response, std::int16_t index, Results& results);
-    std::int16_t countProfiles(TextView response);
     static void readProfiles(Screen& screen, std::vector<LinkedProfile>& profiles);
     static void readEntry(const Watch& watch, TextView line, LinkedProfile& entry);
 
@@ -47,9 +49,8 @@ private:
         try {
             std::forward<Body>(body)();
         } catch (...) {
-            const Error error = currentError();
             Watch(terminal()).reported(reported_);
-            terminal().errorReporter().ReportError(error, &reported_);
+            terminal().errorReporter().ReportError(currentError(), &reported_);
         }
     }
 
