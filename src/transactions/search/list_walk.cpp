@@ -1,18 +1,9 @@
 #include "transactions/search/list_walk.h"
 
+#include "transactions/marks.h"
 #include "transactions/search/locator_list.h"
 
 namespace vantro {
-
-namespace {
-
-/// The mark where a text contains it; empty where it does not.
-TextView shownIn(TextView text, TextView mark) {
-    const Column begin = find(text, mark);
-    return begin == Column{0} ? TextView{} : mid(text, begin, Width{static_cast<int>(mark.size())});
-}
-
-}  // namespace
 
 void ListWalk::sayHeader(TextView headerMark, Counter above, bool isFound) const {
     if (number_ == above) {

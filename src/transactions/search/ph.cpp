@@ -6,6 +6,7 @@
 // 4 PROFILE CREATION   : 19AUG21 0907
 #include "transactions/search/ph.h"
 
+#include "transactions/marks.h"
 #include "transactions/rules.h"
 
 #include <limits>
@@ -55,14 +56,9 @@ constexpr Label labels[] = {
 
 void readLabels(const Watch& watch, TextView line, std::int16_t number, History& history) {
     for (const Label& label : labels) {
-        const Column begin = find(line, label.mark);
-        const bool isFound = begin > Column{0};
-        if (isFound) history.*label.value = trimmed(mid(line, label.from, label.width));
-        if (watch) {
-            const auto width = static_cast<int>(label.mark.size());
-            const TextView found = isFound ? mid(line, begin, Width{width}) : TextView{};
-            watch.searched(label.mark, MarkSearch::InLine, number, number, found);
-        }
+        const TextView found = shownIn(line, label.mark);
+        if (!found.empty()) history.*label.value = trimmed(mid(line, label.from, label.width));
+        watch.searched(label.mark, MarkSearch::InLine, number, number, found);
     }
 }
 

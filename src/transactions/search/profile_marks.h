@@ -3,6 +3,7 @@
 
 #include "framework/constants.h"
 #include "framework/screen.h"
+#include "transactions/marks.h"
 
 namespace vantro {
 
@@ -18,14 +19,9 @@ inline constexpr ScreenTest<ProfileShown> profileMarks[] = {
 /// True when the line that a search found has the merge mark.
 template <class Shown>
 bool isMergedIn(const Screen& screen, const ShownLine<Shown>& seen) {
-    const Column begin = find(seen.line, mark::merged);
-    const bool isFound = begin > Column{0};
-    if (screen.watch()) {
-        const TextView shown = onlyIf(isFound, mark::merged);
-        const TextView found = isFound ? mid(seen.line, begin, Width{static_cast<int>(shown.size())}) : TextView{};
-        screen.watch().searched(mark::merged, MarkSearch::InLine, seen.number, seen.number, found);
-    }
-    return isFound;
+    const TextView found = shownIn(seen.line, mark::merged);
+    screen.watch().searched(mark::merged, MarkSearch::InLine, seen.number, seen.number, found);
+    return !found.empty();
 }
 
 }  // namespace vantro
