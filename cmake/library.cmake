@@ -69,6 +69,7 @@ target_sources(vantro_profile_utils PRIVATE
     src/transactions/maintenance/rlp.cpp
     src/transactions/mode/profile_mode.cpp
     src/transactions/search/list_reader.cpp
+    src/transactions/search/list_walk.cpp
     src/transactions/search/pd.cpp
     src/transactions/search/pda.cpp
     src/transactions/search/pdn.cpp

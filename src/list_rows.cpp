@@ -40,24 +40,35 @@ constexpr std::array<ListClass, 6> listClasses{{
 }};
 // clang-format on
 
-ListRows readRows(RowReader reader, TextView response, const CollectionPtr& collection) {
-    BuiltInTerminal terminal;
+RowReader readerOf(const ClassRow& row) {
+    const auto entry = std::ranges::find(listClasses, row.name, &ListClass::name);
+    if (entry == listClasses.end()) fail(Failure::InvalidProcedureCall);
+    return entry->reader;
+}
+
+ListRows readRows(Terminal& terminal, RowReader reader, TextView response, const CollectionPtr& collection) {
     Screen screen(terminal, response);
     const CollectionPtr passed = collection ? collection : terminal.createCollection();
     Parameters state(terminal, passed);
     ListRows found;
     reader(screen, state, found);
     found.isList = found.isList || !found.rows.empty();
-    found.continues = found.isList && contains(response, mark::endOfBlock);
+    found.continues = found.isList && screen.contains(mark::endOfBlock);
     return found;
 }
 
 }  // namespace
 
 ListRows readRows(const ClassRow& row, TextView screen, const CollectionPtr& state) {
-    const auto entry = std::ranges::find(listClasses, row.name, &ListClass::name);
-    if (entry == listClasses.end()) fail(Failure::InvalidProcedureCall);
-    return readRows(entry->reader, screen, state);
+    BuiltInTerminal terminal;
+    return readRows(terminal, readerOf(row), screen, state);
+}
+
+ListRows readRows(const ClassRow& row, TextView screen, const CollectionPtr& state, ReadingObserver& observer) {
+    const RowReader reader = readerOf(row);
+    BuiltInTerminal builtIn;
+    ObservedTerminal terminal(builtIn, &observer);
+    return observed(&terminal, u"readRows", screen, [&] { return readRows(terminal, reader, screen, state); });
 }
 
 }  // namespace vantro

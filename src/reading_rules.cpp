@@ -1,5 +1,7 @@
 // All rules of all readers. A new group of rules is one line here.
 #include "display/rules.h"
+#include "profile/notes_rules.h"
+#include "transactions/rules.h"
 #include "vantro/observer.h"
 
 #include <algorithm>
@@ -18,7 +20,7 @@ constexpr auto joined(const std::array<const ReadingRule*, Sizes>&... groups) {
 }
 
 constexpr auto allRules = joined(sectionRules, prefixedRules, transferableRules, selectionRules, documentRules,
-                                 noteRules, headerRules, hostLineRules);
+                                 noteRules, headerRules, hostLineRules, transactionRules, notesTransactionRules);
 
 }  // namespace
 

@@ -22,6 +22,7 @@
 #include "transactions/search/ph.h"
 #include "transactions/search/plc.h"
 #include "transactions/search/plt.h"
+#include "vantro/observer.h"
 
 #include <algorithm>
 #include <array>
@@ -66,7 +67,7 @@ constexpr bool get = true;    // has IProfileGet
 constexpr std::array rlpCounts{
     CountProperty{u"RecLocCount",
                   [](ProfileObject& object, const CountRequest& request) {
-                      return static_cast<CRLPTrans&>(object).RecLocCount(request.text);
+                      return static_cast<CRLPTrans&>(object).countObserved(request.text);
                   }},
 };
 
@@ -161,6 +162,10 @@ std::unique_ptr<ProfileObject> createObject(TextView name, Terminal& terminal) {
 
 ListRows readRows(TextView className, TextView screen, const CollectionPtr& state) {
     return readRows(existingClass(className), screen, state);
+}
+
+ListRows readRows(TextView className, TextView screen, const CollectionPtr& state, ReadingObserver& observer) {
+    return readRows(existingClass(className), screen, state, observer);
 }
 
 }  // namespace vantro

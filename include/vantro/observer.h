@@ -10,6 +10,7 @@
 #include "vantro/error.h"
 #include "vantro/export.h"
 #include "vantro/families.h"
+#include "vantro/list_rows.h"
 #include "vantro/profile.h"
 #include "vantro/terminal.h"
 #include "vantro/text.h"
@@ -127,5 +128,12 @@ private:
 
 /// `parseProfile`, observed. It reads query by query, as `ProfileElements` does, and returns the same profile.
 VANTRO_EXPORT Profile parseProfile(Text display, ReadingObserver& observer);
+
+/// `readRows` (list_rows.h), observed. The step `ValueRead` of a cell has the column's name and the number of its row,
+/// from 1.
+VANTRO_EXPORT ListRows readRows(const ClassRow& row, TextView screen, const CollectionPtr& state,
+                                ReadingObserver& observer);
+VANTRO_EXPORT ListRows readRows(TextView className, TextView screen, const CollectionPtr& state,
+                                ReadingObserver& observer);
 
 }  // namespace vantro

@@ -31,9 +31,16 @@ const TextList* ProfileObject::list(TextView /*name*/) const { return nullptr; }
 const FlagList* ProfileObject::flagList(TextView /*name*/) const { return nullptr; }
 
 Text IProfileTrans::CreateCommand(const CollectionPtr& params) {
-    return observed(observedTerminal(), u"CreateCommand", {}, [&] {
+    Terminal* const terminal = observedTerminal();
+    const auto create = [&] {
         return raiseAs(errors_.createCommand, description::creatingCommand,
                        [&] { return IProfileTrans_CreateCommand(params); });
+    };
+    if (terminal == nullptr || terminal->observation() == nullptr) return create();
+    return observed(terminal, u"CreateCommand", {}, [&] {
+        Text command = create();
+        Watch(*terminal).read(u"command", command);
+        return command;
     });
 }
 

@@ -3,24 +3,30 @@
 namespace vantro {
 
 void JoinedText::trim() {
-    const std::size_t end = withoutPadding(text_).size();
-    std::size_t removed = text_.size() - end;
-    text_.resize(end);
-    for (; removed > 0 && !parts_.empty(); parts_.pop_back()) {
+    const std::size_t size = text_.size();
+    text_.resize(withoutPadding(text_).size());
+    const std::size_t atEnd = size - text_.size();
+    std::size_t atBegin = 0;
+    if (text_.starts_with(u' ')) {
+        atBegin = text_.find_first_not_of(u' ');
+        text_.erase(0, atBegin);
+    }
+    if (isObserved_) trimParts(atBegin, atEnd);
+}
+
+void JoinedText::trimParts(std::size_t atBegin, std::size_t atEnd) {
+    for (; atEnd > 0; parts_.pop_back()) {
         TextView& last = parts_.back().text;
-        if (removed < last.size()) {
-            last.remove_suffix(removed);
+        if (atEnd < last.size()) {
+            last.remove_suffix(atEnd);
             break;
         }
-        removed -= last.size();
+        atEnd -= last.size();
     }
-    if (!text_.starts_with(u' ')) return;
-    std::size_t blanks = text_.find_first_not_of(u' ');
-    text_.erase(0, blanks);
     for (JoinedPart& part : parts_) {
-        const std::size_t inPart = std::min(blanks, part.text.size());
+        const std::size_t inPart = std::min(atBegin, part.text.size());
         part.text.remove_prefix(inPart);
-        blanks -= inPart;
+        atBegin -= inPart;
     }
 }
 

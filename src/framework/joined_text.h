@@ -34,6 +34,12 @@ public:
         if (isObserved_) parts_.push_back({inserted, true});
     }
 
+    /// The same for a literal of one character, faster.
+    void insert(const char16_t (&character)[2]) {
+        text_.push_back(character[0]);
+        if (isObserved_) parts_.push_back({character, true});
+    }
+
     /// Removes the blanks at both ends.
     void trim();
 
@@ -56,6 +62,8 @@ public:
     }
 
 private:
+    void trimParts(std::size_t atBegin, std::size_t atEnd);
+
     bool isObserved_;
     Watch watch_;
     Text text_;

@@ -14,8 +14,8 @@ TextView Screen::fetch(std::int16_t line) {
     return *known;
 }
 
-Column Screen::find(TextView mark) const {
-    const Column found = vantro::find(response_, mark);
+Column Screen::find(TextView mark, Column from) const {
+    const Column found = vantro::find(response_, mark, from);
     if (watch_) sayMark(mark, MarkSearch::OnScreen, found);
     return found;
 }

@@ -49,8 +49,8 @@ public:
     /// True when the text contains the mark, in any line or across two.
     bool contains(TextView mark) const { return find(mark) > Column{0}; }
 
-    /// The position of the mark in the whole text, from 1, or Column{0}.
-    Column find(TextView mark) const;
+    /// The first position of the mark in the whole text at or after `from`, both from 1, or Column{0}.
+    Column find(TextView mark, Column from = Column{1}) const;
 
     /// Field `number` (from 1) of a text, as the terminal splits it.
     TextView textField(TextView text, std::int16_t number, TextView separator) {

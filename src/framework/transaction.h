@@ -23,6 +23,12 @@ protected:
 
     Parameters parameters(const CollectionPtr& collection) { return Parameters(terminal_, collection); }
 
+    /// The command of insufficient parameters: nothing may be sent.
+    Text nothingToSend(const ReadingRule& reason) {
+        Watch(terminal_).decided(reason);
+        return {};
+    }
+
     /// The usual `VerifyResponse`: null for an empty response, otherwise a new collection that the reader fills. A
     /// failure of the reader is reported, and the results added before it stay.
     template <class Reader>

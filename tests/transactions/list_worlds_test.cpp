@@ -3,6 +3,7 @@
 #include "tests/oracle/screens_oracle.h"
 #include "tests/profile/effort.h"
 #include "tests/support/screens.h"
+#include "tests/transactions/observed_calls.h"
 #include "tests/transactions/oracle_answers.h"
 #include "tests/transactions/row_agreement.h"
 
@@ -89,6 +90,14 @@ TEST_P(ListWorld, HasTheRowsOfItsResults) {
     forEveryScreen([&](const Text& response, const std::optional<Entries>& state) {
         const CollectionPtr passed = state ? collection(*state) : nullptr;
         ASSERT_EQ(disagreement(driven, world.className, response, passed), "");
+    });
+}
+
+TEST_P(ListWorld, IsReadTheSameWhenItIsObserved) {
+    const TextView className = GetParam().className;
+    forEveryScreen([&](const Text& response, const std::optional<Entries>& state) {
+        ASSERT_EQ(wrongInReading(className, response, state), "");
+        ASSERT_EQ(wrongInRows(className, response, state), "");
     });
 }
 

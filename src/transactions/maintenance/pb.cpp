@@ -6,6 +6,7 @@
 #include "transactions/maintenance/pb.h"
 
 #include "transactions/maintenance/pnr_answer.h"
+#include "transactions/rules.h"
 
 namespace vantro {
 
@@ -36,7 +37,9 @@ Text CPBNTrans::IProfileTrans_CreateCommand(const CollectionPtr& params) {
     const bool exactMatch = input.read(key::blnKeyExactMatch);
     const bool forCompany = kind == companyKind;
     const bool forTraveller = kind == travellerKind;
-    if (kind.empty() || (forCompany && company.empty()) || (forTraveller && traveller.empty())) return {};
+    if (kind.empty()) return nothingToSend(rule::commandNeedsIndicator);
+    if (forCompany && company.empty()) return nothingToSend(rule::commandNeedsCompany);
+    if (forTraveller && traveller.empty()) return nothingToSend(rule::commandNeedsTraveller);
     // Meant: any other kind is not rejected; the command is then built without a name.
     return concat({code::PBN, u"/", onlyIf(forCompany, company), onlyIf(forTraveller, u"-"),
                    onlyIf(forTraveller, traveller), onlyIf(exactMatch, u"/"), onlyIf(allPassengers, u"*")});
@@ -49,7 +52,7 @@ CollectionPtr CPBNTrans::IProfileTrans_VerifyResponse(TextView response, const C
 Text CPBITrans::IProfileTrans_CreateCommand(const CollectionPtr& params) {
     Parameters input = parameters(params);
     const TextView index = input.read(key::strKeyIndex);
-    if (index.empty()) return {};  // Meant: the other parameter is not even read
+    if (index.empty()) return nothingToSend(rule::commandNeedsIndex);  // Meant: the other parameter is not even read
     const bool allPassengers = input.read(key::blnKeyAllPNR);
     return concat({code::PBI, u"/", index, onlyIf(allPassengers, u"*")});
 }

@@ -6,6 +6,7 @@
 #include "transactions/maintenance/pt.h"
 
 #include "transactions/maintenance/pnr_answer.h"
+#include "transactions/rules.h"
 
 namespace vantro {
 
@@ -52,7 +53,9 @@ Text CPTTrans::IProfileTrans_CreateCommand(const CollectionPtr& params) {
     const TextView passengers = input.read(key::strKeyPasAsso);
     const TextView highestGroup = input.read(key::intKeyArraySize);
     const bool isList = !highestGroup.empty();
-    if (isList && !(elements.empty() && segments.empty() && passengers.empty())) return {};
+    if (isList && !(elements.empty() && segments.empty() && passengers.empty())) {
+        return nothingToSend(rule::commandOfOneForm);
+    }
 
     Text command;
     command.reserve(screenWidth);  // few commands are longer than a line

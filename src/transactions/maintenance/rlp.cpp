@@ -7,6 +7,9 @@
 // 5 >
 #include "transactions/maintenance/rlp.h"
 
+#include "transactions/row_writer.h"
+#include "transactions/rules.h"
+
 namespace vantro {
 
 namespace {
@@ -21,11 +24,47 @@ constexpr ScreenTest<Shown> titles[] = {
 };
 // clang-format on
 
+constexpr TextView travellerMark = u"T/";
+constexpr TextView companyMark = u"C/";
 constexpr std::int16_t firstEntryLine = 1;
 constexpr std::int16_t lastEntryLine = 24;
 
 // A prompt ends the list; the echo of the command does not.
-bool isPrompt(TextView line) { return contains(line, mark::prompt) && !line.starts_with(u">RLP"); }
+bool isEcho(TextView line) { return line.starts_with(u">RLP"); }
+bool isPrompt(TextView line) { return contains(line, mark::prompt) && !isEcho(line); }
+
+bool beginsTraveller(TextView line) { return line.starts_with(travellerMark); }
+bool beginsCompany(TextView line) { return line.starts_with(companyMark); }
+
+/// Says what the beginning of a line means. `isOpen` is true for an entry with a kind and without a locator.
+void sayStart(const Watch& watch, TextView line, Counter number, bool isOpen) {
+    const bool isTraveller = beginsTraveller(line);
+    const auto say = [&](TextView mark, bool isFound) {
+        const TextView found = isFound ? left(line, Width{static_cast<int>(mark.size())}) : TextView{};
+        watch.searched(mark, MarkSearch::StartsLine, number.value(), number.value(), found);
+    };
+    say(travellerMark, isTraveller);
+    if (!isTraveller) say(companyMark, beginsCompany(line));
+    if (isOpen) watch.decided(rule::linkedLocatorBelow, number);
+    if (isTraveller) {
+        watch.decided(rule::linkedTraveller, number);
+    } else if (beginsCompany(line)) {
+        watch.decided(rule::linkedCompany, number);
+    } else if (!isOpen) {
+        watch.decided(rule::linkedNoProfile, number);
+    }
+}
+
+/// Says whether a line ends the list.
+void sayEnd(const Watch& watch, TextView line, Counter number) {
+    if (isPrompt(line)) {
+        watch.decided(rule::linkedPrompt, number);
+    } else if (isEcho(line)) {
+        watch.decided(rule::linkedEcho, number);
+    } else if (number.value() == lastEntryLine) {
+        watch.decided(rule::linkedLastLine, number);
+    }
+}
 
 // A passenger number of two digits, or else the first character.
 TextView passengerNumber(TextView association) {
@@ -61,6 +100,10 @@ void CRLPTrans::readLinkedProfile(TextView response, std::int16_t index, Results
     results.add(key::blnKeyCompany, entry.isCompany);
 }
 
+std::int16_t CRLPTrans::countObserved(TextView response) {
+    return observed(&terminal(), u"RecLocCount", response, [&] { return RecLocCount(response); });
+}
+
 std::int16_t CRLPTrans::RecLocCount(TextView response) {
     std::int16_t highest = 0;
     reportOwnError([&] {
@@ -76,45 +119,55 @@ void CRLPTrans::readRows(Screen& screen, Parameters& /*state*/, ListRows& found)
     found.isList = true;
     std::vector<LinkedProfile> profiles;
     readProfiles(screen, profiles);
+    RowWriter rows(screen.watch(), found);
     for (const LinkedProfile& entry : profiles) {
         if (!entry.isTraveller && !entry.isCompany) continue;
-        found.rows.push_back({.line = entry.line,
-                              .kind = entry.isTraveller ? ProfileKind::Traveller : ProfileKind::Company,
-                              .recordLocator = Text(trimmed(entry.recordLocator)),
-                              .passenger = entry.passenger});
+        rows.begin(entry.isTraveller ? ProfileKind::Traveller : ProfileKind::Company, entry.line);
+        rows.set(cell::recordLocator, trimmed(entry.recordLocator));
+        rows.set(cell::passenger, entry.passenger);
     }
 }
 
 void CRLPTrans::readProfiles(Screen& screen, std::vector<LinkedProfile>& profiles) {
+    profiles.reserve(lastEntryLine);  // the entries stay where they are
     profiles.assign(1, LinkedProfile{});
     for (std::int16_t number = firstEntryLine; number <= lastEntryLine; ++number) {
         if (!profiles.back().recordLocator.empty()) profiles.emplace_back();
         const TextView line = screen.line(number);
         profiles.back().line = number;
-        readEntry(line, profiles.back());
+        readEntry(screen.watch(), line, profiles.back());
+        if (screen.watch()) sayEnd(screen.watch(), line, Counter(number));
         if (isPrompt(line)) return;
     }
 }
 
 // When a line has the kind but is too short for a locator, the locator is read from the next line.
-void CRLPTrans::readEntry(TextView line, LinkedProfile& entry) {
+void CRLPTrans::readEntry(const Watch& watch, TextView line, LinkedProfile& entry) {
     constexpr Column locatorColumn{3};
     constexpr Width locatorWidth{6};
     constexpr Column associationsFrom{9};  // Meant: a "/P" further left is no association
     constexpr TextView passengerMark = u"/P";
     constexpr Width passengerWidth{2};
 
-    if (line.starts_with(u"T/")) {
+    if (watch) sayStart(watch, line, Counter(entry.line), entry.isTraveller || entry.isCompany);
+    if (beginsTraveller(line)) {
         entry.isTraveller = true;
-    } else if (line.starts_with(u"C/")) {
+    } else if (beginsCompany(line)) {
         entry.isCompany = true;
     }
     if (!entry.isTraveller && !entry.isCompany) return;
-    entry.recordLocator = mid(line, locatorColumn, locatorWidth);
-    if (const Column found = find(line, passengerMark, associationsFrom); found > Column{0}) {
-        const int markWidth = static_cast<int>(passengerMark.size());
-        entry.passenger = passengerNumber(trimmed(mid(line, found + markWidth, passengerWidth)));
-    }
+    const TextView locator = mid(line, locatorColumn, locatorWidth);
+    entry.recordLocator = locator;
+    watch.copied(entry.recordLocator, locator);
+    const Column found = find(line, passengerMark, associationsFrom);
+    const bool isFound = found > Column{0};
+    const Width markWidth{static_cast<int>(passengerMark.size())};
+    watch.searched(passengerMark, MarkSearch::InLine, entry.line, entry.line,
+                   isFound ? mid(line, found, markWidth) : TextView{});
+    if (!isFound) return;
+    const TextView passenger = passengerNumber(trimmed(mid(line, found + markWidth.value, passengerWidth)));
+    entry.passenger = passenger;
+    watch.copied(entry.passenger, passenger);
 }
 
 }  // namespace vantro

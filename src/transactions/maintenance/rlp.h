@@ -21,6 +21,9 @@ public:
     /// of profiles. Returns 0 after a failure, which is reported.
     std::int16_t RecLocCount(TextView response);
 
+    /// The same as an operation of its own, which can be observed.
+    std::int16_t countObserved(TextView response);
+
     /// Adds the rows of the list on a screen; see vantro/list_rows.h.
     static void readRows(Screen& screen, Parameters& state, ListRows& found);
 
@@ -38,7 +41,7 @@ private:
 
     void readLinkedProfile(TextView response, std::int16_t index, Results& results);
     static void readProfiles(Screen& screen, std::vector<LinkedProfile>& profiles);
-    static void readEntry(TextView line, LinkedProfile& entry);
+    static void readEntry(const Watch& watch, TextView line, LinkedProfile& entry);
 
     // Meant: this class always reports its own number, not that of the failing step.
     template <class Body>
@@ -46,6 +49,7 @@ private:
         try {
             std::forward<Body>(body)();
         } catch (...) {
+            Watch(terminal()).reported(reported_);
             terminal().errorReporter().ReportError(currentError(), &reported_);
         }
     }

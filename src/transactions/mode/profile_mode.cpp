@@ -4,6 +4,8 @@
 // 2 PROFILE MODE EXITED
 #include "transactions/mode/profile_mode.h"
 
+#include "transactions/rules.h"
+
 namespace vantro {
 
 namespace {
@@ -12,21 +14,23 @@ namespace {
 constexpr TextView exited = u"PROFILE MODE EXITED     ";
 constexpr TextView ignored = u"IGNORED     ";
 
-bool isProfileModeShown(TextView response) { return contains(response, u"*PROFILE MODE*"); }
-bool isProfileModeExited(TextView response) { return contains(response, exited); }
-bool isTransactionEnded(TextView response) { return contains(response, u"END OF TRANSACTION COMPLETE"); }
-bool isIgnored(TextView response) { return contains(response, ignored); }
+bool isProfileModeShown(const Screen& screen) { return screen.contains(u"*PROFILE MODE*"); }
+bool isProfileModeExited(const Screen& screen) { return screen.contains(exited); }
+bool isTransactionEnded(const Screen& screen) { return screen.contains(u"END OF TRANSACTION COMPLETE"); }
+bool isIgnored(const Screen& screen) { return screen.contains(ignored); }
 
 // Meant: the exit counts only from 80 characters after the beginning of the first "IGNORED". The position is a 16-bit
 // integer.
-bool isIgnoredAndExited(TextView response) {
-    const Column begin = find(response, ignored);
+bool isIgnoredAndExited(const Screen& screen) {
+    const Column begin = screen.find(ignored);
     if (begin == Column{0}) return false;
-    return containsFrom(response, exited, Column{toInt16(static_cast<long long>(begin.value) + screenWidth)});
+    const Column from{toInt16(static_cast<long long>(begin.value) + screenWidth)};
+    screen.watch().decided(rule::modeExitFromNextLine);
+    return screen.find(exited, from) > Column{0};
 }
 
 // Meant: only the exit is tested, not the end of the transaction.
-bool isExitedAfterUpdate(TextView response) { return isProfileModeExited(response); }
+bool isExitedAfterUpdate(const Screen& screen) { return isProfileModeExited(screen); }
 
 struct Flags {
     bool update;
@@ -40,7 +44,7 @@ struct Flags {
 struct Step {
     Flags flags;
     TextView command;
-    bool (*isConfirmed)(TextView response);
+    bool (*isConfirmed)(const Screen& screen);
 };
 
 // clang-format off
@@ -73,7 +77,7 @@ Flags readFlags(Parameters& input) {
 Text CProfileMode::IProfileTrans_CreateCommand(const CollectionPtr& params) {
     Parameters input = parameters(params);
     const Step* const step = findStep(readFlags(input));
-    if (step == nullptr) return {};
+    if (step == nullptr) return nothingToSend(rule::modeUnknownStep);
     return Text(step->command);
 }
 
@@ -81,10 +85,14 @@ CollectionPtr CProfileMode::IProfileTrans_VerifyResponse(TextView response, cons
     if (response.empty()) return {};
     Parameters input = parameters(collection);
     const Step* const step = findStep(readFlags(input));
-    bool confirmed = false;
-    if (step != nullptr) reportErrors(terminal(), [&] { confirmed = step->isConfirmed(response); });
-
     Screen screen(terminal(), response);
+    bool confirmed = false;
+    if (step != nullptr) {
+        reportErrors(terminal(), [&] { confirmed = step->isConfirmed(screen); });
+    } else {
+        screen.watch().decided(rule::modeUnknownStep);
+    }
+
     const TextView message = trimmed(screen.line(std::int16_t{1}));
     Results results(*collection, screen.watch());
     results.add(key::blnKeyResponseOK, confirmed);

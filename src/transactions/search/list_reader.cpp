@@ -1,5 +1,7 @@
 #include "transactions/search/list_reader.h"
 
+#include "framework/joined_text.h"
+
 namespace vantro {
 
 namespace {
@@ -13,19 +15,19 @@ constexpr ScreenTest<ListBelow> columnHeaders[] = {
 };
 // clang-format on
 
-Text& owner(ListRow& row) { return row.kind == ProfileKind::Company ? row.office : row.company; }
+void addRow(RowWriter& rows, const LocatorEntry& entry, ProfileKind kind, std::int16_t lineNumber) {
+    rows.begin(kind, lineNumber);
+    rows.set(cell::number, entry.number);
+    if (!entry.hasLocatorColumn()) return;
+    rows.set(cell::recordLocator, trimmed(entry.locator));
+    rows.set(kind == ProfileKind::Company ? cell::office : cell::company, trimmed(entry.owner()));
+}
 
-ListRow rowOf(const LocatorEntry& entry, ProfileKind kind, std::int16_t lineNumber) {
-    ListRow row;
-    row.line = lineNumber;
-    row.kind = kind;
-    row.number = entry.number;
-    row.name = entry.name();
-    if (entry.hasLocatorColumn()) {
-        row.recordLocator = trimmed(entry.locator);
-        owner(row) = trimmed(entry.owner());
-    }
-    return row;
+// The name is complete when the next row begins or the list ends.
+void setName(RowWriter& rows, JoinedText& name) {
+    if (rows.isEmpty()) return;
+    name.trim();
+    rows.set(cell::name, name.text());
 }
 
 void addList(ListWalk above, TextView headerMark, ProfileKind kind, ListRows& found) {
@@ -46,14 +48,18 @@ ListWalk directlyAbove(Screen& screen, const ShownLine<ListBelow>& header) {
 }
 
 void addRows(LocatorList list, ProfileKind kind, ListRows& found) {
+    RowWriter rows(list.watch(), found);
+    JoinedText name(list.watch());
     list.read([&](const LocatorEntry& entry, std::int16_t lineNumber) {
-        if (entry.isRest && !found.rows.empty()) {
-            found.rows.back().name += entry.name();
-        } else {
-            found.rows.push_back(rowOf(entry, kind, lineNumber));
+        if (entry.isRest && !rows.isEmpty()) {
+            name.append(entry.name());
+            return;
         }
+        setName(rows, name);
+        addRow(rows, entry, kind, lineNumber);
+        name.assign(entry.name());
     });
-    for (ListRow& row : found.rows) row.name = Text(trimmed(row.name));
+    setName(rows, name);
 }
 
 void addTravellers(ListWalk above, ListRows& found) { addList(above, mark::nameColumn, ProfileKind::Traveller, found); }

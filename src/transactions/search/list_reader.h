@@ -1,6 +1,7 @@
 // Reads lists into rows. Where a class reads its list itself, the rows come from the same lines.
 #pragma once
 
+#include "transactions/row_writer.h"
 #include "transactions/search/locator_list.h"
 #include "vantro/list_rows.h"
 
@@ -18,12 +19,11 @@ ShownLine<ListBelow> findColumnHeader(Screen& screen);
 ListWalk directlyAbove(Screen& screen, const ShownLine<ListBelow>& header);
 
 /// Returns a function that adds the entry of a line: a number, and a name up to the line's end.
-inline auto nameAdder(ProfileKind kind, ListRows& found) {
-    return [kind, &found](TextView line, std::int16_t lineNumber) {
-        found.rows.push_back({.line = lineNumber,
-                              .kind = kind,
-                              .number = Text(listNumber(line)),
-                              .name = Text(trimmed(mid(line, entryTextColumn)))});
+inline auto nameAdder(const Watch& watch, ProfileKind kind, ListRows& found) {
+    return [rows = RowWriter(watch, found), kind](TextView line, std::int16_t lineNumber) {
+        rows.begin(kind, lineNumber);
+        rows.set(cell::number, listNumber(line));
+        rows.set(cell::name, trimmed(mid(line, entryTextColumn)));
     };
 }
 

@@ -5,6 +5,7 @@
 #include "framework/bytes.h"
 #include "framework/constants.h"
 #include "framework/screen.h"
+#include "transactions/rules.h"
 
 namespace vantro {
 
@@ -39,14 +40,29 @@ public:
 
     TextView line() const { return line_; }
 
+    /// For what the readers of the list decide.
+    const Watch& watch() const { return screen_.watch(); }
+
+    /// Says a rule about the current line, whose number must be known.
+    void decided(const ReadingRule& rule) const { watch().decided(rule, number_); }
+
     /// The number of the current line, from 0, unless it is the one from which the walk began.
     std::int16_t number() const { return number_.value(); }
 
     /// True when the line can belong to a list: not empty and without a prompt.
     bool isUsable() const { return !line_.empty() && !(mayEndList_ && contains(line_, mark::prompt)); }
 
+    /// The rule by which a line that is not usable ends the entries.
+    const ReadingRule& endOfUnusable() const { return line_.empty() ? rule::listEmptyLine : rule::listPrompt; }
+
     /// True when the line contains the host's mark for the end of a block.
     bool isEndOfBlock() const { return mayEndList_ && contains(line_, mark::endOfBlock); }
+
+    /// Says why the current line ends the entries. To be called only if the call is observed.
+    void sayBlockEnd(const ReadingRule& reason) const;
+
+    /// The same for a reader that searches for the end of the block, from line `first` on.
+    void sayBlockEnd(const ReadingRule& reason, Counter first) const;
 
     /// Moves to the next line and returns it. Raises 6 after line 32767.
     TextView next() {
@@ -61,13 +77,19 @@ public:
     /// Moves to the next line that contains the header's mark. False when the list ends first, at a line that is not
     /// usable; the current line only has to be usable.
     bool findHeader(TextView headerMark) {
-        while (isUsable()) {
-            if (contains(next(), headerMark) && isUsable()) return true;
-        }
-        return false;
+        const Counter above = number_;
+        bool isFound = false;
+        while (!isFound && isUsable()) isFound = contains(next(), headerMark) && isUsable();
+        if (watch()) sayHeader(headerMark, above, isFound);
+        return isFound;
     }
 
+    /// The number of the line that the next step fetches.
+    Counter nextNumber() const { return number_ + 1; }
+
 private:
+    void sayHeader(TextView headerMark, Counter above, bool isFound) const;
+
     void moveTo(TextView line) {
         line_ = line;
         mayEndList_ = mayEndList(line);

@@ -59,19 +59,25 @@ public:
           endOfBlock_(endOfBlock),
           locatorColumn_(locatorColumn) {}
 
+    /// For what the readers of the list decide.
+    const Watch& watch() const { return lines_.watch(); }
+
     /// Calls `onEntry` with every LocatorEntry and the number of its line.
     template <class OnEntry>
     void read(const OnEntry& onEntry) {
         while (findHeader()) {
-            while (readEntry(lines_.next(), onEntry)) {}
+            readBlock(onEntry);
             if (!hasListNumber(lines_.line())) break;
+            lines_.decided(rule::listSearchGoesOn);
         }
     }
 
 private:
     bool findHeader() {
         if (!lines_.findHeader(headerMark_)) return false;
-        if (!locatorColumn_.isKnown()) locatorColumn_.found = locatorColumnIn(lines_.line());
+        const bool isSearched = !locatorColumn_.isKnown();
+        if (isSearched) locatorColumn_.found = locatorColumnIn(lines_.line());
+        if (lines_.watch()) sayLocatorColumn(isSearched);
         if (isContinuation_) lines_.stepBack();  // the line found is the first entry
         return true;
     }
@@ -79,24 +85,40 @@ private:
     // Without the title "RECLOC" in the header this is 5.
     static std::int16_t locatorColumnIn(TextView header) {
         constexpr int blanksBeforeTitle = 5;
-        return toInt16((find(header, u"     RECLOC     ") + blanksBeforeTitle).value);
+        return toInt16((find(header, locatorTitle) + blanksBeforeTitle).value);
     }
 
-    // False for the line that ends the block.
+    void sayLocatorColumn(bool isSearched) const;
+
     template <class OnEntry>
-    bool readEntry(TextView line, const OnEntry& onEntry) {
+    void readBlock(const OnEntry& onEntry) {
+        const Counter first = lines_.nextNumber();
+        const ReadingRule* end = nullptr;
+        while (end == nullptr) end = readEntry(lines_.next(), onEntry);
+        if (lines_.watch()) lines_.sayBlockEnd(*end, first);
+    }
+
+    // Returns the rule by which the line ends the block, or null.
+    template <class OnEntry>
+    const ReadingRule* readEntry(TextView line, const OnEntry& onEntry) {
         endOfBlock_ = lines_.isEndOfBlock();
-        if (endOfBlock_ || !lines_.isUsable()) return false;
+        if (endOfBlock_) return &rule::listEndOfBlock;
+        if (!lines_.isUsable()) return &lines_.endOfUnusable();
         const int column = locatorColumn_.position();
         const TextView locator = mid(line, Column{column}, LocatorEntry::locatorWidth);
         LocatorEntry entry{line, listNumber(line), locator, column, false};
         if (!isNumeric(entry.number)) {
-            if (!entry.number.empty() || !isBlank(locator) || isBlank(entry.nameForTest())) return false;
+            if (!entry.number.empty()) return &rule::listNoNumber;
+            if (!isBlank(locator)) return &rule::listLocatorWithoutNumber;
+            if (isBlank(entry.nameForTest())) return &rule::listNoName;
             entry.isRest = true;
         }
+        if (lines_.watch()) lines_.decided(entry.isRest ? rule::listWrappedName : rule::listEntry);
         onEntry(entry, lines_.number());
-        return true;
+        return nullptr;
     }
+
+    static constexpr TextView locatorTitle = u"     RECLOC     ";
 
     ListWalk lines_;
     bool isContinuation_;

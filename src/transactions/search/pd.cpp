@@ -41,14 +41,14 @@ Text CPDTrans::IProfileTrans_CreateCommand(const CollectionPtr& params) {
     Parameters input = parameters(params);
     const TextView itemNr = input.read(key::strKeyItemNr);
     const bool fromPnr = input.read(key::blnKeyFromPNR);
-    if (fromPnr && itemNr.empty()) return {};
+    if (fromPnr && itemNr.empty()) return nothingToSend(rule::commandNeedsItem);
     return concat({code::PD, onlyIf(fromPnr, u"/"), itemNr});
 }
 
 CollectionPtr CPDTrans::IProfileTrans_VerifyResponse(TextView response, const CollectionPtr& /*collection*/) {
     return reportedResults(response, [](Screen& screen, Results& results) {
         const Shown shown = findShown(screen, answerLines, answers, Shown::Nothing).shown;
-        const bool merged = shown == Shown::Traveller && contains(screen.text(), mark::merged);
+        const bool merged = shown == Shown::Traveller && screen.contains(mark::merged);
         results.add(key::blnKeyList, shown == Shown::List);
         results.add(key::blnKeyProfile, shown == Shown::Traveller);
         results.add(key::blnKeyMerge, merged);
@@ -67,7 +67,7 @@ void CPDTrans::readRows(Screen& screen, Parameters& /*state*/, ListRows& found) 
 Text CPDITrans::IProfileTrans_CreateCommand(const CollectionPtr& params) {
     Parameters input = parameters(params);
     const TextView index = input.read(key::strKeyIndex);
-    if (index.empty()) return {};
+    if (index.empty()) return nothingToSend(rule::commandNeedsIndex);
     return concat({code::PDI, u"/", index});
 }
 

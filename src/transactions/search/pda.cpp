@@ -9,6 +9,7 @@
 // There is no column of record locators: the rest of an entry's line is the company's name.
 #include "transactions/search/pda.h"
 
+#include "framework/joined_text.h"
 #include "transactions/search/list_reader.h"
 
 namespace vantro {
@@ -50,8 +51,8 @@ public:
     template <class OnEntry>
     void readEntries(const OnEntry& onEntry) {
         do {
-            while (isEntry(lines_.next())) onEntry(lines_.line(), lines_.number());
-        } while (hasListNumber(lines_.line()) && findHeader());
+            readBlock(onEntry);
+        } while (hasListNumber(lines_.line()) && findNextHeader());
     }
 
 private:
@@ -61,10 +62,28 @@ private:
         return true;
     }
 
-    // False for the line that ends the block.
-    bool isEntry(TextView line) {
+    bool findNextHeader() {
+        lines_.decided(rule::listSearchGoesOn);
+        return findHeader();
+    }
+
+    template <class OnEntry>
+    void readBlock(const OnEntry& onEntry) {
+        const Counter first = lines_.nextNumber();
+        const ReadingRule* end = nullptr;
+        while ((end = endAt(lines_.next())) == nullptr) {
+            lines_.decided(rule::listEntry);
+            onEntry(lines_.line(), lines_.number());
+        }
+        if (lines_.watch()) lines_.sayBlockEnd(*end, first);
+    }
+
+    // The rule by which a line ends the block, or null for an entry.
+    const ReadingRule* endAt(TextView line) {
         endOfBlock_ = lines_.isEndOfBlock();
-        return !endOfBlock_ && lines_.isUsable() && hasListNumber(line);
+        if (endOfBlock_) return &rule::listEndOfBlock;
+        if (!lines_.isUsable()) return &lines_.endOfUnusable();
+        return hasListNumber(line) ? nullptr : &rule::listNoNumber;
     }
 
     ListWalk lines_;
@@ -73,25 +92,23 @@ private:
     bool& endOfBlock_;
 };
 
-Text namesOf(NameList list) {
-    Text names;
+void readNames(NameList list, JoinedText& names) {
     list.read([&names](TextView line, std::int16_t /*lineNumber*/) {
-        if (!names.empty()) names.push_back(u',');
+        if (!names.empty()) names.insert(u",");
         names.append(trimmed(mid(line, entryTextColumn)));
     });
-    return names;
 }
 
 void readScreen(Screen& screen, bool& endOfBlock, Results& results) {
     const auto seen = findShown(screen, titleLines, titles, Shown::Nothing);
-    Text names;
+    JoinedText names(screen.watch());
     if (endOfBlock || seen.shown == Shown::CompanyList) {
-        names = namesOf(NameList(ListWalk(screen, 1, seen.line), mark::companyColumn, endOfBlock));
+        readNames(NameList(ListWalk(screen, 1, seen.line), mark::companyColumn, endOfBlock), names);
     }
     results.add(key::blnKeyCoProfile, seen.shown == Shown::CompanyProfile);
     results.add(key::blnKeyTrProfile, seen.shown == Shown::TravellerProfile);
     results.add(key::blnKeyCoList, seen.shown == Shown::CompanyList);
-    results.add(key::strKeyCoNames, std::move(names));
+    results.add(key::strKeyCoNames, std::move(names).take());
     results.add(key::blnKeyTrList, seen.shown == Shown::TravellerList);
     results.add(key::blnKeyEndOfBlock, endOfBlock);
 }
@@ -99,7 +116,7 @@ void readScreen(Screen& screen, bool& endOfBlock, Results& results) {
 void addNames(ListWalk above, TextView headerMark, ProfileKind kind, ListRows& found) {
     found.isList = true;
     bool endOfBlock = false;
-    NameList(above, headerMark, endOfBlock).read(nameAdder(kind, found));
+    NameList(above, headerMark, endOfBlock).read(nameAdder(above.watch(), kind, found));
 }
 
 void addNamesBelowHeader(Screen& screen, ListRows& found) {
@@ -116,7 +133,7 @@ Text CPDATrans::IProfileTrans_CreateCommand(const CollectionPtr& params) {
     Parameters input = parameters(params);
     const TextView name = input.read(key::strKeyName);
     const TextView company = input.read(key::strKeyCompany);
-    if (name.empty() && company.empty()) return {};
+    if (name.empty() && company.empty()) return nothingToSend(rule::commandNeedsAnyName);
     // Meant: with both names the command is only the code and the slash.
     if (!name.empty() && !company.empty()) return concat({code::PDA, u"/"});
     return concat({code::PDA, u"/", company, onlyIf(!name.empty(), u"-"), name});
@@ -140,7 +157,8 @@ void CPDATrans::readRows(Screen& screen, Parameters& state, ListRows& found) {
     const ListWalk belowTitle(screen, 1, seen.line);
     if (endOfBlock) {
         const ListWalk aboveLine1(screen, 0, blankLine);
-        NameList(aboveLine1, mark::companyColumn, endOfBlock).readEntries(nameAdder(ProfileKind::Company, found));
+        NameList(aboveLine1, mark::companyColumn, endOfBlock)
+            .readEntries(nameAdder(screen.watch(), ProfileKind::Company, found));
     } else if (seen.shown == Shown::CompanyList) {
         addNames(belowTitle, mark::companyColumn, ProfileKind::Company, found);
     } else if (seen.shown == Shown::TravellerList) {

@@ -8,6 +8,7 @@
 // 6 END OF BLOCK - USE PDMD
 #include "transactions/search/pdn.h"
 
+#include "framework/joined_text.h"
 #include "transactions/search/list_reader.h"
 
 namespace vantro {
@@ -33,34 +34,28 @@ struct Answer {
     LocatorColumn locator;
     Shown shown = Shown::Nothing;
     bool merged = false;
-    Text companyNames;
 };
 
-void trimInPlace(Text& text) {
-    text.resize(withoutPadding(text).size());
-    if (text.starts_with(u' ')) text.erase(0, text.find_first_not_of(u' '));
-}
-
-void readNames(LocatorList list, Text& names) {
+void readNames(LocatorList list, JoinedText& names) {
     constexpr std::size_t usualLength = 512;
     names.reserve(usualLength);
     list.read([&names](const LocatorEntry& entry, std::int16_t /*lineNumber*/) {
         if (!entry.isRest && !names.empty()) {
-            trimInPlace(names);
-            names.push_back(u',');
+            names.trim();
+            names.insert(u",");
         }
         names.append(entry.name());
     });
-    trimInPlace(names);
+    names.trim();
 }
 
-void readScreen(Screen& screen, Answer& answer) {
+void readScreen(Screen& screen, Answer& answer, JoinedText& companyNames) {
     const auto seen = findShown(screen, titleLines, titles, Shown::Nothing);
     answer.shown = seen.shown;
-    answer.merged = seen.shown == Shown::TravellerProfile && contains(screen.text(), mark::merged);
+    answer.merged = seen.shown == Shown::TravellerProfile && screen.contains(mark::merged);
     if (!answer.endOfBlock && seen.shown != Shown::CompanyList) return;
     readNames(LocatorList(ListWalk(screen, 1, seen.line), mark::companyColumn, answer.endOfBlock, answer.locator),
-              answer.companyNames);
+              companyNames);
 }
 
 // A column that this call found is added as a number; otherwise the text of the state is passed on.
@@ -80,7 +75,7 @@ Text CPDNTrans::IProfileTrans_CreateCommand(const CollectionPtr& params) {
     const TextView company = input.read(key::strKeyCompany);
     const bool exactMatch = input.read(key::blnKeyExactMatch);
     const TextView office = input.read(key::strKeyOfficeID);
-    if (name.empty() && company.empty()) return {};
+    if (name.empty() && company.empty()) return nothingToSend(rule::commandNeedsAnyName);
     return concat({code::PDN, u"/", office, onlyIf(!office.empty(), u"/"), company, onlyIf(!name.empty(), u"-"), name,
                    onlyIf(exactMatch, u"/")});
 }
@@ -94,7 +89,8 @@ CollectionPtr CPDNTrans::IProfileTrans_VerifyResponse(TextView response, const C
         answer.locator.fromState = state.read(key::strKeyRecLocPos);
     }
     Screen screen(terminal(), response);
-    reportErrors(terminal(), [&] { readScreen(screen, answer); });
+    JoinedText companyNames(screen.watch());
+    reportErrors(terminal(), [&] { readScreen(screen, answer, companyNames); });
 
     CollectionPtr added = terminal().createCollection();
     Results results(*added, screen.watch());
@@ -103,7 +99,7 @@ CollectionPtr CPDNTrans::IProfileTrans_VerifyResponse(TextView response, const C
     results.add(key::blnKeyCompanyList, answer.shown == Shown::CompanyList);
     results.add(key::blnKeyCoProfile, answer.shown == Shown::CompanyProfile);
     results.add(key::blnKeyMerge, answer.merged);
-    results.add(key::strKeyCoNames, std::move(answer.companyNames));
+    results.add(key::strKeyCoNames, std::move(companyNames).take());
     results.add(key::blnKeyEndOfBlock, answer.endOfBlock);
     addLocatorColumn(results, answer.locator);
     return added;

@@ -5,6 +5,7 @@
 // or a refusal anywhere on the screen.
 #include "transactions/search/pdr.h"
 
+#include "transactions/rules.h"
 #include "transactions/search/profile_marks.h"
 
 namespace vantro {
@@ -29,9 +30,9 @@ constexpr RefusalTest refusals[] = {
 // clang-format on
 
 // The order of the table decides, not the order on the screen.
-Refusal refusalIn(TextView response) {
+Refusal refusalIn(const Screen& screen) {
     for (const RefusalTest& test : refusals) {
-        if (contains(response, test.mark)) return test.refusal;
+        if (screen.contains(test.mark)) return test.refusal;
     }
     return Refusal::None;
 }
@@ -45,7 +46,7 @@ Text CPDRTrans::IProfileTrans_CreateCommand(const CollectionPtr& params) {
     Parameters input = parameters(params);
     const TextView locator = input.read(key::strKeyRecLoc);
     const TextView indicator = input.read(key::strKeyIndicator);
-    if (locator.empty()) return {};
+    if (locator.empty()) return nothingToSend(rule::commandNeedsLocator);
     return concat({code::PDR, onlyIf(indicator == u"T" || indicator == u"C", indicator), u"/", locator});
 }
 
@@ -53,8 +54,8 @@ CollectionPtr CPDRTrans::IProfileTrans_VerifyResponse(TextView response, const C
     return reportedResults(response, [](Screen& screen, Results& results) {
         const auto seen = findShown(screen, profileLines, profileMarks, ProfileShown::None);
         // Meant: the merge mark counts only in the line with the profile's mark.
-        const bool merged = seen.shown == ProfileShown::Traveller && contains(seen.line, mark::merged);
-        const Refusal refusal = seen.shown == ProfileShown::None ? refusalIn(screen.text()) : Refusal::None;
+        const bool merged = seen.shown == ProfileShown::Traveller && isMergedIn(screen, seen);
+        const Refusal refusal = seen.shown == ProfileShown::None ? refusalIn(screen) : Refusal::None;
         results.add(key::blnKeyCoProfile, seen.shown == ProfileShown::Company);
         results.add(key::blnKeyTrProfile, seen.shown == ProfileShown::Traveller);
         results.add(key::blnKeyErrNoRecLoc, refusal == Refusal::NoSuchLocator);

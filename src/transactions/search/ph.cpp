@@ -6,6 +6,9 @@
 // 4 PROFILE CREATION   : 19AUG21 0907
 #include "transactions/search/ph.h"
 
+#include "transactions/marks.h"
+#include "transactions/rules.h"
+
 #include <limits>
 #include <optional>
 
@@ -51,18 +54,23 @@ constexpr Label labels[] = {
 };
 // clang-format on
 
-void readLabels(TextView line, History& history) {
+void readLabels(const Watch& watch, TextView line, std::int16_t number, History& history) {
     for (const Label& label : labels) {
-        if (contains(line, label.mark)) history.*label.value = trimmed(mid(line, label.from, label.width));
+        const TextView found = shownIn(line, label.mark);
+        if (!found.empty()) history.*label.value = trimmed(mid(line, label.from, label.width));
+        watch.searched(label.mark, MarkSearch::InLine, number, number, found);
     }
 }
 
 // Reading ends at the second date, even without a name.
 History readHistory(Screen& screen, std::int16_t titleLine) {
     History history;
-    for (std::int16_t number = titleLine; number < lastLabelLine && !history.hasBothDates();) {
-        readLabels(screen.line(++number), history);
+    std::int16_t number = titleLine;
+    while (number < lastLabelLine && !history.hasBothDates()) {
+        const TextView line = screen.line(++number);
+        readLabels(screen.watch(), line, number, history);
     }
+    screen.watch().decided(history.hasBothDates() ? rule::historyComplete : rule::historyLastLine, Counter(number));
     return history;
 }
 

@@ -19,7 +19,9 @@
 // 4    1 KESTRELLO TOOLS
 #include "transactions/search/plt.h"
 
+#include "framework/joined_text.h"
 #include "transactions/search/list_reader.h"
+#include "transactions/search/profile_marks.h"
 
 namespace vantro {
 
@@ -42,26 +44,38 @@ constexpr ScreenTest<Shown> titles[] = {
 // Meant: the lists are read from line 3 on, wherever their title is; line 2 is never read.
 constexpr std::int16_t lineAboveLists = 2;
 
+void sayCompaniesEnd(const ListWalk& lines) {
+    if (hasListNumber(lines.line())) {
+        lines.sayBlockEnd(lines.endOfUnusable());
+    } else if (lines.isUsable() && contains(lines.line(), mark::companyColumn)) {
+        lines.sayBlockEnd(rule::listHeaderAgain);
+    } else {
+        lines.sayBlockEnd(rule::listNoNumber);
+    }
+}
+
 /// Calls `onEntry` with every line of a company list's blocks and its number.
 template <class OnEntry>
 void readCompanies(ListWalk lines, const OnEntry& onEntry) {
     while (lines.findHeader(mark::companyColumn)) {
         do {
-            while (hasListNumber(lines.next()) && lines.isUsable()) onEntry(lines.line(), lines.number());
+            while (hasListNumber(lines.next()) && lines.isUsable()) {
+                lines.decided(rule::listEntry);
+                onEntry(lines.line(), lines.number());
+            }
+            if (lines.watch()) sayCompaniesEnd(lines);
         } while (lines.isUsable() && contains(lines.line(), mark::companyColumn));
     }
 }
 
-Text companyNames(ListWalk lines) {
-    Text names;
+void readCompanyNames(const ListWalk& lines, JoinedText& names) {
     Counter count;
     readCompanies(lines, [&](TextView line, std::int16_t /*lineNumber*/) {
         // Meant: names are counted, so even a blank first name is followed by a comma.
-        if (count > Counter()) names.push_back(u',');
+        if (count > Counter()) names.insert(u",");
         ++count;
         names.append(trimmed(mid(line, entryTextColumn)));
     });
-    return names;
 }
 
 constexpr TextView travellerHeader = u"RECLOC ";
@@ -70,9 +84,11 @@ constexpr TextView travellerHeader = u"RECLOC ";
 template <class OnLine>
 void readTravellers(ListWalk lines, const OnLine& onLine) {
     while (lines.findHeader(travellerHeader)) {
+        const Counter first = lines.nextNumber();
         for (lines.next(); lines.isUsable() && !lines.isEndOfBlock(); lines.next()) {
             onLine(lines.line(), lines.number());
         }
+        if (lines.watch()) lines.sayBlockEnd(lines.isUsable() ? rule::listEndOfBlock : lines.endOfUnusable(), first);
     }
 }
 
@@ -80,35 +96,60 @@ constexpr Column locatorColumn{29};
 constexpr Width locatorWidth{6};
 constexpr Column companyColumn{35};
 
+/// Record locators that are copied from the screen.
+struct Locators {
+    TextList texts = TextList(1);     // entry 0 stays empty
+    std::vector<TextView> originals;  // empty unless the call is observed
+
+    /// The list as a result. Its places stay known.
+    TextList&& take(const Watch& watch) && {
+        for (std::size_t k = 0; k < originals.size(); ++k) watch.copied(texts[k + 1], originals[k]);
+        return std::move(texts);
+    }
+};
+
+void sayTraveller(const Watch& watch, bool hasCompany, Counter number, TextView locator, Locators& locators) {
+    watch.decided(hasCompany ? rule::travellerWithCompany : rule::travellerWithoutCompany, number);
+    if (!hasCompany) locators.originals.push_back(locator);
+}
+
 // Collects the record locators of the travellers without a company. If a line cannot be read, the ones collected before
 // it stay.
-void collectNoCompanyRecLocs(ListWalk lines, TextList& locators) {
+void collectNoCompanyRecLocs(const ListWalk& lines, Locators& locators) {
     constexpr std::size_t linesOfScreen = 24;
-    locators.reserve(linesOfScreen);
-    readTravellers(lines, [&locators](TextView line, std::int16_t /*lineNumber*/) {
-        if (isBlank(mid(line, companyColumn))) locators.emplace_back(mid(line, locatorColumn, locatorWidth));
+    locators.texts.reserve(linesOfScreen);
+    readTravellers(lines, [&](TextView line, std::int16_t lineNumber) {
+        const bool hasCompany = !isBlank(mid(line, companyColumn));
+        const TextView locator = mid(line, locatorColumn, locatorWidth);
+        if (!hasCompany) locators.texts.emplace_back(locator);
+        if (lines.watch()) sayTraveller(lines.watch(), hasCompany, Counter(lineNumber), locator, locators);
     });
 }
 
 // A line with neither a number nor a locator is no entry, and neither is a header that is repeated inside a block.
-void addOfficeTravellers(ListWalk lines, ListRows& found) {
-    readTravellers(lines, [&found](TextView line, std::int16_t lineNumber) {
+const ReadingRule& ruleOfOfficeLine(TextView line) {
+    if (hasListNumber(line)) return rule::officeTraveller;
+    if (isBlank(mid(line, locatorColumn, locatorWidth))) return rule::officeLineWithoutEntry;
+    return contains(line, travellerHeader) ? rule::officeHeaderAgain : rule::officeTraveller;
+}
+
+void addOfficeTravellers(const ListWalk& lines, ListRows& found) {
+    RowWriter rows(lines.watch(), found);
+    readTravellers(lines, [&](TextView line, std::int16_t lineNumber) {
         constexpr Width nameWidth{locatorColumn.value - entryTextColumn.value};
-        const TextView locator = trimmed(mid(line, locatorColumn, locatorWidth));
-        const bool hasNumber = hasListNumber(line);
-        if (!hasNumber && (locator.empty() || contains(line, travellerHeader))) return;
-        ListRow& row = found.rows.emplace_back();
-        row.line = lineNumber;
-        row.kind = ProfileKind::Traveller;
-        row.number = onlyIf(hasNumber, listNumber(line));
-        row.name = trimmed(mid(line, entryTextColumn, nameWidth));
-        row.recordLocator = locator;
-        row.company = trimmed(mid(line, companyColumn));
+        const ReadingRule& decision = ruleOfOfficeLine(line);
+        lines.watch().decided(decision, Counter(lineNumber));
+        if (&decision != &rule::officeTraveller) return;
+        rows.begin(ProfileKind::Traveller, lineNumber);
+        rows.set(cell::number, onlyIf(hasListNumber(line), listNumber(line)));
+        rows.set(cell::name, trimmed(mid(line, entryTextColumn, nameWidth)));
+        rows.set(cell::recordLocator, trimmed(mid(line, locatorColumn, locatorWidth)));
+        rows.set(cell::company, trimmed(mid(line, companyColumn)));
     });
 }
 
-void addSimilarCompanies(ListWalk lines, ListRows& found) {
-    readCompanies(lines, nameAdder(ProfileKind::Company, found));
+void addSimilarCompanies(const ListWalk& lines, ListRows& found) {
+    readCompanies(lines, nameAdder(lines.watch(), ProfileKind::Company, found));
 }
 
 }  // namespace
@@ -127,11 +168,11 @@ Text CPLTTrans::IProfileTrans_CreateCommand(const CollectionPtr& params) {
 CollectionPtr CPLTTrans::IProfileTrans_VerifyResponse(TextView response, const CollectionPtr& /*collection*/) {
     return reportedResults(response, [this](Screen& screen, Results& results) {
         const auto seen = findShown(screen, titleLines, titles, Shown::Nothing);
-        Text names;
+        JoinedText names(screen.watch());
         if (seen.shown == Shown::CompanyList) {
-            names = companyNames(ListWalk(screen, lineAboveLists, seen.line));
+            readCompanyNames(ListWalk(screen, lineAboveLists, seen.line), names);
         }
-        TextList locators(1);  // entry 0 stays empty
+        Locators locators;
         if (seen.shown == Shown::TravellerList) {
             reportErrors(terminal(), [&] {
                 const ListWalk aboveList(screen, lineAboveLists, screen.line(std::int16_t{1}));
@@ -142,11 +183,11 @@ CollectionPtr CPLTTrans::IProfileTrans_VerifyResponse(TextView response, const C
         results.add(key::blnKeyCompanyList, seen.shown == Shown::CompanyList);
         results.add(key::blnKeyProfile, seen.shown == Shown::Profile);
         // Meant: the merge mark counts only in the line with the profile's mark.
-        results.add(key::blnKeyMerge, seen.shown == Shown::Profile && contains(seen.line, mark::merged));
-        results.add(key::strKeyCoNames, std::move(names));
+        results.add(key::blnKeyMerge, seen.shown == Shown::Profile && isMergedIn(screen, seen));
+        results.add(key::strKeyCoNames, std::move(names).take());
         results.add(key::blnKeyNoCoFoundString, seen.shown == Shown::NoCompany);
         results.add(key::blnKeyNoTrPrFoundString, seen.shown == Shown::NoTraveller);
-        results.add(key::strKeyNoCoAssoArray, std::move(locators));
+        results.add(key::strKeyNoCoAssoArray, std::move(locators).take(screen.watch()));
     });
 }
 

@@ -3,6 +3,7 @@
 
 #include "framework/constants.h"
 #include "framework/screen.h"
+#include "transactions/marks.h"
 
 namespace vantro {
 
@@ -14,5 +15,13 @@ inline constexpr ScreenTest<ProfileShown> profileMarks[] = {
     {mark::travellerProfile, Match::LineStart, ProfileShown::Traveller},
 };
 // clang-format on
+
+/// True when the line that a search found has the merge mark.
+template <class Shown>
+bool isMergedIn(const Screen& screen, const ShownLine<Shown>& seen) {
+    const TextView found = shownIn(seen.line, mark::merged);
+    screen.watch().searched(mark::merged, MarkSearch::InLine, seen.number, seen.number, found);
+    return !found.empty();
+}
 
 }  // namespace vantro
