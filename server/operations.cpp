@@ -10,6 +10,8 @@ namespace vantro::com {
 
 namespace {
 
+constexpr TextView notesCount = u"ProfileNotesElementsCount";
+
 IDispatch* counted(IDispatch* object) {
     if (object != nullptr) object->AddRef();
     return object;
@@ -69,6 +71,21 @@ Interface& had(Interface* offered) {
     return *offered;
 }
 
+// Runs an operation that reads, as a call of the object's recording.
+template <class Body>
+HRESULT recorded(Served& served, const IID& about, TextView name, Body&& body) noexcept {
+    return atBorder(about, [&] {
+        const Recorder::Call call(served.recorder);
+        if (!call.isRecorded()) return body();
+        try {
+            body();
+        } catch (...) {
+            served.recorder.failed(name, currentError());
+            throw;
+        }
+    });
+}
+
 std::int16_t countOf(Served& served, TextView name, BSTR text, TextView search = {}, TextView qualifier = {}) {
     const CountProperty* const property = findCount(served.row, name);
     if (property == nullptr) fail(Failure::CannotCreateObject);
@@ -78,10 +95,10 @@ std::int16_t countOf(Served& served, TextView name, BSTR text, TextView search =
 
 // Without notes to filter, the filters are not read.
 std::int16_t countOfNotes(Served& served, BSTR text, const VARIANT& searchString, const VARIANT& searchQualifier) {
-    if (viewOf(text).empty()) return countOf(served, u"ProfileNotesElementsCount", text);
+    if (viewOf(text).empty()) return countOf(served, notesCount, text);
     const Text search = textIn(searchString);
     const Text qualifier = textIn(searchQualifier);
-    return countOf(served, u"ProfileNotesElementsCount", text, search, qualifier);
+    return countOf(served, notesCount, text, search, qualifier);
 }
 
 }  // namespace
@@ -89,7 +106,7 @@ std::int16_t countOfNotes(Served& served, BSTR text, const VARIANT& searchString
 HRESULT createCommand(Served& served, const IID& about, const VARIANT& params, BSTR* command) noexcept {
     if (command == nullptr) return E_POINTER;
     *command = nullptr;
-    return atBorder(about, [&] {
+    return recorded(served, about, u"CreateCommand", [&] {
         IProfileTrans& trans = had(served.object->profileTrans());
         const Text text = CollectionArgument(params).use([&](const auto& given) { return trans.CreateCommand(given); });
         *command = newBstr(text);
@@ -100,7 +117,7 @@ HRESULT verifyResponse(Served& served, const IID& about, BSTR response, const VA
                        IDispatch** results) noexcept {
     if (results == nullptr) return E_POINTER;
     *results = nullptr;
-    return atBorder(about, [&] {
+    return recorded(served, about, u"VerifyResponse", [&] {
         IProfileTrans& trans = had(served.object->profileTrans());
         const ComTerminal::Reading reading(served.terminal, response);
         const CollectionPtr made = CollectionArgument(collection).use([&](const auto& given) {
@@ -114,7 +131,7 @@ HRESULT profileElements(Served& served, const IID& about, BSTR display, const VA
                         const VARIANT& qualifier, IDispatch** unknownFamily) noexcept {
     if (unknownFamily == nullptr) return E_POINTER;
     *unknownFamily = nullptr;
-    return atBorder(about, [&] {
+    return recorded(served, about, u"ProfileElements", [&] {
         IProfileGet& parser = had(served.object->profileGet());
         SelectionArguments selected(selection, qualifier);
         const ComTerminal::Reading reading(served.terminal, display);
@@ -128,20 +145,21 @@ HRESULT profileElements(Served& served, const IID& about, BSTR display, const VA
 HRESULT count(Served& served, const IID& about, TextView name, BSTR text, SHORT* result) noexcept {
     if (result == nullptr) return E_POINTER;
     *result = 0;
-    return atBorder(about, [&] { *result = countOf(served, name, text); });
+    return recorded(served, about, name, [&] { *result = countOf(served, name, text); });
 }
 
 HRESULT count(Served& served, const IID& about, TextView name, BSTR text, VARIANT* result) noexcept {
     if (result == nullptr) return E_POINTER;
     VariantInit(result);
-    return atBorder(about, [&] { *result = Variant::of(countOf(served, name, text)).detach(); });
+    return recorded(served, about, name, [&] { *result = Variant::of(countOf(served, name, text)).detach(); });
 }
 
 HRESULT countNotes(Served& served, const IID& about, BSTR text, const VARIANT& searchString,
                    const VARIANT& searchQualifier, SHORT* result) noexcept {
     if (result == nullptr) return E_POINTER;
     *result = 0;
-    return atBorder(about, [&] { *result = countOfNotes(served, text, searchString, searchQualifier); });
+    return recorded(served, about, notesCount,
+                    [&] { *result = countOfNotes(served, text, searchString, searchQualifier); });
 }
 
 HRESULT elementList(Served& served, const IID& about, BSTR name, VARIANT* list) noexcept {
@@ -155,6 +173,17 @@ HRESULT elementList(Served& served, const IID& about, BSTR name, VARIANT* list) 
         } else {
             fail(Failure::InvalidProcedureCall);
         }
+    });
+}
+
+HRESULT explain(Served& served, const IID& about, const VARIANT& recording, BSTR* explanation) noexcept {
+    if (explanation == nullptr) return E_POINTER;
+    *explanation = nullptr;
+    return atBorder(about, [&] {
+        const bool isSwitched = !isAbsent(recording);
+        const bool isOn = isSwitched && truthIn(recording);
+        *explanation = newBstr(served.recorder.text(served.row));
+        if (isSwitched) served.recorder.record(isOn);
     });
 }
 

@@ -20,6 +20,22 @@ public:
 protected:
     Served& served() { return served_; }
 
+    Ptr<IDispatch> furtherMembers() final { return Ptr(&this->owner()).template as<IDispatch>(IID_IExplained); }
+
+private:
+    Served& served_;
+};
+
+// Not a `ServedHalf`: it is what those have in addition.
+class ExplainedHalf final : public DispatchHalf<IExplained> {
+public:
+    ExplainedHalf(IUnknown& owner, const IID& iid, Served& served)
+        : DispatchHalf<IExplained>(owner, iid), served_(served) {}
+
+    HRESULT STDMETHODCALLTYPE Explain(VARIANT recording, BSTR* explanation) override {
+        return explain(served_, iid(), recording, explanation);
+    }
+
 private:
     Served& served_;
 };
@@ -200,6 +216,7 @@ const HalfRow halfRows[] = {
     {IID_ICRLPTrans, make<LinkedProfilesHalf>},
     {IID_ICProfile, make<ProfileHalf>},
     {IID_ICProfileNotes, make<NotesHalf>},
+    {IID_IExplained, make<ExplainedHalf>},
 };
 
 class ProfileServerObject final : public ComposedObject {

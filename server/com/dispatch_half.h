@@ -26,15 +26,23 @@ public:
     HRESULT STDMETHODCALLTYPE GetTypeInfo(UINT index, LCID, ITypeInfo** info) final {
         return describeHalf(iid_, index, info);
     }
-    HRESULT STDMETHODCALLTYPE GetIDsOfNames(REFIID reserved, OLECHAR** names, UINT count, LCID, DISPID* ids) final {
+    HRESULT STDMETHODCALLTYPE GetIDsOfNames(REFIID reserved, OLECHAR** names, UINT count, LCID locale,
+                                            DISPID* ids) final {
         if (reserved != IID_NULL) return DISP_E_UNKNOWNINTERFACE;
-        return namesToIds(iid_, names, count, ids);
+        const HRESULT result = namesToIds(iid_, names, count, ids);
+        if (result != DISP_E_UNKNOWNNAME || count == 0 || ids[0] != DISPID_UNKNOWN) return result;
+        const Ptr<IDispatch> further = furtherMembers();
+        return further ? further->GetIDsOfNames(reserved, names, count, locale, ids) : result;
     }
-    HRESULT STDMETHODCALLTYPE Invoke(DISPID member, REFIID reserved, LCID, WORD flags, DISPPARAMS* parameters,
+    HRESULT STDMETHODCALLTYPE Invoke(DISPID member, REFIID reserved, LCID locale, WORD flags, DISPPARAMS* parameters,
                                      VARIANT* result, EXCEPINFO* exception, UINT* wrongArgument) final {
         if (reserved != IID_NULL) return DISP_E_UNKNOWNINTERFACE;
-        return invokeHalf(iid_, static_cast<Interface*>(this), member, flags, parameters, result, exception,
-                          wrongArgument);
+        const HRESULT invoked = invokeHalf(iid_, static_cast<Interface*>(this), member, flags, parameters, result,
+                                           exception, wrongArgument);
+        if (invoked != DISP_E_MEMBERNOTFOUND) return invoked;
+        const Ptr<IDispatch> further = furtherMembers();
+        return further ? further->Invoke(member, reserved, locale, flags, parameters, result, exception, wrongArgument)
+                       : invoked;
     }
 
 protected:
@@ -42,6 +50,9 @@ protected:
     ~Dispatching() = default;
 
     const IID& dispatchedIid() const { return iid_; }
+
+    /// Members that calls by name find in addition to the interface's own; null for none. Their ids are others.
+    virtual Ptr<IDispatch> furtherMembers() { return {}; }
 
 private:
     const IID& iid_;
@@ -73,6 +84,9 @@ public:
     }
     ULONG STDMETHODCALLTYPE AddRef() final { return owner_.AddRef(); }
     ULONG STDMETHODCALLTYPE Release() final { return owner_.Release(); }
+
+protected:
+    IUnknown& owner() { return owner_; }
 
 private:
     IUnknown& owner_;

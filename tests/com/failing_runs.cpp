@@ -55,6 +55,12 @@ Ptr<Interface> made(const Ptr<IClassFactory>& factory, const IID& iid) {
     return object;
 }
 
+std::string explain(const Ptr<IUnknown>& object, const VARIANT& recording) {
+    Bstr text;
+    com::check(object.as<IExplained>(IID_IExplained)->Explain(recording, text.receive()));
+    return utf8(text.view());
+}
+
 Entries readBack(IDispatch* object) {
     const auto copy = std::make_shared<BuiltInCollection>();
     com::copyBack(object, *copy);
@@ -106,6 +112,7 @@ Outcome ServerRun::run(long failing, Fault fault, Fault failingReports) {
     const auto object = made<IUnknown>(server_, IID_IUnknown);
     Outcome outcome;
     Ptr<IDispatch> results;
+    if (isRecorded_) explain(object, Variant::of(true).get());
     control_.failAt(failing, fault);
     control_.failReports(failingReports);
     leaveAnEarlierError();
@@ -113,6 +120,7 @@ Outcome ServerRun::run(long failing, Fault fault, Fault failingReports) {
     outcome.reported = control_.reported();
     calls_ = failing == 0 ? control_.calls() : calls_;
     control_.failAt(0, Fault::None);
+    explained_ = explain(object, noArgument());
     if (results) outcome.results = readBack(results.get());
     if (params) outcome.request = readBack(params.get());
     SetErrorInfo(0, nullptr);

@@ -36,6 +36,12 @@ public:
 
     TerminalControl& control() { return control_; }
 
+    /// Further runs are recorded for their explanation.
+    void record() { isRecorded_ = true; }
+
+    /// The explanation of the last run; empty unless it was recorded.
+    const std::string& explained() const { return explained_; }
+
     /// The operation's outcome with its call number `failing` (0 for none) ending so.
     Outcome run(long failing, Fault fault, Fault failingReports = Fault::None);
 
@@ -53,6 +59,8 @@ private:
     Ptr<IClassFactory> collections_;
     TerminalControl control_;
     com::Member add_{u"Add"};
+    bool isRecorded_ = false;
+    std::string explained_;
     std::vector<std::string> calls_;
 };
 

@@ -116,6 +116,27 @@ TEST_P(ForeignTerminal, FailsAsTheErrorConventionRequires) {
     }
 }
 
+// The explanation names the error, and changes nothing.
+TEST_P(ForeignTerminal, FailsTheSameWhileItIsRecorded) {
+    const Operation& operation = GetParam();
+    ServerRun server(operation);
+    const Outcome unrecorded = server.run(0, Fault::None);
+    EXPECT_EQ(server.explained(), "");
+    server.record();
+    EXPECT_EQ(server.run(0, Fault::None), unrecorded);
+    const std::string whole = server.explained();
+    const auto calls = static_cast<long>(server.calls().size());
+    for (long failing = 1; failing <= calls; ++failing) {
+        SCOPED_TRACE(server.calls()[static_cast<std::size_t>(failing - 1)]);
+        ReferenceTerminal reference(failing, ownFailure());
+        const Outcome outcome = server.run(failing, Fault::OwnError);
+        EXPECT_EQ(outcome, runLinked(operation, reference));
+        EXPECT_NE(server.explained(), whole);
+        const int number = outcome.raised.number != 0 ? outcome.raised.number : outcome.reported.front();
+        EXPECT_NE(server.explained().find(std::to_string(number)), std::string::npos) << server.explained();
+    }
+}
+
 // An error that cannot even be reported is a failure of the whole operation.
 TEST_P(ForeignTerminal, FailsWithItsReporter) {
     const Operation& operation = GetParam();

@@ -73,6 +73,8 @@ public:
             .iVal;
     }
 
+    Text explained(const Variant& recording) { return textIn(explain_.call(object_.get(), {recording.get()}).get()); }
+
 private:
     Text IProfileTrans_CreateCommand(const CollectionPtr& params) override {
         const Ptr<IDispatch> passed = copiedOut(params);
@@ -150,6 +152,7 @@ private:
     Member createCommand_{u"CreateCommand"};
     Member verifyResponse_{u"VerifyResponse"};
     Member profileElements_{u"ProfileElements"};
+    Member explain_{u"Explain"};
 };
 
 }  // namespace
@@ -159,6 +162,12 @@ Apartment::~Apartment() { CoUninitialize(); }
 
 std::unique_ptr<ProfileObject> newRemoteObject(const ClassRow& row, Terminal& terminal) {
     return std::make_unique<RemoteObject>(row, terminal);
+}
+
+Text explained(ProfileObject& object) { return static_cast<RemoteObject&>(object).explained(Variant::missing()); }
+
+Text explained(ProfileObject& object, Recording recording) {
+    return static_cast<RemoteObject&>(object).explained(Variant::of(recording == Recording::On));
 }
 
 std::int16_t countRemotely(ProfileObject& object, TextView property, const CountRequest& request) {

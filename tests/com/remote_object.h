@@ -21,6 +21,11 @@ public:
 /// keys, as the stand-in's is. What is reported to the stand-in's reporter is passed on to `terminal`'s.
 std::unique_ptr<ProfileObject> newRemoteObject(const ClassRow& row, Terminal& terminal);
 
+/// The explanation of such an object's last call, before its recording is switched.
+enum class Recording { Off, On };
+Text explained(ProfileObject& object);
+Text explained(ProfileObject& object, Recording recording);
+
 /// A count property of such an object.
 std::int16_t countRemotely(ProfileObject& object, TextView property, const CountRequest& request);
 

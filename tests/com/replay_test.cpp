@@ -17,7 +17,7 @@
 namespace vantro::test {
 namespace {
 
-enum class BackEnd { Library, Server };
+enum class BackEnd { Library, Server, RecordingServer };
 
 // Objects of one back end, with a terminal that collects the reported errors.
 class Stage {
@@ -33,7 +33,7 @@ public:
     int count(TextView name, TextView property, TextView text) {
         const CountRequest request{text};
         ProfileObject& counted = object(name);
-        if (backEnd_ == BackEnd::Server) return com::countRemotely(counted, property, request);
+        if (backEnd_ != BackEnd::Library) return com::countRemotely(counted, property, request);
         return findCount(*findClass(name), property)->call(counted, request);
     }
 
@@ -42,7 +42,10 @@ public:
 private:
     std::unique_ptr<ProfileObject> create(TextView name) {
         const ClassRow& row = *findClass(name);
-        return backEnd_ == BackEnd::Server ? com::newRemoteObject(row, terminal_) : createObject(row, terminal_);
+        if (backEnd_ == BackEnd::Library) return createObject(row, terminal_);
+        auto object = com::newRemoteObject(row, terminal_);
+        if (backEnd_ == BackEnd::RecordingServer) com::explained(*object, com::Recording::On);
+        return object;
     }
 
     BackEnd backEnd_;
@@ -115,6 +118,7 @@ INSTANTIATE_TEST_SUITE_P(, SampleExchange, testing::ValuesIn(filesIn(samples() /
                          fileTestName);
 
 TEST_P(SampleExchange, PlaysThroughTheServer) { play(BackEnd::Server); }
+TEST_P(SampleExchange, PlaysThroughTheServerThatRecords) { play(BackEnd::RecordingServer); }
 TEST_P(SampleExchange, PlaysThroughTheLinkedLibrary) { play(BackEnd::Library); }
 
 const char16_t* const prefixes[] = {u"NM",  u"SR",  u"RM",  u"AP",  u"OS",  u"FFN", u"ST",  u"RECLOC", u"OFFID", u"PCN",
@@ -147,12 +151,16 @@ Answer ask(Stage& stage, TextView className, TextView display, const Entries& re
     return answer;
 }
 
-class SampleProfile : public testing::TestWithParam<std::filesystem::path> {};
+class SampleProfile : public testing::TestWithParam<std::filesystem::path> {
+protected:
+    void compareElements(BackEnd backEnd) const;
+    void compareCountsAndLists(BackEnd backEnd) const;
+};
 INSTANTIATE_TEST_SUITE_P(, SampleProfile, testing::ValuesIn(filesIn(samples() / "profiles", ".txt")), fileTestName);
 
-TEST_P(SampleProfile, ReturnsTheSameElementsThroughBothBackEnds) {
+void SampleProfile::compareElements(BackEnd backEnd) const {
     Stage library(BackEnd::Library);
-    Stage server(BackEnd::Server);
+    Stage server(backEnd);
     const Text display = displayIn(GetParam());
     for (const char16_t* const prefix : prefixes) {
         for (const int index : {0, 1, 2}) {
@@ -165,9 +173,9 @@ TEST_P(SampleProfile, ReturnsTheSameElementsThroughBothBackEnds) {
     EXPECT_EQ(ask(server, u"CProfileNotes", display, notes), ask(library, u"CProfileNotes", display, notes));
 }
 
-TEST_P(SampleProfile, ReturnsTheSameCountsAndListsThroughBothBackEnds) {
+void SampleProfile::compareCountsAndLists(BackEnd backEnd) const {
     Stage library(BackEnd::Library);
-    Stage server(BackEnd::Server);
+    Stage server(backEnd);
     const Text display = displayIn(GetParam());
     for (const CountProperty& property : findClass(u"CProfile")->counts) {
         EXPECT_EQ(server.count(u"CProfile", property.name, display), library.count(u"CProfile", property.name, display))
@@ -179,17 +187,25 @@ TEST_P(SampleProfile, ReturnsTheSameCountsAndListsThroughBothBackEnds) {
     }
 }
 
+TEST_P(SampleProfile, ReturnsTheSameElementsThroughBothBackEnds) { compareElements(BackEnd::Server); }
+TEST_P(SampleProfile, ReturnsTheSameElementsWhileItRecords) { compareElements(BackEnd::RecordingServer); }
+TEST_P(SampleProfile, ReturnsTheSameCountsAndListsThroughBothBackEnds) { compareCountsAndLists(BackEnd::Server); }
+TEST_P(SampleProfile, ReturnsTheSameCountsAndListsWhileItRecords) { compareCountsAndLists(BackEnd::RecordingServer); }
+
 // Playing everything repeatedly leaves no text, array, task memory or terminal object allocated.
 TEST(SampleExchanges, LeaveNothingAllocated) {
     const auto playAll = [] {
         for (const auto& file : filesIn(samples() / "exchanges", ".exchange")) {
-            Player player(BackEnd::Server);
-            for (const ExchangeStep& step : readExchange(file)) player.play(step);
+            for (const BackEnd backEnd : {BackEnd::Server, BackEnd::RecordingServer}) {
+                Player player(backEnd);
+                for (const ExchangeStep& step : readExchange(file)) player.play(step);
+            }
         }
-        Stage server(BackEnd::Server);
+        Stage server(BackEnd::RecordingServer);
         const Text display = displayIn(samples() / "profiles" / "every_family.txt");
         for (const char16_t* const prefix : prefixes) {
             ask(server, u"CProfile", display, {{u"strKeyPrefix", prefix}, {u"intKeyIndex", 1}});
+            com::explained(server.object(u"CProfile"));
         }
     };
     playAll();
