@@ -15,9 +15,7 @@ Text linesOf(const KeptStep& step) {
     return u"lines " + number(step.line) + u" to " + number(step.lastLine) + u": ";
 }
 
-Text familyOf(const KeptStep& step) {
-    return step.family ? Text(factsOf(*step.family).word) + u": " : Text();
-}
+Text familyOf(const KeptStep& step) { return step.family ? Text(factsOf(*step.family).word) + u": " : Text(); }
 
 }  // namespace
 
