@@ -111,8 +111,12 @@ TEST(Schemas, AreVersionedAndUseOnlyKeywordsThatAreTested) {
 
 TEST(Schemas, OfARecordOfParse) {
     const Schema schema("parse-record");
-    for (const std::vector<std::string>& options : std::vector<std::vector<std::string>>{
-             {}, {"--compact"}, {"--only", "RM,NM,notes"}, {"--compact", "--only", "PPR"}, {"--id", "{name}"}}) {
+    for (const std::vector<std::string>& options : std::vector<std::vector<std::string>>{{},
+                                                                                         {"--compact"},
+                                                                                         {"--only", "RM,NM,notes"},
+                                                                                         {"--compact", "--only", "PPR"},
+                                                                                         {"--id", "{name}"},
+                                                                                         {"--positions"}}) {
         std::vector<std::string> arguments{"parse"};
         arguments.insert(arguments.end(), options.begin(), options.end());
         for (const std::string& file : sampleFiles()) arguments.push_back(file);
@@ -128,8 +132,8 @@ TEST(Schemas, OfAWholeRecordNameEveryMember) {
     const rapidjson::Document record = parsed(line);
     const rapidjson::Value& families = schema["properties"]["elements"]["properties"];
     EXPECT_EQ(families.MemberCount(), record["elements"].MemberCount());
-    // All but id, error and problems.
-    EXPECT_EQ(schema["properties"].MemberCount(), record.MemberCount() + 3);
+    // All but id, error, positions and problems.
+    EXPECT_EQ(schema["properties"].MemberCount(), record.MemberCount() + 4);
 }
 
 TEST(Schemas, OfARecordRefuseOtherOnes) {
@@ -179,6 +183,7 @@ TEST(Schemas, OfAResponseOfBatch) {
 TEST(Schemas, OfResultsOfVerify) {
     const Schema schema("verify-results");
     expectValid(schema, {"verify", "CPXTrans"}, "PX3\nPROFILE WILL BE DEACTIVATED\n");
+    expectValid(schema, {"verify", "CPXTrans", "--positions"}, "PX3\nPROFILE WILL BE DEACTIVATED\n");
     expectValid(schema, {"verify", "CPXTrans"}, "");
     expectValid(schema, {"verify", "CRLPTrans", "--count"}, "RLP\nT/ABC123 /P1\n");
     expectValid(schema, {"verify", "CPLTTrans"}, "PLT\nTRAVELLER LIST\n");
@@ -192,6 +197,7 @@ TEST(Schemas, OfRowsNameEveryColumn) {
                 "PDN/KES\nSIMILAR COMPANY NAME LIST\n     COMPANY                         RECLOC     OFFICE\n"
                 "   1 KESTRELLO TOOLS                 Q2W3E4     NCEVN0900\n>\n");
     expectValid(schema, {"verify", "CRLPTrans", "--rows"}, "RLP\nT/ABC123 /P1\n");
+    expectValid(schema, {"verify", "CRLPTrans", "--rows", "--positions"}, "RLP\nT/ABC123 /P1\n");
     expectValid(schema, {"verify", "CPDNTrans", "--rows"}, "PDN/KES\n");
     const rapidjson::Document document = parsed(contentOf(root / "schemas/rows.schema.json"));
     std::set<std::string> columns;
@@ -200,6 +206,7 @@ TEST(Schemas, OfRowsNameEveryColumn) {
     }
     std::set<std::string> described;
     for (const auto& column : document["items"]["properties"].GetObject()) described.insert(column.name.GetString());
+    columns.insert("positions");
     EXPECT_EQ(described, columns);
     EXPECT_EQ(schema.faultOf(R"([{"line":3,"kind":"company","name":"A"}])"), "");
     EXPECT_EQ(schema.faultOf(R"([{"line":3}])"), "required at #/0");
@@ -252,9 +259,31 @@ TEST(Schemas, OfAnswersOfElementsAndNotes) {
     for (const char* prefix : {"SR", "RM", "AP", "OS", "FFN", "ST", "RC", "PPR"}) {
         expectValid(schema, {"elements", prefix, "--index", "1", everyFamily});
     }
+    for (const char* prefix : {"NM", "ALL", "PPR", "PHI", "PAS"}) {
+        expectValid(schema, {"elements", prefix, "--positions", everyFamily});
+    }
     expectValid(schema, {"notes", everyFamily});
+    expectValid(schema, {"notes", "--positions", everyFamily});
     EXPECT_EQ(schema.faultOf(R"({"strKeyElement":[]})"), "type at #/strKeyElement");
     EXPECT_EQ(schema.faultOf(R"({"strKeyElements":""})"), "additionalProperties at #/strKeyElements");
+}
+
+TEST(Schemas, OfAnExplanation) {
+    const Schema schema("explain");
+    for (const std::string& file : sampleFiles()) {
+        for (const char* what : {"profile", "NM", "PHI", "SR", "ALL", "ProfileNotes"}) {
+            expectValid(schema, {"explain", what, "--json", file});
+        }
+    }
+    expectValid(schema, {"explain", "CPXTrans", "--json"}, "PX3\nPROFILE WILL BE DEACTIVATED\n");
+    expectValid(schema, {"explain", "CPXTrans", "--json"}, "");
+    expectValid(schema, {"explain", "CRLPTrans", "--json", "strKeyIndex=9"}, "RLP\nT/ABC123 /P1\n");
+    expectValid(schema, {"explain", "CRLPTrans", "--rows", "--json"}, "RLP\nT/ABC123 /P1\n");
+    const std::string empty = R"("call":"x","screen":[],"values":[],"steps":[],"lookAlikes":[])";
+    EXPECT_EQ(schema.faultOf(R"({"source":{"file":"-"},)" + empty + "}"), "");
+    EXPECT_EQ(schema.faultOf("{" + empty + "}"), "required at #");
+    EXPECT_EQ(schema.faultOf(R"({"source":{"file":"-"},"colour":1,)" + empty + "}"),
+              "additionalProperties at #/colour");
 }
 
 TEST(Schemas, OfTheClasses) {
