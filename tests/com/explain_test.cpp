@@ -112,7 +112,7 @@ TEST_P(ExplainedExchange, SaysWhatTheLinkedLibrarySays) {
     Both both;
     for (const ExchangeStep& step : readExchange(GetParam())) {
         SCOPED_TRACE("line " + std::to_string(step.line));
-        const auto given = [&] { return step.params ? collection(*step.params) : nullptr; };
+        const auto given = [&] { return collectionOf(step.params); };
         if (step.command || step.commandRaises) {
             both.explain(step.className, [&](ProfileObject& object) { object.profileTrans()->CreateCommand(given()); });
         }

@@ -31,7 +31,7 @@ void forEachStep(const Visitor& visit) {
         std::optional<Entries> previous;
         for (const ExchangeStep& step : readExchange(file)) {
             SCOPED_TRACE(file.stem().string() + ", step on line " + std::to_string(step.line));
-            const std::optional<Entries> state = step.statePrevious ? previous : step.params;
+            const std::optional<Entries> state = step.statePrevious ? previous : entriesOf(step.params);
             visit(step, state);
             if (step.screen)
                 previous =
@@ -45,7 +45,7 @@ bool readsLists(TextView className) { return !findClass(className)->description.
 TEST(ObservedSamples, HaveTheOutcomeOfOthers) {
     forEachStep([](const ExchangeStep& step, const std::optional<Entries>& state) {
         if (step.command || step.commandRaises) {
-            EXPECT_EQ(wrongInCommand(step.className, step.params), "");
+            EXPECT_EQ(wrongInCommand(step.className, entriesOf(step.params)), "");
         }
         if (!step.screen) return;
         EXPECT_EQ(wrongInReading(step.className, *step.screen, state), "");
