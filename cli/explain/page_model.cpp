@@ -1,0 +1,171 @@
+#include "cli/explain/page_model.h"
+
+#include <algorithm>
+#include <string>
+#include <utility>
+
+namespace vantro {
+
+namespace {
+
+Text decimalText(int number) {
+    const std::string digits = std::to_string(number);
+    return {digits.begin(), digits.end()};
+}
+
+Text textOf(const ItemValue& value) {
+    if (const bool* flag = std::get_if<bool>(&value)) return *flag ? u"True" : u"False";
+    if (const std::int16_t* number = std::get_if<std::int16_t>(&value)) return decimalText(*number);
+    if (const Text* text = std::get_if<Text>(&value)) return *text;
+    const std::size_t entries = std::get<TextList>(value).size();
+    return decimalText(static_cast<int>(entries)) + (entries == 1 ? u" entry" : u" entries");
+}
+
+bool isValue(StepKind kind) {
+    return kind == StepKind::ValueRead || kind == StepKind::KeyAdded || kind == StepKind::EntryAdded;
+}
+
+bool samePieces(const std::vector<KeptPiece>& a, const std::vector<KeptPiece>& b) {
+    return std::ranges::equal(a, b, [](const KeptPiece& one, const KeptPiece& other) {
+        return one.place == other.place && one.text == other.text;
+    });
+}
+
+/// Builds the model from the steps, one after the other.
+class Builder {
+public:
+    Builder(const Explanation& explanation, const ClassRow* row) : row_(row) {
+        model_.screen = explanation.screen();
+        for (const KeptStep& step : explanation.steps()) add(step);
+        for (const LookAlike& found : lookAlikes(explanation)) model_.lookAlikes.push_back({found, sentenceOf(found)});
+        dropEmptyCalls();
+    }
+
+    PageModel take() { return std::move(model_); }
+
+private:
+    void add(const KeptStep& step) {
+        switch (step.kind) {
+            case StepKind::CallBegins:
+            case StepKind::QueryBegins: begin(step); return;
+            case StepKind::CallEnds:
+            case StepKind::QueryEnds: end(step); return;
+            default: break;
+        }
+        if (isValue(step.kind)) {
+            addValue(step);
+        } else {
+            addDecision(step);
+        }
+    }
+
+    void begin(const KeptStep& step) {
+        open_.push_back(model_.groups.size());
+        model_.groups.push_back(
+            {.name = step.name, .meaning = step.kind == StepKind::QueryBegins ? queryMeaning(step) : Text()});
+        isCall_.push_back(step.kind == StepKind::CallBegins);
+    }
+
+    void end(const KeptStep& step) {
+        if (open_.empty()) return;
+        if (step.error) current().error = step.error;
+        open_.pop_back();
+    }
+
+    PageGroup& current() {
+        if (open_.empty()) begin({});
+        return model_.groups[open_.back()];
+    }
+
+    Text queryMeaning(const KeptStep& step) const {
+        for (const QueryFacts& query : profileQueries()) {
+            if (query.word == step.name) return Text(query.meaning);
+        }
+        return meaningOf(step, row_);
+    }
+
+    void addValue(const KeptStep& step) {
+        PageGroup& group = current();
+        const Text text = step.value ? textOf(*step.value) : step.text;
+        if (step.isPlaced()) {
+            for (const std::size_t other : group.values) {
+                PageValue& known = model_.values[other];
+                if (known.text != text || !samePieces(known.pieces, step.pieces)) continue;
+                if (std::ranges::find(known.names, step.name) == known.names.end()) known.names.push_back(step.name);
+                return;
+            }
+        }
+        PageValue value{.names = {step.name}, .index = step.index, .group = open_.back(), .text = text};
+        value.meaning = meaningOf(step, row_);
+        value.pieces = step.pieces;
+        value.rule = ruleFor(group, value);
+        group.values.push_back(model_.values.size());
+        model_.values.push_back(std::move(value));
+    }
+
+    static const ReadingRule* ruleFor(const PageGroup& group, const PageValue& value) {
+        const auto place = value.firstPlace();
+        if (!place) return nullptr;
+        for (auto decision = group.decisions.rbegin(); decision != group.decisions.rend(); ++decision) {
+            const KeptStep& step = decision->step;
+            if (step.rule != nullptr && step.line <= place->line && place->line <= step.lastLine) return step.rule;
+        }
+        return nullptr;
+    }
+
+    void addDecision(KeptStep step) {
+        PageGroup& group = current();
+        if (step.kind == StepKind::Reported && !group.error) group.error = step.error;
+        if (step.lastLine == noLine) step.lastLine = step.line;
+        if (continuesLast(group, step)) {
+            group.decisions.back().step.lastLine = step.line;
+            return;
+        }
+        PageDecision decision{.step = step, .meaning = meaningOf(step, row_)};
+        if (decision.meaning == group.meaning) decision.meaning.clear();
+        // The page shows lines and family beside the sentence.
+        step.line = step.lastLine = noLine;
+        step.family.reset();
+        decision.sentence = sentenceOf(step);
+        group.decisions.push_back(std::move(decision));
+    }
+
+    static bool continuesLast(const PageGroup& group, const KeptStep& step) {
+        if (step.kind != StepKind::Decided || step.line == noLine || group.decisions.empty()) return false;
+        const KeptStep& last = group.decisions.back().step;
+        return last.kind == step.kind && last.rule == step.rule && last.family == step.family &&
+               last.lastLine + 1 == step.line;
+    }
+
+    // A call whose steps are all in its queries says nothing of its own, unless it failed.
+    void dropEmptyCalls() {
+        std::vector<std::size_t> moved(model_.groups.size());
+        std::vector<PageGroup> kept;
+        for (std::size_t at = 0; at < model_.groups.size(); ++at) {
+            PageGroup& group = model_.groups[at];
+            const bool saysNothing = group.decisions.empty() && group.values.empty() && !group.error;
+            moved[at] = kept.size();
+            if (!isCall_[at] || !saysNothing) kept.push_back(std::move(group));
+        }
+        for (PageValue& value : model_.values) value.group = moved[value.group];
+        model_.groups = std::move(kept);
+    }
+
+    const ClassRow* row_;
+    PageModel model_;
+    std::vector<std::size_t> open_;  // the groups that have begun and not ended
+    std::vector<bool> isCall_;       // by group
+};
+
+}  // namespace
+
+std::optional<Place> PageValue::firstPlace() const {
+    for (const KeptPiece& piece : pieces) {
+        if (piece.place) return piece.place;
+    }
+    return std::nullopt;
+}
+
+PageModel pageModel(const Explanation& explanation, const ClassRow* row) { return Builder(explanation, row).take(); }
+
+}  // namespace vantro
