@@ -37,6 +37,7 @@ main() {
     count_closing_line "hardening" bash scripts/check-hardening.sh
     count_closing_line "COM server, 32-bit, and the same bytes twice" bash scripts/test-com.sh x86 again
     tail -n 3 "$log" | sed 's/^/          /'
+    count_closing_line "pages in a browser" bash scripts/test-browser.sh
     check "fuzz targets" bash scripts/fuzz.sh --seconds-each 10
     check "sample of mutations" bash scripts/mutate.sh 60 1 --at-least 95
     tail -n 1 "$log" | sed 's/^/          /'

@@ -165,6 +165,8 @@ our_sources() {
     exports_packages=("${tool_packages[@]}" binutils g++-mingw-w64-x86-64-posix)
     test_packages=("${tool_packages[@]}" libgtest-dev libgmock-dev pkg-config "${com_x64_packages[@]}")
     arm64_packages=("${tool_packages[@]}" googletest g++-aarch64-linux-gnu qemu-user)
+    browser_packages=("${tool_packages[@]}" libgtest-dev libgmock-dev chromium chromium-driver fonts-dejavu-core
+        python3 python3-selenium)
     check_packages=("${test_packages[@]}" "${com_x86_packages[@]}" "${exports_packages[@]}" "${arm64_packages[@]}"
-        clang clang-format clang-tidy libclang-rt-dev lld git python3 shellcheck util-linux)
+        "${browser_packages[@]}" clang clang-format clang-tidy libclang-rt-dev lld git python3 shellcheck util-linux)
 }

@@ -56,7 +56,10 @@ void writeSegment(const ScreenSegment& segment, HtmlOut& html) {
     if (segment.isLookAlike) html.markup(" tag");
     html.markup("\"");
     if (!segment.values.empty()) {
-        html.markup(" role=\"button\" tabindex=\"-1\" aria-pressed=\"false\" data-values=\"");
+        // A blank between two parts is nothing to stop at.
+        const bool isBlank = segment.text.find_first_not_of(u' ') == TextView::npos;
+        if (!isBlank) html.markup(" role=\"button\" tabindex=\"-1\" aria-pressed=\"false\"");
+        html.markup(" data-values=\"");
         std::string_view separator;
         for (const std::size_t value : segment.values) {
             html.markup(separator).number(asNumber(value));
@@ -112,7 +115,8 @@ the selection.</p>
 
 void writePlace(const Place& place, HtmlOut& html) {
     const int last = place.column + place.length - 1;
-    html.markup("line ").number(place.line).markup(", column ").number(place.column);
+    html.markup("line ").number(place.line).markup(last > place.column ? ", columns " : ", column ");
+    html.number(place.column);
     if (last > place.column) html.markup("&#8211;").number(last);
 }
 

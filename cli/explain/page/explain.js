@@ -13,7 +13,7 @@ for (const segment of document.querySelectorAll("[data-values]")) {
 }
 
 // What the screen can focus, by line: its number, then its values.
-const rows = lines.map((line) => Array.from(line.querySelectorAll(".number, [data-values]")));
+const rows = lines.map((line) => Array.from(line.querySelectorAll(".number, [role=button]")));
 
 // Small helpers
 
@@ -35,7 +35,8 @@ function visible(text) {
 
 function columnsOf(piece) {
     const last = piece.column + piece.length - 1;
-    return "line " + piece.line + ", column " + piece.column + (last > piece.column ? "\u2013" + last : "");
+    const columns = last > piece.column ? ", columns " + piece.column + "\u2013" + last : ", column " + last;
+    return "line " + piece.line + columns;
 }
 
 function isPlaced(piece) {
@@ -196,11 +197,13 @@ function valueCard(number) {
     add("Meaning", value.meaning === group.meaning ? "" : value.meaning);
     add("Rule", value.rule);
     addPieces(value.pieces, add);
-    const link = element("a", "in the list", { href: "#value-" + number });
-    const last = element("dd", "");
-    last.append(link);
-    list.append(element("dt", "Also"), last);
-    return [element("h3", visible(value.text)), list];
+    return [element("h3", visible(value.text)), list, linkTo("#value-" + number)];
+}
+
+function linkTo(target) {
+    const paragraph = element("p", "", { class: "to-list" });
+    paragraph.append(element("a", "Show in the list", { href: target }));
+    return paragraph;
 }
 
 function addPieces(pieces, add) {
@@ -218,11 +221,8 @@ function decisionCard(number) {
     const decision = data.decisions[number];
     const group = data.groups[decision.group];
     const entry = document.getElementById("decision-" + number);
-    const list = document.createElement("ul");
-    const item = document.createElement("li");
-    item.append(element("a", "in the list", { href: "#decision-" + number }));
-    list.append(element("li", "Of " + group.name + (group.meaning ? ": " + group.meaning : "")), item);
-    return [element("p", entry.textContent.trim()), list];
+    const by = element("p", "Read by " + group.name + (group.meaning ? ": " + group.meaning : ""), { class: "note" });
+    return [element("p", entry.textContent.trim()), by, linkTo("#decision-" + number)];
 }
 
 function lineCard(selection) {
@@ -256,11 +256,8 @@ function selectionOf(target) {
 
 function choose(selection) {
     keep(selection);
-    if (box && box.contains(selection.from)) {
-        scrollLists(selection);
-    } else {
-        scrollScreen(selection);
-    }
+    if (box && box.contains(selection.from)) scrollLists(selection);
+    scrollScreen(selection);
 }
 
 function release() {
@@ -285,12 +282,20 @@ document.addEventListener("click", (event) => {
     focused.focus({ preventScroll: true });
 });
 
-for (const name of ["mouseover", "focusin"]) {
-    document.addEventListener(name, (event) => {
-        if (panel.contains(event.target)) return;
-        show(selectionOf(event.target) || kept);
-    });
+function preview(event) {
+    if (!panel.contains(event.target)) show(selectionOf(event.target) || kept);
 }
+
+// When the page scrolls below a pointer that stays where it is, nobody points at anything.
+let pointer = "";
+document.addEventListener("mouseover", (event) => {
+    const moved = event.clientX + " " + event.clientY;
+    if (moved !== pointer) preview(event);
+});
+for (const name of ["mousemove", "click"]) {
+    document.addEventListener(name, (event) => { pointer = event.clientX + " " + event.clientY; }, { capture: true });
+}
+document.addEventListener("focusin", preview);
 
 document.addEventListener("keydown", (event) => {
     if (event.key === "Escape") release();
@@ -349,11 +354,13 @@ if (box) box.addEventListener("keydown", screenKey);
 
 let folded = [];
 window.addEventListener("beforeprint", () => {
-    folded = Array.from(document.querySelectorAll("details:not([open])"));
-    for (const details of folded) details.open = true;
+    const unfolded = Array.from(document.querySelectorAll("details:not([open])"));
+    for (const details of unfolded) details.open = true;
+    folded = folded.concat(unfolded);
 });
 window.addEventListener("afterprint", () => {
     for (const details of folded) details.open = false;
+    folded = [];
 });
 
 show(null);
