@@ -3,6 +3,7 @@
 
 #include "vantro/text.h"
 
+#include <concepts>
 #include <cstddef>
 #include <string>
 #include <string_view>
@@ -21,7 +22,12 @@ public:
         out_ += html;
         return *this;
     }
-    HtmlOut& number(std::ptrdiff_t value) { return markup(std::to_string(value)); }
+    HtmlOut& number(std::integral auto value) { return markup(std::to_string(value)); }
+
+    /// "1 line", "2 lines"
+    HtmlOut& count(std::size_t value, std::string_view one, std::string_view many) {
+        return number(value).markup(" ").markup(value == 1 ? one : many);
+    }
 
     /// Escapes what HTML reads as markup. A character that is not visible or changes the direction of writing becomes a
     /// visible one, so that columns and order stay those of the host.

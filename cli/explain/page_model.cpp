@@ -38,6 +38,7 @@ public:
         model_.screen = explanation.screen();
         for (const KeptStep& step : explanation.steps()) add(step);
         for (const LookAlike& found : lookAlikes(explanation)) model_.lookAlikes.push_back({found, sentenceOf(found)});
+        describeDecisions();
         dropEmptyCalls();
     }
 
@@ -85,6 +86,8 @@ private:
     }
 
     void addValue(const KeptStep& step) {
+        // Most lists begin with an empty entry, so that element k has index k.
+        if (step.kind == StepKind::EntryAdded && step.index == 0 && step.text.empty()) return;
         PageGroup& group = current();
         const Text text = step.value ? textOf(*step.value) : step.text;
         if (step.isPlaced()) {
@@ -123,11 +126,23 @@ private:
         }
         PageDecision decision{.step = step, .meaning = meaningOf(step, row_)};
         if (decision.meaning == group.meaning) decision.meaning.clear();
-        // The page shows lines and family beside the sentence.
-        step.line = step.lastLine = noLine;
-        step.family.reset();
-        decision.sentence = sentenceOf(step);
         group.decisions.push_back(std::move(decision));
+    }
+
+    void describeDecisions() {
+        for (PageGroup& group : model_.groups) {
+            for (PageDecision& decision : group.decisions) describe(decision, group);
+        }
+    }
+
+    static void describe(PageDecision& decision, const PageGroup& group) {
+        KeptStep step = decision.step;
+        if (step.family && factsOf(*step.family).word == group.name) step.family.reset();  // the heading says it
+        decision.sentence = sentenceOf(step);
+        const std::size_t colon = decision.sentence.find(u": ");
+        if (!decision.sentence.starts_with(u"line") || colon == Text::npos) return;
+        decision.lines = decision.sentence.substr(0, colon);
+        decision.sentence.erase(0, colon + 2);
     }
 
     static bool continuesLast(const PageGroup& group, const KeptStep& step) {

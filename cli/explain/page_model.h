@@ -26,7 +26,8 @@ struct PageValue {
 /// A decision, a search or a failure. Equal decisions about lines that follow each other are one.
 struct PageDecision {
     KeptStep step = {};
-    Text sentence = {};  ///< without its lines
+    Text lines = {};     ///< the beginning of its sentence: "lines 3 to 5"; empty if it is about no lines
+    Text sentence = {};  ///< what follows
     Text meaning = {};   ///< empty if its group has the same one
 };
 

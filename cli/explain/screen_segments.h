@@ -23,6 +23,9 @@ struct ScreenLine {
     bool isBlank = true;
     bool isRead = false;  ///< a value or a mark was found in it
     bool looksAlike = false;
+
+    /// Whether there is something in it, and nothing was read.
+    bool isUnread() const { return !isRead && !isBlank; }
 };
 
 /// The lines of the model's screen. The segments are views of it; a place outside the screen is ignored.

@@ -61,9 +61,11 @@ Text brokenOff() {
 // Characters that a page must not take for markup, that are invisible, or that turn the line around.
 Text hostile() {
     Text display = joinLines(
-        u"PDR/ABC123\n------- PRIORITY\n   1 PPR/ </script><script>window.hacked = 1</script>\n"
-        u"   2 PPR/ <!--<img src=x onerror=\"window.hacked=1\">'&amp;&#38;\n   3 PPR/ \u2028\u2029\u202E\u200FOLLEH "
-        u"\u0001\u001F\u007F\u0085\n   4 PPR/ LONE ?\n------- PROFILE NOTES\nEND OF DISPLAY\n").screen;
+                       u"PDR/ABC123\n------- PRIORITY\n   1 PPR/ </script><script>window.hacked = 1</script>\n"
+                       u"   2 PPR/ <!--<img src=x onerror=\"window.hacked=1\">'&amp;&#38;\n   3 PPR/ "
+                       u"\u2028\u2029\u202E\u200FOLLEH "
+                       u"\u0001\u001F\u007F\u0085\n   4 PPR/ LONE ?\n------- PROFILE NOTES\nEND OF DISPLAY\n")
+                       .screen;
     display[display.find(u'?')] = char16_t{0xD83D};
     return display;
 }

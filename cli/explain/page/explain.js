@@ -230,6 +230,10 @@ function lineCard(selection) {
     const isUnread = range(selection.first, selection.last).every((line) => lines[line].classList.contains("unread"));
     const parts = [];
     if (isUnread) parts.push(element("p", "Nothing was read from it."));
+    for (const alike of document.querySelectorAll("#look-alikes [data-line]")) {
+        const line = Number(alike.dataset.line);
+        if (selection.first <= line && line <= selection.last) parts.push(element("p", alike.textContent));
+    }
     if (about.length === 0) return [...parts, element("p", "No reader decided about it.")];
     const list = document.createElement("ul");
     for (const number of about) {
