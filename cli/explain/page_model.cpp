@@ -1,6 +1,7 @@
 #include "cli/explain/page_model.h"
 
 #include <algorithm>
+#include <ranges>
 #include <string>
 #include <utility>
 
@@ -109,8 +110,8 @@ private:
     static const ReadingRule* ruleFor(const PageGroup& group, const PageValue& value) {
         const auto place = value.firstPlace();
         if (!place) return nullptr;
-        for (auto decision = group.decisions.rbegin(); decision != group.decisions.rend(); ++decision) {
-            const KeptStep& step = decision->step;
+        for (const PageDecision& decision : std::views::reverse(group.decisions)) {
+            const KeptStep& step = decision.step;
             if (step.rule != nullptr && step.line <= place->line && place->line <= step.lastLine) return step.rule;
         }
         return nullptr;
