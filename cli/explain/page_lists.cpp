@@ -128,9 +128,10 @@ void writeDecision(const PageDecision& decision, std::size_t number, HtmlOut& ht
     } else {
         html.markup("<span class=\"step\">");
     }
-    if (!decision.lines.empty()) html.markup("<span class=\"lines-of\">").text(decision.lines).markup("</span> ");
+    if (!decision.lines.empty()) html.markup("<span class=\"lines-of\">").text(decision.lines).markup("</span>: ");
     html.markup("<span>").text(decision.sentence).markup("</span>");
-    if (!decision.meaning.empty()) html.markup(" <span class=\"meaning\">").text(decision.meaning).markup("</span>");
+    if (!decision.meaning.empty())
+        html.markup(" <span class=\"meaning\">&#8212; ").text(decision.meaning).markup("</span>");
     html.markup(line != noLine ? "</a></li>\n" : "</span></li>\n");
 }
 

@@ -1,7 +1,10 @@
 #include "cli/explain/page_model.h"
 
 #include <algorithm>
+#include <map>
+#include <ranges>
 #include <string>
+#include <tuple>
 #include <utility>
 
 namespace vantro {
@@ -29,6 +32,13 @@ bool samePieces(const std::vector<KeptPiece>& a, const std::vector<KeptPiece>& b
     return std::ranges::equal(a, b, [](const KeptPiece& one, const KeptPiece& other) {
         return one.place == other.place && one.text == other.text;
     });
+}
+
+std::optional<Place> firstPlaceOf(const std::vector<KeptPiece>& pieces) {
+    for (const KeptPiece& piece : pieces) {
+        if (piece.place) return piece.place;
+    }
+    return std::nullopt;
 }
 
 /// Builds the model from the steps, one after the other.
@@ -90,27 +100,38 @@ private:
         if (step.kind == StepKind::EntryAdded && step.index == 0 && step.text.empty()) return;
         PageGroup& group = current();
         const Text text = step.value ? textOf(*step.value) : step.text;
-        if (step.isPlaced()) {
-            for (const std::size_t other : group.values) {
-                PageValue& known = model_.values[other];
-                if (known.text != text || !samePieces(known.pieces, step.pieces)) continue;
-                if (std::ranges::find(known.names, step.name) == known.names.end()) known.names.push_back(step.name);
-                return;
-            }
+        if (PageValue* const known = sameValue(step)) {
+            if (std::ranges::find(known->names, step.name) == known->names.end()) known->names.push_back(step.name);
+            return;
         }
         PageValue value{.names = {step.name}, .index = step.index, .group = open_.back(), .text = text};
         value.meaning = meaningOf(step, row_);
         value.pieces = step.pieces;
         value.rule = ruleFor(group, value);
+        if (const auto place = value.firstPlace()) {
+            placed_.emplace(std::tuple(open_.back(), place->line, place->column), model_.values.size());
+        }
         group.values.push_back(model_.values.size());
         model_.values.push_back(std::move(value));
+    }
+
+    // The value of the same query that consists of the same characters; null for none.
+    PageValue* sameValue(const KeptStep& step) {
+        const auto place = firstPlaceOf(step.pieces);
+        if (!place) return nullptr;
+        const auto [first, end] = placed_.equal_range(std::tuple(open_.back(), place->line, place->column));
+        for (auto each = first; each != end; ++each) {
+            PageValue& known = model_.values[each->second];
+            if (samePieces(known.pieces, step.pieces)) return &known;
+        }
+        return nullptr;
     }
 
     static const ReadingRule* ruleFor(const PageGroup& group, const PageValue& value) {
         const auto place = value.firstPlace();
         if (!place) return nullptr;
-        for (auto decision = group.decisions.rbegin(); decision != group.decisions.rend(); ++decision) {
-            const KeptStep& step = decision->step;
+        for (const PageDecision& decision : std::views::reverse(group.decisions)) {
+            const KeptStep& step = decision.step;
             if (step.rule != nullptr && step.line <= place->line && place->line <= step.lastLine) return step.rule;
         }
         return nullptr;
@@ -170,16 +191,13 @@ private:
     PageModel model_;
     std::vector<std::size_t> open_;  // the groups that have begun and not ended
     std::vector<bool> isCall_;       // by group
+    std::multimap<std::tuple<std::size_t, std::int32_t, std::int32_t>, std::size_t>
+        placed_;  // by group and first place
 };
 
 }  // namespace
 
-std::optional<Place> PageValue::firstPlace() const {
-    for (const KeptPiece& piece : pieces) {
-        if (piece.place) return piece.place;
-    }
-    return std::nullopt;
-}
+std::optional<Place> PageValue::firstPlace() const { return firstPlaceOf(pieces); }
 
 PageModel pageModel(const Explanation& explanation, const ClassRow* row) { return Builder(explanation, row).take(); }
 

@@ -235,14 +235,16 @@ function lineCard(selection) {
         if (selection.first <= line && line <= selection.last) parts.push(element("p", alike.textContent));
     }
     if (about.length === 0) return [...parts, element("p", "No reader decided about it.")];
+    // Many queries decide the same about a line: one sentence, and a link to each.
     const list = document.createElement("ul");
+    const items = new Map();
     for (const number of about) {
-        const group = data.groups[data.decisions[number].group];
-        const entry = document.getElementById("decision-" + number);
-        const item = document.createElement("li");
-        item.append(element("a", group.name + ": " + entry.textContent.trim(), { href: "#decision-" + number }));
-        list.append(item);
+        const text = document.getElementById("decision-" + number).textContent.trim();
+        if (!items.has(text)) items.set(text, element("li", text + ":"));
+        const { name } = data.groups[data.decisions[number].group];
+        items.get(text).append(" ", element("a", visible(name), { href: "#decision-" + number }));
     }
+    list.append(...items.values());
     return [...parts, list];
 }
 
