@@ -78,13 +78,13 @@ std::string fieldsOf(const test::Entries& params) {
 std::vector<std::string> seedsOfExchanges() {
     std::vector<std::string> seeds;
     for (const fs::path& file : test::filesIn(root / "samples" / "exchanges", ".exchange")) {
-        for (const test::ExchangeStep& step : test::readExchange(file)) {
+        for (const ExchangeStep& step : test::readExchange(file)) {
             if (!step.screen) continue;
             const std::string lines = linesOf(*step.screen);
             // A continuation is a screen after the previous one.
             if (step.statePrevious && !seeds.empty()) seeds.push_back(seeds.back() + "\n\f\n" + lines);
             seeds.push_back(letter(numberOf(step.className)) + std::string(noEnd) +
-                            (step.params ? fieldsOf(*step.params) : "") + "\n" + lines);
+                            (step.params ? fieldsOf(test::entriesOf(*step.params)) : "") + "\n" + lines);
         }
     }
     return seeds;

@@ -256,6 +256,8 @@ private:
     void addCommand();
     void addVerify();
     void addIdentify();
+    void addReplay();
+    void addRecord();
     void addBatch();
     void addParse();
     void addElements();
@@ -272,6 +274,8 @@ private:
     CommandOptions command_;
     VerifyOptions verify_;
     IdentifyOptions identify_;
+    ReplayOptions replay_;
+    RecordOptions record_;
     BatchOptions batch_;
     ParseOptions parse_;
     ElementsOptions elements_;
@@ -291,6 +295,8 @@ CommandLine::CommandLine() {
     addCommand();
     addVerify();
     addIdentify();
+    addReplay();
+    addRecord();
     addBatch();
     addParse();
     addElements();
@@ -392,6 +398,36 @@ void CommandLine::addIdentify() {
     addWarnings(command, identify_.strict, identify_.quiet);
     command.footer(help::identify);
     command.callback([this] { status_ = runIdentify(identify_); });
+}
+
+void CommandLine::addReplay() {
+    CLI::App& command =
+        *tool_.add_subcommand("replay", "Run sample exchanges and displays, and compare what comes out");
+    command.add_option("FILE", replay_.paths, "Exchanges, displays with their expectations, and folders of them")
+        ->required()
+        ->type_name("");
+    command.add_flag("--accept", replay_.accept, "Rewrite the expectations of cases that fail to what came");
+    command.add_option("--junit", replay_.junitFile, "Write the results to a file as JUnit XML")->type_name("FILE");
+    command.add_flag("--json", replay_.json, "Print one JSON object per case");
+    command.add_flag("-q,--quiet", replay_.quiet, "Print nothing about cases that pass");
+    command.footer(help::replay);
+    command.callback([this] { status_ = runReplay(replay_); });
+}
+
+void CommandLine::addRecord() {
+    CLI::App& command = *tool_.add_subcommand("record", "Make sample exchanges of commands and screens");
+    command
+        .add_option("FILE", record_.file,
+                    "Log of a terminal, or steps as one JSON object per line (default: standard\ninput)")
+        ->type_name("");
+    command.add_option("-o,--output", record_.output, "File for the exchange (default: standard output)")
+        ->type_name("FILE");
+    command.add_flag("--force", record_.force, "Overwrite an existing file");
+    addEncoding(command, record_.encoding);
+    addMaxLine(command, record_.maxLine);
+    addWarnings(command, record_.strict, record_.quiet);
+    command.footer(help::record);
+    command.callback([this] { status_ = runRecord(record_); });
 }
 
 void CommandLine::addBatch() {

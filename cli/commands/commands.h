@@ -54,6 +54,24 @@ struct IdentifyOptions {
     std::size_t maxLine = defaultMaxLine;
 };
 
+struct ReplayOptions {
+    std::vector<std::string> paths;  ///< files and folders
+    bool accept = false;             ///< rewrites the expectations of cases that fail
+    std::string junitFile;           ///< "" for none
+    bool json = false;
+    bool quiet = false;  ///< prints nothing about cases that pass
+};
+
+struct RecordOptions {
+    std::string file;    ///< "" for standard input
+    std::string output;  ///< "" for standard output
+    bool force = false;  ///< overwrites an existing file
+    Encoding encoding = Encoding::ByMark;
+    bool strict = false;
+    bool quiet = false;
+    std::size_t maxLine = defaultMaxLine;
+};
+
 struct ParseOptions {
     std::vector<std::string> files;      ///< files and folders; empty for standard input
     std::vector<std::string> fileLists;  ///< files with the names of further ones
@@ -93,6 +111,8 @@ int runClasses(const ClassesOptions& options);
 int runCommand(const CommandOptions& options);
 int runVerify(const VerifyOptions& options);
 int runIdentify(const IdentifyOptions& options);
+int runReplay(const ReplayOptions& options);
+int runRecord(const RecordOptions& options);
 int runParse(ParseOptions options);
 int runElements(const ElementsOptions& options);
 int runNotes(const NotesOptions& options);

@@ -75,6 +75,43 @@ inline constexpr auto identify =
     "  vantro-profile identify --table captures\n"
     "  vantro-profile identify --json < screen.txt";
 
+inline constexpr auto replay =
+    "Cases are sample exchanges (NAME.exchange) and profile displays with what is expected of them as JSON: NAME.txt\n"
+    "with NAME.json beside it, or profiles/NAME.txt with expected/NAME.json. In a folder, all of them are run.\n"
+    "For each difference the report says what was expected, what came, and which lines of the screen it concerns;\n"
+    "they count from 0, and a ruler counts their columns.\n"
+    "--accept prints the same, and rewrites what was expected; every other byte of the file stays. Look at the\n"
+    "differences first: what came may be wrong.\n"
+    "JSON is one object per case: \"file\", \"expectation\", \"status\" (ok, failed, accepted or error), "
+    "\"differences\" and\n"
+    "\"error\".\n"
+    "Exit status: 0 every case passed or was accepted, 1 a case failed, 2 bad usage, or a file that cannot be read or\n"
+    "is broken (the other cases are run all the same).\n"
+    "\n"
+    "Examples:\n"
+    "  vantro-profile replay samples\n"
+    "  vantro-profile replay --junit results.xml samples/exchanges\n"
+    "  vantro-profile replay --accept samples/exchanges/pdn_paging.exchange";
+
+inline constexpr auto record =
+    "A log is the text of a terminal's window: a line of > and a command, or the command as the host repeats it, and\n"
+    "the screen below it, up to the next command. The class is recognised by the command and by the marks on the\n"
+    "screen. Of a log only the screens are known, and the parameters of commands that need none.\n"
+    "JSON has a step per line: \"class\", \"params\" and \"screen\" (or \"response\") as in requests of batch, "
+    "\"state\":\n"
+    "\"previous\" to read the screen with the results of the step before. Without \"call\", a step with \"params\" "
+    "builds a\n"
+    "command; without \"class\", it is recognised by the screen. A file of batch requests can be recorded as it is.\n"
+    "The results are what the program reads: a person must check them. What cannot be a step becomes a comment, with\n"
+    "a warning.\n"
+    "Exit status: 0 done, 1 no step was recorded, 2 bad usage, or the file exists, 5 with --strict: there were\n"
+    "warnings.\n"
+    "\n"
+    "Examples:\n"
+    "  vantro-profile record terminal.log > conversation.exchange\n"
+    "  vantro-profile record requests.jsonl --output conversation.exchange\n"
+    "  vantro-profile replay conversation.exchange";
+
 inline constexpr auto batch =
     "Every line gets one response line; a line that is no request, or is longer than --max-line, gets an error,\n"
     "and the next one is read. After an interrupt, the response that is being written is completed.\n"

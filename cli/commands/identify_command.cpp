@@ -1,5 +1,5 @@
+#include "cli/classes/identify.h"
 #include "cli/commands/commands.h"
-#include "cli/commands/identify.h"
 #include "cli/commands/results_view.h"
 #include "cli/commands/table.h"
 #include "cli/io/failure.h"

@@ -20,7 +20,7 @@ public:
         Owned<vantro_object>& object = objects_[step.className];
         if (!object) object = cObject(step.className);
         std::vector<int> reported;
-        Owned<vantro_collection> params = step.params ? cCollection(*step.params) : nullptr;
+        Owned<vantro_collection> params = step.params ? cCollection(entriesOf(*step.params)) : nullptr;
         if (step.command || step.commandRaises) {
             checkCommand(step, *object, params.get());
             addReported(*object, reported);
@@ -56,7 +56,7 @@ private:
     }
 
     void checkScreen(const ExchangeStep& step, vantro_object& object, Owned<vantro_collection> params) {
-        using Kind = ExpectedResults::Kind;
+        using Kind = ExchangeResults::Kind;
         vantro_collection* const state = step.statePrevious ? previous_.get() : params.get();
         vantro_collection* made = nullptr;
         const int expected = step.results->kind == Kind::Raised ? step.results->raised : 0;
@@ -64,7 +64,7 @@ private:
         Owned<vantro_collection> results(made);
         ASSERT_EQ(results != nullptr, step.results->kind == Kind::Collection);
         if (!results) return;
-        EXPECT_EQ(entriesOf(made), step.results->entries);
+        EXPECT_EQ(entriesOf(made), entriesOf(step.results->entries));
         previous_ = std::move(results);
     }
 

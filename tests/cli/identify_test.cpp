@@ -1,5 +1,5 @@
 // Which class reads a screen.
-#include "cli/commands/identify.h"
+#include "cli/classes/identify.h"
 
 #include "cli/classes/screen_marks.h"
 #include "cli/io/utf.h"
@@ -133,7 +133,7 @@ TEST(Recognised, IsWhatAClassSaysAboutItsSamples) {
         for (const ExchangeStep& step : readExchange(file)) {
             if (!step.screen || !step.results) continue;
             const ClassRow& row = *findClass(step.className);
-            const auto results = collection(step.results->entries);
+            const auto results = collection(entriesOf(step.results->entries));
             if (step.statePrevious || flagsOf(results).empty()) continue;  // a flag may be that of the state
             EXPECT_TRUE(isRecognised(row, *step.screen, results)) << file;
         }

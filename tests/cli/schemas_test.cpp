@@ -2,6 +2,7 @@
 #include "cli/commands/rows_view.h"
 #include "cli/io/utf.h"
 #include "tests/cli/process.h"
+#include "tests/cli/temporary_folder.h"
 #include "vantro/registry.h"
 
 #include <gtest/gtest.h>
@@ -96,7 +97,7 @@ TEST(Schemas, AreVersionedAndUseOnlyKeywordsThatAreTested) {
     const std::set<std::string> known{
         "$schema",    "$id",      "title",   "description", "definitions", "$ref",  "type",  "enum",
         "properties", "required", "minimum", "maximum",     "items",       "anyOf", "oneOf", "additionalProperties"};
-    EXPECT_EQ(filesIn(root / "schemas").size(), 8U);
+    EXPECT_EQ(filesIn(root / "schemas").size(), 9U);
     for (const fs::path& file : filesIn(root / "schemas")) {
         SCOPED_TRACE(file);
         const rapidjson::Document schema = parsed(contentOf(file));
@@ -223,6 +224,24 @@ TEST(Schemas, OfTheClassesThatReadAScreen) {
     EXPECT_EQ(fault(reason + R"(,"column":1)"), "additionalProperties at #/candidates/0/reasons/0/column");
     EXPECT_EQ(fault(R"("line":0,"mark":"PX3","meaning":"x")"), "minimum at #/candidates/0/reasons/0/line");
     EXPECT_EQ(schema.faultOf(R"({"candidates":[]})"), "required at #");
+}
+
+TEST(Schemas, OfCasesOfReplay) {
+    const Schema schema("replay-case");
+    expectValid(schema, {"replay", "--json", (root / "samples").string()});
+    const TemporaryFolder folder;
+    folder.write("a.exchange", "== CPXTrans\nscreen:\n|WILL BE DEACTIVATED|\nresults:\n  \"blnKeyResponseOK\": 1\n");
+    folder.write("b.exchange", "junk");
+    expectValid(schema, {"replay", "--json", folder.path()});
+    expectValid(schema, {"replay", "--json", "--accept", folder.path()});
+    const auto fault = [&](const std::string& more) {
+        return schema.faultOf(R"({"file":"a","expectation":"a","status":"failed","differences":[)" + more + "]}");
+    };
+    const std::string difference = R"("line":1,"where":"a","expected":"","actual":"")";
+    EXPECT_EQ(fault("{" + difference + R"(,"screenLines":[0]})"), "");
+    EXPECT_EQ(fault("{" + difference + "}"), "required at #/differences/0");
+    EXPECT_EQ(fault("{" + difference + R"(,"screenLines":[-1]})"), "minimum at #/differences/0/screenLines/0");
+    EXPECT_EQ(schema.faultOf(R"({"file":"a","expectation":"a","status":"bad","differences":[]})"), "enum at #/status");
 }
 
 TEST(Schemas, OfAnswersOfElementsAndNotes) {

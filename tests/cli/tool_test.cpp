@@ -22,8 +22,8 @@ void expectComplaint(const Finished& run, int status, const std::string& words) 
 }
 
 TEST(Tool, HelpOnEveryLevelHasAnExample) {
-    for (const char* command :
-         {"", "classes", "describe", "command", "verify", "identify", "batch", "parse", "elements", "notes"}) {
+    for (const char* command : {"", "classes", "describe", "command", "verify", "identify", "replay", "record", "batch",
+                                "parse", "elements", "notes"}) {
         std::vector<std::string> arguments{"--help"};
         if (*command != '\0') arguments.insert(arguments.begin(), command);
         const Finished run = runTool(arguments);

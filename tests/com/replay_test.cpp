@@ -56,7 +56,7 @@ public:
 
     void play(const ExchangeStep& step) {
         SCOPED_TRACE("line " + std::to_string(step.line));
-        const CollectionPtr params = step.params ? collection(*step.params) : nullptr;
+        const CollectionPtr params = collectionOf(step.params);
         playCommand(step, params);
         if (!step.screen) return;
         stage_.reported.clear();
@@ -80,15 +80,15 @@ private:
     }
 
     void playScreen(const ExchangeStep& step, const CollectionPtr& state) {
-        using Kind = ExpectedResults::Kind;
-        const ExpectedResults& expected = *step.results;
+        using Kind = ExchangeResults::Kind;
+        const ExchangeResults& expected = *step.results;
         try {
             const CollectionPtr results =
                 stage_.object(step.className).profileTrans()->VerifyResponse(*step.screen, state);
             ASSERT_NE(expected.kind, Kind::Raised) << "no error was raised";
             ASSERT_EQ(results != nullptr, expected.kind == Kind::Collection);
             if (!results) return;
-            EXPECT_EQ(entriesOf(results), expected.entries);
+            EXPECT_EQ(entriesOf(results), entriesOf(expected.entries));
             previous_ = results;
         } catch (const Error& error) {
             ASSERT_EQ(expected.kind, Kind::Raised) << error.what();

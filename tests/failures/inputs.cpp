@@ -56,21 +56,27 @@ std::vector<Input> exchangeInputs() {
         std::optional<Entries> previous;
         for (const ExchangeStep& step : readExchange(file)) {
             if (step.command) {
-                inputs.push_back(
-                    {nameOf(file, step, "command"), step.className, Operation::CreateCommand, {}, step.params, {}});
+                inputs.push_back({nameOf(file, step, "command"),
+                                  step.className,
+                                  Operation::CreateCommand,
+                                  {},
+                                  entriesOf(step.params),
+                                  {}});
             }
             if (!step.screen) continue;
             inputs.push_back({nameOf(file, step, "screen"),
                               step.className,
                               Operation::VerifyResponse,
                               {},
-                              step.statePrevious ? previous : step.params,
+                              step.statePrevious ? previous : entriesOf(step.params),
                               *step.screen});
             if (step.count) {
                 inputs.push_back(
                     {nameOf(file, step, "count"), step.className, Operation::Count, u"RecLocCount", {}, *step.screen});
             }
-            if (step.results->kind == ExpectedResults::Kind::Collection) previous = step.results->entries;
+            if (step.results->kind == ExchangeResults::Kind::Collection) {
+                previous = entriesOf(step.results->entries);
+            }
         }
     }
     return inputs;

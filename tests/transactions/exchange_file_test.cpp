@@ -24,18 +24,18 @@ TEST(ExchangeFile, IsReadSectionBySection) {
     EXPECT_EQ(steps[0].line, 3);
     EXPECT_EQ(steps[0].className, u"CPDRTrans");
     const Entries params{{u"strKeyRecLoc", u"KÅ"}, {u"a", TextList{u"", u"x"}}, {u"b", 7}};
-    EXPECT_EQ(steps[0].params, params);
+    EXPECT_EQ(entriesOf(steps[0].params), params);
     EXPECT_EQ(steps[0].command, u"PDR/K");
     EXPECT_EQ(steps[0].screen, Text(80, u' ') + u">");
-    EXPECT_EQ(steps[0].results->entries, (Entries{{u"c", true}}));
+    EXPECT_EQ(entriesOf(steps[0].results->entries), (Entries{{u"c", true}}));
     EXPECT_EQ(steps[0].reported, (std::vector<int>{6, 13}));
     EXPECT_EQ(steps[1].commandRaises, 91);
     EXPECT_EQ(steps[1].screen, Text());
     EXPECT_TRUE(steps[1].statePrevious);
     EXPECT_EQ(steps[1].count, 2);
-    EXPECT_EQ(steps[1].results->kind, ExpectedResults::Kind::NoCollection);
+    EXPECT_EQ(steps[1].results->kind, ExchangeResults::Kind::NoCollection);
     EXPECT_FALSE(steps[1].params);
-    EXPECT_EQ(steps[2].results->kind, ExpectedResults::Kind::Raised);
+    EXPECT_EQ(steps[2].results->kind, ExchangeResults::Kind::Raised);
     EXPECT_EQ(steps[2].results->raised, 5015);
 }
 

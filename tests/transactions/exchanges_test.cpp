@@ -29,7 +29,7 @@ public:
         SCOPED_TRACE("step on line " + std::to_string(step.line));
         ASSERT_NE(findClass(step.className), nullptr);
         DrivenClass& driven = objectOf(step.className);
-        const CollectionPtr params = step.params ? collection(*step.params) : nullptr;
+        const CollectionPtr params = collectionOf(step.params);
         checkCommand(step, driven, params);
         if (step.screen) checkScreen(step, driven, step.statePrevious ? previous_ : params);
         checkReported(step, driven);
@@ -54,7 +54,7 @@ private:
     }
 
     void checkScreen(const ExchangeStep& step, DrivenClass& driven, const CollectionPtr& state) {
-        using Kind = ExpectedResults::Kind;
+        using Kind = ExchangeResults::Kind;
         if (step.count) {
             EXPECT_EQ(driven.count(u"RecLocCount", *step.screen), *step.count);
         }
@@ -63,7 +63,7 @@ private:
             ASSERT_NE(step.results->kind, Kind::Raised);
             ASSERT_EQ(results != nullptr, step.results->kind == Kind::Collection);
             if (results == nullptr) return;
-            EXPECT_EQ(entriesOf(results), step.results->entries);
+            EXPECT_EQ(entriesOf(results), entriesOf(step.results->entries));
             previous_ = results;
         } catch (const Error& error) {
             ASSERT_EQ(step.results->kind, Kind::Raised) << "error " << error.number();

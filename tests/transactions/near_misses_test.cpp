@@ -60,10 +60,10 @@ std::vector<Sample> samples() {
         std::optional<Entries> previous;
         for (const ExchangeStep& step : readExchange(file)) {
             if (!step.screen) continue;
-            const auto& state = step.statePrevious ? previous : step.params;
+            const auto state = step.statePrevious ? previous : entriesOf(step.params);
             all.push_back(
                 {file.stem().string() + "_" + std::to_string(step.line), step.className, *step.screen, state});
-            if (step.results) previous = step.results->entries;
+            if (step.results) previous = entriesOf(step.results->entries);
         }
     }
     return all;

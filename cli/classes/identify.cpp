@@ -1,4 +1,4 @@
-#include "cli/commands/identify.h"
+#include "cli/classes/identify.h"
 
 #include "cli/classes/screen_marks.h"
 #include "cli/io/utf.h"
