@@ -40,3 +40,10 @@ show $tool verify CPDNTrans --table --screen build/demo-screen.txt
 echo
 echo "4. A whole profile display, split into its elements:"
 show $tool parse --table samples/profiles/traveller.txt
+
+conversation=samples/exchanges/conversation.exchange
+echo
+echo "5. A whole conversation ($conversation), and whether the library reads it as expected:"
+echo
+grep -E '^(#|command:)' $conversation
+show $tool replay $conversation

@@ -15,11 +15,8 @@ int runReplay(const ReplayOptions& options) {
     for (const SampleCase& sample : casesIn(options.paths)) {
         CaseResult result = runCase(sample, options.accept);
         totals.count(result.status);
-        if (options.json) {
-            writeOutput(caseJson(result));
-        } else if (!options.quiet || result.status != CaseStatus::Passed) {
-            writeOutput(caseText(result, outputShowsColor()));
-        }
+        const bool isShown = !options.quiet || result.status != CaseStatus::Passed;
+        if (isShown) writeOutput(options.json ? caseJson(result) : caseText(result, outputShowsColor()));
         if (!options.junitFile.empty()) results.push_back(std::move(result));
     }
     if (!options.junitFile.empty()) writeFile(options.junitFile, junitText(results));

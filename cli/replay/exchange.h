@@ -3,6 +3,7 @@
 
 #include "vantro/collection.h"
 
+#include <cstddef>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -58,7 +59,7 @@ struct ExchangeStep {
 using Exchange = std::vector<ExchangeStep>;
 
 /// The most lines that a screen has in an exchange.
-inline constexpr int mostScreenLines = 24;
+inline constexpr std::size_t mostScreenLines = 24;
 
 /// The steps of an exchange. Raises UsageError, with the line number at the start of its text, for anything that does
 /// not match the described format, including a screen line that is not 80 characters long.

@@ -193,9 +193,9 @@ private:
 
     Text screen() {
         Text all;
-        int lines = 0;
+        std::size_t lines = 0;
         while (nextBegins("|")) {
-            if (all.size() != static_cast<std::size_t>(lines * screenWidth)) {
+            if (all.size() != lines * screenWidth) {
                 throw Fault{"only the last line of a screen may be shorter"};
             }
             next();

@@ -33,7 +33,7 @@ std::vector<std::size_t> linesOf(TextView display, const JsonNode* expected, con
         for (const std::size_t line : linesWith(display, text)) lines.push_back(line);
     }
     std::ranges::sort(lines);
-    lines.erase(std::ranges::unique(lines).begin(), lines.end());
+    lines.erase(std::unique(lines.begin(), lines.end()), lines.end());
     return lines;
 }
 

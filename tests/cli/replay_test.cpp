@@ -466,6 +466,7 @@ TEST(ReplayTool, WhatCannotBeDoneIsToldInOneLine) {
     const Finished json = runTool({"replay", "--json", file});
     EXPECT_EQ(linesOf(json.out).size(), 1U);
     EXPECT_EQ(json.err, "vantro-profile: 1 case: 1 ok.\n");
+    EXPECT_EQ(runTool({"replay", "--json", "--quiet", file}).out, "");
 }
 
 }  // namespace
