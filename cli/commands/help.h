@@ -96,7 +96,7 @@ inline constexpr auto replay =
 inline constexpr auto record =
     "A log is the text of a terminal's window: a line of > and a command, or the command as the host repeats it, and\n"
     "the screen below it, up to the next command. The class is recognised by the command and by the marks on the\n"
-    "screen. Of a log only the screens are known, and the parameters of commands that need none.\n"
+    "screen. A log has no parameters: a step has a command only if the command is always the same.\n"
     "JSON has a step per line: \"class\", \"params\" and \"screen\" (or \"response\") as in requests of batch, "
     "\"state\":\n"
     "\"previous\" to read the screen with the results of the step before. Without \"call\", a step with \"params\" "
