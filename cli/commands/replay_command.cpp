@@ -9,14 +9,28 @@
 
 namespace vantro {
 
+namespace {
+
+/// What is rewritten is shown before.
+CaseResult runAndShow(const SampleCase& sample, const ReplayOptions& options) {
+    CaseResult result = runCase(sample);
+    const bool isAccepting = options.accept && result.status == CaseStatus::Failed;
+    const bool isShown = !options.quiet || result.status != CaseStatus::Passed;
+    if (isShown && !options.json) writeOutput(caseText(result, outputShowsColor()));
+    if (isAccepting) accept(result);
+    if (isAccepting && !options.json) writeOutput(acceptText(result));
+    if (isShown && options.json) writeOutput(caseJson(result));
+    return result;
+}
+
+}  // namespace
+
 int runReplay(const ReplayOptions& options) {
     ReplayTotals totals;
     std::vector<CaseResult> results;
     for (const SampleCase& sample : casesIn(options.paths)) {
-        CaseResult result = runCase(sample, options.accept);
+        CaseResult result = runAndShow(sample, options);
         totals.count(result.status);
-        const bool isShown = !options.quiet || result.status != CaseStatus::Passed;
-        if (isShown) writeOutput(options.json ? caseJson(result) : caseText(result, outputShowsColor()));
         if (!options.junitFile.empty()) results.push_back(std::move(result));
     }
     if (!options.junitFile.empty()) writeFile(options.junitFile, junitText(results));

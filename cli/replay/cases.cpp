@@ -147,37 +147,41 @@ Finding runDisplay(const SampleCase& sample) {
     return finding;
 }
 
-void run(CaseResult& result, bool isAccepting) {
+void run(CaseResult& result) {
     const SampleCase& sample = result.sample;
     if (!sample.problem.empty()) throw UsageError(sample.problem);
     Finding finding = sample.file == sample.expectation ? runExchange(sample) : runDisplay(sample);
     if (finding.differences.empty()) return;
     result.status = CaseStatus::Failed;
     result.differences = std::move(finding.differences);
-    if (!isAccepting) return;
-    try {
-        replaceText(sample.expectation, finding.text, finding.accepted);
-        result.status = CaseStatus::Accepted;
-    } catch (const std::runtime_error& problem) {
-        result.problem = problem.what();
-    }
+    result.text = std::move(finding.text);
+    result.accepted = std::move(finding.accepted);
 }
 
 }  // namespace
 
 std::vector<SampleCase> casesIn(const std::vector<std::string>& arguments) { return CaseSearch().run(arguments); }
 
-CaseResult runCase(const SampleCase& sample, bool isAccepting) {
+CaseResult runCase(const SampleCase& sample) {
     const auto start = std::chrono::steady_clock::now();
     CaseResult result{.sample = sample};
     try {
-        run(result, isAccepting);
+        run(result);
     } catch (const std::runtime_error& problem) {
         result.status = CaseStatus::Broken;
         result.problem = problem.what();
     }
     result.seconds = std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
     return result;
+}
+
+void accept(CaseResult& result) {
+    try {
+        replaceText(result.sample.expectation, result.text, result.accepted);
+        result.status = CaseStatus::Accepted;
+    } catch (const std::runtime_error& problem) {
+        result.problem = problem.what();
+    }
 }
 
 }  // namespace vantro

@@ -29,9 +29,13 @@ struct CaseResult {
     std::vector<Difference> differences = {};
     std::string problem = {};  ///< why a case could not be run, or its expectation not be rewritten
     double seconds = 0;
+    std::string text = {};      ///< of a case that failed: the text of its expectation
+    std::string accepted = {};  ///< the same, expecting what came
 };
 
-/// Runs a case. With `isAccepting`, the expectation of a case that fails is rewritten to what came.
-CaseResult runCase(const SampleCase& sample, bool isAccepting);
+CaseResult runCase(const SampleCase& sample);
+
+/// Rewrites the expectation of a case that failed. The status becomes `Accepted`, or the problem says why not.
+void accept(CaseResult& result);
 
 }  // namespace vantro

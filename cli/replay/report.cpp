@@ -87,11 +87,12 @@ std::string caseText(const CaseResult& result, bool isColored) {
     const bool isBold = isColored && result.status != CaseStatus::Passed;
     std::string text = (isBold ? inBold(word) : word) + std::string(columns - word.size(), ' ') + result.sample.file;
     if (!result.problem.empty()) text += ": " + result.problem;
-    text += "\n" + differencesText(result);
-    if (result.status == CaseStatus::Accepted) {
-        text += "  rewritten: " + result.sample.expectation + " now expects what came\n";
-    }
-    return text;
+    return text + "\n" + differencesText(result);
+}
+
+std::string acceptText(const CaseResult& result) {
+    if (result.status != CaseStatus::Accepted) return "  not rewritten: " + result.problem + "\n";
+    return "  rewritten: " + result.sample.expectation + " now expects what came\n";
 }
 
 std::string caseJson(const CaseResult& result) {

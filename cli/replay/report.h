@@ -22,6 +22,9 @@ struct ReplayTotals {
 /// A case's line and, below it, its differences: what was expected, what came, and the screen lines with a ruler.
 std::string caseText(const CaseResult& result, bool isColored);
 
+/// What became of a case that was to be accepted.
+std::string acceptText(const CaseResult& result);
+
 /// The differences alone, without colour.
 std::string differencesText(const CaseResult& result);
 

@@ -308,14 +308,15 @@ TEST_F(Cases, ThatAreNamedAndNoneAreProblems) {
 TEST_F(Cases, AreRunAndRewritten) {
     const std::string file = folder_.write("a.exchange", "\xEF\xBB\xBF" + replaced(good, "true", "false"));
     const SampleCase sample{file, file, ""};
-    EXPECT_EQ(runCase(sample, false).status, CaseStatus::Failed);
+    EXPECT_EQ(runCase(sample).status, CaseStatus::Failed);
     EXPECT_EQ(contentOf(file), "\xEF\xBB\xBF" + replaced(good, "true", "false"))
         << "nothing is rewritten without --accept";
-    const CaseResult result = runCase(sample, true);
+    CaseResult result = runCase(sample);
+    accept(result);
     EXPECT_EQ(result.status, CaseStatus::Accepted);
     EXPECT_EQ(result.differences.size(), 1U);
     EXPECT_EQ(contentOf(file), "\xEF\xBB\xBF" + good);
-    EXPECT_EQ(runCase(sample, true).status, CaseStatus::Passed);
+    EXPECT_EQ(runCase(sample).status, CaseStatus::Passed);
     EXPECT_EQ(contentOf(file), "\xEF\xBB\xBF" + good);
 }
 
@@ -323,7 +324,8 @@ TEST_F(Cases, InAnotherEncodingAreNotRewritten) {
     std::string wide = "\xFF\xFE";
     for (const char byte : replaced(good, "true", "false")) wide += {byte, '\0'};
     const std::string file = folder_.write("a.exchange", wide);
-    const CaseResult result = runCase({file, file, ""}, true);
+    CaseResult result = runCase({file, file, ""});
+    accept(result);
     EXPECT_EQ(result.status, CaseStatus::Failed);
     EXPECT_EQ(result.problem, "'" + file + "' cannot be rewritten, because it is not a plain UTF-8 file");
     EXPECT_EQ(contentOf(file), wide);
@@ -331,16 +333,16 @@ TEST_F(Cases, InAnotherEncodingAreNotRewritten) {
 
 TEST_F(Cases, ThatAreBrokenSayWhere) {
     const std::string exchange = folder_.write("a.exchange", good + "junk\n");
-    EXPECT_EQ(runCase({exchange, exchange, ""}, true).problem, "line 13: not a section: junk");
+    EXPECT_EQ(runCase({exchange, exchange, ""}).problem, "line 13: not a section: junk");
     EXPECT_EQ(contentOf(exchange), good + "junk\n");
     const std::string display = folder_.write("a.txt", "A\n" + std::string(81, 'A') + "\n");
     const std::string json = folder_.write("a.json", "{");
-    EXPECT_EQ(runCase({display, json, ""}, false).problem,
+    EXPECT_EQ(runCase({display, json, ""}).problem,
               display + ": the screen's line 2 has 81 characters, a screen line has 80 at most; break it there");
     folder_.write("a.txt", "A\n>\n");
-    EXPECT_EQ(runCase({display, json, ""}, false).problem,
+    EXPECT_EQ(runCase({display, json, ""}).problem,
               json + ": line 1: not an expectation: a name in quotation marks is expected");
-    EXPECT_EQ(runCase({json, json, "no"}, false).status, CaseStatus::Broken);
+    EXPECT_EQ(runCase({json, json, "no"}).status, CaseStatus::Broken);
 }
 
 // ---- Reports
@@ -371,8 +373,10 @@ TEST(Report, SaysWhatBecameOfACase) {
     EXPECT_EQ(caseText({.sample = {"a", "a", ""}}, true), "ok        a\n");
     EXPECT_EQ(caseText({.sample = {"a", "a", ""}, .status = CaseStatus::Broken, .problem = "line 3: x"}, false),
               "ERROR     a: line 3: x\n");
-    EXPECT_EQ(caseText({.sample = {"a", "b", ""}, .status = CaseStatus::Accepted}, false),
-              "ACCEPTED  a\n  rewritten: b now expects what came\n");
+    EXPECT_EQ(acceptText({.sample = {"a", "b", ""}, .status = CaseStatus::Accepted}),
+              "  rewritten: b now expects what came\n");
+    EXPECT_EQ(acceptText({.sample = {"a", "b", ""}, .status = CaseStatus::Failed, .problem = "x"}),
+              "  not rewritten: x\n");
     EXPECT_EQ(caseText({.sample = {"a", "a", ""}, .status = CaseStatus::Failed}, true), "\x1B[1mFAILED\x1B[0m    a\n");
 }
 
@@ -447,7 +451,11 @@ TEST(ReplayTool, AWrongExpectationFails) {
                            "  line ----+----1----+----2----+--\n     1 PROFILE WILL BE DEACTIVATED\n"
                            "3 cases: 1 ok, 1 failed, 1 error\n");
     EXPECT_NE(contentOf(junit).find("tests=\"3\" failures=\"1\" errors=\"1\""), std::string::npos);
-    EXPECT_EQ(runTool({"replay", "--accept", wrong}).status, 0);
+    const Finished accepting = runTool({"replay", "--accept", wrong});
+    EXPECT_EQ(accepting.status, 0);
+    EXPECT_TRUE(accepting.out.ends_with("     1 PROFILE WILL BE DEACTIVATED\n  rewritten: " + wrong +
+                                        " now expects what came\n1 case: 0 ok, 1 accepted\n"))
+        << accepting.out;
     EXPECT_EQ(contentOf(wrong), good);
     EXPECT_EQ(runTool({"replay", folder.path()}).status, 2) << "a file is broken";
 }
