@@ -198,7 +198,7 @@ private:
                 NoteCollector collector(storage_.notes);
                 scanNotes(display_, {}, collector);
             });
-        } catch (const Error&) {
+        } catch (const Error&) {  // Not covered: memory that runs out passes
             storage_.notes.clear();
             addProblem(factsOf(OtherQuery::Notes).word, number::notesQuery, description::readingNotes);
         }

@@ -139,6 +139,7 @@ std::vector<Row> noteRows() {
         {&rule::sectionBegins, word, below({"A", priority, notes, ">", "A", notes}), {2, 5}},
         {&rule::blankAboveNotes, word, below({"A", "", notes}), {1}},
         {&rule::promptAboveNotes, word, below({"A", "> B"}), {1}},
+        {&rule::promptAboveNotes, word, below({"A", notes + " >"}), {1}},
         {&rule::endTextAboveNotes, word, below({"A"}), {1}},
         {&rule::notesEnd, word, twoNotes, {4}},
         {&rule::notesEnd, word, below({"A", notes, "A CALL"}), {3}},
