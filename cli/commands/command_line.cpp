@@ -155,6 +155,8 @@ void addDisplayFile(CLI::App& command, QueryOptions& options) {
 void addQueryOptions(CLI::App& command, QueryOptions& options) {
     auto* const table = command.add_flag("--table", options.table, "Print a table, also into a file or pipe");
     command.add_flag("--json", options.json, "Print one JSON object per display, also on a terminal")->excludes(table);
+    command.add_flag("--positions", options.positions,
+                     "Print also the lines (from 0 in the display) and columns (from 1) of each value");
     addEncoding(command, options.encoding);
     addMaxLine(command, options.maxLine);
     addSplitting(command, options);
@@ -260,6 +262,7 @@ private:
     void addParse();
     void addElements();
     void addNotes();
+    void addExplain();
 
     int answer(const CLI::ParseError& question) const;
     int refuse(const CLI::ParseError& problem) const;
@@ -276,6 +279,7 @@ private:
     ParseOptions parse_;
     ElementsOptions elements_;
     NotesOptions notes_;
+    ExplainOptions explain_;
 };
 
 CommandLine::CommandLine() {
@@ -295,6 +299,7 @@ CommandLine::CommandLine() {
     addParse();
     addElements();
     addNotes();
+    addExplain();
     addShellCommands(tool_, status_);
 }
 
@@ -370,6 +375,11 @@ void CommandLine::addVerify() {
         ->needs("--rows")
         ->excludes("--table")
         ->excludes("--json");
+    command
+        .add_flag("--positions", verify_.positions,
+                  "Print also the lines (from 0) and columns (from 1) of each value, and of the mark that set a flag")
+        ->excludes("--count")
+        ->excludes("--csv");
     addEncoding(command, verify_.encoding);
     addMaxLine(command, verify_.maxLine);
     addLenient(command, verify_.lenient);
@@ -429,6 +439,11 @@ void CommandLine::addParse() {
                           ->excludes(json)
                           ->excludes(pretty);
     command.add_flag("--compact", parse_.compact, "Print JSON without what is empty")->excludes(table)->excludes(csv);
+    command
+        .add_flag("--positions", parse_.positions,
+                  "Print JSON with the lines (from 0 in the display) and columns (from 1) of each value")
+        ->excludes(table)
+        ->excludes(csv);
     command
         .add_option("--only", parse_.only,
                     "Only these, with commas between them: prefixes such as PPR,RM (see vantro-profile "
@@ -491,6 +506,54 @@ void CommandLine::addNotes() {
     addQueryOptions(command, notes_.common);
     command.footer(std::string(help::manyDisplays) + help::notes);
     command.callback([this] { status_ = runNotes(notes_); });
+}
+
+void CommandLine::addExplain() {
+    CLI::App& command = *tool_.add_subcommand("explain", "Show how a screen or display is read, and why");
+    command
+        .add_option("CLASS|PREFIX", explain_.what,
+                    "A transaction class, whose screen is explained; the prefix of a query of a display, as for\n"
+                    "elements; or profile, for everything that parse reads")
+        ->required()
+        ->type_name("");
+    command
+        .add_option("FILE|KEY=VALUE", explain_.arguments,
+                    "File with the screen or the displays (default: standard input), and for a class the\n"
+                    "parameters, as for verify")
+        ->type_name("");
+    command.add_option("--screen", explain_.file, "The same file, as verify takes it")->type_name("FILE");
+    command.add_option("--state", explain_.stateFile, "For a class: file with the results of the screen before")
+        ->type_name("FILE");
+    command
+        .add_option("--index", explain_.index,
+                    "For a query: index of one element, from 1 (default: all elements are explained)")
+        ->check(wholeNumber(std::numeric_limits<std::int16_t>::min(), std::numeric_limits<std::int16_t>::max()))
+        ->type_name("N");
+    command
+        .add_option("--selection", explain_.selection, "With ALL: text that an element begins with, as for elements")
+        ->type_name("TEXT")
+        ->allow_extra_args(false);
+    command
+        .add_option("--qualifier", explain_.qualifier,
+                    "With ALL: the first word of the elements' text; with ProfileNotes: the notes' qualifier")
+        ->type_name("TEXT");
+    command.add_option("--search", explain_.search, "With ProfileNotes: only notes that contain this text")
+        ->type_name("TEXT");
+    command.add_option("--display", explain_.display, "Only this display of the file, from 1 (default: all of them)")
+        ->check(wholeNumber(1, std::numeric_limits<std::int32_t>::max()))
+        ->type_name("N");
+    auto* const json = command.add_flag("--json", explain_.json, "Print one JSON object per screen or display");
+    command
+        .add_option("--html", explain_.htmlFile,
+                    "Write one page for a browser into this file (-: to standard output), complete in itself")
+        ->excludes(json)
+        ->type_name("FILE");
+    addEncoding(command, explain_.encoding);
+    addMaxLine(command, explain_.maxLine);
+    addSplitting(command, explain_);
+    addWarnings(command, explain_.strict, explain_.quiet);
+    command.footer(help::explain);
+    command.callback([this] { status_ = runExplain(explain_); });
 }
 
 }  // namespace

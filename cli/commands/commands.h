@@ -35,10 +35,11 @@ struct VerifyOptions {
     Encoding encoding = Encoding::ByMark;
     bool table = false;
     bool json = false;
-    bool csv = false;      ///< with `rows`
-    bool count = false;    ///< asks for the class's counts instead of its results
-    bool rows = false;     ///< asks for the rows of the list instead of the results
-    bool lenient = false;  ///< cuts long lines and replaces bytes that are not UTF-8
+    bool csv = false;        ///< with `rows`
+    bool count = false;      ///< asks for the class's counts instead of its results
+    bool rows = false;       ///< asks for the rows of the list instead of the results
+    bool positions = false;  ///< adds where each value is
+    bool lenient = false;    ///< cuts long lines and replaces bytes that are not UTF-8
     bool strict = false;
     bool quiet = false;
     std::size_t maxLine = defaultMaxLine;
@@ -64,6 +65,7 @@ struct ParseOptions {
     bool pretty = false;
     bool csv = false;
     bool compact = false;           ///< leaves out what is empty
+    bool positions = false;         ///< adds where each value is
     std::vector<std::string> only;  ///< the queries to be answered; empty for all
     std::optional<std::string> id;  ///< the pattern of the displays' identifiers, see `IdPattern`
     bool areRecords = false;        ///< the input is one JSON object per line
@@ -88,6 +90,26 @@ struct NotesOptions {
     QueryOptions common;
 };
 
+struct ExplainOptions {
+    std::string what;                    ///< a class, the prefix of a query, or "profile"
+    std::vector<std::string> arguments;  ///< KEY=VALUE, and the file
+    std::string file;                    ///< instead of one among the arguments
+    std::string stateFile;
+    std::optional<std::int16_t> index;
+    std::vector<std::string> selection;
+    std::string qualifier;
+    std::string search;
+    std::optional<std::size_t> display;  ///< only this display of the file, from 1
+    bool rows = false;                   ///< explains the rows of a list instead of the results
+    bool json = false;
+    std::string htmlFile;
+    Encoding encoding = Encoding::ByMark;
+    Splitting splitting = {};
+    bool strict = false;
+    bool quiet = false;
+    std::size_t maxLine = defaultMaxLine;
+};
+
 // All of them raise UsageError for options that cannot be carried out, and StreamError.
 int runClasses(const ClassesOptions& options);
 int runCommand(const CommandOptions& options);
@@ -96,6 +118,14 @@ int runIdentify(const IdentifyOptions& options);
 int runParse(ParseOptions options);
 int runElements(const ElementsOptions& options);
 int runNotes(const NotesOptions& options);
+int runExplain(ExplainOptions options);
+
+// The arguments of the queries that `elements` and `notes` make.
+DisplayQuery queryFor(const ElementsOptions& options);
+DisplayQuery queryFor(const NotesOptions& options);
+
+/// The message for a prefix that no query has.
+std::string unknownPrefix(const std::string& prefix);
 
 /// The prefixes that `elements` knows, with blanks between them.
 std::string knownPrefixes();

@@ -6,6 +6,7 @@
 #include "cli/io/input_files.h"
 #include "cli/io/standard_io.h"
 #include "cli/io/warnings.h"
+#include "cli/json/positions.h"
 #include "vantro/registry.h"
 
 #include <algorithm>
@@ -15,14 +16,12 @@
 
 namespace vantro {
 
-namespace {
-
-// Null when the class does not know the prefix.
-CollectionPtr ask(const Text& display, DisplayQuery query) {
+CollectionPtr answerOf(const Text& display, DisplayQuery query, ReadingObserver* observer) {
     std::vector<Text> asked;
     for (const auto& entry : query.request->entries()) asked.push_back(entry.key());
 
-    BuiltInTerminal terminal;
+    BuiltInTerminal builtIn;
+    ObservedTerminal terminal(builtIn, observer);
     const auto object = createObject(*findClass(query.className), terminal);
     if (object->profileGet()->ProfileElements(display, query.request, &query.selection, query.qualifier)) return {};
 
@@ -32,6 +31,8 @@ CollectionPtr ask(const Text& display, DisplayQuery query) {
     }
     return answer;
 }
+
+namespace {
 
 class Answers {
 public:
@@ -67,10 +68,13 @@ private:
         const Text& text = display.found.text;
         displayWarnings_.add(doubtsOf(display.found, text), name() + ": ", display.linesAbove);
         try {
-            const CollectionPtr answer = ask(text, question_.query());
+            DisplayQuery query = question_.query();
+            ResultPositions positions(*findClass(query.className));
+            ResultPositions* const asked = options_.positions ? &positions : nullptr;
+            const CollectionPtr answer = answerOf(text, std::move(query), asked);
             knowsPrefix_ = answer != nullptr;
             if (!knowsPrefix_) return fail(question_.unknown);
-            writeOutput(shown(answer));
+            writeOutput(shown(answer, asked));
         } catch (const Error& raised) {
             const std::string missing = question_.missing ? question_.missing(raised) : "";
             const std::string failure = "the query failed with " + asSentence(describe(raised));
@@ -78,8 +82,8 @@ private:
         }
     }
 
-    std::string shown(const CollectionPtr& answer) const {
-        const std::string results = resultsText(answer, view_);
+    std::string shown(const CollectionPtr& answer, const ResultPositions* positions) const {
+        const std::string results = resultsText(answer, view_, positions);
         return view_ == View::Table && isOneOfMany_ ? name() + "\n\n" + results + "\n" : results;
     }
 

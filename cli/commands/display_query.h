@@ -6,6 +6,7 @@
 #include "cli/io/input_files.h"
 #include "vantro/built_in_terminal.h"
 #include "vantro/error.h"
+#include "vantro/observer.h"
 
 #include <cstddef>
 #include <functional>
@@ -27,6 +28,7 @@ struct QueryOptions {
     std::string file;
     bool table = false;
     bool json = false;
+    bool positions = false;  ///< adds where each value is
     std::size_t maxLine = defaultMaxLine;
     Encoding encoding = Encoding::ByMark;
     Splitting splitting = {};
@@ -40,6 +42,10 @@ struct Question {
     std::function<std::string(const Error&)> missing = {};  ///< asks for the option whose lack is the error, or ""
     std::string unknown = {};                               ///< the message when the class does not know the prefix
 };
+
+/// The entries that the query adds to its request; null when the class does not know the prefix. The observer may be
+/// null. Raises what the query raises.
+CollectionPtr answerOf(const Text& display, DisplayQuery query, ReadingObserver* observer);
 
 /// Queries each display of the file (standard input for "" and "-"), prints the entries that the query added to its
 /// request and returns the exit status. A display that cannot be read and one without an answer are reported on

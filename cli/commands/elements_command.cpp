@@ -12,6 +12,13 @@ namespace vantro {
 
 namespace {
 
+std::string missingOption(const Error& raised, const ElementsOptions& options) {
+    const bool lacksIndex = raised.number() == static_cast<int>(Failure::ObjectNotSet) && !options.index;
+    return lacksIndex ? "name the " + options.prefix + " element's index with --index" : "";
+}
+
+}  // namespace
+
 DisplayQuery queryFor(const ElementsOptions& options) {
     DisplayQuery query{.className = u"CProfile", .request = std::make_shared<BuiltInCollection>()};
     query.request->Add(u"strKeyPrefix", toUtf16(options.prefix));
@@ -21,11 +28,6 @@ DisplayQuery queryFor(const ElementsOptions& options) {
     return query;
 }
 
-std::string missingOption(const Error& raised, const ElementsOptions& options) {
-    const bool lacksIndex = raised.number() == static_cast<int>(Failure::ObjectNotSet) && !options.index;
-    return lacksIndex ? "name the " + options.prefix + " element's index with --index" : "";
-}
-
 std::string unknownPrefix(const std::string& prefix) {
     std::vector<TextView> words;
     for (const QueryFacts& query : profileQueries()) words.push_back(query.word);
@@ -33,8 +35,6 @@ std::string unknownPrefix(const std::string& prefix) {
     const std::string hint = nearest ? "; did you mean " + toUtf8(*nearest) + "? There are " : "; there are ";
     return "no query has the prefix '" + prefix + "'" + hint + knownPrefixes();
 }
-
-}  // namespace
 
 std::string knownPrefixes() {
     std::string others;

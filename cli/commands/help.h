@@ -47,6 +47,10 @@ inline constexpr auto command =
 inline constexpr auto verify =
     "Without results, as for an empty screen, JSON is null. With --rows JSON is one array with an object for each\n"
     "entry; vantro-profile describe CLASS names the columns.\n"
+    "With --positions JSON has a last member positions: by key, the pieces of the screen that the value was read "
+    "from,\n"
+    "each a line, column and length; text between them that the screen does not contain is inserted. Of a flag, it is\n"
+    "the mark that set it. With --rows every row has one.\n"
     "A screen is recognised if one of the class's marks is on\n"
     "it, a flag is True or a value was read; otherwise all results are False or empty, and the exit status is 4. What\n"
     "a class looks for: vantro-profile verify CLASS --help.\n"
@@ -106,6 +110,9 @@ inline constexpr auto parse =
     "was\n"
     "read. A line of more bytes than --max-line cannot be read, and a text without line ends is one line. After an\n"
     "interrupt, the display that is being written is completed.\n"
+    "With --positions every element and note, and the profile for its own texts, has a member positions: by value, "
+    "the\n"
+    "pieces of the display that it was read from, each a line (from 0 in the display), column (from 1) and length.\n"
     "Exit status: 0 all read and answered, 1 a display could not be read or not answered in full, or there was none,\n"
     "2 bad usage or a file that cannot be read, 5 with --strict: there were warnings.\n"
     "\n"
@@ -141,6 +148,23 @@ inline constexpr auto notes =
     "Examples:\n"
     "  vantro-profile notes display.txt\n"
     "  vantro-profile notes --qualifier A --search TICKET display.txt";
+
+inline constexpr auto explain =
+    "Shows the screen with a ruler, the values where they were read, each decision in the order in which it was made,\n"
+    "what values, marks and families mean, and lines that look like elements and are none with the reason. Lines "
+    "count\n"
+    "from 0, columns from 1. On a terminal values are coloured, otherwise letters below them name them.\n"
+    "The file of a class is one screen, as for verify, and a display is found as parse finds it.\n"
+    "A prefix without --index explains all elements of its family.\n"
+    "Exit status: 0 explained, 1 the call or a query of it failed (it is explained all the same), or a display could\n"
+    "not be read, 2 bad usage, 4 no test of the class recognised the screen (explained too), 5 with --strict: there\n"
+    "were warnings.\n"
+    "\n"
+    "Examples:\n"
+    "  vantro-profile explain CPDNTrans screen.txt\n"
+    "  vantro-profile explain PHI display.txt\n"
+    "  vantro-profile explain profile display.txt --html display.html\n"
+    "  vantro-profile explain CPDNTrans second.txt --state first.json --json";
 
 inline constexpr auto help =
     "Exit status: 0 done, 2 bad usage, as an unknown subcommand.\n"

@@ -6,8 +6,6 @@
 
 namespace vantro {
 
-namespace {
-
 DisplayQuery queryFor(const NotesOptions& options) {
     DisplayQuery query{.className = u"CProfileNotes", .request = std::make_shared<BuiltInCollection>()};
     query.request->Add(u"strKeyPrefix", Text(u"ProfileNotes"));
@@ -15,8 +13,6 @@ DisplayQuery queryFor(const NotesOptions& options) {
     query.request->Add(u"strSearchQualifier", toUtf16(options.qualifier));
     return query;
 }
-
-}  // namespace
 
 int runNotes(const NotesOptions& options) {
     const Question question{.query = [&options] { return queryFor(options); }};

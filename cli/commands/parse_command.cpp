@@ -31,7 +31,7 @@ namespace {
 ProfileForm formFor(const ParseOptions& options) {
     if (options.pretty) return ProfileForm::IndentedJson;
     if (options.csv) return ProfileForm::Csv;
-    if (options.compact || options.id) return ProfileForm::JsonLine;
+    if (options.compact || options.id || options.positions) return ProfileForm::JsonLine;
     return chosenView(options.table, options.json) == View::Table ? ProfileForm::Table : ProfileForm::JsonLine;
 }
 
@@ -39,7 +39,8 @@ ProfileView viewFor(const ParseOptions& options) {
     return {.form = formFor(options),
             .members = {.queries = chosenQueries(options.only), .isCompact = options.compact},
             .needsLocator = options.id.has_value(),
-            .findsUnread = !options.quiet || options.strict};
+            .findsUnread = !options.quiet || options.strict,
+            .addsPositions = options.positions};
 }
 
 /// A piece of one of the files, parsed, or the end of the file.

@@ -5,6 +5,7 @@
 #include "cli/io/screen_warnings.h"
 #include "cli/io/utf.h"
 #include "cli/json/input.h"
+#include "cli/json/positions.h"
 
 #include <algorithm>
 #include <array>
@@ -14,20 +15,23 @@ namespace vantro {
 
 namespace {
 
-void appendJson(const Profile& profile, const ProfileView& view, std::string& out) {
+void appendJson(const Profile& profile, const ProfileView& view, const ProfilePositions& positions, std::string& out) {
     const std::size_t start = out.size();
     JsonOut json(out);
-    writeProfile(profile, view.members, json);
+    ProfileMembers members = view.members;
+    if (view.addsPositions) members.positions = &positions;
+    writeProfile(profile, members, json);
     if (view.form == ProfileForm::IndentedJson) {
         out.replace(start, out.npos, indented(std::string_view(out).substr(start)));
     }
     out += '\n';
 }
 
-void appendProfile(const Profile& profile, const ProfileView& view, std::string& out) {
+void appendProfile(const Profile& profile, const ProfileView& view, const ProfilePositions& positions,
+                   std::string& out) {
     switch (view.form) {
         case ProfileForm::JsonLine:
-        case ProfileForm::IndentedJson: return appendJson(profile, view, out);
+        case ProfileForm::IndentedJson: return appendJson(profile, view, positions, out);
         case ProfileForm::Table: out += profileTable(profile, view.members.queries); return;
         case ProfileForm::Csv: return appendProfileCsv(profile, view.members.queries, out);
     }
@@ -42,25 +46,28 @@ void noteUnanswered(const Profile& profile, const ProfileQueries& queries, Parse
     }
 }
 
-void writeProfileOf(const Profile& profile, const ProfileView& view, ParsedDisplay& display, std::string& out) {
+/// Parses the text of a display and writes its profile.
+Profile writeProfileOf(Text text, const ProfileView& view, ParsedDisplay& display, std::string& out) {
+    ProfilePositions positions;
+    Profile profile = view.addsPositions ? parseProfile(std::move(text), positions) : parseProfile(std::move(text));
     noteUnanswered(profile, view.members.queries, display);
     if (view.needsLocator) display.locator = toUtf8(profile.recordLocator);
-    appendProfile(profile, view, out);
+    appendProfile(profile, view, positions, out);
+    return profile;
 }
 
 /// Parses a display of a text and notes what is doubtful about it.
 void parseFound(FoundDisplay& found, const ProfileView& view, ParsedDisplay& display, std::string& out) {
     const TextView text = found.text;  // where the profile's views point to
     display.doubts = doubtsOf(found, text);
-    const Profile profile = parseProfile(std::move(found.text));
+    const Profile profile = writeProfileOf(std::move(found.text), view, display, out);
     addElements(profile, display.doubts);
     if (view.findsUnread) addUnread(profile, found, text, display.doubts);
-    writeProfileOf(profile, view, display, out);
 }
 
 void parseRecord(Text text, const ProfileView& view, ParsedDisplay& display, std::string& out) {
     display.controls = screenWarnings(text);
-    writeProfileOf(parseProfile(std::move(text)), view, display, out);
+    writeProfileOf(std::move(text), view, display, out);
 }
 
 /// The members of a record that are read.

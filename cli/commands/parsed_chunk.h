@@ -19,8 +19,9 @@ enum class ProfileForm { JsonLine, IndentedJson, Table, Csv };
 struct ProfileView {
     ProfileForm form = ProfileForm::JsonLine;
     ProfileMembers members = {};
-    bool needsLocator = false;  ///< for the identifier
-    bool findsUnread = false;   ///< notes the lines that nothing was read from
+    bool needsLocator = false;   ///< for the identifier
+    bool findsUnread = false;    ///< notes the lines that nothing was read from
+    bool addsPositions = false;  ///< to the JSON: where each value is
 };
 
 /// One parsed display of a chunk. Its output ends at `outEnd` in the chunk's output and begins where the output of the

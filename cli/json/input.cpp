@@ -252,6 +252,11 @@ private:
         std::vector<Text> wrongKeys;
         for (ondemand::field field : value.get_object()) {
             const Text key(decoded(keyOf(field)));
+            // What verify --positions adds to the results of a screen, which are the state for the next one.
+            if (key == u"positions" && field.value().type() == json_type::object) {
+                skip(field.value());
+                continue;
+            }
             std::optional<ItemValue> found = item(field.value());
             if (!wrongKeys.empty()) std::erase(wrongKeys, key);
             if (!found) wrongKeys.push_back(key);

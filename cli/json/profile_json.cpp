@@ -1,7 +1,10 @@
 #include "cli/json/profile_json.h"
 
+#include "cli/json/positions.h"
+
 #include <algorithm>
 #include <span>
+#include <utility>
 
 namespace vantro {
 
@@ -23,8 +26,60 @@ void writePart(ElementPart part, const Element& element, JsonOut& out) {
     out.piece("\"");
 }
 
+/// The values whose positions are asked for: those of a query, or of one of its elements (index from 1).
+struct Positioned {
+    const ProfilePositions* positions = nullptr;
+    TextView query = {};
+    std::int32_t index = 0;
+};
+
+/// Writes the member "positions", which has a member for each value that is on the display.
+class PositionsMember {
+public:
+    /// `followsPieces` says that the members above it were written as pieces, which add no comma.
+    PositionsMember(const Positioned& what, JsonOut& out, bool followsPieces = false)
+        : what_(what), out_(out), followsPieces_(followsPieces) {}
+
+    void add(std::string_view name, TextView value) { add(what_.query, name, value); }
+
+    void add(TextView query, std::string_view name, TextView value) {
+        const Text part(name.begin(), name.end());
+        const KeptPieces* const pieces = what_.positions->find(query, what_.index, part, value);
+        if (pieces == nullptr) return;
+        if (!std::exchange(isBegun_, true)) {
+            if (followsPieces_) out_.piece(",");
+            out_.key("positions");
+            out_.beginObject();
+        }
+        out_.key(name);
+        writePieces(*pieces, out_);
+    }
+
+    void end() {
+        if (isBegun_) out_.endObject();
+    }
+
+private:
+    const Positioned& what_;
+    JsonOut& out_;
+    bool followsPieces_;
+    bool isBegun_ = false;
+};
+
+void writePositions(const Positioned& what, const Element& element, const FamilyFacts* family, bool followsPieces,
+                    JsonOut& out) {
+    PositionsMember member(what, out, followsPieces);
+    member.add("number", element.number);
+    member.add("text", element.text);
+    for (const ElementPart part : family != nullptr ? family->furtherParts() : std::span<const ElementPart>()) {
+        const PartFacts& facts = factsOf(part);
+        if (facts.value != nullptr) member.add(facts.json, element.*facts.value);
+    }
+    member.end();
+}
+
 // Most of the output is elements: they are written piece by piece.
-void writeElement(const Element& element, const FamilyFacts* family, JsonOut& out) {
+void writeElement(const Element& element, const FamilyFacts* family, const Positioned& where, JsonOut& out) {
     out.beginObject();
     out.piece(R"("number":")");
     out.characters(element.number);
@@ -35,6 +90,7 @@ void writeElement(const Element& element, const FamilyFacts* family, JsonOut& ou
         if (family->inSection == Section::Transferable) out.piece(kindMember(element.kind));
         for (const ElementPart part : family->furtherParts()) writePart(part, element, out);
     }
+    if (where.positions != nullptr) writePositions(where, element, family, true, out);
     out.endObject();
 }
 
@@ -44,7 +100,7 @@ void writeUnlessEmpty(std::string_view name, TextView value, JsonOut& out) {
     out.text(value);
 }
 
-void writeCompactElement(const Element& element, const FamilyFacts* family, JsonOut& out) {
+void writeCompactElement(const Element& element, const FamilyFacts* family, const Positioned& where, JsonOut& out) {
     out.beginObject();
     writeUnlessEmpty("number", element.number, out);
     writeUnlessEmpty("text", element.text, out);
@@ -58,13 +114,18 @@ void writeCompactElement(const Element& element, const FamilyFacts* family, Json
             out.boolean(true);
         }
     }
+    if (where.positions != nullptr) writePositions(where, element, family, false, out);
     out.endObject();
 }
 
 class ProfileWriter {
 public:
     ProfileWriter(const Profile& profile, const ProfileMembers& members, JsonOut& out)
-        : profile_(profile), queries_(members.queries), isCompact_(members.isCompact), out_(out) {}
+        : profile_(profile),
+          queries_(members.queries),
+          isCompact_(members.isCompact),
+          positions_(members.positions),
+          out_(out) {}
 
     void write() {
         out_.beginObject();
@@ -84,7 +145,24 @@ private:
         writeCompanyName();
         writeNumbered(OtherQuery::Pin, &profile_.pin);
         writeNumbered(OtherQuery::Psl, profile_.psl ? &*profile_.psl : nullptr);
+        if (positions_ != nullptr) writeHeaderPositions();
     }
+
+    /// Of the values that are texts of their own.
+    void writeHeaderPositions() {
+        const Positioned header{positions_};
+        PositionsMember member(header, out_);
+        const auto add = [&](OtherQuery query, TextView value) {
+            const QueryFacts& facts = factsOf(query);
+            if (queries_.contain(query)) member.add(facts.word, facts.json, value);
+        };
+        add(OtherQuery::Name, profile_.name);
+        add(OtherQuery::RecordLocator, profile_.recordLocator);
+        add(OtherQuery::OfficeIdentifier, profile_.officeIdentifier);
+        member.end();
+    }
+
+    Positioned at(TextView query, std::int32_t index) const { return {positions_, query, index}; }
 
     void key(OtherQuery query) { out_.key(factsOf(query).json); }
 
@@ -108,6 +186,10 @@ private:
         company.number ? out_.text(*company.number) : out_.null();
         out_.key("text");
         out_.text(company.text);
+        if (positions_ != nullptr) {
+            const Element parts{.number = company.number.value_or(TextView()), .text = company.text};
+            writePositions(at(factsOf(OtherQuery::CompanyName).word, 0), parts, nullptr, false, out_);
+        }
         out_.endObject();
     }
 
@@ -117,10 +199,10 @@ private:
         if (isCompact_) {
             if (element == nullptr || (element->number.empty() && element->text.empty())) return;
             key(query);
-            return writeCompactElement(*element, nullptr, out_);
+            return writeCompactElement(*element, nullptr, at(factsOf(query).word, 0), out_);
         }
         key(query);
-        element != nullptr ? writeElement(*element, nullptr, out_) : out_.null();
+        element != nullptr ? writeElement(*element, nullptr, at(factsOf(query).word, 0), out_) : out_.null();
     }
 
     void writeSections() {
@@ -151,8 +233,11 @@ private:
         const FamilyFacts& family = factsOf(row.family);
         out_.key(row.prefix);
         out_.beginArray();
+        Positioned where = at(family.word, 0);
         for (const Element& element : profile_.elements(row.family)) {
-            isCompact_ ? writeCompactElement(element, &family, out_) : writeElement(element, &family, out_);
+            ++where.index;
+            isCompact_ ? writeCompactElement(element, &family, where, out_)
+                       : writeElement(element, &family, where, out_);
         }
         out_.endArray();
     }
@@ -167,9 +252,18 @@ private:
             out_.raw('"' + std::to_string(note.number) + '"');
             writeNoteText("qualifier", note.qualifier);
             writeNoteText("text", note.text);
+            if (positions_ != nullptr) writeNotePositions(note);
             out_.endObject();
         }
         out_.endArray();
+    }
+
+    void writeNotePositions(const Note& note) {
+        const Positioned where = at(factsOf(OtherQuery::Notes).word, note.number);
+        PositionsMember member(where, out_);
+        member.add("qualifier", note.qualifier);
+        member.add("text", note.text);
+        member.end();
     }
 
     void writeNoteText(std::string_view name, TextView text) {
@@ -203,6 +297,7 @@ private:
     const Profile& profile_;
     const ProfileQueries& queries_;
     const bool isCompact_;
+    const ProfilePositions* positions_;
     JsonOut& out_;
 };
 

@@ -9,6 +9,8 @@
 
 namespace vantro {
 
+class ProfilePositions;
+
 /// Some of the queries that a profile answers; at first all of them.
 struct ProfileQueries {
     std::bitset<familyCount> families = std::bitset<familyCount>().set();
@@ -28,6 +30,7 @@ struct ProfileQueries {
 struct ProfileMembers {
     ProfileQueries queries = {};  ///< answers to other queries are left out
     bool isCompact = false;       ///< leaves out what is empty: families, lists, texts, flags that are not set
+    const ProfilePositions* positions = nullptr;  ///< adds where the values are, unless null
 };
 
 /// Writes a profile as one object. Its last member "problems" is there only when there are any.

@@ -55,6 +55,14 @@ bool takesKeys(const CommandPage& command) {
     return std::ranges::any_of(command.arguments, [](const OptionEntry& entry) { return entry.value == "KEY=VALUE"; });
 }
 
+/// What explain explains.
+Words classesAndPrefixes() {
+    Words words{"profile"};
+    for (const std::string& name : classNames(true)) words.push_back(name);
+    for (const std::string& prefix : prefixes()) words.push_back(prefix);
+    return words;
+}
+
 /// Of a list with ", " between its words.
 Words wordsOf(const std::string& list) {
     Words words(1);
@@ -75,6 +83,8 @@ Completion completionOf(const OptionEntry& entry, const CommandPage& command, co
     if (value == "FILE" || value == "FOLDER") return {Completes::Files};
     if (value == "KEY=VALUE") return {Completes::Keys};
     if (value == "CLASS") return {Completes::Words, classNames(takesKeys(command))};
+    if (value == "CLASS|PREFIX") return {Completes::Words, classesAndPrefixes()};
+    if (value == "FILE|KEY=VALUE") return {Completes::Files};
     if (value == "PREFIX") return {Completes::Words, prefixes()};
     if (value == "LIST") return {Completes::List, partsOfAProfile()};
     if (value == "SUBCOMMAND") return {Completes::Words, commandNames(tool)};

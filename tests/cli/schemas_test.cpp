@@ -96,7 +96,7 @@ TEST(Schemas, AreVersionedAndUseOnlyKeywordsThatAreTested) {
     const std::set<std::string> known{
         "$schema",    "$id",      "title",   "description", "definitions", "$ref",  "type",  "enum",
         "properties", "required", "minimum", "maximum",     "items",       "anyOf", "oneOf", "additionalProperties"};
-    EXPECT_EQ(filesIn(root / "schemas").size(), 8U);
+    EXPECT_EQ(filesIn(root / "schemas").size(), 9U);
     for (const fs::path& file : filesIn(root / "schemas")) {
         SCOPED_TRACE(file);
         const rapidjson::Document schema = parsed(contentOf(file));
@@ -110,8 +110,12 @@ TEST(Schemas, AreVersionedAndUseOnlyKeywordsThatAreTested) {
 
 TEST(Schemas, OfARecordOfParse) {
     const Schema schema("parse-record");
-    for (const std::vector<std::string>& options : std::vector<std::vector<std::string>>{
-             {}, {"--compact"}, {"--only", "RM,NM,notes"}, {"--compact", "--only", "PPR"}, {"--id", "{name}"}}) {
+    for (const std::vector<std::string>& options : std::vector<std::vector<std::string>>{{},
+                                                                                         {"--compact"},
+                                                                                         {"--only", "RM,NM,notes"},
+                                                                                         {"--compact", "--only", "PPR"},
+                                                                                         {"--id", "{name}"},
+                                                                                         {"--positions"}}) {
         std::vector<std::string> arguments{"parse"};
         arguments.insert(arguments.end(), options.begin(), options.end());
         for (const std::string& file : sampleFiles()) arguments.push_back(file);
@@ -127,8 +131,8 @@ TEST(Schemas, OfAWholeRecordNameEveryMember) {
     const rapidjson::Document record = parsed(line);
     const rapidjson::Value& families = schema["properties"]["elements"]["properties"];
     EXPECT_EQ(families.MemberCount(), record["elements"].MemberCount());
-    // All but id, error and problems.
-    EXPECT_EQ(schema["properties"].MemberCount(), record.MemberCount() + 3);
+    // All but id, error, positions and problems.
+    EXPECT_EQ(schema["properties"].MemberCount(), record.MemberCount() + 4);
 }
 
 TEST(Schemas, OfARecordRefuseOtherOnes) {
@@ -178,6 +182,7 @@ TEST(Schemas, OfAResponseOfBatch) {
 TEST(Schemas, OfResultsOfVerify) {
     const Schema schema("verify-results");
     expectValid(schema, {"verify", "CPXTrans"}, "PX3\nPROFILE WILL BE DEACTIVATED\n");
+    expectValid(schema, {"verify", "CPXTrans", "--positions"}, "PX3\nPROFILE WILL BE DEACTIVATED\n");
     expectValid(schema, {"verify", "CPXTrans"}, "");
     expectValid(schema, {"verify", "CRLPTrans", "--count"}, "RLP\nT/ABC123 /P1\n");
     expectValid(schema, {"verify", "CPLTTrans"}, "PLT\nTRAVELLER LIST\n");
@@ -199,6 +204,7 @@ TEST(Schemas, OfRowsNameEveryColumn) {
     }
     std::set<std::string> described;
     for (const auto& column : document["items"]["properties"].GetObject()) described.insert(column.name.GetString());
+    columns.insert("positions");
     EXPECT_EQ(described, columns);
     EXPECT_EQ(schema.faultOf(R"([{"line":3,"kind":"company","name":"A"}])"), "");
     EXPECT_EQ(schema.faultOf(R"([{"line":3}])"), "required at #/0");
@@ -233,9 +239,30 @@ TEST(Schemas, OfAnswersOfElementsAndNotes) {
     for (const char* prefix : {"SR", "RM", "AP", "OS", "FFN", "ST", "RC", "PPR"}) {
         expectValid(schema, {"elements", prefix, "--index", "1", everyFamily});
     }
+    for (const char* prefix : {"NM", "ALL", "PPR", "PHI", "PAS"}) {
+        expectValid(schema, {"elements", prefix, "--positions", everyFamily});
+    }
     expectValid(schema, {"notes", everyFamily});
+    expectValid(schema, {"notes", "--positions", everyFamily});
     EXPECT_EQ(schema.faultOf(R"({"strKeyElement":[]})"), "type at #/strKeyElement");
     EXPECT_EQ(schema.faultOf(R"({"strKeyElements":""})"), "additionalProperties at #/strKeyElements");
+}
+
+TEST(Schemas, OfAnExplanation) {
+    const Schema schema("explain");
+    for (const std::string& file : sampleFiles()) {
+        for (const char* what : {"profile", "NM", "PHI", "SR", "ALL", "ProfileNotes"}) {
+            expectValid(schema, {"explain", what, "--json", file});
+        }
+    }
+    expectValid(schema, {"explain", "CPXTrans", "--json"}, "PX3\nPROFILE WILL BE DEACTIVATED\n");
+    expectValid(schema, {"explain", "CPXTrans", "--json"}, "");
+    expectValid(schema, {"explain", "CRLPTrans", "--json", "strKeyIndex=9"}, "RLP\nT/ABC123 /P1\n");
+    const std::string empty = R"("call":"x","screen":[],"values":[],"steps":[],"lookAlikes":[])";
+    EXPECT_EQ(schema.faultOf(R"({"source":{"file":"-"},)" + empty + "}"), "");
+    EXPECT_EQ(schema.faultOf("{" + empty + "}"), "required at #");
+    EXPECT_EQ(schema.faultOf(R"({"source":{"file":"-"},"colour":1,)" + empty + "}"),
+              "additionalProperties at #/colour");
 }
 
 TEST(Schemas, OfTheClasses) {
