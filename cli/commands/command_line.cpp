@@ -524,6 +524,7 @@ void CommandLine::addExplain() {
     command.add_option("--screen", explain_.file, "The same file, as verify takes it")->type_name("FILE");
     command.add_option("--state", explain_.stateFile, "For a class: file with the results of the screen before")
         ->type_name("FILE");
+    command.add_flag("--rows", explain_.rows, "For a class: explain the entries of the list on the screen");
     command
         .add_option("--index", explain_.index,
                     "For a query: index of one element, from 1 (default: all elements are explained)")

@@ -5,6 +5,7 @@
 #include "cli/commands/display_doubts.h"
 #include "cli/commands/display_query.h"
 #include "cli/commands/display_warnings.h"
+#include "cli/commands/rows_view.h"
 #include "cli/commands/verify_input.h"
 #include "cli/explain/explain_json.h"
 #include "cli/explain/explain_text.h"
@@ -97,7 +98,36 @@ std::string outcomeOf(const ClassRow& row, TextView screen, const CollectionPtr&
     return "The screen was recognised; " + flagsIn(dynamic_cast<const BuiltInCollection&>(*results)) + ".";
 }
 
+std::string outcomeOf(const ClassRow& row, const ListRows& found) {
+    if (!found.isList) return "Empty, not failed: the screen shows no list that " + toUtf8(row.name) + " reads.";
+    return "The screen shows a list; rows read: " + std::to_string(found.rows.size()) + ".";
+}
+
+/// Calls the class and notes how the call ended. Returns the exit status.
+int explainCall(const ClassRow& row, const Text& screen, const CollectionPtr& state, Explanation& explanation,
+                Explained& explained) {
+    BuiltInTerminal builtIn;
+    ObservedTerminal terminal(builtIn, &explanation);
+    const CollectionPtr results = createObject(row, terminal)->profileTrans()->VerifyResponse(screen, state);
+    const bool isKnown = isRecognised(row, screen, results) || showsList(row, screen, state);
+    explained.outcome = outcomeOf(row, screen, results, isKnown);
+    explained.writeResults = [results](JsonOut& out) { writeCollection(results, out); };
+    return isKnown ? success : screenNotRecognised;
+}
+
+/// The same for the rows of a list.
+int explainRows(const ClassRow& row, const Text& screen, const CollectionPtr& state, Explanation& explanation,
+                Explained& explained) {
+    const ListRows found = readRows(row, screen, state, explanation);
+    explained.outcome = outcomeOf(row, found);
+    explained.writeResults = [json = rowsText(row, found, RowsView::Json)](JsonOut& out) {
+        out.raw(std::string_view(json).substr(0, json.size() - 1));  // without its line end
+    };
+    return found.isList ? success : screenNotRecognised;
+}
+
 int explainScreen(const ClassRow& row, const ExplainOptions& options) {
+    if (options.rows) requireLists(row);
     const VerifyOptions verify = verifyOptions(options);
     const std::shared_ptr<BuiltInCollection> collection = collectionFor(verify);
     Warnings warnings(options.quiet);
@@ -108,7 +138,7 @@ int explainScreen(const ClassRow& row, const ExplainOptions& options) {
     Explanation explanation;
     Explained explained{.explanation = explanation,
                         .row = &row,
-                        .call = "VerifyResponse",
+                        .call = options.rows ? "readRows" : "VerifyResponse",
                         .title = {},
                         .file = {},
                         .error = {},
@@ -116,20 +146,13 @@ int explainScreen(const ClassRow& row, const ExplainOptions& options) {
                         .writeResults = {}};
     explained.file = isStandardInput(options.file) ? "-" : options.file;
     explained.title = titleOf(explained, toUtf8(row.name));
-    BuiltInTerminal builtIn;
-    ObservedTerminal terminal(builtIn, &explanation);
     int status = success;
-    CollectionPtr results;
     try {
-        results = createObject(row, terminal)->profileTrans()->VerifyResponse(screen, collection);
-        const bool isKnown = isRecognised(row, screen, results) || showsList(row, screen, collection);
-        explained.outcome = outcomeOf(row, screen, results, isKnown);
-        if (!isKnown) status = screenNotRecognised;
+        status = (options.rows ? explainRows : explainCall)(row, screen, collection, explanation, explained);
     } catch (const Error& raised) {
         explained.error = raised;
         status = callFailed;
     }
-    explained.writeResults = [&results](JsonOut& out) { writeCollection(results, out); };
     show(explained, options);
     return status == success ? warnings.statusAfter(success, options.strict) : status;
 }
@@ -287,8 +310,8 @@ private:
 };
 
 int explainDisplays(const Asked& asked, const ExplainOptions& options) {
-    if (!options.arguments.empty() || !options.stateFile.empty()) {
-        throw UsageError("KEY=VALUE and --state are for the screen of a class, not for a display");
+    if (!options.arguments.empty() || !options.stateFile.empty() || options.rows) {
+        throw UsageError("KEY=VALUE, --state and --rows are for the screen of a class, not for a display");
     }
     if (isStandardInput(options.file) && inputIsTerminal()) {
         complain("reading displays from standard input; end them with the end-of-file key");

@@ -8,6 +8,7 @@
 #include "cli/io/utf.h"
 #include "cli/io/warnings.h"
 #include "cli/json/output.h"
+#include "cli/json/positions.h"
 
 #include <vector>
 
@@ -38,11 +39,19 @@ std::vector<std::string> cellsOf(const ClassRow& row, const ListRow& entry) {
     return cells;
 }
 
-std::string jsonOf(const ClassRow& row, const ListRows& found) {
+void writePositions(const ClassRow& row, const ListRow& entry, const Positioned& where, JsonOut& out) {
+    PositionsMember member(where, out);
+    for (const ListColumn& column : row.description.columns) member.add(toUtf8(column.name), entry.*column.cell);
+    member.end();
+}
+
+std::string jsonOf(const ClassRow& row, const ListRows& found, const ProfilePositions* positions) {
     std::string json;
     JsonOut out(json);
     out.beginArray();
+    Positioned where{positions};
     for (const ListRow& entry : found.rows) {
+        ++where.index;
         out.beginObject();
         out.key("line");
         out.number(entry.line);
@@ -52,6 +61,7 @@ std::string jsonOf(const ClassRow& row, const ListRows& found) {
             out.key(column.name);
             out.text(entry.*column.cell);
         }
+        if (positions != nullptr) writePositions(row, entry, where, out);
         out.endObject();
     }
     out.endArray();
@@ -96,6 +106,8 @@ std::string continuation(const ClassRow& row) {
 }
 
 RowsView rowsView(const VerifyOptions& options) {
+    if (options.positions && options.table) throw UsageError("--rows --positions prints JSON; leave --table out");
+    if (options.positions) return RowsView::Json;
     if (options.csv) return RowsView::Csv;
     return chosenView(options.table, options.json) == View::Table ? RowsView::Table : RowsView::Json;
 }
@@ -117,20 +129,21 @@ void requireLists(const ClassRow& row) {
     throw UsageError(toUtf8(row.name) + " reads no list; --rows is for " + classesWithLists());
 }
 
-std::string rowsText(const ClassRow& row, const ListRows& found, RowsView view) {
+std::string rowsText(const ClassRow& row, const ListRows& found, RowsView view, const ProfilePositions* positions) {
     switch (view) {
         case RowsView::Csv: return csvOf(row, found);
         case RowsView::Table: return tableOf(row, found);
         case RowsView::Json: break;
     }
-    return jsonOf(row, found);
+    return jsonOf(row, found, positions);
 }
 
 int showRows(const ClassRow& row, TextView screen, const CollectionPtr& state, const VerifyOptions& options,
              Warnings& warnings) {
-    const ListRows found = readRows(row, screen, state);
     const RowsView view = rowsView(options);
-    writeOutput(rowsText(row, found, view));
+    ProfilePositions positions;
+    const ListRows found = options.positions ? readRows(row, screen, state, positions) : readRows(row, screen, state);
+    writeOutput(rowsText(row, found, view, options.positions ? &positions : nullptr));
     if (!found.isList) {
         warnings.add("the screen shows no list that " + toUtf8(row.name) +
                      " reads; a screen that continues a list may need --state with the results of the one before");

@@ -76,6 +76,23 @@ const KeptPieces* ProfilePositions::find(TextView query, std::int32_t index, Tex
     return &found->second.pieces;
 }
 
+void PositionsMember::add(TextView query, std::string_view name, TextView value) {
+    const Text part(name.begin(), name.end());
+    const KeptPieces* const pieces = what_.positions->find(query, what_.index, part, value);
+    if (pieces == nullptr) return;
+    if (!std::exchange(isBegun_, true)) {
+        if (followsPieces_) out_.piece(",");
+        out_.key("positions");
+        out_.beginObject();
+    }
+    out_.key(name);
+    writePieces(*pieces, out_);
+}
+
+void PositionsMember::end() {
+    if (isBegun_) out_.endObject();
+}
+
 // ---- Results
 
 void ResultPositions::observe(const ReadingStep& step) {

@@ -4,7 +4,6 @@
 
 #include <algorithm>
 #include <span>
-#include <utility>
 
 namespace vantro {
 
@@ -25,46 +24,6 @@ void writePart(ElementPart part, const Element& element, JsonOut& out) {
     out.characters(element.*facts.value);
     out.piece("\"");
 }
-
-/// The values whose positions are asked for: those of a query, or of one of its elements (index from 1).
-struct Positioned {
-    const ProfilePositions* positions = nullptr;
-    TextView query = {};
-    std::int32_t index = 0;
-};
-
-/// Writes the member "positions", which has a member for each value that is on the display.
-class PositionsMember {
-public:
-    /// `followsPieces` says that the members above it were written as pieces, which add no comma.
-    PositionsMember(const Positioned& what, JsonOut& out, bool followsPieces = false)
-        : what_(what), out_(out), followsPieces_(followsPieces) {}
-
-    void add(std::string_view name, TextView value) { add(what_.query, name, value); }
-
-    void add(TextView query, std::string_view name, TextView value) {
-        const Text part(name.begin(), name.end());
-        const KeptPieces* const pieces = what_.positions->find(query, what_.index, part, value);
-        if (pieces == nullptr) return;
-        if (!std::exchange(isBegun_, true)) {
-            if (followsPieces_) out_.piece(",");
-            out_.key("positions");
-            out_.beginObject();
-        }
-        out_.key(name);
-        writePieces(*pieces, out_);
-    }
-
-    void end() {
-        if (isBegun_) out_.endObject();
-    }
-
-private:
-    const Positioned& what_;
-    JsonOut& out_;
-    bool followsPieces_;
-    bool isBegun_ = false;
-};
 
 void writePositions(const Positioned& what, const Element& element, const FamilyFacts* family, bool followsPieces,
                     JsonOut& out) {

@@ -126,6 +126,15 @@ TEST(Explain, TakesTheScreenAsVerifyDoesOrAlone) {
     EXPECT_EQ(runTool({"explain", "PHI", "strKeyName=A", sample("minimal")}).status, 2);
 }
 
+TEST(Explain, TheRowsOfAList) {
+    const Finished run = runTool({"explain", "CRLPTrans", "--rows"}, "RLP\nT/ABC123 /P1\n");
+    EXPECT_EQ(run.status, 0) << run.err;
+    EXPECT_TRUE(run.out.starts_with("CRLPTrans, readRows: standard input\n")) << run.out;
+    EXPECT_NE(run.out.find("The screen shows a list; rows read: 1.\n"), std::string::npos) << run.out;
+    EXPECT_EQ(runTool({"explain", "CRLPTrans", "--rows"}, "HELLO\n").status, 4);
+    EXPECT_EQ(runTool({"explain", "CPXTrans", "--rows"}, "HELLO\n").status, 2);
+}
+
 TEST(Explain, NamesWhatItDoesNotKnow) {
     const Finished run = runTool({"explain", "CPDNTran"}, "");
     EXPECT_EQ(run.status, 2);

@@ -1,6 +1,7 @@
 // Where values are: the text at the positions, joined, is the value, over all samples.
 #include "cli/json/positions.h"
 #include "cli/commands/results_view.h"
+#include "cli/commands/rows_view.h"
 #include "cli/io/screen_input.h"
 #include "cli/json/profile_json.h"
 #include "tests/cli/process.h"
@@ -187,6 +188,31 @@ TEST(Positions, OfResultsAreThoseOfTheirValues) {
         }
     }
     EXPECT_GT(count, 50U);
+}
+
+TEST(Positions, OfRowsAreThoseOfTheirCells) {
+    std::size_t count = 0;
+    for (const fs::path& file : filesIn(samples / "exchanges", ".exchange")) {
+        SCOPED_TRACE(file);
+        for (const ExchangeStep& step : readExchange(file)) {
+            const ClassRow& row = *findClass(step.className);
+            if (!step.screen || row.description.columns.empty() || step.statePrevious) continue;
+            ProfilePositions positions;
+            const ListRows found = readRows(row, *step.screen, nullptr, positions);
+            const rapidjson::Document rows = parsed(rowsText(row, found, RowsView::Json, &positions));
+            count += checkPositions(rows, *step.screen);
+            for (const auto& entry : rows.GetArray()) expectAllPlaced(entry);
+        }
+    }
+    EXPECT_GT(count, 50U);
+}
+
+TEST(Positions, OfRowsAreInJsonOnly) {
+    const std::string screen = "RLP\nT/ABC123 /P1\n";
+    EXPECT_NE(runTool({"verify", "CRLPTrans", "--rows", "--positions"}, screen).out.find("\"positions\""),
+              std::string::npos);
+    EXPECT_EQ(runTool({"verify", "CRLPTrans", "--rows", "--positions", "--table"}, screen).status, 2);
+    EXPECT_EQ(runTool({"verify", "CRLPTrans", "--rows", "--positions", "--csv"}, screen).status, 2);
 }
 
 TEST(Positions, OfAFlagAreThoseOfItsMark) {

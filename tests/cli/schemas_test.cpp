@@ -196,6 +196,7 @@ TEST(Schemas, OfRowsNameEveryColumn) {
                 "PDN/KES\nSIMILAR COMPANY NAME LIST\n     COMPANY                         RECLOC     OFFICE\n"
                 "   1 KESTRELLO TOOLS                 Q2W3E4     NCEVN0900\n>\n");
     expectValid(schema, {"verify", "CRLPTrans", "--rows"}, "RLP\nT/ABC123 /P1\n");
+    expectValid(schema, {"verify", "CRLPTrans", "--rows", "--positions"}, "RLP\nT/ABC123 /P1\n");
     expectValid(schema, {"verify", "CPDNTrans", "--rows"}, "PDN/KES\n");
     const rapidjson::Document document = parsed(contentOf(root / "schemas/rows.schema.json"));
     std::set<std::string> columns;
@@ -258,6 +259,7 @@ TEST(Schemas, OfAnExplanation) {
     expectValid(schema, {"explain", "CPXTrans", "--json"}, "PX3\nPROFILE WILL BE DEACTIVATED\n");
     expectValid(schema, {"explain", "CPXTrans", "--json"}, "");
     expectValid(schema, {"explain", "CRLPTrans", "--json", "strKeyIndex=9"}, "RLP\nT/ABC123 /P1\n");
+    expectValid(schema, {"explain", "CRLPTrans", "--rows", "--json"}, "RLP\nT/ABC123 /P1\n");
     const std::string empty = R"("call":"x","screen":[],"values":[],"steps":[],"lookAlikes":[])";
     EXPECT_EQ(schema.faultOf(R"({"source":{"file":"-"},)" + empty + "}"), "");
     EXPECT_EQ(schema.faultOf("{" + empty + "}"), "required at #");
