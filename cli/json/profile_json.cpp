@@ -205,20 +205,22 @@ private:
         if (isCompact_ && profile_.notes.empty()) return;
         key(OtherQuery::Notes);
         out_.beginArray();
+        std::int32_t index = 0;  // not the note's number: a line may be no note
         for (const Note& note : profile_.notes) {
+            ++index;
             out_.beginObject();
             out_.key("number");
             out_.raw('"' + std::to_string(note.number) + '"');
             writeNoteText("qualifier", note.qualifier);
             writeNoteText("text", note.text);
-            if (positions_ != nullptr) writeNotePositions(note);
+            if (positions_ != nullptr) writeNotePositions(note, index);
             out_.endObject();
         }
         out_.endArray();
     }
 
-    void writeNotePositions(const Note& note) {
-        const Positioned where = at(factsOf(OtherQuery::Notes).word, note.number);
+    void writeNotePositions(const Note& note, std::int32_t index) {
+        const Positioned where = at(factsOf(OtherQuery::Notes).word, index);
         PositionsMember member(where, out_);
         member.add("qualifier", note.qualifier);
         member.add("text", note.text);

@@ -38,8 +38,8 @@ public:
     }
 
     void writeExchange(const std::string& name) {
-        const test::Exchange exchange = test::readExchange(samples / "exchanges" / (name + ".exchange"));
-        const test::ExchangeStep& step = exchange.front();
+        const Exchange exchange = test::readExchange(samples / "exchanges" / (name + ".exchange"));
+        const ExchangeStep& step = exchange.front();
         const ClassRow* const row = findClass(step.className);
         BuiltInTerminal terminal;
         Explanation explanation;

@@ -127,11 +127,13 @@ TEST(Explain, TakesTheScreenAsVerifyDoesOrAlone) {
 }
 
 TEST(Explain, TheRowsOfAList) {
-    const Finished run = runTool({"explain", "CRLPTrans", "--rows"}, "RLP\nT/ABC123 /P1\n");
+    const Finished run = runTool({"explain", "CPDNTrans", "--rows"},
+                                 "PDN/KES\nSIMILAR COMPANY NAME LIST\n     COMPANY                         RECLOC\n"
+                                 "   1 KESTRELLO TOOLS                 Q2W3E4\n>\n");
     EXPECT_EQ(run.status, 0) << run.err;
-    EXPECT_TRUE(run.out.starts_with("CRLPTrans, readRows: standard input\n")) << run.out;
+    EXPECT_TRUE(run.out.starts_with("CPDNTrans, readRows: standard input\n")) << run.out;
     EXPECT_NE(run.out.find("The screen shows a list; rows read: 1.\n"), std::string::npos) << run.out;
-    EXPECT_EQ(runTool({"explain", "CRLPTrans", "--rows"}, "HELLO\n").status, 4);
+    EXPECT_EQ(runTool({"explain", "CPDNTrans", "--rows"}, "HELLO\n").status, 4);
     EXPECT_EQ(runTool({"explain", "CPXTrans", "--rows"}, "HELLO\n").status, 2);
 }
 

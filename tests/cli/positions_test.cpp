@@ -12,6 +12,7 @@
 #include <gtest/gtest.h>
 #include <rapidjson/document.h>
 
+#include <algorithm>
 #include <filesystem>
 #include <memory>
 #include <string>
@@ -76,12 +77,12 @@ std::size_t checkPositions(const rapidjson::Value& value, TextView screen) {
     return count;
 }
 
-/// Every text of an element or note has a position, but for the numbers of notes, which are counted.
-void expectAllPlaced(const rapidjson::Value& element) {
+/// Every text of an element, note or row has a position, but for one that is counted.
+void expectAllPlaced(const rapidjson::Value& element, const std::string& counted = {}) {
     for (const auto& member : element.GetObject()) {
         const std::string name = member.name.GetString();
         const bool isRead = member.value.IsString() && member.value.GetStringLength() > 0 && name != "kind";
-        if (!isRead) continue;
+        if (!isRead || name == counted) continue;
         ASSERT_TRUE(element.HasMember("positions")) << name;
         EXPECT_TRUE(element["positions"].HasMember(name.c_str())) << name;
     }
@@ -103,6 +104,16 @@ TEST(Positions, OfAProfileAreThoseOfItsValues) {
         for (const bool isCompact : {false, true}) {
             const rapidjson::Document profile = parsed(profileJson(display, isCompact));
             checkPositions(profile, display);
+            for (const char* name : {"companyName", "pin", "psl"}) {
+                if (profile.HasMember(name) && profile[name].IsObject()) expectAllPlaced(profile[name]);
+            }
+            for (const char* name : {"name", "recordLocator", "officeIdentifier"}) {
+                if (!profile.HasMember(name) || profile[name].GetStringLength() == 0) continue;
+                EXPECT_TRUE(profile["positions"].HasMember(name)) << name;
+            }
+            if (profile.HasMember("notes")) {
+                for (const auto& note : profile["notes"].GetArray()) expectAllPlaced(note, "number");
+            }
             if (!profile.HasMember("elements")) continue;
             for (const auto& family : profile["elements"].GetObject()) {
                 SCOPED_TRACE(family.name.GetString());
@@ -173,18 +184,37 @@ Read read(TextView className, TextView screen, const CollectionPtr& state) {
     return read;
 }
 
+/// True for a text, and for a flag that is True because a mark is on the screen.
+bool isReadFromScreen(const ClassRow& row, TextView key, const rapidjson::Value& value) {
+    const auto isSetByAbsence = [key](const ScreenFlag& flag) {
+        return flag.flag == key && flag.position == MarkPosition::NotOnScreen;
+    };
+    if (value.IsTrue()) return std::ranges::none_of(row.description.flags, isSetByAbsence);
+    return value.IsString() && value.GetStringLength() > 0;
+}
+
 TEST(Positions, OfResultsAreThoseOfTheirValues) {
     std::size_t count = 0;
     for (const fs::path& file : filesIn(samples / "exchanges", ".exchange")) {
         SCOPED_TRACE(file);
         CollectionPtr previous;
         for (const ExchangeStep& step : readExchange(file)) {
-            if (!step.screen || step.results->kind == ExpectedResults::Kind::Raised) continue;
-            const CollectionPtr params = step.params ? collection(*step.params) : nullptr;
-            const Read found = read(step.className, *step.screen, step.statePrevious ? previous : params);
+            if (!step.screen || step.results->kind == ExchangeResults::Kind::Raised) continue;
+            const CollectionPtr params = collectionOf(step.params);
+            const ClassRow& row = *findClass(step.className);
+            const CollectionPtr state = step.statePrevious ? previous : params;
+            const CollectionPtr passed = state ? collection(entriesOf(state)) : nullptr;  // before it is added to
+            const Read found = read(step.className, *step.screen, state);
             if (found.results == nullptr) continue;
             previous = found.results;
-            count += checkPositions(parsed(found.json), *step.screen);
+            const rapidjson::Document results = parsed(found.json);
+            count += checkPositions(results, *step.screen);
+            for (const auto& member : results.GetObject()) {
+                const Text key = wide(member.name.GetString());
+                if (passed != nullptr && passed->Item(key) != nullptr) continue;  // not read from the screen
+                EXPECT_TRUE(!isReadFromScreen(row, key, member.value) || results["positions"].HasMember(member.name))
+                    << member.name.GetString();
+            }
         }
     }
     EXPECT_GT(count, 50U);
@@ -208,11 +238,13 @@ TEST(Positions, OfRowsAreThoseOfTheirCells) {
 }
 
 TEST(Positions, OfRowsAreInJsonOnly) {
-    const std::string screen = "RLP\nT/ABC123 /P1\n";
-    EXPECT_NE(runTool({"verify", "CRLPTrans", "--rows", "--positions"}, screen).out.find("\"positions\""),
+    const std::string screen =
+        "PDN/KES\nSIMILAR COMPANY NAME LIST\n     COMPANY                         RECLOC     OFFICE\n"
+        "   1 KESTRELLO TOOLS                 Q2W3E4     NCEVN0900\n>\n";
+    EXPECT_NE(runTool({"verify", "CPDNTrans", "--rows", "--positions"}, screen).out.find("\"positions\""),
               std::string::npos);
-    EXPECT_EQ(runTool({"verify", "CRLPTrans", "--rows", "--positions", "--table"}, screen).status, 2);
-    EXPECT_EQ(runTool({"verify", "CRLPTrans", "--rows", "--positions", "--csv"}, screen).status, 2);
+    EXPECT_EQ(runTool({"verify", "CPDNTrans", "--rows", "--positions", "--table"}, screen).status, 2);
+    EXPECT_EQ(runTool({"verify", "CPDNTrans", "--rows", "--positions", "--csv"}, screen).status, 2);
 }
 
 TEST(Positions, OfAFlagAreThoseOfItsMark) {
