@@ -57,7 +57,7 @@ PyObject* dictionary_from(const vantro_collection* collection);
 
 int prepare_profiles(PyObject* types);
 PyObject* core_parse(PyObject* module, PyObject* display);
-PyObject* core_parse_all(PyObject* module, PyObject* displays);
+PyObject* core_parse_all(PyObject* module, PyObject* arguments);
 PyObject* core_elements(PyObject* module, PyObject* arguments);
 PyObject* core_families(PyObject* module, PyObject* unused);
 extern PyMethodDef object_functions[];

@@ -3,7 +3,7 @@
 
 static PyMethodDef profile_functions[] = {
     {"parse", core_parse, METH_O, NULL},
-    {"parse_all", core_parse_all, METH_O, NULL},
+    {"parse_all", core_parse_all, METH_VARARGS, NULL},
     {"elements", core_elements, METH_VARARGS, NULL},
     {"families", core_families, METH_NOARGS, NULL},
     {NULL, NULL, 0, NULL},

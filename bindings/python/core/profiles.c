@@ -1,6 +1,7 @@
 // Whole profiles. A display is read without the interpreter's lock; the Python objects are made with it.
 #include "core.h"
 
+#include <stdatomic.h>
 #include <stdlib.h>
 #include <string.h>
 
@@ -254,35 +255,96 @@ static PyObject* answer_of(Reading* reading) {
     return answer;
 }
 
-PyObject* core_parse_all(PyObject* module, PyObject* displays) {
-    (void)module;
-    // The tuple keeps the texts while they are read.
-    PyObject* const tuple = PySequence_Tuple(displays);
-    if (tuple == NULL) return NULL;
-    PyObject* answers = NULL;
-    TextArguments list;
-    if (text_arguments(tuple, "a display", &list) == 0) {
-        Reading* const readings = PyMem_Calloc((size_t)list.count + 1, sizeof *readings);
-        if (readings == NULL) {
-            PyErr_NoMemory();
-        } else {
-            Py_BEGIN_ALLOW_THREADS;
-            for (Py_ssize_t index = 0; index < list.count; ++index) read_display(list.texts[index], &readings[index]);
-            Py_END_ALLOW_THREADS;
-            answers = PyList_New(list.count);
-            for (Py_ssize_t index = 0; index < list.count; ++index) {
-                PyObject* const answer = answer_of(&readings[index]);
-                if (answers == NULL) {
-                    Py_XDECREF(answer);
-                } else if (answer == NULL || PyList_SetItem(answers, index, answer) != 0) {
-                    Py_CLEAR(answers);
-                }
-            }
-            PyMem_Free(readings);
-        }
-        text_arguments_free(&list);
+// Threads of their own, and no threads of Python: those would wait for the interpreter's lock with each result.
+
+/// Displays that several threads read; each takes the next one.
+typedef struct Batch {
+    const vantro_text* texts;
+    Reading* readings;
+    size_t count;
+    atomic_size_t next;
+} Batch;
+
+static void read_batch(Batch* batch) {
+    for (size_t index; (index = atomic_fetch_add(&batch->next, 1)) < batch->count;) {
+        read_display(batch->texts[index], &batch->readings[index]);
     }
-    Py_DECREF(tuple);
+}
+
+typedef struct Helper {
+    Batch* batch;
+    PyThread_type_lock finished;  ///< locked while the thread runs; null if there is none
+} Helper;
+
+static void run_helper(void* helper_address) {
+    Helper* const helper = helper_address;
+    read_batch(helper->batch);
+    PyThread_release_lock(helper->finished);
+}
+
+static const unsigned long no_thread = (unsigned long)-1;  // the name of this value is not in the limited interface
+
+/// Without memory for a thread, the others do its work.
+static void start_helper(Helper* helper, Batch* batch) {
+    helper->batch = batch;
+    helper->finished = PyThread_allocate_lock();
+    if (helper->finished == NULL) return;
+    PyThread_acquire_lock(helper->finished, WAIT_LOCK);
+    if (PyThread_start_new_thread(run_helper, helper) == no_thread) {
+        PyThread_release_lock(helper->finished);
+    }
+}
+
+static void wait_for(Helper* helper) {
+    if (helper->finished == NULL) return;
+    PyThread_acquire_lock(helper->finished, WAIT_LOCK);
+    PyThread_release_lock(helper->finished);
+    PyThread_free_lock(helper->finished);
+}
+
+/// Reads the displays of the list in this thread and in the helpers.
+static void read_all(const TextArguments* list, Reading* readings, Helper* helpers, int helper_count) {
+    Batch batch = {list->texts, readings, (size_t)list->count, 0};
+    Py_BEGIN_ALLOW_THREADS;
+    for (int index = 0; index < helper_count; ++index) start_helper(&helpers[index], &batch);
+    read_batch(&batch);
+    for (int index = 0; index < helper_count; ++index) wait_for(&helpers[index]);
+    Py_END_ALLOW_THREADS;
+}
+
+/// The list of the answers. Frees all readings, also after a failure.
+static PyObject* answers_of(Reading* readings, Py_ssize_t count) {
+    PyObject* answers = PyList_New(count);
+    for (Py_ssize_t index = 0; index < count; ++index) {
+        PyObject* const answer = answer_of(&readings[index]);
+        if (answers == NULL) {
+            Py_XDECREF(answer);
+        } else if (answer == NULL || PyList_SetItem(answers, index, answer) != 0) {
+            Py_CLEAR(answers);
+        }
+    }
+    return answers;
+}
+
+PyObject* core_parse_all(PyObject* module, PyObject* arguments) {
+    (void)module;
+    PyObject* displays = NULL;
+    int threads = 1;
+    if (!PyArg_ParseTuple(arguments, "O!i", &PyTuple_Type, &displays, &threads)) return NULL;
+    TextArguments list;  // the tuple keeps the texts
+    if (text_arguments(displays, "a display", &list) != 0) return NULL;
+    PyObject* answers = NULL;
+    Reading* const readings = PyMem_Calloc((size_t)list.count + 1, sizeof *readings);
+    Helper* const helpers = PyMem_Calloc((size_t)threads, sizeof *helpers);
+    if (readings == NULL || helpers == NULL) {
+        PyErr_NoMemory();
+    } else {
+        read_all(&list, readings, helpers, threads - 1);
+        answers = answers_of(readings, list.count);
+    }
+    PyMem_Free(helpers);
+    PyMem_Free(readings);
+    text_arguments_free(&list);
     return answers;
 }
 

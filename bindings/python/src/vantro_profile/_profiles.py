@@ -2,16 +2,15 @@
 
 from __future__ import annotations
 
-from collections import deque
 from collections.abc import Iterable, Iterator
-from concurrent.futures import Future, ThreadPoolExecutor
 from itertools import islice
 
 from . import _core
 from ._types import Profile, VantroError
 
-# Displays that a thread reads at once, so that handing them over costs little in comparison.
-_CHUNK = 32
+# Displays per thread that are read at once: starting the threads costs little in comparison, and the profiles that
+# wait fit into the caches.
+_CHUNK = 16
 
 
 def parse_profile(display: str) -> Profile:
@@ -43,15 +42,5 @@ def _parse_one(display: str) -> Profile | VantroError:
 
 
 def _in_threads(displays: Iterator[str], threads: int) -> Iterator[Profile | VantroError]:
-    waiting: deque[Future[list[Profile | VantroError]]] = deque()
-    with ThreadPoolExecutor(threads, "vantro") as pool:
-        try:
-            while chunk := list(islice(displays, _CHUNK)):
-                waiting.append(pool.submit(_core.parse_all, chunk))
-                if len(waiting) > 2 * threads:
-                    yield from waiting.popleft().result()
-            while waiting:
-                yield from waiting.popleft().result()
-        finally:
-            for future in waiting:
-                future.cancel()
+    while chunk := tuple(islice(displays, _CHUNK * threads)):
+        yield from _core.parse_all(chunk, threads)
