@@ -53,11 +53,18 @@ int collection_from(PyObject* mapping, vantro_collection** collection);
 /// A new dictionary with the entries of the collection in their order.
 PyObject* dictionary_from(const vantro_collection* collection);
 
-// profiles.c and objects.c
+// profiles.c
 
 int prepare_profiles(PyObject* types);
-PyObject* core_parse(PyObject* module, PyObject* display);
-PyObject* core_parse_all(PyObject* module, PyObject* arguments);
+
+/// The Python object of a profile, which owns the profile.
+PyObject* python_profile(vantro_profile* profile);
+
 PyObject* core_elements(PyObject* module, PyObject* arguments);
 PyObject* core_families(PyObject* module, PyObject* unused);
+
+// displays.c and objects.c
+
+PyObject* core_parse(PyObject* module, PyObject* display);
+PyObject* core_parse_all(PyObject* module, PyObject* arguments);
 extern PyMethodDef object_functions[];
