@@ -1,9 +1,9 @@
 #!/usr/bin/env bash
-# The long checks, beside scripts/test.sh: format, shellcheck, clang-tidy and the sanitizers, the scalar variant, 64-bit
-# ARM under an emulator, threads, coverage, the exports of a shared build, hardening, the same bytes twice, the 32-bit COM
-# clients, pages in a browser, the fuzz targets and a sample of mutations. Takes about forty minutes on two cores, after
-# the packages that it installs (Debian 12; root or sudo). The last line of a green run is "N passed, 0 failed, M
-# skipped".
+# The long checks, beside scripts/test.sh: format, shellcheck, clang-tidy and the sanitizers, the Python packages, the
+# scalar variant, 64-bit ARM under an emulator, threads, coverage, the exports of a shared build, hardening, the same
+# bytes twice, the 32-bit COM clients, pages in a browser, the fuzz targets and a sample of mutations. Takes about forty
+# minutes on two cores, after the packages that it installs (Debian 12; root or sudo). The last line of a green run is
+# "N passed, 0 failed, M skipped".
 set -euo pipefail
 cd "$(dirname "$0")/.."
 # shellcheck source=scripts/lib.sh
@@ -28,6 +28,7 @@ main() {
     check "shellcheck" strictly check_scripts
     build_and_test ci-clang # address and undefined-behaviour sanitizers, clang-tidy over every source
     check "add_subdirectory" strictly check_subdirectory
+    count_closing_line "Python packages" bash scripts/python.sh
     build_and_test scalar
     build_and_test arm64
     build_and_test tsan

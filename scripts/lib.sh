@@ -163,10 +163,14 @@ our_sources() {
     com_x64_packages=("${com_packages[@]}" g++-mingw-w64-x86-64-posix wine wine64)
     com_x86_packages=("${com_packages[@]}" g++-mingw-w64-i686-posix mmdebstrap)
     exports_packages=("${tool_packages[@]}" binutils g++-mingw-w64-x86-64-posix)
-    test_packages=("${tool_packages[@]}" libgtest-dev libgmock-dev pkg-config "${com_x64_packages[@]}")
+    python_test_packages=(python3-dev python3-pytest python3-setuptools)
+    python_packages=("${tool_packages[@]}" "${python_test_packages[@]}" binutils mypy python3-venv python3-wheel)
+    test_packages=("${tool_packages[@]}" libgtest-dev libgmock-dev pkg-config "${python_test_packages[@]}"
+        "${com_x64_packages[@]}")
     arm64_packages=("${tool_packages[@]}" googletest g++-aarch64-linux-gnu qemu-user)
     browser_packages=("${tool_packages[@]}" libgtest-dev libgmock-dev chromium chromium-driver fonts-dejavu-core
         python3 python3-selenium)
-    check_packages=("${test_packages[@]}" "${com_x86_packages[@]}" "${exports_packages[@]}" "${arm64_packages[@]}"
-        "${browser_packages[@]}" clang clang-format clang-tidy libclang-rt-dev lld git python3 shellcheck util-linux)
+    check_packages=("${test_packages[@]}" "${python_packages[@]}" "${com_x86_packages[@]}" "${exports_packages[@]}"
+        "${arm64_packages[@]}" "${browser_packages[@]}" clang clang-format clang-tidy libclang-rt-dev lld git python3
+        shellcheck util-linux)
 }

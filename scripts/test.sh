@@ -42,6 +42,7 @@ main() {
     bash scripts/test-com.sh install x64
     build_and_test ci-gcc
     check "install, find_package and pkg-config" strictly check_package
+    check "Python package" bash scripts/python.sh quick
     count_closing_line "COM server, 64-bit" bash scripts/test-com.sh x64
     # Speeds, what could not be run and why, and the counts.
     tail -n 3 "$log" | sed 's/^/          /'

@@ -56,6 +56,9 @@ public:
     TextView view() const { return view_; }
     Text text() const { return Text(view_); }
 
+    /// The text as the caller's own; nothing but the destructor may follow.
+    Text take() { return copy_.empty() ? Text(view_) : std::move(copy_); }
+
 private:
     Text copy_;
     TextView view_;

@@ -32,6 +32,8 @@ constexpr std::array<TextView Element::*, 6> parts{
 };
 static_assert(parts.size() == VANTRO_FREE_TEXT + 1);
 
+bool isSection(std::int32_t section) { return section >= 0 && static_cast<std::size_t>(section) < sectionCount; }
+
 bool isFamily(std::int32_t family) { return family >= 0 && static_cast<std::size_t>(family) < familyCount; }
 
 const FamilyFacts* factsOf(std::int32_t family) {
@@ -66,7 +68,7 @@ using namespace vantro::c;
 
 std::int32_t vantro_profile_parse(vantro_text display, vantro_profile** profile) {
     *profile = nullptr;
-    return guarded([&] { *profile = new vantro_profile{parseProfile(TextArgument(display).text())}; });
+    return guarded([&] { *profile = new vantro_profile{parseProfile(TextArgument(display).take())}; });
 }
 
 void vantro_profile_free(vantro_profile* profile) { delete profile; }
@@ -74,6 +76,26 @@ void vantro_profile_free(vantro_profile* profile) { delete profile; }
 vantro_view vantro_profile_value(const vantro_profile* profile, vantro_value value) {
     const auto index = static_cast<std::size_t>(value);
     return viewOf(profile != nullptr && index < values.size() ? values[index](profile->profile) : TextView());
+}
+
+std::int32_t vantro_profile_has_value(const vantro_profile* profile, vantro_value value) {
+    if (profile == nullptr || static_cast<std::size_t>(value) >= values.size()) return 0;
+    switch (value) {
+        case VANTRO_COMPANY_NUMBER: return profile->profile.companyName.number ? 1 : 0;
+        case VANTRO_PSL:
+        case VANTRO_PSL_NUMBER: return profile->profile.psl ? 1 : 0;
+        default: return 1;
+    }
+}
+
+std::int32_t vantro_section_count() { return static_cast<std::int32_t>(sectionCount); }
+
+vantro_view vantro_section_title(std::int32_t section) {
+    return viewOf(isSection(section) ? titleOf(static_cast<Section>(section)) : TextView());
+}
+
+std::int32_t vantro_section_is_shown(const vantro_profile* profile, std::int32_t section) {
+    return profile != nullptr && isSection(section) && profile->profile.isShown(static_cast<Section>(section)) ? 1 : 0;
 }
 
 std::int32_t vantro_family_count() { return static_cast<std::int32_t>(familyCount); }

@@ -66,6 +66,9 @@ void expectHeader(const vantro_profile* profile, const Profile& expected) {
     EXPECT_EQ(value(VANTRO_PIN_NUMBER), expected.pin.number);
     EXPECT_EQ(value(VANTRO_PSL), expected.psl ? expected.psl->text : TextView());
     EXPECT_EQ(value(VANTRO_PSL_NUMBER), expected.psl ? expected.psl->number : TextView());
+    for (std::int32_t section = 0; section < vantro_section_count(); ++section) {
+        EXPECT_EQ(vantro_section_is_shown(profile, section) != 0, expected.isShown(static_cast<Section>(section)));
+    }
 }
 
 void expectNotesAndProblems(const vantro_profile* profile, const Profile& expected) {
@@ -108,6 +111,35 @@ TEST(CProfile, ListsItsProblems) {
     const Owned<vantro_profile> profile = profileOf(display);
     EXPECT_GT(vantro_problem_count(profile.get()), 20U);
     EXPECT_EQ(vantro_problem_number(profile.get(), 0), 0);
+}
+
+// The line of the company name has two characters where its number and "PCN/" would be, and no line begins the PSL.
+TEST(CProfile, SaysWhichValuesAreNotThere) {
+    const auto hasValues = [](const char* sample) {
+        const auto file = std::filesystem::path(VANTRO_SOURCE_DIR) / "samples" / "profiles" / sample;
+        const Owned<vantro_string> screen = screenOf(contentsOf(file));
+        const Owned<vantro_profile> profile = profileOf(viewed(vantro_string_view(screen.get())));
+        std::string present;
+        for (int value = VANTRO_NAME; value <= VANTRO_PSL_NUMBER; ++value) {
+            present += vantro_profile_has_value(profile.get(), static_cast<vantro_value>(value)) != 0 ? '1' : '0';
+        }
+        return present;
+    };
+    EXPECT_EQ(hasValues("traveller.txt"), "111111111");
+    EXPECT_EQ(hasValues("company.txt"), "111111100");
+    EXPECT_EQ(hasValues("header_4505.txt"), "111101100");
+    EXPECT_EQ(vantro_profile_has_value(nullptr, VANTRO_NAME), 0);
+}
+
+TEST(CSections, AreThoseOfTheLibrary) {
+    ASSERT_EQ(vantro_section_count(), static_cast<std::int32_t>(sectionCount));
+    for (std::int32_t section = 0; section < vantro_section_count(); ++section) {
+        EXPECT_EQ(viewed(vantro_section_title(section)), titleOf(static_cast<Section>(section)));
+    }
+    EXPECT_EQ(viewed(vantro_section_title(0)), u"PRIORITY");
+    EXPECT_EQ(vantro_section_title(-1).size, 0U);
+    EXPECT_EQ(vantro_section_title(vantro_section_count()).size, 0U);
+    EXPECT_EQ(vantro_section_is_shown(nullptr, 0), 0);
 }
 
 TEST(CFamilies, AreThoseOfTheLibrary) {

@@ -112,6 +112,16 @@ typedef enum vantro_value {
 /* A value; empty when the display does not show it. */
 VANTRO_C_EXPORT vantro_view vantro_profile_value(const vantro_profile* profile, vantro_value value);
 
+/* Whether there is such a value, be it empty: 0 for the company's number when its line has none, and for the PSL and its
+ * number when the display has no PSL. The other values are always there. */
+VANTRO_C_EXPORT int32_t vantro_profile_has_value(const vantro_profile* profile, vantro_value value);
+
+/* The sections of a display, in the order in which the host prints them: their number, the title of one ("PRIORITY"),
+ * and whether its header is in the display. Sections are numbered from 0; numbers are never reused. */
+VANTRO_C_EXPORT int32_t vantro_section_count(void);
+VANTRO_C_EXPORT vantro_view vantro_section_title(int32_t section);
+VANTRO_C_EXPORT int32_t vantro_section_is_shown(const vantro_profile* profile, int32_t section);
+
 /* The families of elements: their number, the word of a family ("PHI"), what it means, and the family with a word, or
  * -1. Families are numbered from 0; numbers are never reused. */
 VANTRO_C_EXPORT int32_t vantro_family_count(void);
