@@ -1,7 +1,8 @@
 // A class, a state and one or more screens. Every screen after the first is read with the results of the previous one,
-// as when paging through a list.
+// as when paging through a list. Screens with an odd number of lines are read by observed readers.
 #include "fuzz/common/compare.h"
 #include "fuzz/common/input.h"
+#include "fuzz/common/piece_check.h"
 #include "tests/oracle/screens_oracle.h"
 #include "tests/support/own_lines_terminal.h"
 #include "vantro/registry.h"
@@ -44,6 +45,7 @@ struct Answer {
     int error = 0;
     std::int16_t linked = 0;    // profiles counted by the class's count property
     std::vector<int> reported;  // error numbers, in order
+    std::string pieces;         // what an observer was told wrongly
 };
 
 struct Expected {
@@ -61,12 +63,25 @@ template <class OfTerminal>
 class Library {
 public:
     template <class... Arguments>
-    explicit Library(const ClassRow& row, Arguments... arguments)
+    explicit Library(const ClassRow& row, std::size_t width, Arguments... arguments)
         : row_(row),
+          width_(width),
           terminal_(arguments..., [this](const Error& error) { answer_.reported.push_back(error.number()); }),
-          object_(createObject(row, terminal_)) {}
+          observed_(terminal_),
+          object_(createObject(row, observed_)) {}
 
     Answer read(TextView screen, const CollectionPtr& state) {
+        PieceCheck pieces(screen, width_);
+        const bool isObserved = screen.size() / width_ % 2 == 1;
+        observed_.setObserver(isObserved ? &pieces : nullptr);
+        Answer answer = readNow(screen, state);
+        observed_.setObserver(nullptr);
+        answer.pieces = pieces.message();
+        return answer;
+    }
+
+private:
+    Answer readNow(TextView screen, const CollectionPtr& state) {
         answer_ = Answer();
         try {
             const CollectionPtr results = object_->profileTrans()->VerifyResponse(screen, state);
@@ -78,10 +93,11 @@ public:
         return std::move(answer_);
     }
 
-private:
     const ClassRow& row_;
+    std::size_t width_;
     Answer answer_;
     OfTerminal terminal_;
+    ObservedTerminal observed_;
     std::unique_ptr<ProfileObject> object_;
 };
 
@@ -145,6 +161,7 @@ std::string compare(const Run& run, OfLibrary& library, std::vector<std::vector<
             !same(answer.results.get(), pointer(expected.results))) {
             return differenceMessage(run, screen, pointer(expectedState), answer, expected);
         }
+        if (!answer.pieces.empty()) return answer.pieces + "\nfor " + drawn(screen, run.width);
         if (answer.results && (answer.results == state) != addsToState(*run.reader.row)) {
             return "the wrong collection was returned\n" + drawn(screen, run.width);
         }
@@ -173,12 +190,12 @@ std::string transactions(Bytes bytes) {
     const Run run{reader, given, !input.fields().empty(), screens, layout.width};
 
     std::vector<std::vector<int>> ownReports;
-    Library<test::WideTerminal> own(*reader.row, layout.width);
+    Library<test::WideTerminal> own(*reader.row, layout.width, layout.width);
     if (std::string message = compare(run, own, ownReports); !message.empty()) return "own lines: " + message;
     if (layout.width != Layout().width) return {};
 
     std::vector<std::vector<int>> reports;
-    Library<BuiltInTerminal> builtIn(*reader.row);
+    Library<BuiltInTerminal> builtIn(*reader.row, layout.width);
     if (std::string message = compare(run, builtIn, reports); !message.empty()) return "built in: " + message;
     return reports == ownReports ? std::string() : "the two terminals received different reports";
 }

@@ -1,6 +1,8 @@
-// The whole profile against the single queries: each value is compared with what its query returns.
+// The whole profile against the single queries: each value is compared with what its query returns. Either the profile
+// or the queries are observed.
 #include "fuzz/common/compare.h"
 #include "fuzz/common/input.h"
+#include "fuzz/common/piece_check.h"
 #include "vantro/profile.h"
 #include "vantro/registry.h"
 
@@ -52,7 +54,11 @@ constexpr int outOfRange = 9;
 
 class Comparison {
 public:
-    explicit Comparison(const Text& display) : display_(display), profile_(parseProfile(display)) {}
+    Comparison(const Text& display, bool isProfileObserved)
+        : display_(display),
+          pieces_(display, Layout().width),
+          profile_(isProfileObserved ? parseProfile(display, pieces_) : parseProfile(display)),
+          terminal_(builtIn_, isProfileObserved ? nullptr : &pieces_) {}
 
     std::string run() {
         compareHeader();
@@ -66,6 +72,7 @@ public:
         }
         compareNotes();
         if (problems_ != profile_.problems.size()) part(u"problems", "the problems are not those of the queries");
+        if (!pieces_.message().empty()) part(u"pieces", pieces_.message());
         return message_;
     }
 
@@ -203,8 +210,10 @@ private:
     }
 
     const Text& display_;
+    PieceCheck pieces_;
     Profile profile_;
-    BuiltInTerminal terminal_;
+    BuiltInTerminal builtIn_;
+    ObservedTerminal terminal_;
     std::unique_ptr<ProfileObject> object_ = createObject(*findClass(u"CProfile"), terminal_);
     std::unique_ptr<ProfileObject> notes_ = createObject(*findClass(u"CProfileNotes"), terminal_);
     std::size_t problems_ = 0;
@@ -219,7 +228,8 @@ std::string wholeProfile(Bytes bytes) {
     layout.width = Layout().width;  // a display without a terminal has the host's lines
     for (const std::string_view lines : input.screens()) {
         const Text display = screenOf(lines, layout);
-        if (std::string message = Comparison(display).run(); !message.empty()) return message;
+        const bool isProfileObserved = display.size() / Layout().width % 2 == 1;
+        if (std::string message = Comparison(display, isProfileObserved).run(); !message.empty()) return message;
     }
     return {};
 }

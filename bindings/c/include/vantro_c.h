@@ -112,8 +112,8 @@ typedef enum vantro_value {
 /* A value; empty when the display does not show it. */
 VANTRO_C_EXPORT vantro_view vantro_profile_value(const vantro_profile* profile, vantro_value value);
 
-/* Whether there is such a value, be it empty: 0 for the company's number when its line has none, and for the PSL and its
- * number when the display has no PSL. The other values are always there. */
+/* Whether there is such a value, be it empty: 0 for the company's number when its line has none, and for the PSL and
+ * its number when the display has no PSL. The other values are always there. */
 VANTRO_C_EXPORT int32_t vantro_profile_has_value(const vantro_profile* profile, vantro_value value);
 
 /* The sections of a display, in the order in which the host prints them: their number, the title of one ("PRIORITY"),
