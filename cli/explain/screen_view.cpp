@@ -124,12 +124,16 @@ private:
         return static_cast<int>(known - legend_.begin());
     }
 
+    /// Two parts share a name: the free text is another thing in a service request than in a confidential remark.
     static std::string partMeaning(std::string_view name) {
+        std::string meanings;
         for (std::size_t index = 0; index < elementPartCount; ++index) {
             const PartFacts& facts = factsOf(static_cast<ElementPart>(index));
-            if (facts.json == name) return toUtf8(facts.meaning);
+            if (facts.json != name) continue;
+            if (!meanings.empty()) meanings += "; or ";
+            meanings += toUtf8(facts.meaning);
         }
-        return {};
+        return meanings;
     }
 
     /// The place of a used entry among the used ones.

@@ -103,6 +103,8 @@ constexpr auto marks = std::to_array<MarkRow>({
     {mark::similarCompanies,  u"the title of a list of companies with similar names"},
     {mark::companyColumn,     u"the column header above the companies of a list"},
     {mark::nameColumn,        u"the column header above the travellers of a list"},
+    {u"     RECLOC     ",     u"the title of the column of record locators"},
+    {u"RECLOC ",              u"the title of the column of record locators"},
     {mark::endOfBlock,        u"the list continues on another screen"},
     {mark::noSuchElement,     u"the profile or the list has no such entry"},
     {mark::pnr,               u"the beginning of a PNR"},

@@ -203,5 +203,11 @@ TEST(Explain, FitsTheTerminal) {
     }
 }
 
+TEST(ExplainCommand, NamesBothMeaningsOfAFreeText) {
+    const Finished run = runTool({"explain", "RC", sample("every_family"), "--index", "1"});
+    EXPECT_NE(run.out.find("freeText  free text of a service request; or text of a confidential remark\n"),
+              std::string::npos);
+}
+
 }  // namespace
 }  // namespace vantro::test

@@ -84,6 +84,8 @@ TEST(Meanings, OfMarksAreTheFlagsThatTheySet) {
         {u"CPDTrans", searched(u"TRAVELLER NAME NOT FOUND"), "ends the search and sets no flag"},
         {u"CProfileNotes", searched(u"TRANSACTION NOT ALLOWED"),
          "after PNE, if it is not there, blnKeyResponseOK: the host has accepted the command"},
+        {u"CPDNTrans", searched(u"     RECLOC     "), "the title of the column of record locators"},
+        {u"CPLTTrans", searched(u"RECLOC "), "the title of the column of record locators"},
         {u"CPDNTrans", searched(u"END OF BLOCK - USE PDMD"),
          "blnKeyEndOfBlock: the list continues; without a list to read, the value of the state"},
     });
