@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <map>
-#include <ranges>
 #include <string>
 #include <tuple>
 #include <utility>
@@ -130,11 +129,11 @@ private:
     static const ReadingRule* ruleFor(const PageGroup& group, const PageValue& value) {
         const auto place = value.firstPlace();
         if (!place) return nullptr;
-        for (const PageDecision& decision : std::views::reverse(group.decisions)) {
+        const auto decided = std::find_if(group.decisions.rbegin(), group.decisions.rend(), [&](const auto& decision) {
             const KeptStep& step = decision.step;
-            if (step.rule != nullptr && step.line <= place->line && place->line <= step.lastLine) return step.rule;
-        }
-        return nullptr;
+            return step.rule != nullptr && step.line <= place->line && place->line <= step.lastLine;
+        });
+        return decided != group.decisions.rend() ? decided->step.rule : nullptr;
     }
 
     void addDecision(KeptStep step) {
