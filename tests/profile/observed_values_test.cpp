@@ -178,7 +178,8 @@ protected:
         Parser plain(u"CProfile", makeTerminal());
         for (const std::string& word : queryWords) {
             SCOPED_TRACE(word);
-            for (std::int16_t index = 0; index < (word == "ALL" ? 1 : 3); ++index) {
+            const std::int16_t last = word == "ALL" ? 0 : 2;
+            for (std::int16_t index = 0; index <= last; ++index) {
                 TextList selection{u"rm", u"S  ", u"ffn"};
                 TextList plainSelection = selection;
                 Request request = wanting(word, ItemValue(index));
