@@ -109,23 +109,40 @@ private:
         if (expected != nullptr && actual != nullptr && *expected == *actual) return;
         add(line, toUtf8(key), expected != nullptr ? spelled(*expected) : nothing,
             actual != nullptr ? spelled(*actual) : nothing);
-        differences_.back().screenLines = linesOf(key, expected, actual);
-        differences_.back().screen = *step_.screen;
+        Difference& added = differences_.back();
+        added.screen = *step_.screen;
+        added.expectedLines = linesWithValue(expected, actual);
+        added.read = piecesOf(key, expected, actual);
+        added.screenLines = added.read.empty() ? linesWithValue(actual, expected) : linesOf(added.read);
+        addLines(added.expectedLines, added.screenLines);
+        if (added.read.empty()) addMarks(key, added.screenLines);
     }
 
-    Lines linesOf(const Text& key, const ItemValue* expected, const ItemValue* actual) const {
-        Lines lines;
-        const auto addThose = [&](const ItemValue* value, const ItemValue* other) {
-            if (value == nullptr) return;
-            for (const std::size_t line : std::visit(ValueLines{*step_.screen, other}, *value)) addLine(line, lines);
-        };
-        addThose(expected, actual);
-        addThose(actual, expected);
+    Lines linesWithValue(const ItemValue* value, const ItemValue* other) const {
+        return value != nullptr ? std::visit(ValueLines{*step_.screen, other}, *value) : Lines();
+    }
+
+    void addMarks(const Text& key, Lines& lines) const {
         const ClassRow* const row = findClass(step_.className);
         for (const SeenMark& seen : row == nullptr ? std::vector<SeenMark>() : marksOn(*step_.screen, *row)) {
             if (seen.flag->flag == key) addLine(seen.line, lines);
         }
-        return lines;
+    }
+
+    /// The pieces of what came; of a list, those of the entries that differ.
+    KeptPieces piecesOf(const Text& key, const ItemValue* expected, const ItemValue* actual) const {
+        const auto* const entries =
+            actual != nullptr && outcome_.positions != nullptr ? outcome_.positions->find(key) : nullptr;
+        if (entries == nullptr) return {};
+        const auto* const list = std::get_if<TextList>(actual);
+        const auto* const others = expected != nullptr ? std::get_if<TextList>(expected) : nullptr;
+        KeptPieces pieces;
+        for (std::size_t i = 0; i < entries->size(); ++i) {
+            const bool isSame = list != nullptr && others != nullptr && i < list->size() && i < others->size() &&
+                                (*list)[i] == (*others)[i];
+            if (!isSame) pieces.insert(pieces.end(), (*entries)[i].begin(), (*entries)[i].end());
+        }
+        return pieces;
     }
 
     void add(int line, const std::string& what, std::string expected, std::string actual) {
@@ -153,9 +170,15 @@ std::vector<std::size_t> linesWith(TextView screen, TextView text) {
     return lines;
 }
 
-std::vector<std::size_t> linesWithEither(TextView screen, TextView one, TextView other) {
-    Lines lines = linesWith(screen, one);
-    for (const std::size_t line : linesWith(screen, other)) addLine(line, lines);
+void addLines(const std::vector<std::size_t>& further, std::vector<std::size_t>& lines) {
+    for (const std::size_t line : further) addLine(line, lines);
+}
+
+std::vector<std::size_t> linesOf(const KeptPieces& pieces) {
+    Lines lines;
+    for (const KeptPiece& piece : pieces) {
+        if (piece.place) addLine(static_cast<std::size_t>(piece.place->line), lines);
+    }
     return lines;
 }
 

@@ -1,6 +1,7 @@
 // Where what came differs from what was expected.
 #pragma once
 
+#include "cli/json/positions.h"
 #include "cli/replay/player.h"
 
 #include <cstddef>
@@ -16,6 +17,8 @@ struct Difference {
     std::string actual;    ///< in the same way
     std::vector<std::size_t> screenLines;  ///< the lines that it concerns, from 0; empty where they are not known
     Text screen;                           ///< the screen that they are lines of
+    KeptPieces read = {};                  ///< where what came was read; empty where it is not known
+    std::vector<std::size_t> expectedLines = {};  ///< the lines, from 0, that contain the expected text
 };
 
 inline constexpr const char* nothing = "nothing";
@@ -24,8 +27,11 @@ inline constexpr const char* nothing = "nothing";
 /// lines contain.
 std::vector<std::size_t> linesWith(TextView screen, TextView text);
 
-/// The same for either of two texts, in the order of the lines.
-std::vector<std::size_t> linesWithEither(TextView screen, TextView one, TextView other);
+/// Adds the lines to others, which stay in their order; a line that is there already is not added again.
+void addLines(const std::vector<std::size_t>& further, std::vector<std::size_t>& lines);
+
+/// The lines, from 0 and in their order, in which the pieces are. Inserted text is in none.
+std::vector<std::size_t> linesOf(const KeptPieces& pieces);
 
 /// The differences between a step and its outcome, in the order of the step's sections. Empty when it passes.
 std::vector<Difference> differencesOf(const ExchangeStep& step, const StepOutcome& outcome);

@@ -6,6 +6,7 @@
 #include "cli/json/profile_json.h"
 
 #include <algorithm>
+#include <map>
 #include <utility>
 
 namespace vantro {
@@ -24,22 +25,64 @@ void collectTexts(const JsonNode& node, TextList& texts) {
     for (const JsonNode& item : node.items) collectTexts(item, texts);
 }
 
-std::vector<std::size_t> linesOf(TextView display, const JsonNode* expected, const JsonNode* actual) {
+std::vector<std::size_t> linesWithTexts(TextView display, const JsonNode* value) {
     TextList texts;
-    if (expected != nullptr) collectTexts(*expected, texts);
-    if (actual != nullptr) collectTexts(*actual, texts);
+    if (value != nullptr) collectTexts(*value, texts);
     std::vector<std::size_t> lines;
-    for (const Text& text : texts) {
-        for (const std::size_t line : linesWith(display, text)) lines.push_back(line);
-    }
-    std::ranges::sort(lines);
-    lines.erase(std::unique(lines.begin(), lines.end()), lines.end());
+    for (const Text& text : texts) addLines(linesWith(display, text), lines);
     return lines;
 }
 
+/// Where the values of a profile were read, from the same profile written with its positions.
+class NodePositions {
+public:
+    NodePositions(const JsonNode& profile, const JsonNode& withPositions) { collect(profile, withPositions); }
+
+    /// The pieces of all values in a node.
+    KeptPieces of(const JsonNode& node) const {
+        const auto found = pieces_.find(&node);
+        KeptPieces pieces = found != pieces_.end() ? found->second : KeptPieces();
+        for (const JsonNode& item : node.items) {
+            const KeptPieces further = of(item);
+            pieces.insert(pieces.end(), further.begin(), further.end());
+        }
+        return pieces;
+    }
+
+private:
+    void collect(const JsonNode& node, const JsonNode& placed) {
+        const JsonNode* const positions = placed.member("positions");
+        for (std::size_t i = 0; i < node.items.size(); ++i) {
+            const bool isMember = node.kind == Kind::Object;
+            const JsonNode* const match = isMember ? placed.member(node.names[i]) : &placed.items[i];
+            collect(node.items[i], *match);
+            const JsonNode* const pieces =
+                isMember && positions != nullptr ? positions->member(node.names[i]) : nullptr;
+            if (pieces != nullptr) pieces_[&node.items[i]] = piecesIn(*pieces);
+        }
+    }
+
+    static KeptPieces piecesIn(const JsonNode& array) {
+        KeptPieces pieces;
+        for (const JsonNode& piece : array.items) {
+            const auto number = [&piece](std::string_view name) {
+                return static_cast<std::int32_t>(std::stoi(std::string(piece.member(name)->text)));
+            };
+            const JsonNode* const inserted = piece.member("inserted");
+            pieces.push_back(inserted != nullptr
+                                 ? KeptPiece{inserted->string(), std::nullopt}
+                                 : KeptPiece{{}, Place{number("line"), number("column"), number("length")}});
+        }
+        return pieces;
+    }
+
+    std::map<const JsonNode*, KeptPieces> pieces_;
+};
+
 class Comparison {
 public:
-    Comparison(std::string_view file, const Text& display) : file_(file), display_(display) {}
+    Comparison(std::string_view file, const Text& display, const NodePositions& positions)
+        : file_(file), display_(display), positions_(positions) {}
 
     ExpectationResult run(const JsonNode& expected, const JsonNode& actual) {
         compare("", expected, actual);
@@ -134,12 +177,18 @@ private:
     // ---- Results
 
     void add(const std::string& path, std::size_t offset, const JsonNode* expected, const JsonNode* actual) {
+        const KeptPieces read = actual != nullptr ? positions_.of(*actual) : KeptPieces();
+        const std::vector<std::size_t> expectedLines = linesWithTexts(display_, expected);
+        std::vector<std::size_t> lines = read.empty() ? linesWithTexts(display_, actual) : linesOf(read);
+        addLines(expectedLines, lines);
         result_.differences.push_back({.line = lineAt(file_, offset),
                                        .where = path.empty() ? "the whole profile" : path,
                                        .expected = expected != nullptr ? inOneLine(expected->text) : nothing,
                                        .actual = actual != nullptr ? std::string(actual->text) : nothing,
-                                       .screenLines = linesOf(display_, expected, actual),
-                                       .screen = display_});
+                                       .screenLines = std::move(lines),
+                                       .screen = display_,
+                                       .read = read,
+                                       .expectedLines = expectedLines});
     }
 
     void edit(std::size_t at, std::size_t length, std::string text) {
@@ -175,6 +224,7 @@ private:
 
     std::string_view file_;
     const Text& display_;
+    const NodePositions& positions_;
     ExpectationResult result_;
 };
 
@@ -193,10 +243,19 @@ JsonNode readExpectation(std::string_view text) {
 ExpectationResult compareWithExpectation(std::string_view expectation, const Text& display) {
     if (!isUtf8(expectation)) throw UsageError("the file is not UTF-8");
     const JsonNode expected = readExpectation(expectation);
-    std::string json;
-    JsonOut out(json);
-    writeProfile(parseProfile(display), {}, out);
-    return Comparison(expectation, display).run(expected, readTree(json));
+    ProfilePositions positions;
+    const Profile profile = parseProfile(display, positions);
+    const auto written = [&profile](const ProfilePositions* places) {
+        std::string json;
+        JsonOut out(json);
+        writeProfile(profile, {.positions = places}, out);
+        return json;
+    };
+    const std::string json = written(nullptr);
+    const std::string jsonWithPositions = written(&positions);
+    const JsonNode actual = readTree(json);
+    const NodePositions places(actual, readTree(jsonWithPositions));
+    return Comparison(expectation, display, places).run(expected, actual);
 }
 
 }  // namespace vantro

@@ -30,6 +30,20 @@ const ClassRow& rowOf(const ExchangeStep& step) {
 
 }  // namespace
 
+std::unique_ptr<ProfileObject> ObservedBackend::create(const ClassRow& row, Terminal& terminal) {
+    if (!terminal_) terminal_.emplace(terminal, observer_);
+    return library_.create(row, *terminal_);
+}
+
+std::int16_t ObservedBackend::count(ProfileObject& object, const CountProperty& property, const CountRequest& request) {
+    return library_.count(object, property, request);
+}
+
+void ObservedBackend::setObserver(ReadingObserver* observer) {
+    observer_ = observer;
+    if (terminal_) terminal_->setObserver(observer);
+}
+
 ExchangeEntries entriesOf(const KeyedCollection& collection) {
     ExchangeEntries entries;
     for (const auto& entry : dynamic_cast<const BuiltInCollection&>(collection).entries()) {
@@ -66,7 +80,11 @@ void ExchangePlayer::readScreen(const ExchangeStep& step, const ClassRow& row, c
         if (!reply.error) outcome.count = std::get<std::int16_t>(reply.result);
         outcome.reported = reply.reported;
     }
+    const auto positions = std::make_shared<ResultPositions>(row);
+    library_.setObserver(positions.get());
     const Reply& reply = call(Call::VerifyResponse, row, step.statePrevious ? previous_ : params, *step.screen);
+    library_.setObserver(nullptr);
+    outcome.positions = positions;
     outcome.reported.insert(outcome.reported.end(), reply.reported.begin(), reply.reported.end());
     ExchangeResults& results = outcome.results.emplace();
     if (reply.error) {

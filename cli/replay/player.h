@@ -2,8 +2,10 @@
 #pragma once
 
 #include "cli/batch/session.h"
+#include "cli/json/positions.h"
 #include "cli/replay/exchange.h"
 
+#include <memory>
 #include <optional>
 #include <vector>
 
@@ -15,7 +17,24 @@ struct StepOutcome {
     std::optional<int> commandRaised;
     std::optional<int> count;
     std::optional<ExchangeResults> results;
-    std::vector<int> reported;  ///< while the screen was read
+    std::vector<int> reported;                              ///< while the screen was read
+    std::shared_ptr<const ResultPositions> positions = {};  ///< where the results are on the screen
+};
+
+/// The linked library, whose calls can be observed.
+class ObservedBackend final : public Backend {
+public:
+    /// All objects are created with the terminal of the first one.
+    std::unique_ptr<ProfileObject> create(const ClassRow& row, Terminal& terminal) override;
+    std::int16_t count(ProfileObject& object, const CountProperty& property, const CountRequest& request) override;
+
+    /// Null ends the observation.
+    void setObserver(ReadingObserver* observer);
+
+private:
+    LinkedBackend library_;
+    std::optional<ObservedTerminal> terminal_;
+    ReadingObserver* observer_ = nullptr;
 };
 
 /// Plays the steps of one exchange in their order, with one object per class.
@@ -28,7 +47,7 @@ private:
     const Reply& call(Call call, const ClassRow& row, const CollectionPtr& params, TextView screen = {});
     void readScreen(const ExchangeStep& step, const ClassRow& row, const CollectionPtr& params, StepOutcome& outcome);
 
-    LinkedBackend library_;
+    ObservedBackend library_;
     Session session_{library_};
     CollectionPtr previous_;  // the last collection that a step returned
 };

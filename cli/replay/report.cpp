@@ -57,9 +57,43 @@ std::string screenText(const Difference& difference) {
     return "  line " + ruler(width) + "\n" + lines;
 }
 
+/// "line 4, columns 6 to 20"
+std::string placeText(const Place& place) {
+    const std::string start = "line " + std::to_string(place.line) + ", column";
+    if (place.length == 1) return start + " " + std::to_string(place.column);
+    return start + "s " + std::to_string(place.column) + " to " + std::to_string(place.column + place.length - 1);
+}
+
+/// "5", "5, 7 and 3 more"
+std::string listText(const std::vector<std::string>& items, std::string_view separator) {
+    std::string text;
+    const std::size_t count = std::min(items.size(), mostShownLines);
+    for (std::size_t i = 0; i < count; ++i) text.append(i == 0 ? "" : separator).append(items[i]);
+    if (items.size() > count) text += " and " + std::to_string(items.size() - count) + " more";
+    return text;
+}
+
+/// Where what came was read, and where the expected text is.
+std::string placesText(const Difference& difference) {
+    std::vector<std::string> places;
+    for (const KeptPiece& piece : difference.read) {
+        if (piece.place) places.push_back(placeText(*piece.place));
+    }
+    std::vector<std::string> lines;
+    for (const std::size_t line : difference.expectedLines) lines.push_back(std::to_string(line));
+    std::string text;
+    if (!places.empty()) text += "    read in " + listText(places, "; ") + "\n";
+    if (!lines.empty()) {
+        text += std::string("    expected text is in line") + (lines.size() > 1 ? "s " : " ") + listText(lines, ", ") +
+                "\n";
+    }
+    return text;
+}
+
 std::string differenceText(const Difference& difference, const std::string& file) {
     return "  " + file + ":" + std::to_string(difference.line) + ": " + difference.where + "\n" + "    expected " +
-           difference.expected + "\n    came     " + difference.actual + "\n" + screenText(difference);
+           difference.expected + "\n    came     " + difference.actual + "\n" + placesText(difference) +
+           screenText(difference);
 }
 
 }  // namespace
@@ -118,6 +152,12 @@ std::string caseJson(const CaseResult& result) {
         out.key("screenLines");
         out.beginArray();
         for (const std::size_t line : difference.screenLines) out.number(static_cast<int>(line));
+        out.endArray();
+        out.key("read");
+        writePieces(difference.read, out);
+        out.key("expectedLines");
+        out.beginArray();
+        for (const std::size_t line : difference.expectedLines) out.number(static_cast<int>(line));
         out.endArray();
         out.endObject();
     }

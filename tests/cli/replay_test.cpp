@@ -28,7 +28,7 @@ const std::string good = command + screen + "results:\n  \"blnKeyResponseOK\": t
 
 struct Played {
     std::vector<StepOutcome> outcomes;
-    Lines differences;  // "line: where: expected / came @ screen lines"
+    Lines differences;  // "line: where: expected / came @ screen lines, read 3:10-19, expected in lines"
 };
 
 Lines described(const std::vector<Difference>& differences) {
@@ -37,6 +37,9 @@ Lines described(const std::vector<Difference>& differences) {
         std::string text =
             std::to_string(found.line) + ": " + found.where + ": " + found.expected + " / " + found.actual;
         for (const std::size_t line : found.screenLines) text += " @" + std::to_string(line);
+        if (!found.read.empty()) text += ", read " + placesOf(found.read);
+        if (!found.expectedLines.empty()) text += ", expected in";
+        for (const std::size_t line : found.expectedLines) text += " " + std::to_string(line);
         lines.push_back(text);
     }
     return lines;
@@ -75,11 +78,12 @@ TEST(Replay, SaysWhatWasExpectedAndWhatCame) {
     EXPECT_EQ(differencesIn(replaced(good, "\"PX3\"", "\"PX4\"")), Lines{"6: CPXTrans, command: \"PX4\" / \"PX3\""});
     EXPECT_EQ(differencesIn(replaced(good, "command: \"PX3\"", "command raises: 5010")),
               Lines{"6: CPXTrans, command: error 5010 / \"PX3\""});
-    EXPECT_EQ(differencesIn(replaced(good, "true", "false")), Lines{"12: CPXTrans, blnKeyResponseOK: false / true @1"});
+    EXPECT_EQ(differencesIn(replaced(good, "true", "false")),
+              Lines{"12: CPXTrans, blnKeyResponseOK: false / true @1, read 1:9-27"});
     EXPECT_EQ(differencesIn(replaced(good, "true", "true\n  \"strKey\": \"\"")),
               Lines{"13: CPXTrans, strKey: \"\" / nothing"});
     EXPECT_EQ(differencesIn(command + screen + "results:\n"),
-              Lines{"11: CPXTrans, blnKeyResponseOK: nothing / true @1"});
+              Lines{"11: CPXTrans, blnKeyResponseOK: nothing / true @1, read 1:9-27"});
     EXPECT_EQ(differencesIn(command + screen + "results: none\n"),
               Lines{"11: CPXTrans, results: no collection / a collection with blnKeyResponseOK"});
     EXPECT_EQ(differencesIn(command + screen + "results raises: 5015\n"),
@@ -96,11 +100,16 @@ const std::string one =
 TEST(Replay, NamesTheScreenLinesThatContainTheValues) {
     EXPECT_EQ(differencesIn(linked + "count: 1\n" + one), Lines{});
     EXPECT_EQ(differencesIn(replaced(linked + one, "\"KQ4R7T\"\n  \"bln", "\"NCEVN3\"\n  \"bln")),
-              Lines{"11: CRLPTrans, strKeyRecLoc: \"NCEVN3\" / \"KQ4R7T\" @1 @2"});
+              Lines{"11: CRLPTrans, strKeyRecLoc: \"NCEVN3\" / \"KQ4R7T\" @1 @2, read 2:3-8, expected in 1"});
     EXPECT_EQ(differencesIn(replaced(linked + one, "\"1\"", "\"2\"")),
-              Lines{"10: CRLPTrans, strKeyPasAsso: \"2\" / \"1\""})
-        << "many lines contain a text of one character";
+              Lines{"10: CRLPTrans, strKeyPasAsso: \"2\" / \"1\" @2, read 2:12"})
+        << "many lines contain the text of one character that was expected";
     EXPECT_EQ(differencesIn(linked + "count: 2\n" + one), Lines{"9: CRLPTrans, count: 2 / 1"});
+}
+
+TEST(Replay, AFlagThatAMarkDidNotSetHasNoPlace) {
+    EXPECT_EQ(differencesIn(replaced(linked + one, "Company\": false", "Company\": true")),
+              Lines{"13: CRLPTrans, blnKeyCompany: true / false"});
 }
 
 TEST(Replay, TheOrderOfTheKeysCounts) {
@@ -203,14 +212,16 @@ Lines differencesOfDisplay(const std::string& text) {
 
 TEST(Expectation, DifferencesHaveAPath) {
     EXPECT_EQ(differencesOfDisplay(replaced(expectation, "AISLE", "WINDOW")),
-              Lines{"8: elements.PPR[0].text: \"WINDOW SEAT\" / \"AISLE SEAT\" @3"});
+              Lines{"8: elements.PPR[0].text: \"WINDOW SEAT\" / \"AISLE SEAT\" @3, read 3:10-19"});
     EXPECT_EQ(differencesOfDisplay(replaced(expectation, "{", "{\n\"name\": \"AISLE\",")),
-              Lines{"2: name: \"AISLE\" / \"\" @3"});
-    EXPECT_EQ(differencesOfDisplay(replaced(expectation, "\"PPR\"", "\"PPS\"")),
-              (Lines{R"(6: elements.PPS[0]: {"number":"1","text":"AISLE SEAT"} / nothing @3)",
-                     R"(10: elements.PPS[1]: {"number":"2","text":"NO FISH"} / nothing @4)",
-                     "4: elements.PPR: nothing / "
-                     R"([{"number":"1","text":"AISLE SEAT"},{"number":"2","text":"NO FISH"}] @3 @4)"}));
+              Lines{"2: name: \"AISLE\" / \"\" @3, expected in 3"});
+    EXPECT_EQ(
+        differencesOfDisplay(replaced(expectation, "\"PPR\"", "\"PPS\"")),
+        (Lines{
+            R"(6: elements.PPS[0]: {"number":"1","text":"AISLE SEAT"} / nothing @3, expected in 3)",
+            R"(10: elements.PPS[1]: {"number":"2","text":"NO FISH"} / nothing @4, expected in 4)",
+            "4: elements.PPR: nothing / "
+            R"([{"number":"1","text":"AISLE SEAT"},{"number":"2","text":"NO FISH"}] @3 @4, read 3:3 3:10-19 4:3 4:10-16)"}));
     EXPECT_EQ(differencesOfDisplay(replaced(expectation, "[\"PRIORITY\"]", "7")),
               Lines{"3: sections: 7 / [\"PRIORITY\"] @2"});
 }
@@ -218,7 +229,7 @@ TEST(Expectation, DifferencesHaveAPath) {
 TEST(Expectation, AnElementThatIsMissingOrExtraIsOneDifference) {
     const std::string first = "      {\n        \"number\": \"1\",\n        \"text\": \"AISLE SEAT\"\n      },\n";
     EXPECT_EQ(differencesOfDisplay(replaced(expectation, first, "")),
-              Lines{R"(5: elements.PPR[0]: nothing / {"number":"1","text":"AISLE SEAT"} @3)"});
+              Lines{R"(5: elements.PPR[0]: nothing / {"number":"1","text":"AISLE SEAT"} @3, read 3:3 3:10-19)"});
     EXPECT_EQ(differencesOfDisplay(replaced(expectation, first, first + replaced(first, "AISLE", "FRONT"))),
               Lines{R"(10: elements.PPR[1]: {"number":"1","text":"FRONT SEAT"} / nothing)"});
 }
@@ -369,6 +380,24 @@ TEST(Report, ShowsTheScreenLinesBelowARuler) {
     EXPECT_NE(caseText(many, false).find("     1 T/KQ4R7T\n       and 2 more\n"), std::string::npos);
 }
 
+TEST(Report, SaysWhereWhatCameWasRead) {
+    CaseResult placed = failed;
+    Difference& found = placed.differences.front();
+    found.read = {{u"AA", Place{0, 6, 2}}, {u",", std::nullopt}, {u"T", Place{1, 1, 1}}};
+    found.expectedLines = {1};
+    EXPECT_NE(caseText(placed, false)
+                  .find("    came     \"\"\n    read in line 0, columns 6 to 7; line 1, column 1\n"
+                        "    expected text is in line 1\n  line ---"),
+              std::string::npos)
+        << caseText(placed, false);
+    EXPECT_NE(caseJson(placed).find(R"("read":[{"line":0,"column":6,"length":2},{"inserted":","},)"
+                                    R"({"line":1,"column":1,"length":1}],"expectedLines":[1]})"),
+              std::string::npos)
+        << caseJson(placed);
+    found.expectedLines = {0, 1, 2, 3, 4};
+    EXPECT_NE(caseText(placed, false).find("    expected text is in lines 0, 1, 2, 3 and 1 more\n"), std::string::npos);
+}
+
 TEST(Report, SaysWhatBecameOfACase) {
     EXPECT_EQ(caseText({.sample = {"a", "a", ""}}, true), "ok        a\n");
     EXPECT_EQ(caseText({.sample = {"a", "a", ""}, .status = CaseStatus::Broken, .problem = "line 3: x"}, false),
@@ -393,7 +422,8 @@ TEST(Report, CountsTheCases) {
 TEST(Report, AsJsonHasALinePerCase) {
     EXPECT_EQ(caseJson(failed),
               R"({"file":"s/a<b>.exchange","expectation":"s/a<b>.exchange","status":"failed","differences":[)"
-              R"({"line":7,"where":"CPXTrans, strKey","expected":"\"A&B\"","actual":"\"\"","screenLines":[0,1]}]})"
+              R"({"line":7,"where":"CPXTrans, strKey","expected":"\"A&B\"","actual":"\"\"","screenLines":[0,1],)"
+              R"("read":[],"expectedLines":[]}]})"
               "\n");
 }
 
@@ -448,6 +478,7 @@ TEST(ReplayTool, AWrongExpectationFails) {
     EXPECT_EQ(run.out, "ERROR     " + folder.in("1.exchange") + ": line 1: a section before the first step\n" +
                            "FAILED    " + wrong + "\n  " + wrong +
                            ":12: CPXTrans, blnKeyResponseOK\n    expected false\n    came     true\n"
+                           "    read in line 1, columns 9 to 27\n"
                            "  line ----+----1----+----2----+--\n     1 PROFILE WILL BE DEACTIVATED\n"
                            "3 cases: 1 ok, 1 failed, 1 error\n");
     EXPECT_NE(contentOf(junit).find("tests=\"3\" failures=\"1\" errors=\"1\""), std::string::npos);

@@ -245,9 +245,15 @@ TEST(Schemas, OfCasesOfReplay) {
         return schema.faultOf(R"({"file":"a","expectation":"a","status":"failed","differences":[)" + more + "]}");
     };
     const std::string difference = R"("line":1,"where":"a","expected":"","actual":"")";
-    EXPECT_EQ(fault("{" + difference + R"(,"screenLines":[0]})"), "");
+    const std::string lines = R"(,"screenLines":[0],"expectedLines":[0])";
+    EXPECT_EQ(fault("{" + difference + lines + R"(,"read":[{"line":0,"column":1,"length":2},{"inserted":","}]})"), "");
     EXPECT_EQ(fault("{" + difference + "}"), "required at #/differences/0");
-    EXPECT_EQ(fault("{" + difference + R"(,"screenLines":[-1]})"), "minimum at #/differences/0/screenLines/0");
+    EXPECT_EQ(fault("{" + difference + lines + "}"), "required at #/differences/0");
+    EXPECT_EQ(fault("{" + difference + lines + R"(,"read":[{"line":0}]})"), "oneOf at #/differences/0/read/0");
+    EXPECT_EQ(fault("{" + difference + R"(,"screenLines":[-1],"expectedLines":[],"read":[]})"),
+              "minimum at #/differences/0/screenLines/0");
+    EXPECT_EQ(fault("{" + difference + R"(,"screenLines":[],"expectedLines":[-1],"read":[]})"),
+              "minimum at #/differences/0/expectedLines/0");
     EXPECT_EQ(schema.faultOf(R"({"file":"a","expectation":"a","status":"bad","differences":[]})"), "enum at #/status");
 }
 
