@@ -107,6 +107,19 @@ TEST(Replay, NamesTheScreenLinesThatContainTheValues) {
     EXPECT_EQ(differencesIn(linked + "count: 2\n" + one), Lines{"9: CRLPTrans, count: 2 / 1"});
 }
 
+TEST(Replay, NamesThePlaceOfEveryPieceOfAJoinedValue) {
+    const Lines found =
+        differencesIn("== CPLTTrans\nscreen:\n" + screenLine("PLT//KES/") + screenLine("SIMILAR COMPANY NAME LIST") +
+                      screenLine("") + screenLine("     COMPANY") + screenLine("   1 KESTRELLO TOOLS") +
+                      screenLine("   2 KESWICK INKS") + screenLine("END OF BLOCK - USE PDMD") +
+                      "|>|\nresults:\n  \"blnKeyTravellerList\": false\n  \"blnKeyCompanyList\": true\n"
+                      "  \"strKeyCoNames\": \"KESWICK INKS\"\n");
+    ASSERT_GE(found.size(), 1U);
+    EXPECT_EQ(found[0],
+              "14: CPLTTrans, strKeyCoNames: \"KESWICK INKS\" / \"KESTRELLO TOOLS,KESWICK INKS\" @4 @5, "
+              "read 4:6-20 5:6-17, expected in 5");
+}
+
 TEST(Replay, AFlagThatAMarkDidNotSetHasNoPlace) {
     EXPECT_EQ(differencesIn(replaced(linked + one, "Company\": false", "Company\": true")),
               Lines{"13: CRLPTrans, blnKeyCompany: true / false"});
