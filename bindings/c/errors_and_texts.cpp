@@ -8,6 +8,14 @@ namespace vantro::c {
 
 namespace {
 
+/// The number of bytes of the whole characters at the beginning that fit with a zero after them.
+std::size_t fitting(std::string_view utf8, std::size_t capacity) {
+    if (utf8.size() < capacity) return utf8.size();
+    std::size_t size = capacity - 1;
+    while (size > 0 && (static_cast<unsigned char>(utf8[size]) & 0xC0U) == 0x80U) --size;
+    return size;
+}
+
 /// Text in memory that is there already: the last failure may be one of memory.
 struct LastError {
     static constexpr std::size_t longest = 512;
@@ -17,8 +25,7 @@ struct LastError {
 
     void note(int newNumber, const char* text) noexcept {
         number = newNumber;
-        const std::size_t size = std::min(std::char_traits<char>::length(text), longest - 1);
-        *std::copy_n(text, size, description) = '\0';
+        *std::copy_n(text, fitting(text, longest), description) = '\0';
     }
 };
 
@@ -40,18 +47,6 @@ std::int32_t noteFailure() noexcept {
     }
     return lastError.number;
 }
-
-namespace {
-
-/// The number of bytes of the whole characters at the beginning that fit.
-std::size_t fitting(std::string_view utf8, std::size_t capacity) {
-    if (utf8.size() < capacity) return utf8.size();
-    std::size_t size = capacity - 1;
-    while (size > 0 && (static_cast<unsigned char>(utf8[size]) & 0xC0U) == 0x80U) --size;
-    return size;
-}
-
-}  // namespace
 
 }  // namespace vantro::c
 

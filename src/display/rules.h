@@ -38,7 +38,7 @@ inline constexpr ReadingRule elementOfWholeSection{
     "elementOfWholeSection", u"a prefixed line is above: every line down to the section's end is an element"};
 inline constexpr ReadingRule otherTag{
     "otherTag",
-    u"the tag columns are not blank, and the family's prefix is not in column 3 or after it: the line and "
+    u"the tag columns are not blank, and the family's prefix is not after the first two characters: the line and "
     u"those below it, up to the family's next prefix, are another family's"};
 inline constexpr ReadingRule continuesElement{"continuesElement",
                                               u"nine blanks at the beginning: the line continues the element above"};
@@ -50,7 +50,7 @@ inline constexpr ReadingRule noPrefixBelowHeader{
     "noPrefixBelowHeader",
     u"the line below the header has no prefix in its columns: the search for the header goes on below it"};
 inline constexpr ReadingRule unprefixedElement{
-    "unprefixedElement", u"the tag columns are blank: an element, with its text from column 7 on"};
+    "unprefixedElement", u"the tag columns are blank: an element, with its text after its first six characters"};
 inline constexpr ReadingRule unprefixedEnd{"unprefixedEnd", u"the tag columns are not blank: the elements end"};
 inline constexpr ReadingRule unprefixedLimit{"unprefixedLimit",
                                              u"the tenth line below the prefixed one is the last that is read"};
@@ -93,9 +93,11 @@ inline constexpr ReadingRule headerEndsDisplay{
     "headerEndsDisplay", u"a prompt or the end text in the header's line: one line below it is read"};
 inline constexpr ReadingRule firstOfRun{"firstOfRun",
                                         u"the line contains the family's prefix: the first element of its run"};
-inline constexpr ReadingRule nextOfRun{"nextOfRun", u"five blanks from column 2 or 3 on: the next element of the run"};
-inline constexpr ReadingRule runEnds{
-    "runEnds", u"no five blanks from column 2 or 3 on: the run ends, and no other element of the family is read"};
+inline constexpr ReadingRule nextOfRun{
+    "nextOfRun", u"five blanks after the first or the second character: the next element of the run"};
+inline constexpr ReadingRule runEnds{"runEnds",
+                                     u"no five blanks after the first or the second character: the run ends, and no "
+                                     u"other element of the family is read"};
 inline constexpr ReadingRule documentsEndAtRule{"documentsEndAtRule",
                                                 u"five hyphens at the beginning: the section ends"};
 inline constexpr ReadingRule documentsEndAtMark{"documentsEndAtMark", u"a prompt or the end text: the section ends"};

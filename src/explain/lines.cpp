@@ -10,8 +10,14 @@ namespace vantro {
 namespace {
 
 /// The rules that see a mark of the display in their line.
-constexpr std::array<std::string_view, 4> rulesOfMarks{"displayEnds", "sectionEndsAtRule", "sectionEndsAtEndText",
-                                                       "sectionEndsAtPrompt"};
+constexpr auto rulesOfMarks = std::to_array<std::string_view>({
+    "displayEnds", "sectionEndsAtRule", "sectionEndsAtEndText", "sectionEndsAtPrompt",    // prefixed sections
+    "scanEndsAtEndText", "scanEndsAtPrompt", "scanEndsAtPromptLine", "scanEndsAtHeader",  // transferable elements
+    "selectionEndsAtMark", "selectionEndsAtHyphens",                                      // their selection
+    "documentsEndAtRule", "documentsEndAtMark",                                           // documents and follow-up
+    "promptAboveNotes", "endTextAboveNotes", "notesEnd", "notesPause",                    // notes
+    "tagSearchEnds", "hostLine",                                                          // header values
+});
 
 bool seesMark(const KeptStep& step) {
     return step.rule != nullptr && std::ranges::find(rulesOfMarks, step.rule->name) != rulesOfMarks.end();

@@ -174,8 +174,8 @@ auto observedQuery(const Watch& watch, TextView word, std::optional<Family> fami
 /// The outermost call forgets where the texts of the call before it were.
 class ObservedCall {
 public:
-    ObservedCall(Observation& observation, TextView name, TextView screen) : observation_(observation), name_(name) {
-        observation_.enter();
+    ObservedCall(Observation& observation, TextView name, TextView screen) : ObservedCall(observation, name) {
+        // The object is complete here: it leaves the observation also if the observer throws.
         observation_.pass({.kind = StepKind::CallBegins, .name = name, .text = screen});
     }
     ~ObservedCall() { observation_.leave(); }
@@ -185,6 +185,10 @@ public:
     void end(const Error* error) { observation_.pass({.kind = StepKind::CallEnds, .name = name_, .error = error}); }
 
 private:
+    ObservedCall(Observation& observation, TextView name) : observation_(observation), name_(name) {
+        observation_.enter();
+    }
+
     Observation& observation_;
     TextView name_;
 };

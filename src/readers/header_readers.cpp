@@ -108,10 +108,10 @@ void sayTagFound(const Watch& watch, TextView tag, Counter from, Counter number)
     watch.decided(rule::tagFound, number);
 }
 
-/// The line `number` ends the search.
-void sayTagMissing(const Watch& watch, TextView tag, Counter from, Counter number) {
+/// The lines from `from` on and above `number` do not contain the tag; the rule decides about line `number`.
+void sayTagMissing(const Watch& watch, TextView tag, Counter from, Counter number, const ReadingRule& decision) {
     if (number > from) watch.searched(tag, MarkSearch::InLine, from.value(), number.value() - 1, {});
-    watch.decided(rule::tagSearchEnds, number);
+    watch.decided(decision, number);
 }
 
 /// The first line from `from` on that contains the tag from column 3 on; nothing when the search ends first. The tag
@@ -120,7 +120,7 @@ std::optional<Counter> seekTag(Display& display, Counter from, SearchEnd end, Pr
     for (Counter number = from; number != end; ++number) {
         const DisplayLine& line = display.expectedLine(number);
         if (line.isEndOfDisplay()) {
-            sayTagMissing(display.watch(), tag, from, number);
+            sayTagMissing(display.watch(), tag, from, number, rule::tagSearchEnds);
             return std::nullopt;
         }
         if (!line.containsPrefix(prefix, PrefixFrom::Column1)) continue;
@@ -130,7 +130,9 @@ std::optional<Counter> seekTag(Display& display, Counter from, SearchEnd end, Pr
             sayTagFound(display.watch(), mid(area, found, widthOf(tag)), from, number);
             return number;
         }
-        display.watch().decided(contains(area, trimmed(tag)) ? rule::tagWithoutName : rule::tagInMargin, number);
+        sayTagMissing(display.watch(), tag, from, number,
+                      contains(area, trimmed(tag)) ? rule::tagWithoutName : rule::tagInMargin);
+        from = number + 1;
     }
     return std::nullopt;
 }
@@ -238,7 +240,7 @@ std::optional<NumberedText> readPsl(Display& display, SearchEnd end) {
     for (Counter number; number != end; ++number) {
         const DisplayLine& line = display.expectedLine(number);
         if (line.isEndOfDisplay()) {
-            sayTagMissing(watch, pslPrefix, Counter(0), number);
+            sayTagMissing(watch, pslPrefix, Counter(0), number, rule::tagSearchEnds);
             return std::nullopt;
         }
         if (!line.containsPrefix(Prefix::psl, PrefixFrom::Column1)) continue;

@@ -30,8 +30,12 @@ void sayStop(Display& display, Counter from, Counter number) {
     const LineMarks marks = line.marks();
     const bool isHeader = marks.containsHeader(Section::Notes) && !marks.containsPrompt();
     if (!isHeader && !line.isBlank() && !marks.isEndOfDisplay()) return;
-    watch.searched(sectionHeaders[indexOf(Section::Notes)], MarkSearch::InLine, from.value(), number.value(),
-                   isHeader ? display.headerIn(Section::Notes, number) : TextView{});
+    // In a line with a prompt the header is not searched for.
+    const int last = marks.containsPrompt() ? number.value() - 1 : number.value();
+    if (last >= from.value()) {
+        watch.searched(sectionHeaders[indexOf(Section::Notes)], MarkSearch::InLine, from.value(), last,
+                       isHeader ? display.headerIn(Section::Notes, number) : TextView{});
+    }
     watch.decided(line.isBlank()           ? rule::blankAboveNotes
                   : marks.containsPrompt() ? rule::promptAboveNotes
                   : isHeader               ? rule::sectionBegins

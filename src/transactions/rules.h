@@ -63,6 +63,8 @@ inline constexpr ReadingRule linkedTraveller{"linkedTraveller", u"T/ begins the 
 inline constexpr ReadingRule linkedCompany{"linkedCompany", u"C/ begins the line: a company's profile"};
 inline constexpr ReadingRule linkedLocatorBelow{
     "linkedLocatorBelow", u"the line of the profile above ends before its record locator: it is read from this line"};
+inline constexpr ReadingRule linkedMarkTooFarLeft{"linkedMarkTooFarLeft",
+                                                  u"/P is in the line, but not in column 9 or after it: no passenger"};
 inline constexpr ReadingRule linkedNoProfile{"linkedNoProfile", u"neither T/ nor C/ begins the line: no profile"};
 inline constexpr ReadingRule linkedPrompt{"linkedPrompt", u"a prompt: the list ends"};
 inline constexpr ReadingRule linkedEcho{"linkedEcho", u"a prompt with the command: the list goes on"};
@@ -77,6 +79,9 @@ inline constexpr ReadingRule historyLastLine{"historyLastLine", u"the last line 
 
 inline constexpr ReadingRule modeExitFromNextLine{
     "modeExitFromNextLine", u"the exit counts only from 80 characters after the beginning of the mark above"};
+
+inline constexpr ReadingRule modeExitTooEarly{
+    "modeExitTooEarly", u"the mark of the exit is on the screen, but only above that position: it does not count"};
 
 // Nothing is sent
 
@@ -127,6 +132,7 @@ inline constexpr std::array transactionRules{
     &rule::linkedTraveller,
     &rule::linkedCompany,
     &rule::linkedLocatorBelow,
+    &rule::linkedMarkTooFarLeft,
     &rule::linkedNoProfile,
     &rule::linkedPrompt,
     &rule::linkedEcho,
@@ -134,6 +140,7 @@ inline constexpr std::array transactionRules{
     &rule::historyComplete,
     &rule::historyLastLine,
     &rule::modeExitFromNextLine,
+    &rule::modeExitTooEarly,
     &rule::commandNeedsAnyName,
     &rule::commandNeedsIndicator,
     &rule::commandNeedsCompany,

@@ -99,6 +99,19 @@ TEST(CObjects, AnUnknownClassIsAnErrorWithItsName) {
     EXPECT_NE(std::string(vantro_error_description()).find("CPDNTran"), std::string::npos);
 }
 
+// It is cut between two characters.
+TEST(CObjects, TheDescriptionOfALongNameIsUtf8) {
+    for (const std::size_t shift : {0U, 1U}) {
+        std::string name(shift, 'X');
+        for (int count = 0; count < 600; ++count) name += "\u00E9";
+        vantro_object* object = nullptr;
+        EXPECT_EQ(vantro_object_new(vantro_utf8(name.c_str()), &object), 429);
+        const std::string description = vantro_error_description();
+        EXPECT_GE(description.size(), 510U);
+        EXPECT_EQ(description.find("\xC3\xA9", description.size() - 2), description.size() - 2);
+    }
+}
+
 TEST(CObjects, AMissingOperationIsAnError) {
     const Owned<vantro_object> parser = cObject(u"CProfile");
     const Owned<vantro_object> search = cObject(u"CPDNTrans");

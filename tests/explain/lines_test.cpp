@@ -60,6 +60,12 @@ TEST(UnreadLines, AreNotTheLinesWithAnEnd) {
     }
 }
 
+// Whatever is read, the line that ends its section is one with a mark.
+TEST(UnreadLines, AreNotTheEndsOfOtherSections) {
+    EXPECT_THAT(unreadLines(explained(screen({u"", u"------- DOCUMENTS", u"------- OTHER", u">"}))), IsEmpty());
+    EXPECT_THAT(unreadLines(explained(screen({u"------- PNR TRANSFERABLE DATA", u"------- OTHER", u">"}))), IsEmpty());
+}
+
 TEST(UnreadLines, OfTheSamplesAreNotBlankAndNotRead) {
     for (const std::string& name : sampleNames()) {
         const Explanation explanation = explained(sampleDisplay(name));

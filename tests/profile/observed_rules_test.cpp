@@ -344,6 +344,12 @@ TEST(ObservedSearch, OfASection) {
               (SearchList{{notes, 1, 2, true}, {notes, 4, 4, false}}));
 }
 
+// A prompt ends the search before the header is searched for in its line.
+TEST(ObservedSearch, OfNotesEndsAboveAPrompt) {
+    EXPECT_EQ(searches("ProfileNotes", {"", "A", notes + " >"}, u"CProfileNotes"), (SearchList{{notes, 1, 1, false}}));
+    EXPECT_EQ(searches("ProfileNotes", {"", notes + " >"}, u"CProfileNotes"), SearchList{});
+}
+
 TEST(ObservedSearch, OfTransferableData) {
     EXPECT_EQ(searches("RM", below({"", priority, transferableData})), (SearchList{{transferableData, 0, 2, true}}));
     // A line is tested for an end first.
@@ -359,7 +365,11 @@ TEST(ObservedSearch, OfHeaderLines) {
     EXPECT_EQ(searches("NM", {"", "  1 NM A"}), (SearchList{{" NM ", 1, 1, true}}));
     EXPECT_EQ(searches("PCN", below({"", "  1 PCN/ A"})), (SearchList{{"PCN/ ", 1, 1, true}}));
     EXPECT_EQ(searches("PCN", {"", ">"}), SearchList{});
-    EXPECT_EQ(searches("PIN", below({"PIN/", "A"})), (SearchList{{"PIN/", 0, 1, false}}));
+    // A line with the mark in its margin is no line without the mark.
+    EXPECT_EQ(searches("PIN", below({"PIN/", "A"})), (SearchList{{"PIN/", 1, 1, false}}));
+    EXPECT_EQ(searches("PIN", below({"A", "PIN/", "B", "  1 PIN/ A"})),
+              (SearchList{{"PIN/", 0, 0, false}, {"PIN/", 2, 3, true}}));
+    EXPECT_EQ(searches("PCN", below({"", "  1 PCN/A", "  2 PCN/ A"})), (SearchList{{"PCN/ ", 2, 2, true}}));
     EXPECT_EQ(searches("PSL", below({"A", "  1 PSL/ A"})), (SearchList{{"PSL/", 0, 1, true}}));
 }
 

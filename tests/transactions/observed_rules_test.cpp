@@ -142,6 +142,7 @@ const std::vector<RuleRow> otherRules{
     linked(rule::linkedTraveller, 2, screen({u"RLP", u"RP/", u"T/ABC123 /P1", u">"})),
     linked(rule::linkedCompany, 2, screen({u"RLP", u"RP/", u"C/ABC123", u">"})),
     linked(rule::linkedLocatorBelow, 3, screen({u"RLP", u"RP/"}) + u"T/"),
+    linked(rule::linkedMarkTooFarLeft, 2, screen({u"RLP", u"RP/", u"T/AB/P12", u">"})),
     linked(rule::linkedNoProfile, 1, screen({u"RLP", u"RP/", u"T/ABC123 /P1", u">"})),
     linked(rule::linkedPrompt, 3, screen({u"RLP", u"RP/", u"T/ABC123 /P1", u">"})),
     linked(rule::linkedEcho, 2, screen({u"RLP", u"RP/", u">RLP", u"T/ABC123 /P1", u">"})),
@@ -159,6 +160,12 @@ const std::vector<RuleRow> otherRules{
      Call::Read,
      {{u"blnKeyExit", true}, {u"blnKeyIgnore", true}},
      screen({u"PIE", u"IGNORED", u"PROFILE MODE EXITED"})},
+    {&rule::modeExitTooEarly,
+     noLine,
+     u"CProfileMode",
+     Call::Read,
+     {{u"blnKeyExit", true}, {u"blnKeyIgnore", true}},
+     screen({u"PIE", u"PROFILE MODE EXITED     IGNORED"})},
     {&rule::modeUnknownStep, noLine, u"CProfileMode", Call::Read, {{u"blnKeyExit", false}}, screen({u"PM"})},
     {&rule::notesUnknownCommand, noLine, u"CProfileNotes", Call::Read, {{u"strCommand", u"PNX"}}, screen({u"PN"})},
 };
@@ -207,6 +214,26 @@ TEST_P(TransactionRule, IsSaidWithItsLine) {
             EXPECT_EQ(step->line, GetParam().line);
         });
     }
+}
+
+/// The lines from which on a mark was searched for and not found, and the last ones, by a name search.
+std::vector<std::pair<std::int32_t, std::int32_t>> linesWithout(TextView mark, const Text& response) {
+    ObservedClass object(u"CPDNTrans", TerminalLines::Slices, true);
+    object.read(response, Entries{});
+    std::vector<std::pair<std::int32_t, std::int32_t>> lines;
+    for (const KeptStep& step : object.explanation().steps()) {
+        const bool isMissing = step.kind == StepKind::MarkSearched && step.text == mark && step.pieces.empty();
+        if (isMissing) lines.emplace_back(step.line, step.lastLine);
+    }
+    return lines;
+}
+
+// A prompt ends the search before the header is searched for in its line.
+TEST(TransactionRules, AHeaderInALineWithAPromptIsNotMissing) {
+    using Ranges = std::vector<std::pair<std::int32_t, std::int32_t>>;
+    const TextView mark = u"     COMPANY     ";
+    EXPECT_EQ(linesWithout(mark, screen({u"PDN/KES", title, u"", u"     COMPANY     >", entry})), (Ranges{{2, 2}}));
+    EXPECT_EQ(linesWithout(mark, screen({u"PDN/KES", title, u"     COMPANY     >", entry})), Ranges{});
 }
 
 TEST(TransactionRules, AreAllInTheTable) {

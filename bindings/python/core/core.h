@@ -21,6 +21,7 @@ void text_argument_free(TextArgument* argument);
 
 /// Several texts, as the functions that take a list expect them.
 typedef struct TextArguments {
+    PyObject* entries;  ///< a tuple that keeps the Python texts
     Py_ssize_t count;
     TextArgument* arguments;
     vantro_text* texts;

@@ -124,7 +124,7 @@ PyObject* core_parse_all(PyObject* module, PyObject* arguments) {
     PyObject* displays = NULL;
     int threads = 1;
     if (!PyArg_ParseTuple(arguments, "O!i", &PyTuple_Type, &displays, &threads)) return NULL;
-    TextArguments list;  // the tuple keeps the texts
+    TextArguments list;
     if (text_arguments(displays, "a display", &list) != 0) return NULL;
     PyObject* answers = NULL;
     Reading* const readings = PyMem_Calloc((size_t)list.count + 1, sizeof *readings);

@@ -30,18 +30,17 @@ int text_argument(PyObject* object, const char* what, TextArgument* argument) {
 void text_argument_free(TextArgument* argument) { Py_CLEAR(argument->encoded); }
 
 int text_arguments(PyObject* sequence, const char* what, TextArguments* list) {
-    PyObject* entries = PySequence_Tuple(sequence);
-    if (entries == NULL) return -1;
-    list->count = PyTuple_Size(entries);
+    list->entries = PySequence_Tuple(sequence);
+    if (list->entries == NULL) return -1;
+    list->count = PyTuple_Size(list->entries);
     list->arguments = PyMem_Calloc((size_t)list->count + 1, sizeof *list->arguments);
     list->texts = PyMem_Calloc((size_t)list->count + 1, sizeof *list->texts);
     int status = list->arguments != NULL && list->texts != NULL ? 0 : -1;
     if (status != 0) PyErr_NoMemory();
     for (Py_ssize_t index = 0; status == 0 && index < list->count; ++index) {
-        status = text_argument(PyTuple_GetItem(entries, index), what, &list->arguments[index]);
+        status = text_argument(PyTuple_GetItem(list->entries, index), what, &list->arguments[index]);
         list->texts[index] = list->arguments[index].text;
     }
-    Py_DECREF(entries);
     if (status != 0) text_arguments_free(list);
     return status;
 }
@@ -52,6 +51,7 @@ void text_arguments_free(TextArguments* list) {
     }
     PyMem_Free(list->arguments);
     PyMem_Free(list->texts);
+    Py_CLEAR(list->entries);
 }
 
 static PyObject* empty_text;

@@ -45,6 +45,10 @@ static int set_value(vantro_collection* collection, vantro_text key, PyObject* v
 }
 
 static int set_item(vantro_collection* collection, PyObject* item) {
+    if (!PyTuple_Check(item) || PyTuple_Size(item) != 2) {
+        PyErr_SetString(PyExc_TypeError, "an item of the mapping is no pair of a key and a value");
+        return -1;
+    }
     TextArgument key;
     if (text_argument(PyTuple_GetItem(item, 0), "the key", &key) != 0) return -1;
     const int status = set_value(collection, key.text, PyTuple_GetItem(item, 1));

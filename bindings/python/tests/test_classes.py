@@ -110,3 +110,27 @@ def test_wrong_arguments() -> None:
         parser.list_of(1)
     with pytest.raises(TypeError):
         Transaction("CPDNTrans").create_command({1: "x"})  # type: ignore[dict-item]
+
+
+def test_a_selection_may_be_made_while_it_is_read() -> None:
+    selection: Any = (text.lower() for text in ["A" * 3 + "P", "AP"])
+    selected = ProfileParser().elements(TRANSFERABLE, "ALL", selection=selection)
+    assert selected is not None
+    assert selected["strKeyElNbrsArray"] == ["", "2"]
+
+
+class _Pairs(dict[str, Any]):
+    """A mapping with other items than pairs."""
+
+    def __init__(self, items: list[Any]) -> None:
+        super().__init__()
+        self._items = items
+
+    def items(self) -> Any:
+        return self._items
+
+
+@pytest.mark.parametrize("item", [["strKeyName", "A"], ("strKeyName",), "strKeyName", None])
+def test_an_item_that_is_no_pair_is_an_error(item: Any) -> None:
+    with pytest.raises(TypeError):
+        Transaction("CPDNTrans").create_command(_Pairs([item]))

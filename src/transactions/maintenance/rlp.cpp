@@ -26,6 +26,7 @@ constexpr ScreenTest<Shown> titles[] = {
 
 constexpr TextView travellerMark = u"T/";
 constexpr TextView companyMark = u"C/";
+constexpr TextView passengerMark = u"/P";
 constexpr std::int16_t firstEntryLine = 1;
 constexpr std::int16_t lastEntryLine = 24;
 
@@ -52,6 +53,15 @@ void sayStart(const Watch& watch, TextView line, Counter number, bool isOpen) {
         watch.decided(rule::linkedCompany, number);
     } else if (!isOpen) {
         watch.decided(rule::linkedNoProfile, number);
+    }
+}
+
+/// `found` is the mark of the passenger; empty if the columns of associations do not contain it.
+void sayAssociation(const Watch& watch, TextView line, Counter number, TextView found) {
+    if (found.empty() && contains(line, passengerMark)) {
+        watch.decided(rule::linkedMarkTooFarLeft, number);
+    } else {
+        watch.searched(passengerMark, MarkSearch::InLine, number.value(), number.value(), found);
     }
 }
 
@@ -146,7 +156,6 @@ void CRLPTrans::readEntry(const Watch& watch, TextView line, LinkedProfile& entr
     constexpr Column locatorColumn{3};
     constexpr Width locatorWidth{6};
     constexpr Column associationsFrom{9};  // Meant: a "/P" further left is no association
-    constexpr TextView passengerMark = u"/P";
     constexpr Width passengerWidth{2};
 
     if (watch) sayStart(watch, line, Counter(entry.line), entry.isTraveller || entry.isCompany);
@@ -162,8 +171,7 @@ void CRLPTrans::readEntry(const Watch& watch, TextView line, LinkedProfile& entr
     const Column found = find(line, passengerMark, associationsFrom);
     const bool isFound = found > Column{0};
     const Width markWidth{static_cast<int>(passengerMark.size())};
-    watch.searched(passengerMark, MarkSearch::InLine, entry.line, entry.line,
-                   isFound ? mid(line, found, markWidth) : TextView{});
+    if (watch) sayAssociation(watch, line, Counter(entry.line), isFound ? mid(line, found, markWidth) : TextView{});
     if (!isFound) return;
     const TextView passenger = passengerNumber(trimmed(mid(line, found + markWidth.value, passengerWidth)));
     entry.passenger = passenger;

@@ -26,6 +26,10 @@ bool isIgnoredAndExited(const Screen& screen) {
     if (begin == Column{0}) return false;
     const Column from{toInt16(static_cast<long long>(begin.value) + screenWidth)};
     screen.watch().decided(rule::modeExitFromNextLine);
+    if (screen.watch() && !containsFrom(screen.text(), exited, from) && contains(screen.text(), exited)) {
+        screen.watch().decided(rule::modeExitTooEarly);
+        return false;
+    }
     return screen.find(exited, from) > Column{0};
 }
 

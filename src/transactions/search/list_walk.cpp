@@ -11,9 +11,11 @@ void ListWalk::sayHeader(TextView headerMark, Counter above, bool isFound) const
         return;
     }
     const bool isContinuation = headerMark.empty();
-    if (!isContinuation) {
+    // A line with a prompt ends the search, also if it contains the header.
+    const int last = isFound || line_.empty() ? number() : number() - 1;
+    if (!isContinuation && last > above.value()) {
         const TextView found = isFound ? shownIn(line_, headerMark) : TextView{};
-        watch().searched(headerMark, MarkSearch::InLine, (above + 1).value(), number(), found);
+        watch().searched(headerMark, MarkSearch::InLine, (above + 1).value(), last, found);
     }
     if (!isFound) {
         decided(rule::listEndsBeforeHeader);
