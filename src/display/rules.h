@@ -71,6 +71,9 @@ inline constexpr ReadingRule joinedToLineAbove{
     "joinedToLineAbove", u"17 blanks at the beginning: joined to the element above, and then tested on its own"};
 inline constexpr ReadingRule codeFound{"codeFound",
                                        u"the family's code, with its blanks, is in its columns: an element"};
+inline constexpr ReadingRule codeInJoinedText{
+    "codeInJoinedText",
+    u"the family's code, with its blanks, is in its columns of the text that is joined from several lines: an element"};
 inline constexpr ReadingRule codeOutsideColumns{
     "codeOutsideColumns", u"the family's code is in the line, but not in its columns: no element of the family"};
 inline constexpr ReadingRule codeMissing{
@@ -175,10 +178,10 @@ inline constexpr std::array prefixedRules{
     &rule::otherTag,          &rule::continuesElement,     &rule::continuesUpToEnd,        &rule::noPrefixBelowHeader,
     &rule::unprefixedElement, &rule::unprefixedEnd,        &rule::unprefixedLimit};
 inline constexpr std::array transferableRules{
-    &rule::scanFromFirstLine,  &rule::ownHeader,         &rule::promptInsideLine,
-    &rule::scanEndsAtEndText,  &rule::scanEndsAtPrompt,  &rule::scanEndsAtPromptLine,
-    &rule::scanEndsAtHeader,   &rule::joinedToLineAbove, &rule::codeFound,
-    &rule::codeOutsideColumns, &rule::codeMissing};
+    &rule::scanFromFirstLine, &rule::ownHeader,          &rule::promptInsideLine,
+    &rule::scanEndsAtEndText, &rule::scanEndsAtPrompt,   &rule::scanEndsAtPromptLine,
+    &rule::scanEndsAtHeader,  &rule::joinedToLineAbove,  &rule::codeFound,
+    &rule::codeInJoinedText,  &rule::codeOutsideColumns, &rule::codeMissing};
 inline constexpr std::array selectionRules{
     &rule::selectionEndsAtMark, &rule::selectionEndsAtHyphens, &rule::kindMissing, &rule::continuesSelected,
     &rule::otherKind,           &rule::otherQualifier,         &rule::otherText,   &rule::selected};

@@ -89,7 +89,7 @@ private:
     void testElement(const DisplayLine& line, Counter number) {
         if (!joiner_.isContinued(number, JoinRule::OneBelow)) {
             const FamilySet families = inSection_ & line.codes();
-            if (watch_) sayTested(inSection_, families, line.rightTrimmed(), number);
+            if (watch_) sayTested(inSection_, families, rule::codeFound, line.rightTrimmed(), number);
             storeAs(families, line.rightTrimmed());
             return;
         }
@@ -97,13 +97,15 @@ private:
         testJoined(line, number, JoinRule::TwoBelow, inSection_ & twoLineJoiners);
     }
 
-    void testJoined(const DisplayLine& line, Counter number, JoinRule rule, FamilySet joiners) {
+    void testJoined(const DisplayLine& line, Counter number, JoinRule joining, FamilySet joiners) {
         if (joiners.empty()) return;
-        const TextView text = joiner_.joinContinued(line, number, rule);
+        const TextView text = joiner_.joinContinued(line, number, joining);
         const FamilySet families = joiners & codesIn(text);
         if (watch_) {
-            sayTested(joiners, families, text, number);
-            sayJoined(families, number, rule);
+            const FamilySet ownCodes = families & line.codes();
+            sayTested(ownCodes, ownCodes, rule::codeFound, text, number);
+            sayTested(joiners - ownCodes, families, rule::codeInJoinedText, text, number);
+            sayJoined(families, number, joining);
         }
         if (!families.empty()) storeAs(families, joiner_.keep(text));
     }
@@ -157,9 +159,9 @@ private:
         });
     }
 
-    void sayTested(FamilySet tested, FamilySet found, TextView text, Counter number) const {
+    void sayTested(FamilySet tested, FamilySet found, const ReadingRule& foundBy, TextView text, Counter number) const {
         tested.forEach([&](Family family) {
-            watch_.decided(found.contains(family)               ? rule::codeFound
+            watch_.decided(found.contains(family)               ? foundBy
                            : contains(text, rowOf(family).code) ? rule::codeOutsideColumns
                                                                 : rule::codeMissing,
                            number, family);

@@ -49,7 +49,8 @@ inline constexpr ReadingRule locatorColumnFromState{"locatorColumnFromState",
 // The travellers of an office
 
 inline constexpr ReadingRule travellerWithoutCompany{
-    "travellerWithoutCompany", u"blank from column 35 on: a traveller without a company; columns 29 to 34 are kept"};
+    "travellerWithoutCompany",
+    u"blank from column 35 on, as for a traveller without a company: columns 29 to 34 are kept"};
 inline constexpr ReadingRule travellerWithCompany{"travellerWithCompany",
                                                   u"text from column 35 on: the traveller belongs to a company"};
 inline constexpr ReadingRule officeTraveller{"officeTraveller", u"a number or a record locator: an entry"};
