@@ -35,6 +35,13 @@ no_public_function_is_unmarked() {
         grep -vE ':(VANTRO_EXPORT|constexpr|inline|using|static_assert) '
 }
 
+# A function of a type without the mark that is only declared in the header: a shared build would not export it.
+no_unmarked_type_lacks_a_body() {
+    ! awk '/^(struct|class) .*\{$/ { open = !/VANTRO_EXPORT/ } /^};/ { open = 0 }
+           open && !/\(\*/ && /^    [A-Za-z][^={}]*\([^{}]*\)( const)?( noexcept)?;/ { print FILENAME ": " $0 }' \
+        include/vantro/*.h | grep .
+}
+
 windows_exports_every_function() {
     local exported name
     exported=$(x86_64-w64-mingw32-objdump -p $windows/bin/libVantroProfileUtils.dll)
@@ -58,6 +65,7 @@ installed_library_is_used() {
 
 check "exports are the names that the headers mark" strictly exports_are_the_marked_names
 check "no public function is without the mark" strictly no_public_function_is_unmarked
+check "types without the mark define their functions in the header" strictly no_unmarked_type_lacks_a_body
 check "the Windows library exports every public function" strictly windows_exports_every_function
 check "a project uses the installed shared library" strictly installed_library_is_used
 close_counts

@@ -11,7 +11,7 @@
 
 namespace vantro {
 
-/// By query, with what came of it: values, nothing, or an error.
+/// By query, with its result: values, nothing, or an error.
 void writeValues(const PageModel& model, HtmlOut& html);
 
 /// By query, numbered in the order in which they were made; `count` is their number.

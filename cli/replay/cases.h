@@ -33,6 +33,7 @@ struct CaseResult {
     std::string accepted = {};  ///< the same, expecting what came
 };
 
+/// Runs a case and compares. Raises nothing for a broken file: the status is `Broken` and the problem says why.
 CaseResult runCase(const SampleCase& sample);
 
 /// Rewrites the expectation of a case that failed. The status becomes `Accepted`, or the problem says why not.

@@ -4,7 +4,6 @@
 #include "cli/io/failure.h"
 #include "cli/io/utf.h"
 
-#include <utility>
 #include <variant>
 
 namespace vantro {

@@ -15,8 +15,8 @@ struct Recording {
     std::size_t steps = 0;  ///< those in the text
 };
 
-/// Runs the steps in their order and writes what they return as what is expected. A step without a class gets the one
-/// that its screen says. What cannot be a step becomes a comment, with a warning.
+/// Runs the steps in their order and writes what they return as what is expected. The class of a
+/// step without one is recognised from its screen. What cannot be a step becomes a comment, with a warning.
 Recording record(const std::vector<StepInput>& inputs, Warnings& warnings);
 
 }  // namespace vantro

@@ -1,4 +1,4 @@
-// What a run says about its cases.
+// The reports of a run, as text, JSON and JUnit XML.
 #pragma once
 
 #include "cli/replay/cases.h"
@@ -22,7 +22,7 @@ struct ReplayTotals {
 /// A case's line and, below it, its differences: what was expected, what came, and the screen lines with a ruler.
 std::string caseText(const CaseResult& result, bool isColored);
 
-/// What became of a case that was to be accepted.
+/// The line that says whether the expectation of a case was rewritten, and if not, why.
 std::string acceptText(const CaseResult& result);
 
 /// The differences alone, without colour.

@@ -1,4 +1,4 @@
-// What a person has of a step before it is recorded: a command, a screen, or both.
+// A step as the input of `record` contains it: a command, a screen, or both.
 #pragma once
 
 #include "cli/replay/exchange.h"
@@ -16,7 +16,7 @@ struct StepInput {
     std::size_t line = 0;           ///< its first line in the input, from 1
     std::string source = {};        ///< its lines in the input, without the last line end
     std::string problem = {};       ///< why it is no step; empty when it may be one
-    const ClassRow* row = nullptr;  ///< null when the screen is to say it
+    const ClassRow* row = nullptr;  ///< null if the class is still to be recognised from the screen
     std::optional<ExchangeEntries> params = {};
     bool buildsCommand = false;
     bool isCounted = false;  ///< the entries on the screen are counted too

@@ -1,4 +1,4 @@
-// An observer that holds what is said of a value against the value.
+// An observer that compares the pieces of a value with the value.
 #pragma once
 
 #include "vantro/observer.h"

@@ -1,11 +1,12 @@
-// An explanation of a call: the steps of its readers, kept, and in words. Give an `Explanation` as the observer to an
-// `ObservedTerminal` or to `parseProfile` (observer.h).
+// An explanation of a call: it keeps the steps of the readers and describes them in words. Pass an `Explanation` as the
+// observer to an `ObservedTerminal`, to `parseProfile` or to `readRows` (observer.h).
 #pragma once
 
 #include "vantro/export.h"
 #include "vantro/observer.h"
 #include "vantro/registry.h"
 
+#include <algorithm>
 #include <cstdint>
 #include <optional>
 #include <span>
@@ -34,8 +35,10 @@ struct KeptStep {
     std::optional<ItemValue> value = {};
     std::optional<Error> error = {};
 
-    /// Whether something was found, read or added that is on the screen.
-    bool isPlaced() const;
+    /// Whether a piece of the step's text is on the screen.
+    bool isPlaced() const {
+        return std::ranges::any_of(pieces, [](const KeptPiece& piece) { return piece.place.has_value(); });
+    }
 };
 
 /// Keeps the steps of the calls that it observes, up to `clear`. A step takes about 400 bytes with 64-bit pointers. A
@@ -43,9 +46,13 @@ struct KeptStep {
 /// hundred kilobytes, and one of 30,000 lines in one section some ten megabytes per family of that section.
 class VANTRO_EXPORT Explanation final : public ReadingObserver {
 public:
+    /// Appends a copy of the step.
     void observe(const ReadingStep& step) override;
+
+    /// Removes the steps and the screen.
     void clear();
 
+    /// The steps in the order in which they happened, valid until the next one or until `clear`.
     std::span<const KeptStep> steps() const { return steps_; }
 
     /// The screen or display of the first call that was passed one. Call `clear` before a call with another screen.

@@ -57,6 +57,7 @@ enum class MarkSearch : std::uint8_t {
     Terminal,    ///< the terminal answers; the range of lines says nothing
 };
 
+/// What a step says.
 enum class StepKind : std::uint8_t {
     CallBegins,    ///< of an operation: `name` is its name, `text` the screen
     CallEnds,      ///< `error` if it raised one
@@ -72,6 +73,7 @@ enum class StepKind : std::uint8_t {
     Reported,    ///< a failure that was reported and not raised: `error`
 };
 
+/// The line of a step that is about no line.
 inline constexpr std::int32_t noLine = -1;
 
 /// One step. Members that do not apply to its kind are empty. Everything is valid during the call that passes it.
@@ -95,6 +97,7 @@ class VANTRO_EXPORT ReadingObserver {
 public:
     virtual ~ReadingObserver() = default;
 
+    /// Called for every step, in the thread of the call, before the reader goes on.
     virtual void observe(const ReadingStep& step) = 0;
 
 protected:

@@ -1,12 +1,6 @@
 #include "vantro/explanation.h"
 
-#include <algorithm>
-
 namespace vantro {
-
-bool KeptStep::isPlaced() const {
-    return std::ranges::any_of(pieces, [](const KeptPiece& piece) { return piece.place.has_value(); });
-}
 
 void Explanation::observe(const ReadingStep& step) {
     if (step.kind == StepKind::CallBegins && screen_.empty()) screen_ = step.text;

@@ -3,7 +3,6 @@
 #include "vantro/explanation.h"
 
 #include <algorithm>
-#include <array>
 
 namespace vantro {
 

@@ -3,7 +3,6 @@
 #include "framework/text_ops.h"
 
 #include <algorithm>
-#include <array>
 
 namespace vantro {
 

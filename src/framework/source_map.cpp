@@ -2,7 +2,6 @@
 
 #include "framework/screen.h"
 
-#include <algorithm>
 #include <utility>
 
 namespace vantro {

@@ -4,8 +4,6 @@
 #include "framework/observation.h"
 #include "profile/element_query.h"
 
-#include <utility>
-
 namespace vantro {
 
 namespace {

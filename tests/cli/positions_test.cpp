@@ -14,10 +14,7 @@
 
 #include <algorithm>
 #include <filesystem>
-#include <memory>
 #include <string>
-#include <variant>
-#include <vector>
 
 namespace vantro::test {
 namespace {

@@ -78,7 +78,7 @@ static inline vantro_text vantro_utf16(vantro_view text) {
  * capacity of 0 the buffer may be null. */
 VANTRO_C_EXPORT size_t vantro_to_utf8(vantro_view text, char* buffer, size_t capacity);
 
-/* A text of the library's. */
+/* A text that the library returns. The view is valid until the text is freed; null has an empty view. */
 typedef struct vantro_string vantro_string;
 VANTRO_C_EXPORT vantro_view vantro_string_view(const vantro_string* string);
 VANTRO_C_EXPORT void vantro_string_free(vantro_string* string);
