@@ -197,7 +197,8 @@ TEST(Explain, FitsTheTerminal) {
     for (const std::size_t columns : {60U, 80U, 160U}) {
         const auto lines =
             linesOf(runToolOnTerminal(columns, {"explain", "PHI", "--color", "never", sample("wrapped")}).out);
-        for (const std::string& line : lines) EXPECT_LE(line.size(), columns) << line;
+        // The first line has the name of the file, of any length.
+        for (std::size_t line = 1; line < lines.size(); ++line) EXPECT_LE(lines[line].size(), columns) << lines[line];
         const bool isBeside = lines[2].size() > 90;
         EXPECT_EQ(isBeside, columns == 160U);
     }

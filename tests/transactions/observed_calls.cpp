@@ -178,7 +178,8 @@ std::string wrongInRows(TextView className, const Text& response, const std::opt
 
 const KeptStep* decisionBy(const Explanation& explanation, const ReadingRule& rule) {
     const auto steps = explanation.steps();
-    const auto step = std::ranges::find(steps, &rule, &KeptStep::rule);
+    const auto step = std::ranges::find_if(
+        steps, [&](const KeptStep& kept) { return kept.rule != nullptr && kept.rule->name == rule.name; });
     return step == steps.end() ? nullptr : &*step;
 }
 
