@@ -41,7 +41,7 @@ def read_exchange(path: Path) -> Iterator[Step]:
             if step:
                 yield step
             step = Step(line[3:], number)
-        elif line == "" or line.startswith("#") and step is None:
+        elif line == "" or line.startswith("#"):
             continue
         elif step is None:
             raise ValueError(f"{path}:{number}: {line}")
