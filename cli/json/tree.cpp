@@ -81,7 +81,8 @@ private:
     std::string_view string() {
         const std::string_view found = text_.substr(at_, lengthOfString(text_.substr(at_)));
         if (found.empty()) fail("a text has no closing quotation mark");
-        const auto control = std::ranges::find_if(found, [](char byte) { return byte >= 0 && byte < ' '; });
+        const auto control =
+            std::ranges::find_if(found, [](char byte) { return static_cast<unsigned char>(byte) < 0x20; });
         if (control != found.end()) {
             at_ += static_cast<std::size_t>(control - found.begin());
             fail("a control character in a text");
