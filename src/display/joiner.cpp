@@ -14,11 +14,11 @@ TextView Joiner::joinContinued(const DisplayLine& first, Counter number, JoinRul
 
 JoinedLine Joiner::joinAllBelow(const DisplayLine& first, Counter number, JoinRule rule) {
     joining_.assign(first.trimmed());
-    bool containsEndText = first.marks().containsEndText();
+    bool isComplete = first.marks().containsEndText();
     Counter last = number;
     for (;;) {
         const DisplayLine& below = display_.line(last + 1);
-        if (!below.beginsBlank(elementIndent) || containsEndText) break;
+        if (!below.beginsBlank(elementIndent) || isComplete) break;
         ++last;
         // Only empty lines follow, which continue the element up to the line counter's end.
         if (display_.isPastEnd(last)) return {.text = joining_.text(), .last = last, .isEndless = true};
@@ -28,7 +28,9 @@ JoinedLine Joiner::joinAllBelow(const DisplayLine& first, Counter number, JoinRu
         const TextView continuation = below.trimmed();
         if (rule == JoinRule::ColonAfterBlank && isColonLine(continuation)) joining_.insert(u" ");
         joining_.append(continuation);
-        containsEndText = contains(joining_.view().substr(unseen), mark::endOfDisplay);
+        // An element that begins with blank lines can begin with a prompt that is indented.
+        isComplete =
+            joining_.view().starts_with(mark::prompt) || contains(joining_.view().substr(unseen), mark::endOfDisplay);
     }
     return {joining_.text(), last};
 }

@@ -180,6 +180,18 @@ TEST(Continuation, TheEndTextMayFormAcrossTwoJoinedLines) {
               (Elements{2, {"", "AT THE END OF DISPLAY", "I"}, {"", "1", "BC"}}));
 }
 
+TEST(Continuation, AnElementThatBeginsWithBlankLinesEndsWithAnIndentedPrompt) {
+    // The end text lets a blank line begin an element.
+    const auto belowEndText = [](Lines lines) {
+        lines.insert(lines.begin(), {priority, "  1 PPR/ A", from(10, "END OF DISPLAY"), "", ""});
+        return collected("PPR", ended(lines));
+    };
+    EXPECT_EQ(belowEndText({from(10, ">PDRT/K2"), from(10, "MORE OF IT")}),
+              (Elements{3, {"", "AEND OF DISPLAY", "2", "IT"}, {"", "1", ">P", "MO"}}));
+    EXPECT_EQ(belowEndText({from(10, "X>PDRT/K2"), from(10, "MORE OF IT")}),
+              (Elements{2, {"", "AEND OF DISPLAY", "K2MORE OF IT"}, {"", "1", "X>"}}));
+}
+
 TEST(Continuation, BeforeTheFirstElementItIsAnOrdinaryLine) {
     EXPECT_EQ(collected("PPR", ended({priority, from(10, "1 PPR/ A")})), (Elements{1, {"", "A"}, {"", "1"}}));
 }
