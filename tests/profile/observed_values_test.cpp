@@ -251,7 +251,7 @@ TEST_F(ObservedDisplays, GeneratedOnes) {
     for (const ReadingRule* const rule : rules_) {
         EXPECT_EQ(std::ranges::count(all, rule), 1) << rule->name << " is not listed";
     }
-    EXPECT_GT(rules_.size(), 60U) << "the displays lead to few rules";
+    EXPECT_GT(rules_.size(), 50U) << "the displays lead to few rules";
 }
 
 TEST_F(ObservedDisplays, GeneratedOnesWithoutAnEnd) {
