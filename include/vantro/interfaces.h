@@ -23,7 +23,9 @@ struct TransErrors {
 /// A host transaction: builds the command and reads the host's response.
 class VANTRO_EXPORT IProfileTrans {
 public:
-    explicit IProfileTrans(TransErrors errors = {}) : errors_(errors) {}
+    /// The observer of the terminal library, if there is one, receives the steps of the operations.
+    explicit IProfileTrans(TransErrors errors = {}, const Terminal* terminal = nullptr)
+        : errors_(errors), terminal_(terminal) {}
     virtual ~IProfileTrans() = default;
 
     /// Returns the command for these parameters, exactly as it must be sent; empty when they are insufficient and
@@ -41,14 +43,15 @@ protected:
     IProfileTrans(const IProfileTrans&) = default;
     IProfileTrans& operator=(const IProfileTrans&) = default;
 
-    /// The terminal library whose observer, if there is one, receives the steps of the operations.
-    virtual Terminal* observedTerminal() noexcept { return nullptr; }
-
 private:
+    Text create(const CollectionPtr& params);
+    CollectionPtr verify(TextView response, const CollectionPtr& collection);
+
     virtual Text IProfileTrans_CreateCommand(const CollectionPtr& params);
     virtual CollectionPtr IProfileTrans_VerifyResponse(TextView response, const CollectionPtr& collection);
 
     TransErrors errors_;
+    const Terminal* terminal_;
 };
 
 /// The selection and the qualifier of a query, for a caller that must convert them first. Only the prefix "ALL" calls
@@ -78,6 +81,8 @@ protected:
 /// A parser of profile displays.
 class VANTRO_EXPORT IProfileGet {
 public:
+    /// The observer of the terminal library, if there is one, receives the steps of the operation.
+    explicit IProfileGet(const Terminal* terminal = nullptr) : terminal_(terminal) {}
     virtual ~IProfileGet() = default;
 
     /// Reads the element family that the collection names under "strKeyPrefix" from a display and adds it to the same
@@ -92,16 +97,14 @@ public:
     CollectionPtr ProfileElements(TextView display, const CollectionPtr& collection, SelectionSource& selection);
 
 protected:
-    IProfileGet() = default;
     IProfileGet(const IProfileGet&) = default;
     IProfileGet& operator=(const IProfileGet&) = default;
-
-    /// The terminal library whose observer, if there is one, receives the steps of the operation.
-    virtual Terminal* observedTerminal() noexcept { return nullptr; }
 
 private:
     virtual CollectionPtr IProfileGet_ProfileElements(TextView display, const CollectionPtr& collection,
                                                       SelectionSource& selection);
+
+    const Terminal* terminal_;
 };
 
 }  // namespace vantro

@@ -122,11 +122,10 @@ public:
     TerminalFunctions& functions() override { return terminal_.functions(); }
     ErrorReporter& errorReporter() override { return terminal_.errorReporter(); }
     CollectionPtr createCollection() override { return terminal_.createCollection(); }
-    Observation* observation() override;
 
 private:
     Terminal& terminal_;
-    std::unique_ptr<Observation> observation_;
+    std::unique_ptr<Observation> own_;
 };
 
 /// `parseProfile`, observed. It reads query by query, as `ProfileElements` does, and returns the same profile.

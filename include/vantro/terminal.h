@@ -97,13 +97,19 @@ public:
     /// A new, empty collection for results.
     virtual CollectionPtr createCollection() = 0;
 
-    /// Null unless somebody observes the readers.
-    virtual Observation* observation() { return nullptr; }
+    /// Null unless somebody observes the readers. Not virtual, because every call asks for it.
+    Observation* observation() const noexcept { return observation_; }
 
 protected:
     Terminal() = default;
     Terminal(const Terminal&) = default;
     Terminal& operator=(const Terminal&) = default;
+
+    /// Null ends the observation. The terminal does not own it.
+    void setObservation(Observation* observation) noexcept { observation_ = observation; }
+
+private:
+    Observation* observation_ = nullptr;
 };
 
 }  // namespace vantro

@@ -11,18 +11,6 @@ ItemPtr Parameters::item(TextView name) const {
     return collection_->Item(name);
 }
 
-TextView Parameters::readText(TextView name) {
-    const TextView value = functions_.ItemText(item(name), texts_);
-    watch_.keyRead(name, value);
-    return value;
-}
-
-bool Parameters::read(const Key<bool>& key) {
-    const bool value = functions_.ItemBoolean(item(key.name));
-    watch_.keyRead(key.name, value ? u"True" : u"False");
-    return value;
-}
-
 std::int16_t Parameters::read(const Key<std::int16_t>& key) {
     const ItemPtr stored = item(key.name);
     if (!stored) fail(Failure::ObjectNotSet);

@@ -27,7 +27,11 @@ public:
     TextView read(const Key<Text>& key) { return readText(key.name); }
 
     /// The boolean under a key; False when the key is absent.
-    bool read(const Key<bool>& key);
+    bool read(const Key<bool>& key) {
+        const bool value = functions_.ItemBoolean(item(key.name));
+        if (watch_) watch_.keyRead(key.name, value ? u"True" : u"False");
+        return value;
+    }
 
     /// The integer under a key. Raises 91 when the key is absent, 6 for an overflow, 13 for a value that is no integer.
     std::int16_t read(const Key<std::int16_t>& key);
@@ -41,7 +45,11 @@ public:
 
 private:
     ItemPtr item(TextView name) const;
-    TextView readText(TextView name);
+    TextView readText(TextView name) {
+        const TextView value = functions_.ItemText(item(name), texts_);
+        watch_.keyRead(name, value);
+        return value;
+    }
 
     TerminalFunctions& functions_;
     const KeyedCollection* collection_;
@@ -57,7 +65,7 @@ public:
     /// Adds a boolean. A template that accepts exactly `bool`, so that pointers and numbers are not converted.
     template <std::same_as<bool> Flag>
     void add(const Key<bool>& key, Flag value) {
-        store(key.name, ItemValue(std::in_place_type<bool>, value));
+        store(key.name, value);
     }
     void add(const Key<Text>& key, TextView value) {
         watch_.textAdded(key.name, value);
@@ -77,12 +85,13 @@ public:
     }
 
     /// Adds a number under a key that otherwise has a text: "strKeyRecLocPos" only.
-    void addNumber(const Key<Text>& key, std::int16_t value) { store(key.name, ItemValue(value)); }
+    void addNumber(const Key<Text>& key, std::int16_t value) { store(key.name, value); }
 
 private:
-    void store(TextView name, ItemValue value) {
-        watch_.valueAdded(name, value);
-        collection_.Add(name, std::move(value));
+    template <class Value>
+    void store(TextView name, Value value) {
+        if (watch_) watch_.valueAdded(name, ItemValue(std::in_place_type<Value>, value));
+        collection_.Add(name, ItemValue(std::in_place_type<Value>, value));
     }
 
     KeyedCollection& collection_;

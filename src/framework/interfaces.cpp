@@ -24,6 +24,11 @@ private:
     TextView qualifier_;
 };
 
+// Constants, because the length of a literal is counted in every call.
+constexpr TextView createCommand = u"CreateCommand";
+constexpr TextView verifyResponse = u"VerifyResponse";
+constexpr TextView profileElements = u"ProfileElements";
+
 }  // namespace
 
 const TextList* ProfileObject::list(TextView /*name*/) const { return nullptr; }
@@ -31,24 +36,27 @@ const TextList* ProfileObject::list(TextView /*name*/) const { return nullptr; }
 const FlagList* ProfileObject::flagList(TextView /*name*/) const { return nullptr; }
 
 Text IProfileTrans::CreateCommand(const CollectionPtr& params) {
-    Terminal* const terminal = observedTerminal();
-    const auto create = [&] {
-        return raiseAs(errors_.createCommand, description::creatingCommand,
-                       [&] { return IProfileTrans_CreateCommand(params); });
-    };
-    if (terminal == nullptr || terminal->observation() == nullptr) return create();
-    return observed(terminal, u"CreateCommand", {}, [&] {
-        Text command = create();
-        Watch(*terminal).read(u"command", command);
+    if (!Watch(terminal_)) [[likely]]
+        return create(params);
+    return observed(terminal_, createCommand, {}, [&] {
+        Text command = create(params);
+        Watch(terminal_).read(u"command", command);
         return command;
     });
 }
 
 CollectionPtr IProfileTrans::VerifyResponse(TextView response, const CollectionPtr& collection) {
-    return observed(observedTerminal(), u"VerifyResponse", response, [&] {
-        return raiseAs(errors_.verifyResponse, description::verifyingProfile,
-                       [&] { return IProfileTrans_VerifyResponse(response, collection); });
-    });
+    return observed(terminal_, verifyResponse, response, [&] { return verify(response, collection); });
+}
+
+Text IProfileTrans::create(const CollectionPtr& params) {
+    return raiseAs(errors_.createCommand, description::creatingCommand,
+                   [&] { return IProfileTrans_CreateCommand(params); });
+}
+
+CollectionPtr IProfileTrans::verify(TextView response, const CollectionPtr& collection) {
+    return raiseAs(errors_.verifyResponse, description::verifyingProfile,
+                   [&] { return IProfileTrans_VerifyResponse(response, collection); });
 }
 
 // The default operations do nothing. `CPDMDTrans` keeps the second one: the screen after "PDMD" is read by the
@@ -67,7 +75,7 @@ CollectionPtr IProfileGet::ProfileElements(TextView display, const CollectionPtr
 
 CollectionPtr IProfileGet::ProfileElements(TextView display, const CollectionPtr& collection,
                                            SelectionSource& selection) {
-    return observed(observedTerminal(), u"ProfileElements", display,
+    return observed(terminal_, profileElements, display,
                     [&] { return IProfileGet_ProfileElements(display, collection, selection); });
 }
 

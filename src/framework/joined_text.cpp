@@ -3,18 +3,17 @@
 namespace vantro {
 
 void JoinedText::trim() {
-    const std::size_t size = text_.size();
+    if (watch_) trimParts();
     text_.resize(withoutPadding(text_).size());
-    const std::size_t atEnd = size - text_.size();
-    std::size_t atBegin = 0;
-    if (text_.starts_with(u' ')) {
-        atBegin = text_.find_first_not_of(u' ');
-        text_.erase(0, atBegin);
-    }
-    if (isObserved_) trimParts(atBegin, atEnd);
+    if (text_.starts_with(u' ')) text_.erase(0, text_.find_first_not_of(u' '));
 }
 
-void JoinedText::trimParts(std::size_t atBegin, std::size_t atEnd) {
+void JoinedText::addPart(TextView part, bool isInserted) { parts_.push_back({part, isInserted}); }
+
+void JoinedText::trimParts() {
+    const TextView kept = withoutPadding(text_);
+    std::size_t atEnd = text_.size() - kept.size();
+    std::size_t atBegin = kept.size() - trimmed(kept).size();
     for (; atEnd > 0; parts_.pop_back()) {
         TextView& last = parts_.back().text;
         if (atEnd < last.size()) {

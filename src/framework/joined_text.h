@@ -12,32 +12,32 @@ namespace vantro {
 /// A text that is joined from several. If the call is observed, it remembers where they were.
 class JoinedText {
 public:
-    explicit JoinedText(const Watch& watch) : isObserved_(static_cast<bool>(watch)), watch_(watch) {}
+    explicit JoinedText(const Watch& watch) : watch_(watch) {}
 
     void reserve(std::size_t size) { text_.reserve(size); }
 
     /// Begins again with this part.
     void assign(TextView part) {
         text_ = part;
-        if (isObserved_) parts_ = {{part, false}};
+        if (watch_) parts_ = {{part, false}};
     }
 
     /// Appends a part of the screen.
     void append(TextView part) {
         text_ += part;
-        if (isObserved_) parts_.push_back({part, false});
+        if (watch_) addPart(part, false);
     }
 
     /// Appends a text that is not on the screen.
     void insert(TextView inserted) {
         text_ += inserted;
-        if (isObserved_) parts_.push_back({inserted, true});
+        if (watch_) addPart(inserted, true);
     }
 
     /// The same for a literal of one character, faster.
     void insert(const char16_t (&character)[2]) {
         text_.push_back(character[0]);
-        if (isObserved_) parts_.push_back({character, true});
+        if (watch_) addPart(character, true);
     }
 
     /// Removes the blanks at both ends.
@@ -51,7 +51,7 @@ public:
 
     /// The same; where its parts are is known from then on.
     const Text& text() const {
-        if (isObserved_) watch_.joined(text_, parts_);
+        if (watch_) watch_.joined(text_, parts_);
         return text_;
     }
 
@@ -62,9 +62,9 @@ public:
     }
 
 private:
-    void trimParts(std::size_t atBegin, std::size_t atEnd);
+    void addPart(TextView part, bool isInserted);
+    void trimParts();
 
-    bool isObserved_;
     Watch watch_;
     Text text_;
     std::vector<JoinedPart> parts_;  // empty unless the call is observed

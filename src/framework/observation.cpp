@@ -36,8 +36,16 @@ void Watch::passQuery(StepKind kind, TextView word, std::optional<Family> family
     observation_->pass({.kind = kind, .family = family, .name = word, .error = error});
 }
 
+void Watch::passKey(TextView key, TextView value) const {
+    observation_->pass({.kind = StepKind::KeyRead, .name = key, .text = value});
+}
+
 void Watch::passText(TextView key, TextView value) const {
     observation_->passLocated({.kind = StepKind::KeyAdded, .name = key, .text = value}, value);
+}
+
+void Watch::passAdded(TextView key, const ItemValue& value) const {
+    observation_->pass({.kind = StepKind::KeyAdded, .name = key, .value = &value});
 }
 
 void Watch::passList(TextView key, const TextList& value) const {
@@ -48,6 +56,10 @@ void Watch::passList(TextView key, const TextList& value) const {
         observation_->passLocated({.kind = StepKind::EntryAdded, .name = key, .text = entry, .index = index}, entry);
         ++index;
     }
+}
+
+void Watch::passReported(const Error& error) const {
+    observation_->pass({.kind = StepKind::Reported, .error = &error});
 }
 
 void Watch::addScreen(TextView screen) {
@@ -74,6 +86,37 @@ void Watch::addJoined(TextView text, std::span<const JoinedPart> parts) const {
     observation_->sources().addJoined(text, std::move(pieces));
 }
 
+namespace {
+
+/// The outermost call forgets where the texts of the call before it were.
+class ObservedCall {
+public:
+    ObservedCall(Observation& observation, TextView name, TextView screen) : ObservedCall(observation, name) {
+        // The object is complete here: it leaves the observation also if the observer throws.
+        observation_.pass({.kind = StepKind::CallBegins, .name = name, .text = screen});
+    }
+    ~ObservedCall() { observation_.leave(); }
+    ObservedCall(const ObservedCall&) = delete;
+    ObservedCall& operator=(const ObservedCall&) = delete;
+
+    void end(const Error* error) { observation_.pass({.kind = StepKind::CallEnds, .name = name_, .error = error}); }
+
+private:
+    ObservedCall(Observation& observation, TextView name) : observation_(observation), name_(name) {
+        observation_.enter();
+    }
+
+    Observation& observation_;
+    TextView name_;
+};
+
+}  // namespace
+
+void runObserved(Observation& observation, TextView name, TextView screen, const std::function<void()>& body) {
+    ObservedCall call(observation, name, screen);
+    sayingEnd([&](const Error* error) { call.end(error); }, body);
+}
+
 ObservedTerminal::ObservedTerminal(Terminal& terminal, ReadingObserver* observer) : terminal_(terminal) {
     setObserver(observer);
 }
@@ -81,9 +124,8 @@ ObservedTerminal::ObservedTerminal(Terminal& terminal, ReadingObserver* observer
 ObservedTerminal::~ObservedTerminal() = default;
 
 void ObservedTerminal::setObserver(ReadingObserver* observer) {
-    observation_ = observer != nullptr ? std::make_unique<Observation>(*observer) : nullptr;
+    own_ = observer != nullptr ? std::make_unique<Observation>(*observer) : nullptr;
+    setObservation(own_.get());
 }
-
-Observation* ObservedTerminal::observation() { return observation_.get(); }
 
 }  // namespace vantro

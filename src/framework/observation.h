@@ -5,6 +5,8 @@
 #include "framework/source_map.h"
 #include "vantro/observer.h"
 
+#include <functional>
+#include <optional>
 #include <type_traits>
 #include <utility>
 #include <vector>
@@ -46,7 +48,10 @@ struct JoinedPart {
 class Watch {
 public:
     Watch() = default;
-    explicit Watch(Terminal& terminal) : observation_(terminal.observation()) {}
+    explicit Watch(const Terminal& terminal) : observation_(terminal.observation()) {}
+
+    /// The same for a terminal that may be null.
+    explicit Watch(const Terminal* terminal) : observation_(terminal != nullptr ? terminal->observation() : nullptr) {}
 
     /// Whether the call is observed. Readers test it only where the arguments themselves cost something.
     explicit operator bool() const { return observation_ != nullptr; }
@@ -77,6 +82,11 @@ public:
     void read(TextView name, TextView value, std::int32_t index = 0) const {
         if (observation_ != nullptr) passValue(name, value, index, {});
     }
+    /// The same with a literal, whose length is not counted while the program runs.
+    template <std::size_t N>
+    void read(const char16_t (&name)[N], TextView value, std::int32_t index = 0) const {
+        if (observation_ != nullptr) passValue({name, N - 1}, value, index, {});
+    }
     void read(TextView name, TextView value, std::int32_t index, Family family) const {
         if (observation_ != nullptr) passValue(name, value, index, family);
     }
@@ -88,7 +98,7 @@ public:
         if (observation_ != nullptr) passQuery(StepKind::QueryEnds, word, family, error);
     }
     void keyRead(TextView key, TextView value) const {
-        if (observation_ != nullptr) observation_->pass({.kind = StepKind::KeyRead, .name = key, .text = value});
+        if (observation_ != nullptr) passKey(key, value);
     }
 
     // A key that is about to be added
@@ -96,13 +106,13 @@ public:
         if (observation_ != nullptr) passText(key, value);
     }
     void valueAdded(TextView key, const ItemValue& value) const {
-        if (observation_ != nullptr) observation_->pass({.kind = StepKind::KeyAdded, .name = key, .value = &value});
+        if (observation_ != nullptr) passAdded(key, value);
     }
     void listAdded(TextView key, const TextList& value) const {
         if (observation_ != nullptr) passList(key, value);
     }
     void reported(const Error& error) const {
-        if (observation_ != nullptr) observation_->pass({.kind = StepKind::Reported, .error = &error});
+        if (observation_ != nullptr) passReported(error);
     }
 
     // Where texts are
@@ -133,8 +143,11 @@ private:
     void passSearch(TextView mark, MarkSearch search, int first, int last, TextView found) const;
     void passValue(TextView name, TextView value, std::int32_t index, std::optional<Family> family) const;
     void passQuery(StepKind kind, TextView word, std::optional<Family> family, const Error* error) const;
+    void passKey(TextView key, TextView value) const;
     void passText(TextView key, TextView value) const;
+    void passAdded(TextView key, const ItemValue& value) const;
     void passList(TextView key, const TextList& value) const;
+    void passReported(const Error& error) const;
     void addScreen(TextView screen);
     void addCopy(TextView copy, TextView original) const;
     void addJoined(TextView text, std::span<const JoinedPart> parts) const;
@@ -166,40 +179,29 @@ auto sayingEnd(Say say, Body&& body) -> decltype(body()) {
 /// Runs one query of a display, with the steps with which it begins and ends.
 template <class Body>
 auto observedQuery(const Watch& watch, TextView word, std::optional<Family> family, Body&& body) -> decltype(body()) {
-    if (!watch) return std::forward<Body>(body)();
+    if (!watch) [[likely]]
+        return std::forward<Body>(body)();
     watch.queryBegins(word, family);
     return sayingEnd([&](const Error* error) { watch.queryEnds(word, family, error); }, std::forward<Body>(body));
 }
 
-/// The outermost call forgets where the texts of the call before it were.
-class ObservedCall {
-public:
-    ObservedCall(Observation& observation, TextView name, TextView screen) : ObservedCall(observation, name) {
-        // The object is complete here: it leaves the observation also if the observer throws.
-        observation_.pass({.kind = StepKind::CallBegins, .name = name, .text = screen});
-    }
-    ~ObservedCall() { observation_.leave(); }
-    ObservedCall(const ObservedCall&) = delete;
-    ObservedCall& operator=(const ObservedCall&) = delete;
-
-    void end(const Error* error) { observation_.pass({.kind = StepKind::CallEnds, .name = name_, .error = error}); }
-
-private:
-    ObservedCall(Observation& observation, TextView name) : observation_(observation), name_(name) {
-        observation_.enter();
-    }
-
-    Observation& observation_;
-    TextView name_;
-};
+/// Runs a call between the steps with which it begins and ends. Not a template, to be out of the way of calls that
+/// nobody observes.
+void runObserved(Observation& observation, TextView name, TextView screen, const std::function<void()>& body);
 
 /// Runs an operation, with the steps with which it begins and ends. The terminal may be null.
 template <class Body>
-auto observed(Terminal* terminal, TextView name, TextView screen, Body&& body) -> decltype(body()) {
+auto observed(const Terminal* terminal, TextView name, TextView screen, Body&& body) -> decltype(body()) {
     Observation* const observation = terminal != nullptr ? terminal->observation() : nullptr;
-    if (observation == nullptr) return std::forward<Body>(body)();
-    ObservedCall call(*observation, name, screen);
-    return sayingEnd([&](const Error* error) { call.end(error); }, std::forward<Body>(body));
+    if (observation == nullptr) [[likely]]
+        return std::forward<Body>(body)();
+    if constexpr (std::is_void_v<decltype(body())>) {
+        runObserved(*observation, name, screen, [&body] { body(); });
+    } else {
+        std::optional<decltype(body())> result;
+        runObserved(*observation, name, screen, [&body, &result] { result = body(); });
+        return *std::move(result);
+    }
 }
 
 }  // namespace vantro

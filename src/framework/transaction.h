@@ -13,13 +13,13 @@ namespace vantro {
 /// An object with `IProfileTrans` and the terminal library that it uses.
 class Transaction : public ProfileObject, public IProfileTrans {
 public:
-    Transaction(Terminal& terminal, const TransErrors& errors) : IProfileTrans(errors), terminal_(terminal) {}
+    Transaction(Terminal& terminal, const TransErrors& errors)
+        : IProfileTrans(errors, &terminal), terminal_(terminal) {}
 
     IProfileTrans* profileTrans() override { return this; }
 
 protected:
     Terminal& terminal() { return terminal_; }
-    Terminal* observedTerminal() noexcept override { return &terminal_; }
 
     Parameters parameters(const CollectionPtr& collection) { return Parameters(terminal_, collection); }
 

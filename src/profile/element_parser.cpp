@@ -40,7 +40,8 @@ constexpr auto countProperties(std::index_sequence<Index...> /*families*/) {
 constexpr std::array<CountProperty, familyCount + 1> profileCounts =
     countProperties(std::make_index_sequence<familyCount>());
 
-CProfile::CProfile(Terminal& terminal, const TransErrors& /*errors*/) : terminal_(terminal), lists_(terminal) {}
+CProfile::CProfile(Terminal& terminal, const TransErrors& /*errors*/)
+    : IProfileGet(&terminal), terminal_(terminal), lists_(terminal) {}
 
 std::int16_t CProfile::count(Family family, TextView display) {
     return observed(&terminal_, factsOf(family).countProperty, display, [&] { return lists_.refill(family, display); });

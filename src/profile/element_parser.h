@@ -24,9 +24,6 @@ public:
     const TextList* list(TextView name) const override { return lists_.texts(name); }
     const FlagList* flagList(TextView name) const override { return lists_.flags(name); }
 
-protected:
-    Terminal* observedTerminal() noexcept override { return &terminal_; }
-
 private:
     CollectionPtr IProfileGet_ProfileElements(TextView display, const CollectionPtr& collection,
                                               SelectionSource& selection) override;

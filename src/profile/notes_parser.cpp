@@ -61,7 +61,8 @@ private:
     std::vector<FoundNote> stored_;  // empty unless the call is observed
 };
 
-CProfileNotes::CProfileNotes(Terminal& terminal, const TransErrors& errors) : Transaction(terminal, errors) {
+CProfileNotes::CProfileNotes(Terminal& terminal, const TransErrors& errors)
+    : Transaction(terminal, errors), IProfileGet(&terminal) {
     lists_.cutToEntry0();
 }
 

@@ -26,9 +26,6 @@ public:
     /// "strNoteText", "strNoteNumber" and "strNoteQualifier": note k at index k, entry 0 empty.
     const TextList* list(TextView name) const override;
 
-protected:
-    Terminal* observedTerminal() noexcept override { return &terminal(); }
-
 private:
     struct NoteLists {
         TextList text;

@@ -15,12 +15,13 @@ namespace vantro {
 class ObservedOwnTerminal final : public Terminal {
 public:
     ObservedOwnTerminal(std::unique_ptr<Terminal> terminal, ReadingObserver& observer)
-        : terminal_(std::move(terminal)), observed_(*terminal_, &observer) {}
+        : terminal_(std::move(terminal)), observed_(*terminal_, &observer) {
+        setObservation(observed_.observation());
+    }
 
     TerminalFunctions& functions() override { return observed_.functions(); }
     ErrorReporter& errorReporter() override { return observed_.errorReporter(); }
     CollectionPtr createCollection() override { return observed_.createCollection(); }
-    Observation* observation() override { return observed_.observation(); }
 
 private:
     std::unique_ptr<Terminal> terminal_;
