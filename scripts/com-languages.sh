@@ -38,8 +38,10 @@ compare_identifiers() {
     done < <(sed -nE '/^\[.*uuid\(/{N; s/.*uuid\(([^)]*)\).*\n(interface|coclass) (\w+).*/\2 \3 \1/p}' \
         server/vantro_profile_utils.idl)
     grep -F "| Type library | {$(identifier library VantroProfileUtils)} |" docs/com.md
-    diff <(sed -nE 's/.*\[id\(([1-3])\)\] HRESULT (\w+)\(.*/\1 \2/p' server/vantro_profile_utils.idl | sort -u) \
-        <(sed -nE '/DispId/{N; N; s/.*DispId\(([0-9]+)\).*\n *(string|object) (\w+)\(.*/\1 \3/p}' examples/com/EarlyBound.cs)
+    sed -nE '/DispId/{N; N; s/.*DispId\(([0-9]+)\).*\n *(string|object) (\w+)\(.*/[id(\1)] HRESULT \3(/p}' \
+        examples/com/EarlyBound.cs >"$out/operations"
+    (($(wc -l <"$out/operations") == 4))
+    while read -r name; do grep -F "$name" server/vantro_profile_utils.idl; done <"$out/operations"
 }
 
 main() {

@@ -16,8 +16,9 @@ interface IProfileTrans
                           [In, Optional, MarshalAs(UnmanagedType.Struct)] object collection);
 }
 
-[ComImport, Guid("C9D989BB-1326-4CDF-9B73-B51C7CA91B3F"), InterfaceType(ComInterfaceType.InterfaceIsDual)]
-interface IProfileGet
+// The first two operations, of those that CProfile has.
+[ComImport, Guid("626491CD-5931-47BB-88DB-D8A584E84581"), InterfaceType(ComInterfaceType.InterfaceIsDual)]
+interface ICProfile
 {
     [DispId(3)]
     [return: MarshalAs(UnmanagedType.IDispatch)]
@@ -25,6 +26,11 @@ interface IProfileGet
                            [In, Optional, MarshalAs(UnmanagedType.Struct)] object collection,
                            [In, Out, Optional, MarshalAs(UnmanagedType.Struct)] ref object selection,
                            [In, Optional, MarshalAs(UnmanagedType.Struct)] object qualifier);
+
+    [DispId(5)]
+    [return: MarshalAs(UnmanagedType.Struct)]
+    object ListOf([In, MarshalAs(UnmanagedType.Struct)] object collection,
+                  [In, MarshalAs(UnmanagedType.BStr)] string key);
 }
 
 [ComImport, Guid("20F687BA-7CC8-4EAA-B3E3-787AA8DDD5CD")]
@@ -65,11 +71,12 @@ static class EarlyBound
         dynamic elements = NewCollection();
         elements.Add("strKeyPrefix", "PPR");
         object noSelection = Type.Missing;
-        ((IProfileGet)new CProfile()).ProfileElements(
+        var profile = (ICProfile)new CProfile();
+        profile.ProfileElements(
             Screen("PDN/-SMITH/ANNA/", "*T* SMITH/ANNA MS", "------- PRIORITY", "1  PPR/WINDOW SEAT", "2  PPR/TEA",
                    "END OF DISPLAY"),
             (object)elements, ref noSelection, null);
-        string[] texts = elements.Item("strKeyElement()").Value;
+        var texts = (object[])profile.ListOf((object)elements, "strKeyElement()");
         for (int k = 1; k < texts.Length; ++k) Console.WriteLine(texts[k]);
 
         // A numbered error: its number is the low 16 bits.

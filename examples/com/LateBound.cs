@@ -27,11 +27,12 @@ static class LateBound
         // The elements of a profile.
         dynamic elements = Create("VantroKestoFaces.KeyedCollection");
         elements.Add("strKeyPrefix", "PPR");
-        Create("VantroProfileUtils.CProfile").ProfileElements(
+        dynamic profile = Create("VantroProfileUtils.CProfile");
+        profile.ProfileElements(
             Screen("PDN/-SMITH/ANNA/", "*T* SMITH/ANNA MS", "------- PRIORITY", "1  PPR/WINDOW SEAT", "2  PPR/TEA",
                    "END OF DISPLAY"),
             elements);
-        string[] texts = elements.Item("strKeyElement()").Value;
+        object[] texts = profile.ListOf(elements, "strKeyElement()");
         for (int k = 1; k < texts.Length; ++k) Console.WriteLine(texts[k]);
 
         // A numbered error: its number is the low 16 bits.

@@ -132,13 +132,15 @@ void readElements() {
     IDispatch* unknownFamily = nullptr;
     check(profile->ProfileElements(display.bstrVal, request, &selection, Value(), &unknownFamily));
     const Value unknown(unknownFamily);
+    // An array of variants, whatever kind of array the terminal keeps.
+    const Value key(L"strKeyElement()");
     Value texts;
-    getValue(request.pdispVal, L"strKeyElement()", texts);
+    check(profile->ListOf(request, key.bstrVal, &texts));
     LONG last = 0;
     check(SafeArrayGetUBound(texts.parray, 1, &last));
     for (LONG k = 1; k <= last; ++k) {
-        ReturnedText text;
-        check(SafeArrayGetElement(texts.parray, &k, &text.bstrVal));
+        Value text;
+        check(SafeArrayGetElement(texts.parray, &k, &text));
         std::printf("%ls\n", text.bstrVal);
     }
     profile->Release();
