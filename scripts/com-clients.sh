@@ -79,20 +79,38 @@ run_scripts() {
     done
 }
 
-# The script in docs/com.md, run by the system's own script host. That one prints nothing after an error, so the output
-# is compared with what the page says.
-# shellcheck disable=SC2016 # the marks of a code block
-document_script() {
-    local folder=$root/build/com/document-$architecture
+# What a file of examples/com prints: scripts are run by the system's own script host. A module of VBA is VBScript with
+# types, and runs without them.
+printed() {
+    local folder=$root/build/com/examples-$architecture module=$1
     mkdir -p "$folder"
-    sed -n '/^```vbs$/,/^```$/p' "$root/docs/com.md" | sed '/^```/d' >"$folder/page.vbs"
-    sed -n '/^```text$/,/^```$/p' "$root/docs/com.md" | sed '/^```/d' >"$folder/expected.txt"
-    if [[ ! -s $folder/page.vbs || ! -s $folder/expected.txt ]]; then
-        echo "docs/com.md has no script or no output of it"
-        return 1
+    if [[ $module == *.bas ]]; then
+        sed -E '/^Attribute /d; s/ As [A-Za-z]+//g; s/Debug\.Print/WScript.Echo/' "$root/examples/com/$module" \
+            >"$folder/$module.vbs"
+        sed -nE 's/^Public Sub (\w+)\(\)$/\1/p' "$root/examples/com/$module" >>"$folder/$module.vbs"
+        module=$module.vbs
+    else
+        cp "$root/examples/com/$module" "$folder"
     fi
-    (cd "$folder" && run 60 wine cscript //nologo page.vbs | tr -d '\r') | diff "$folder/expected.txt" -
+    (cd "$folder" && run 60 wine cscript //nologo "$module" | tr -d '\r')
 }
+
+# That script host prints nothing after an error, so the output is compared with what the pages in docs/languages show.
+prints() { diff "$root/examples/com/$2" <(printed "$1"); }
+
+run_examples() {
+    expect "move_down.vbs" prints move_down.vbs move_down.txt
+    expect "name_search.vbs" prints name_search.vbs name_search.txt
+    expect "explain.vbs" prints explain.vbs explain.txt
+    expect "name_search.js" prints name_search.js name_search.txt
+    expect "name_search.bas" prints name_search.bas name_search.txt
+    expect "explain_failure.bas" prints explain_failure.bas explain_failure.txt
+    expect "name_search.cpp" diff "$root/examples/com/name_search.txt" <(run_native)
+    # Between apartments Wine passes an error's number on, without its source.
+    expect "name_search.cpp mta" diff <(sed 's/^5010 .*/5010 (null)/' "$root/examples/com/name_search.txt") <(run_native mta)
+}
+
+run_native() { run 60 wine "$bin/vantro_com_cpp_example.exe" "$@" | tr -d '\r'; }
 
 # The same batch, answered by the tool with its linked library and by the registered server.
 batch_both_ways() {
@@ -136,7 +154,7 @@ if [[ ${2:-} == benchmark ]]; then
 fi
 run_tests "early-bound client" vantro_com_tests.exe
 run_scripts
-expect "the script of docs/com.md" document_script
+run_examples
 expect "batch with the server" batch_both_ways
 expect "benchmark" benchmark
 cat "$prefix.speeds"
@@ -147,7 +165,7 @@ registered VantroForeignTerminal
 expect "the stand-in beside another terminal" stand_in_is_refused
 run_tests "client with a foreign terminal" vantro_foreign_tests.exe
 run_scripts search_and_paging.vbs
-expect "the script of docs/com.md" document_script
+run_examples
 expect "batch with the server" batch_both_ways
 unregistered VantroForeignTerminal
 unregistered VantroProfileUtils

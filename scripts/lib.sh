@@ -162,6 +162,8 @@ our_sources() {
     com_packages=("${tool_packages[@]}" googletest mingw-w64-tools libwine-dev)
     com_x64_packages=("${com_packages[@]}" g++-mingw-w64-x86-64-posix wine wine64)
     com_x86_packages=("${com_packages[@]}" g++-mingw-w64-i686-posix mmdebstrap)
+    com_language_packages=(mono-mcs libmono-microsoft-csharp4.0-cil python3)
+    windows_zip_packages=("${com_x64_packages[@]}" "${com_x86_packages[@]}" git zip unzip)
     exports_packages=("${tool_packages[@]}" binutils g++-mingw-w64-x86-64-posix)
     python_test_packages=(python3-dev python3-pytest python3-setuptools)
     python_packages=("${tool_packages[@]}" "${python_test_packages[@]}" binutils mypy python3-venv python3-wheel)
@@ -171,6 +173,7 @@ our_sources() {
     browser_packages=("${tool_packages[@]}" libgtest-dev libgmock-dev chromium chromium-driver fonts-dejavu-core
         python3 python3-selenium)
     check_packages=("${test_packages[@]}" "${python_packages[@]}" "${com_x86_packages[@]}" "${exports_packages[@]}"
-        "${arm64_packages[@]}" "${browser_packages[@]}" clang clang-format clang-tidy libclang-rt-dev lld git python3
+        "${arm64_packages[@]}" "${browser_packages[@]}" "${com_language_packages[@]}"
+        "${windows_zip_packages[@]}" clang clang-format clang-tidy libclang-rt-dev lld git python3
         shellcheck util-linux)
 }

@@ -8,6 +8,8 @@ set -euo pipefail
 cd "$(dirname "$0")/.."
 # shellcheck source=scripts/lib.sh
 source scripts/lib.sh
+# shellcheck source=scripts/private_root.sh
+source scripts/private_root.sh
 
 install_only=
 if [[ ${1:-} == install ]]; then
@@ -26,7 +28,6 @@ for architecture in $architectures; do
 done
 
 note=
-private_root=$root/build/com/root-x86
 
 # check_library ARCHITECTURE TRIPLET FORMAT FLAGS FILE: the file's kind, how it may be loaded, its exports and what it
 # needs.
@@ -83,65 +84,9 @@ build_again() {
     checked "mingw-$1: the same bytes again" bash -euo pipefail -c "root=$root; same_again $1"
 }
 
-# Why the 32-bit clients cannot run here; nothing when they can.
-obstacle() {
-    if ((EUID != 0)); then
-        echo "the private root needs the rights of root"
-    elif [[ $(uname -m) != x86_64 ]]; then
-        echo "no 64-bit Intel machine"
-    elif ! unshare -m true 2>/dev/null; then
-        echo "no mount namespaces"
-    fi
-}
-
-# The mirrors' index of security updates for other architectures is at times out of step: it is not needed here.
-sources() {
-    if [[ -f /etc/apt/sources.list.d/debian.sources ]]; then
-        awk 'BEGIN { RS = ""; ORS = "\n\n" } !/-security/' /etc/apt/sources.list.d/debian.sources
-    else
-        grep -v -e -security /etc/apt/sources.list
-    fi
-}
-export -f sources
-
-make_private_root() {
-    local release
-    release=$(. /etc/os-release && echo "$VERSION_CODENAME")
-    rm -rf --one-file-system "$private_root.new"
-    sources | mmdebstrap --variant=apt --architectures=amd64,i386 --include=wine,wine64,wine32 \
-        --aptopt='APT::Install-Recommends "false"' --dpkgopt='path-exclude=/usr/share/doc/*' \
-        --dpkgopt='path-exclude=/usr/share/man/*' --dpkgopt='path-exclude=/usr/share/locale/*' \
-        "$release" "$private_root.new" -
-    mv "$private_root.new" "$private_root"
-}
-export -f make_private_root
-
-# run_privately COMMAND...: in the private root, with this project's folder at its own place.
-run_privately() {
-    # shellcheck disable=SC2016 # the inner shell expands them
-    unshare -m bash -euo pipefail -c '
-        private_root=$1 project=$2
-        shift 2
-        mount --rbind /dev "$private_root/dev"
-        mount -t proc proc "$private_root/proc"
-        mount -t tmpfs tmpfs "$private_root/tmp"
-        mkdir -p "$private_root$project" # after the mount above: the project itself may lie in /tmp
-        mount --bind "$project" "$private_root$project"
-        exec chroot "$private_root" env -i HOME=/root PATH=/usr/sbin:/usr/bin:/sbin:/bin LC_ALL=C.UTF-8 "$@"
-    ' privately "$private_root" "$root" "$@"
-}
-
 skip_x86() {
     note="The 32-bit clients were not run: $1."
     skipped=$((skipped + 1))
-}
-
-# Downloads what the 32-bit clients run in, where they can run at all.
-install_private_root() {
-    if [[ -d $private_root || -n $(obstacle) ]]; then return; fi
-    mkdir -p "$(dirname "$private_root")"
-    export private_root
-    step "private root for 32-bit programs" bash -euo pipefail -c make_private_root
 }
 
 test_x86() {

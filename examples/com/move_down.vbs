@@ -1,0 +1,2 @@
+' The shortest call: it needs no terminal.
+WScript.Echo CreateObject("VantroProfileUtils.CPDMDTrans").CreateCommand()
