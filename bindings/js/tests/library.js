@@ -1,0 +1,2 @@
+// The package that scripts/javascript.sh builds.
+export * from "../../../build/js/package/index.js";
