@@ -2,7 +2,7 @@
 import assert from "node:assert/strict";
 import test from "node:test";
 
-import { VantroError, families, parseProfile } from "./library.js";
+import { Transaction, VantroError, families, parseProfile, wasm } from "./library.js";
 import { profiles, read, screenOf } from "./samples.js";
 
 const emptyElement = {
@@ -80,10 +80,17 @@ test("a display is a string", () => {
 
 test("memory is used again", () => {
     const lines = read("profiles/long_400.txt");
-    const before = process.memoryUsage().arrayBuffers + process.memoryUsage().external;
-    for (let run = 0; run < 300; ++run) parseProfile(lines);
-    assert.throws(() => parseProfile("B\n" + "A".repeat(81)), VantroError);
-    assert.ok(process.memoryUsage().arrayBuffers + process.memoryUsage().external < before + 32 * 1024 * 1024);
+    const readAndFail = () => {
+        parseProfile(lines);
+        assert.throws(() => parseProfile("B\n" + "A".repeat(81)), VantroError);
+        const notes = new Transaction("CProfileNotes");
+        assert.notEqual(notes.verifyResponse(lines, { strKept: lines }), null);
+        assert.throws(() => notes.verifyResponse(lines, null), VantroError);
+    };
+    for (let run = 0; run < 5; ++run) readAndFail();
+    const size = wasm.memory.buffer.byteLength;
+    for (let run = 0; run < 500; ++run) readAndFail();
+    assert.equal(wasm.memory.buffer.byteLength, size);
 });
 
 test("a display may be large", () => {
