@@ -12,6 +12,7 @@
 #include "cli/json/output.h"
 #include "cli/json/profile_json.h"
 
+#include <functional>
 #include <string>
 
 namespace vantro::c {
