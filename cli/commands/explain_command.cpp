@@ -1,4 +1,3 @@
-#include "cli/classes/screen_marks.h"
 #include "cli/classes/trans_class.h"
 #include "cli/classes/unknown_keys.h"
 #include "cli/commands/commands.h"
@@ -10,6 +9,7 @@
 #include "cli/explain/explain_json.h"
 #include "cli/explain/explain_text.h"
 #include "cli/explain/explained.h"
+#include "cli/explain/explained_response.h"
 #include "cli/explain/html_page.h"
 #include "cli/io/displays.h"
 #include "cli/io/failure.h"
@@ -27,7 +27,6 @@
 #include <memory>
 #include <string>
 #include <utility>
-#include <variant>
 
 namespace vantro {
 
@@ -81,23 +80,6 @@ VerifyOptions verifyOptions(const ExplainOptions& options) {
     return verify;
 }
 
-/// "blnKeyCompanyList is True", or that no flag is.
-std::string flagsIn(const BuiltInCollection& results) {
-    std::string flags;
-    for (const auto& entry : results.entries()) {
-        const ItemValue& value = entry.Value();
-        const bool* const flag = std::get_if<bool>(&value);
-        if (flag != nullptr && *flag) flags += (flags.empty() ? "" : ", ") + toUtf8(entry.key());
-    }
-    return flags.empty() ? "no flag is True" : "True: " + flags;
-}
-
-std::string outcomeOf(const ClassRow& row, TextView screen, const CollectionPtr& results, bool isKnown) {
-    if (!results) return "No results: the response is empty.";
-    if (!isKnown) return "Empty, not failed: " + asSentence(notRecognised(row, screen));
-    return "The screen was recognised; " + flagsIn(dynamic_cast<const BuiltInCollection&>(*results)) + ".";
-}
-
 std::string outcomeOf(const ClassRow& row, const ListRows& found) {
     if (!found.isList) return "Empty, not failed: the screen shows no list that " + toUtf8(row.name) + " reads.";
     return "The screen shows a list; rows read: " + std::to_string(found.rows.size()) + ".";
@@ -106,13 +88,7 @@ std::string outcomeOf(const ClassRow& row, const ListRows& found) {
 /// Calls the class and notes how the call ended. Returns the exit status.
 int explainCall(const ClassRow& row, const Text& screen, const CollectionPtr& state, Explanation& explanation,
                 Explained& explained) {
-    BuiltInTerminal builtIn;
-    ObservedTerminal terminal(builtIn, &explanation);
-    const CollectionPtr results = createObject(row, terminal)->profileTrans()->VerifyResponse(screen, state);
-    const bool isKnown = isRecognised(row, screen, results) || showsList(row, screen, state);
-    explained.outcome = outcomeOf(row, screen, results, isKnown);
-    explained.writeResults = [results](JsonOut& out) { writeCollection(results, out); };
-    return isKnown ? success : screenNotRecognised;
+    return explainResponse(row, screen, state, explanation, explained) ? success : screenNotRecognised;
 }
 
 /// The same for the rows of a list.

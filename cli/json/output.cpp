@@ -131,7 +131,8 @@ void JsonOut::text(TextView value) {
 
 void JsonOut::number(int value) {
     char digits[16];
-    raw({digits, std::to_chars(digits, digits + sizeof(digits), value).ptr});
+    const char* const end = std::to_chars(digits, digits + sizeof(digits), value).ptr;
+    raw({digits, static_cast<std::size_t>(end - digits)});
 }
 
 void JsonOut::raw(std::string_view json) {
