@@ -159,7 +159,7 @@ def main():
         if old not in texts[name]:
             print(f"{name} does not contain: {old}")
             missed += 1
-        elif len(problems_of({**texts, name: texts[name].replace(old, new)})) <= len(found):
+        elif problems_of({**texts, name: texts[name].replace(old, new)}) == found:
             print(f"not noticed in {name}: {old} -> {new}")
             missed += 1
     failed = missed + (1 if found else 0)
