@@ -123,10 +123,10 @@ include(GNUInstallDirs)
 include(CMakePackageConfigHelpers)
 install(TARGETS vantro_profile_utils EXPORT VantroProfileUtilsTargets FILE_SET HEADERS)
 install(EXPORT VantroProfileUtilsTargets NAMESPACE VantroProfileUtils::
-        FILE VantroProfileUtilsConfig.cmake DESTINATION ${CMAKE_INSTALL_LIBDIR}/cmake/VantroProfileUtils)
+        DESTINATION ${CMAKE_INSTALL_LIBDIR}/cmake/VantroProfileUtils)
 write_basic_package_version_file(${PROJECT_BINARY_DIR}/VantroProfileUtilsConfigVersion.cmake
-                                 COMPATIBILITY SameMinorVersion)
-install(FILES ${PROJECT_BINARY_DIR}/VantroProfileUtilsConfigVersion.cmake
+                                 COMPATIBILITY SameMajorVersion)
+install(FILES cmake/VantroProfileUtilsConfig.cmake ${PROJECT_BINARY_DIR}/VantroProfileUtilsConfigVersion.cmake
         DESTINATION ${CMAKE_INSTALL_LIBDIR}/cmake/VantroProfileUtils)
 
 set(definitions "")

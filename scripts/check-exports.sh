@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
 # Reads what a shared build of the library exports: everything that the public headers mark and nothing else, on Linux
-# and for Windows. Then builds a project against the installed shared library and runs it. Installs what is missing
-# (Debian). The last line is "N passed, N failed, N skipped".
+# and for Windows. scripts/consumers.sh uses such a build. Installs what is missing (Debian). The last line is "N passed,
+# N failed, N skipped".
 set -euo pipefail
 cd "$(dirname "$0")/.."
 # shellcheck source=scripts/lib.sh
@@ -50,22 +50,8 @@ windows_exports_every_function() {
     done
 }
 
-# A project as a user has it, built against the installed shared library.
-installed_library_is_used() {
-    local work=$root/build/shared-package
-    rm -rf "$work"
-    mkdir -p "$work/source"
-    cmake --install $build --prefix "$work/prefix"
-    cp tests/package/CMakeLists.txt "$work/source"
-    cp tests/package/border.cpp "$work/source/main.cpp"
-    cmake -S "$work/source" -B "$work/build" -G Ninja -DCMAKE_PREFIX_PATH="$work/prefix"
-    cmake --build "$work/build"
-    "$work/build/my_terminal" | grep -Fx "all right"
-}
-
 check "exports are the names that the headers mark" strictly exports_are_the_marked_names
 check "no public function is without the mark" strictly no_public_function_is_unmarked
 check "types without the mark define their functions in the header" strictly no_unmarked_type_lacks_a_body
 check "the Windows library exports every public function" strictly windows_exports_every_function
-check "a project uses the installed shared library" strictly installed_library_is_used
 close_counts

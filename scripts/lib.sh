@@ -150,6 +150,17 @@ install_missing() {
 # functions, root and what is exported.
 strictly() { bash -euo pipefail -c "$(declare -p root); $(declare -f); $1"; }
 
+# build_consumed static|shared: the library and the C interface as parts of another project, in build/consumers/VARIANT,
+# compiled in the shortest time, with debug information.
+build_consumed() {
+    local folder=$root/build/consumers/$1 shared=OFF launcher=()
+    if [[ $1 == shared ]]; then shared=ON; fi
+    if command -v ccache >/dev/null; then launcher=(-DCMAKE_CXX_COMPILER_LAUNCHER=ccache); fi
+    cmake -S tests/package/subdirectory -B "$folder" -G Ninja -DVANTRO_SOURCE_DIR="$root" -DBUILD_SHARED_LIBS=$shared \
+        -DCMAKE_CXX_FLAGS="-O0 -g" -DVANTRO_QUICK_TESTS=ON "${launcher[@]}"
+    cmake --build "$folder"
+}
+
 # our_sources: every C++ file of the project, each ended by a zero byte.
 our_sources() {
     find . -name build -prune -o -name '.*' ! -name . -prune -o \( -name '*.h' -o -name '*.cpp' \) -print0
@@ -165,6 +176,8 @@ our_sources() {
     com_language_packages=(mono-mcs libmono-microsoft-csharp4.0-cil python3)
     windows_zip_packages=("${com_x64_packages[@]}" "${com_x86_packages[@]}" git zip unzip)
     exports_packages=("${tool_packages[@]}" binutils g++-mingw-w64-x86-64-posix)
+    consumer_packages=(g++ cmake ninja-build pkg-config)
+    abi_packages=("${consumer_packages[@]}" abigail-tools)
     python_test_packages=(python3-dev python3-pytest python3-setuptools)
     python_packages=("${tool_packages[@]}" "${python_test_packages[@]}" binutils mypy python3-venv python3-wheel)
     wasm_packages=(cmake ninja-build emscripten nodejs)
@@ -176,7 +189,7 @@ our_sources() {
     browser_packages=("${tool_packages[@]}" libgtest-dev libgmock-dev chromium chromium-driver fonts-dejavu-core
         python3 python3-selenium)
     check_packages=("${test_packages[@]}" "${python_packages[@]}" "${com_x86_packages[@]}" "${exports_packages[@]}"
-        "${arm64_packages[@]}" "${browser_packages[@]}" "${com_language_packages[@]}"
-        "${windows_zip_packages[@]}" clang clang-format clang-tidy libclang-rt-dev lld git python3
+        "${arm64_packages[@]}" "${browser_packages[@]}" "${com_language_packages[@]}" "${windows_zip_packages[@]}"
+        "${abi_packages[@]}" "${javascript_packages[@]}" clang clang-format clang-tidy libclang-rt-dev lld git python3
         shellcheck util-linux)
 }
