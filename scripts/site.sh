@@ -1,0 +1,68 @@
+#!/usr/bin/env bash
+# Builds the site into build/site: the reference, made by the tool of build/ci-gcc from what it says about itself, the
+# guides, the documents, and the C++ headers. Runs every example of the guides, and checks the links of the built pages.
+# Installs what is missing (Debian). The last line of a green run is "N passed, 0 failed, 0 skipped".
+#
+# Look at it with: python3 -m http.server --directory build/site
+set -euo pipefail
+cd "$(dirname "$0")/.."
+# shellcheck source=scripts/lib.sh
+source scripts/lib.sh
+
+# Debian's Python: another one in the search path does not have Debian's packages.
+export python=/usr/bin/python3 work=$root/build/site-work pages=$root/build/site-src PYTHONDONTWRITEBYTECODE=1
+export PATH=$root/build/ci-gcc/bin:$PATH
+playground=()
+if [[ -x scripts/javascript.sh ]]; then playground=(playground); fi
+
+# The tool, and a library as a user of the guides installs it. The guides run in $work/guides, their home folder.
+build_and_install() {
+    cmake --preset ci-gcc
+    cmake --build --preset ci-gcc --target vantro_profile_cli vantro_profile_shell_files vantro_c
+    rm -rf "$work"
+    cmake --install build/ci-gcc --prefix "$work/vantro"
+}
+
+# The headers are a part of the pages, so that links to them are checked.
+write_pages() {
+    (cd site && $python -m generator "$root/build/ci-gcc/bin/vantro-profile" "$pages" "$@")
+    {
+        cat site/Doxyfile
+        printf 'OUTPUT_DIRECTORY = "%s"\n' "$pages/pages"
+    } | doxygen -
+}
+
+# MkDocs fails with any warning: a link to a page that is not there, a page that the navigation names and that is not.
+build_site() {
+    rm -rf build/site
+    mkdocs build --strict --config-file "$pages/mkdocs.yml" --site-dir "$root/build/site"
+    rm -f build/site/sitemap.xml.gz
+}
+
+run_guide() {
+    mkdir -p "$work/guides/$1"
+    ln -sfn "$work/vantro" "$work/guides/$1/vantro"
+    $python site/examples.py "site/$1.md" "$work/guides/$1"
+}
+
+main() {
+    install_missing "${site_packages[@]}"
+    step "site: build the tool" strictly build_and_install
+    step "site: write the pages" write_pages "${playground[@]}"
+    step "site: build" strictly build_site
+    if ((${#playground[@]})); then
+        count_closing_line "site: playground" scripts/javascript.sh --playground build/site/playground
+    fi
+    check "site: the generator and the pages" $python -m pytest -q -p no:cacheprovider site/tests
+    for guide in index guides/cpp guides/terminal guides/scripts guides/archives; do
+        check "site: examples of $guide" run_guide "$guide"
+    done
+    check "site: links" $python site/links.py build/site
+    close_counts
+}
+
+# In braces, so that a change of this file while it runs does no harm.
+{
+    main
+    exit
+}
