@@ -12,10 +12,10 @@ source scripts/lib.sh
 # Debian's Python: another one in the search path does not have Debian's packages.
 export python=/usr/bin/python3 work=$root/build/site-work pages=$root/build/site-src PYTHONDONTWRITEBYTECODE=1
 export PATH=$root/build/ci-gcc/bin:$PATH
-playground=()
-if [[ -x scripts/javascript.sh ]]; then playground=(playground); fi
+export playground=
+if [[ -x scripts/javascript.sh ]]; then playground=playground; fi
 
-# The tool, and a library as a user of the guides installs it. The guides run in $work/guides, their home folder.
+# The tool, and a library as a user of the guides installs it. A guide's home folder is in $work/guides.
 build_and_install() {
     cmake --preset ci-gcc
     cmake --build --preset ci-gcc --target vantro_profile_cli vantro_profile_shell_files vantro_c
@@ -25,7 +25,7 @@ build_and_install() {
 
 # The headers are a part of the pages, so that links to them are checked.
 write_pages() {
-    (cd site && $python -m generator "$root/build/ci-gcc/bin/vantro-profile" "$pages" "$@")
+    (cd site && "$python" -m generator "$root/build/ci-gcc/bin/vantro-profile" "$pages" "$playground")
     {
         cat site/Doxyfile
         printf 'OUTPUT_DIRECTORY = "%s"\n' "$pages/pages"
@@ -40,24 +40,25 @@ build_site() {
 }
 
 run_guide() {
-    mkdir -p "$work/guides/$1"
-    ln -sfn "$work/vantro" "$work/guides/$1/vantro"
-    $python site/examples.py "site/$1.md" "$work/guides/$1"
+    mkdir -p "$work/guides/$guide"
+    ln -sfn "$work/vantro" "$work/guides/$guide/vantro"
+    "$python" site/examples.py "site/$guide.md" "$work/guides/$guide"
 }
 
 main() {
     install_missing "${site_packages[@]}"
     step "site: build the tool" strictly build_and_install
-    step "site: write the pages" write_pages "${playground[@]}"
+    step "site: write the pages" strictly write_pages
     step "site: build" strictly build_site
-    if ((${#playground[@]})); then
-        count_closing_line "site: playground" scripts/javascript.sh --playground build/site/playground
+    if [[ $playground ]]; then
+        check "site: playground" scripts/javascript.sh --playground build/site/playground
     fi
-    check "site: the generator and the pages" $python -m pytest -q -p no:cacheprovider site/tests
+    check "site: the generator and the pages" "$python" -m pytest -q -p no:cacheprovider site/tests
     for guide in index guides/cpp guides/terminal guides/scripts guides/archives; do
-        check "site: examples of $guide" run_guide "$guide"
+        export guide
+        check "site: examples of $guide" strictly run_guide
     done
-    check "site: links" $python site/links.py build/site
+    check "site: links" "$python" site/links.py build/site
     close_counts
 }
 

@@ -92,12 +92,15 @@ def write_documents(documents: Documents) -> list:
     ]
 
 
-def add_playground(page: Path, is_there: bool) -> None:
-    """The first page's link to the playground, which is built after the pages."""
+def complete_first_page(page: Path, has_playground: bool, source: query_page.Source) -> None:
+    """Adds an excerpt of a display, and the link to the playground, which is built after the pages."""
+    family = source.tool.json("describe", "FFN")
+    display = query_page.excerpt(family, source.explain("FFN", EVERY_FAMILY)).html() + query_page.LEGEND
     link = '<a class="md-button" href="playground/index.html">Playground</a> '
     link += "Paste a screen or a display, and see what is read from it, in this browser: nothing is sent anywhere."
     text = page.read_text(encoding="utf-8")
-    page.write_text(text.replace("<!-- playground -->", f"<p>{link}</p>" if is_there else ""), encoding="utf-8")
+    text = text.replace("<!-- playground -->", f"<p>{link}</p>" if has_playground else "")
+    page.write_text(text.replace("<!-- display -->", display), encoding="utf-8")
 
 
 def main(program: str, target: str, *parts: str) -> None:
@@ -107,7 +110,7 @@ def main(program: str, target: str, *parts: str) -> None:
     tool = Tool(Path(program).resolve(), ROOT)
     before = write_documents(documents)
     reference = write_reference(tool, documents)
-    add_playground(pages / "index.md", "playground" in parts)
+    complete_first_page(pages / "index.md", "playground" in parts, query_page.Source(tool, [EVERY_FAMILY]))
     if documents.broken:
         raise SystemExit("\n".join(documents.broken))
     shutil.copytree(ROOT / "site/assets", pages / "assets")

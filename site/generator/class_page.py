@@ -192,7 +192,7 @@ def samples(about: Class, source: Source) -> str:
     found.sort(key=lambda sample: -(sample[2].count() + 1 if sample[2] else 0))
     exchange, step, screen = found[0]
     text = f"{words(exchange.about)}\n\n{step_html(step, screen)}\n\n"
-    text += '<p class="legend"><mark class="mark">Marks that were found</mark> <mark class="value">values</mark>; '
+    text += '<p class="legend"><mark class="mark">marks that were found</mark> <mark class="value">values</mark>; '
     text += f"<code>{exchange.path.name}</code></p>\n\n"
     others: dict[str, list] = {}
     for sample in found[1:]:

@@ -5,7 +5,10 @@ import os
 import re
 from pathlib import Path
 
+from .diagram import drawing
+
 LINK = re.compile(r"(!?)\[((?:[^\[\]]|\[[^\]]*\]|!\[[^\]]*\]\([^)]*\))*)\]\(([^)\s]+)\)")
+MERMAID = re.compile(r"^```mermaid\n(.*)^```$", re.M | re.S)
 LANGUAGES = {
     ".h": "cpp", ".cpp": "cpp", ".c": "c", ".py": "python", ".json": "json", ".sh": "bash", ".txt": "text",
     ".exchange": "text", ".cmake": "cmake", ".vbs": "vbscript", ".js": "javascript",
@@ -19,11 +22,14 @@ CAPTIONS = (
     (re.compile(r"^<!-- not run: (.*) -->$", re.M), r'<p class="file">Not run by the tests: \1.</p>\n'),
 )
 
+# What is on the site, and not in the project.
+GENERATED = ("site/reference/", "site/cpp/")
+
 # Where a document is on the site, if not under its own path.
 MOVED = {"README.md": "project/readme.md", "CONTRIBUTING.md": "project/contributing.md",
          "SECURITY.md": "project/security.md", "CHANGELOG.md": "project/changelog.md",
          "LICENSE": "project/licence.md", "site/guides": "guides", "site/index.md": "index.md",
-         "site/reference": "reference"}  # fmt: skip
+         "site/reference": "reference", "site/cpp": "cpp"}  # fmt: skip
 
 
 class Documents:
@@ -51,6 +57,7 @@ class Documents:
         page = self.page_of(path)
         blocks = re.split(r"(^```.*?^```$)", text, flags=re.M | re.S)
         blocks[::2] = [LINK.sub(lambda found: self.link(found, path, page), block) for block in blocks[::2]]
+        blocks[1::2] = [MERMAID.sub(lambda found: drawing(found[1]), block) for block in blocks[1::2]]
         text = "".join(blocks)
         for pattern, caption in CAPTIONS if path.startswith("site/") else ():
             text = pattern.sub(caption, text)
@@ -64,7 +71,7 @@ class Documents:
             return f"{picture}[{label}]({target})"
         name, anchor = (target.split("#", 1) + [""])[:2]
         meant = os.path.normpath(os.path.join(os.path.dirname(path), name))
-        if not meant.startswith("site/reference/"):
+        if not meant.startswith(GENERATED):
             if not (self.root / meant).exists():
                 self.broken.append(f"{path}: there is no {meant}")
             self.wanted.add(Path(meant))

@@ -11,6 +11,10 @@ from .tool import Tool
 
 Query = dict[str, Any]
 
+LEGEND = (
+    '\n\n<p class="legend"><mark class="mark">marks that were found</mark> <mark class="value">values</mark> '
+    '<mark class="part">parts of an element</mark></p>\n\n'
+)
 NOTES = "ProfileNotes"
 ALL = "ALL"
 
@@ -114,8 +118,8 @@ def sample(about: Query, source: Source) -> str:
     if not any(value["pieces"] for value in explanation["values"]):
         return ""
     command = command_of(about, display)
-    text = excerpt(about, explanation).html() + "\n\n"
-    text += '<p class="legend"><mark class="mark">Marks that were found</mark> <mark class="value">values</mark></p>\n\n'
+    text = excerpt(about, explanation).html()
+    text += LEGEND
     text += shell(["vantro-profile", *command], source.tool.text(*command)) + "\n"
     if is_family(about):
         text += "Its elements in the output of `parse`:\n\n"

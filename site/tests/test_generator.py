@@ -2,6 +2,7 @@
 
 import pytest
 
+from generator.diagram import NoDiagram, dot_of, drawing
 from generator.documents import Documents
 from generator.exchange import read_exchange
 from generator.markdown import code, sentence, shell, table, words
@@ -112,6 +113,23 @@ def test_a_meaning_becomes_a_sentence_and_a_key_stays_as_it_is():
 
 def test_a_command_line_can_be_typed():
     assert shell(["tool", "a()=1", "b"], "out\n") == "```console\n$ tool 'a()=1' b\nout\n```\n"
+
+
+def test_a_flowchart_is_drawn_with_its_groups():
+    dot = dot_of(
+        'flowchart TB\n    a["A<br/>b"]\n    subgraph g["G"]\n        c{{"C"}}\n    end\n\n'
+        '    a -- "in" --> g --> a\n    a -. "sent" .-> c --- a\n'
+    )
+    assert dot.endswith(
+        'a [label="A\\nb"];\n'
+        'subgraph cluster_g {\nlabel="G"; fontname="sans-serif"; fontsize=10; style=rounded;\n'
+        'c [label="C" shape=hexagon];\n}\n'
+        'a -> c [label=" in ", lhead=cluster_g];\nc -> a [ltail=cluster_g];\n'
+        'a -> c [label=" sent ", style=dashed];\nc -> a [dir=none];\n}\n'
+    )
+    assert drawing("flowchart TB\na[\"A\"]\n").count("<svg") == 1
+    with pytest.raises(NoDiagram):
+        dot_of("flowchart TB\n    a ==> b\n")
 
 
 @pytest.fixture
