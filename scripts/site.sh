@@ -3,6 +3,7 @@
 # guides, the documents, and the C++ headers. Runs every example of the guides, and checks the links of the built pages.
 # Installs what is missing (Debian). The last line of a green run is "N passed, 0 failed, 0 skipped".
 #
+# With "browser" it is opened in headless Chromium too, and the screenshots are in build/site-pictures.
 # Look at it with: python3 -m http.server --directory build/site
 set -euo pipefail
 cd "$(dirname "$0")/.."
@@ -46,6 +47,7 @@ run_guide() {
 }
 
 main() {
+    if [[ ${1:-} == browser ]]; then site_packages+=("${browser_packages[@]}"); fi
     install_missing "${site_packages[@]}"
     step "site: build the tool" strictly build_and_install
     step "site: write the pages" strictly write_pages
@@ -59,11 +61,14 @@ main() {
         check "site: examples of $guide" strictly run_guide
     done
     check "site: links" "$python" site/links.py build/site
+    if [[ ${1:-} == browser ]]; then
+        count_closing_line "site: in a browser" "$python" site/browser_test.py build/site build/site-pictures
+    fi
     close_counts
 }
 
 # In braces, so that a change of this file while it runs does no harm.
 {
-    main
+    main "$@"
     exit
 }

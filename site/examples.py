@@ -6,7 +6,7 @@ with the guide. Of each block of code, the comment above it says what it is:
     <!-- not run: REASON -->      the block is not run, and the page says so
 
 A block of the kind "console" needs no comment: lines that begin with "$ " are commands, the lines below a command what
-it prints (a line "..." stands for any lines). Every block has to be one of these. The last line says how many there are.
+it prints (a line "..." stands for any lines). Every block has to be one of these.
 """
 
 import os
@@ -42,7 +42,7 @@ def blocks_of(text: str) -> list[Block]:
 
 
 def commands_of(text: str) -> list[tuple[str, str]]:
-    """The commands of a block, each with what it prints. A command goes on after a backslash or a bar at the end of a line."""
+    """The commands of a block, each with what it prints. After a backslash or a bar at its end a line is continued."""
     commands: list[tuple[list[str], list[str]]] = []
     for line in text.splitlines():
         if line.startswith("$ "):

@@ -44,7 +44,7 @@ def check(folder: Path) -> tuple[int, int, list[str]]:
             where = f"{path.relative_to(folder)}: {link}"
             if not target.exists():
                 wrong.append(f"{where}: no such file")
-            elif parts.fragment and target in pages and unquote(parts.fragment) not in pages[target].anchors:
+            elif target in pages and parts.fragment and unquote(parts.fragment) not in pages[target].anchors:
                 wrong.append(f"{where}: no such place on the page")
     return inside, outside, wrong
 
@@ -52,7 +52,7 @@ def check(folder: Path) -> tuple[int, int, list[str]]:
 def main(folder: str) -> int:
     inside, outside, wrong = check(Path(folder).resolve())
     print("\n".join(wrong))
-    print(f"{inside} links inside the site, {len(wrong)} of them broken; {outside} links to other sites are not followed")
+    print(f"{inside} links inside the site, {len(wrong)} of them broken; {outside} links to other sites, not followed")
     return 1 if wrong or not inside else 0
 
 

@@ -121,7 +121,10 @@ def elements(about: Class, _: Source) -> str:
 
 
 def queries(about: Class, _: Source) -> str:
-    cells = [[f"[{row['prefix']}](../queries/{row['prefix']}.md)", sentence(row["meaning"])] for row in about["queries"]]
+    def link(prefix: str) -> str:
+        return f"[{prefix}](../queries/{prefix}.md)"
+
+    cells = [[link(row["prefix"]), sentence(row["meaning"])] for row in about["queries"]]
     return table(["Prefix", "Meaning"], cells)
 
 
@@ -198,8 +201,9 @@ def samples(about: Class, source: Source) -> str:
     for sample in found[1:]:
         others.setdefault(sample[0].path.name, []).append(sample)
     for name in sorted(others):
+        about_it = f"<p>{words(others[name][0][0].about)}</p>\n"
         body = "\n<hr>\n".join(step_html(each[1], each[2]) for each in others[name])
-        text += details(name.removesuffix(".exchange").replace("_", " "), f"<p>{others[name][0][0].about}</p>\n{body}") + "\n"
+        text += details(name.removesuffix(".exchange").replace("_", " "), about_it + body) + "\n"
     return text
 
 
@@ -245,7 +249,8 @@ def page(about: Class, source: Source) -> str:
     facts = [["Interfaces", ", ".join(f"`{name}`" for name in about["interfaces"])]]
     if about["transactions"]:
         facts.insert(0, ["Host transactions", ", ".join(f"`{code}`" for code in about["transactions"])])
-    facts.append(["Created as", f'`createObject(u"{about["class"]}", terminal)`, `VantroProfileUtils.{about["class"]}`'])
+    name = about["class"]
+    facts.append(["Created as", f'`createObject(u"{name}", terminal)`, `VantroProfileUtils.{name}`'])
     text += table(["", ""], facts) + "\n"
     for section in SECTIONS:
         if not section.applies(about):

@@ -10,6 +10,7 @@ compound=true; bgcolor=transparent; rankdir=TB; nodesep=0.3; ranksep=0.35;
 node [shape=box, style=rounded, fontname="sans-serif", fontsize=11, margin="0.12,0.06"];
 edge [fontname="sans-serif", fontsize=10, arrowsize=0.7];
 """
+GROUP = 'fontname="sans-serif"; fontsize=10; style=rounded;'
 
 
 class NoDiagram(Exception):
@@ -37,7 +38,7 @@ def statement(line: str, groups: dict[str, str]) -> str:
     if line == "end":
         return "}\n"
     if found := re.fullmatch(r'subgraph (\w+)\["(.*)"\]', line):
-        return f'subgraph cluster_{found[1]} {{\nlabel="{found[2]}"; fontname="sans-serif"; fontsize=10; style=rounded;\n'
+        return f'subgraph cluster_{found[1]} {{\nlabel="{found[2]}"; {GROUP}\n'
     if found := NODE.fullmatch(line):
         shape = " shape=hexagon" if found[2] == "{{" else ""
         label = found[3].replace("<br/>", "\\n")

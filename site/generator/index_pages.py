@@ -87,7 +87,7 @@ def errors(classes: Rows, queries: Rows) -> str:
         [str(number), call, sentence(meaning), ", ".join(links)]
         for (number, call, meaning), links in sorted(found.items(), key=lambda item: item[0][:2])
     ]
-    intro = "A failed call raises a numbered error. Numbers from 5005 on belong to one call of one class or to a family "
-    intro += "of elements; small numbers have the meanings of automation languages, such as 13 for a value that cannot "
+    intro = "A failed call raises a numbered error. Numbers from 5000 on belong to a call of a class or to a family of "
+    intro += "elements; small numbers have the meanings of automation languages, such as 13 for a value that cannot "
     intro += "be converted. [The COM server](../docs/com.md) says how the numbers appear in COM."
     return f"# Error numbers\n\n{intro}\n\n" + table(["Number", "Call", "Raised when", "By"], rows)

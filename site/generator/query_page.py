@@ -157,8 +157,8 @@ def decisions(about: Query, source: Source) -> str:
         for step in source.explain(about["prefix"], display)["steps"]:
             if step["kind"] == "decided":
                 found.setdefault(step["rule"], decision(step))
-    intro = "What decided about the lines of the sample displays. `vantro-profile explain` says it of every line of any "
-    intro += "display: [Explaining](../../docs/explain.md).\n\n"
+    intro = "What decided about the lines of the sample displays. `vantro-profile explain` says it of every line of "
+    intro += "any display: [Explaining](../../docs/explain.md).\n\n"
     return intro + table(["Rule", "Decision"], [[code(rule), sentence(text)] for rule, text in found.items()])
 
 

@@ -136,13 +136,15 @@ def test_a_flowchart_is_drawn_with_its_groups():
 def documents(tmp_path):
     root = tmp_path / "root"
     for name, text in {
-        "docs/a.md": "[b](b.md#x) [c](../src/c.h) [d](../src/) [e](https://e.example/) [f](#f)\n\n```\n[g](g.md)\n```\n",
+        "docs/a.md": "[b](b.md#x) [c](../src/c.h) [d](../src/) [e](https://e.example/) [f](#f)\n"
+        "\n```\n[g](g.md)\n```\n",
         "docs/b.md": "[![p](p.png)](../README.md)\n",
         "docs/p.png": "",
         "README.md": "[a](docs/a.md)\n",
         "src/c.h": "int c;\n",
         "src/README.md": "# Sources\n",
-        "site/guides/g.md": "<!-- file: x.txt -->\n[CPXTrans](../reference/classes/CPXTrans.md) [gone](../../docs/z.md)\n",
+        "site/guides/g.md": "<!-- file: x.txt -->\n"
+        "[CPXTrans](../reference/classes/CPXTrans.md) [gone](../../docs/z.md)\n",
     }.items():
         (root / name).parent.mkdir(parents=True, exist_ok=True)
         (root / name).write_text(text, encoding="utf-8")
