@@ -167,7 +167,7 @@ our_sources() {
     python_packages=("${tool_packages[@]}" "${python_test_packages[@]}" binutils mypy python3-venv python3-wheel)
     test_packages=("${tool_packages[@]}" libgtest-dev libgmock-dev pkg-config "${python_test_packages[@]}"
         "${com_x64_packages[@]}")
-    site_packages=("${tool_packages[@]}" doxygen graphviz jq mkdocs mkdocs-material python3 python3-pytest python3-yaml)
+    site_packages=("${tool_packages[@]}" doxygen graphviz jq make mkdocs mkdocs-material python3 python3-pytest python3-yaml)
     arm64_packages=("${tool_packages[@]}" googletest g++-aarch64-linux-gnu qemu-user)
     browser_packages=("${tool_packages[@]}" libgtest-dev libgmock-dev chromium chromium-driver fonts-dejavu-core
         python3 python3-selenium)

@@ -46,6 +46,10 @@ run_guide() {
     "$python" site/examples.py "site/$guide.md" "$work/guides/$guide"
 }
 
+check_documents() {
+    find README.md samples docs -name '*.md' -exec "$python" site/documents_check.py "$work/documents" {} +
+}
+
 main() {
     if [[ ${1:-} == browser ]]; then site_packages+=("${browser_packages[@]}"); fi
     install_missing "${site_packages[@]}"
@@ -60,6 +64,7 @@ main() {
         export guide
         check "site: examples of $guide" strictly run_guide
     done
+    check "site: examples of the documents" strictly check_documents
     check "site: links" "$python" site/links.py build/site
     if [[ ${1:-} == browser ]]; then
         count_closing_line "site: in a browser" "$python" site/browser_test.py build/site build/site-pictures

@@ -182,6 +182,13 @@ def step_html(step: Step, screen: Screen | None) -> str:
     return "\n".join(parts)
 
 
+def how_good(sample: tuple[Exchange, Step, Screen | None]) -> tuple[bool, int]:
+    """The best sample of a class is one of this class alone, with the most marks and values on its screen."""
+    exchange, step, screen = sample
+    is_mixed = any(each.class_name != step.class_name for each in exchange.steps)
+    return is_mixed, -(screen.count() + 1 if screen else 0)
+
+
 def samples(about: Class, source: Source) -> str:
     if not about["transactions"]:
         return display_sample(source)
@@ -192,7 +199,7 @@ def samples(about: Class, source: Source) -> str:
                 found.append((exchange, step, explained(step, source) if step.screen else None))
     if not found:
         return ""
-    found.sort(key=lambda sample: -(sample[2].count() + 1 if sample[2] else 0))
+    found.sort(key=how_good)
     exchange, step, screen = found[0]
     text = f"{words(exchange.about)}\n\n{step_html(step, screen)}\n\n"
     text += '<p class="legend"><mark class="mark">marks that were found</mark> <mark class="value">values</mark>; '

@@ -1,9 +1,14 @@
 """The checks of the guides and of the links fail where they should."""
 
-import pytest
+import os
+from pathlib import Path
 
+import documents_check
 import examples
 import links
+import pytest
+
+ROOT = Path(__file__).resolve().parents[2]
 
 
 def check(tmp_path, text):
@@ -61,6 +66,35 @@ def test_a_block_that_is_shown_has_to_be_in_its_file(tmp_path, monkeypatch):
 def test_a_guide_without_an_example_fails(tmp_path):
     with pytest.raises(examples.Wrong, match="it has no example"):
         check(tmp_path, "Words.\n" + block("x\n", "text", "<!-- not run: no reason -->\n"))
+
+
+def wrong_in(tmp_path, monkeypatch, text):
+    monkeypatch.setenv("PATH", f"{ROOT}/build/ci-gcc/bin:{os.environ['PATH']}")
+    (tmp_path / "page.md").write_text(text, encoding="utf-8")
+    return documents_check.check(tmp_path / "page.md", tmp_path)
+
+
+def test_a_document_may_name_files_that_are_not_there(tmp_path, monkeypatch):
+    shell = "$ vantro-profile parse -j 4 a.txt | jq .\nvantro-profile elements PHI \\\n    --index 1 < b.txt\nls\n"
+    shell += "vantro-profile: a message\n"
+    power = "vantro-profile parse `\n    --csv a\\b.txt\n"
+    text = block(shell, "") + block(power, "powershell") + block('{"a":1}\n{"a":2}\n', "json")
+    assert wrong_in(tmp_path, monkeypatch, text) == (4, [])
+
+
+@pytest.mark.parametrize(
+    "language,text,message",
+    [
+        ("", "vantro-profile parse --seperator x a.txt | jq .\n", "there is no option '--seperator'"),
+        ("bash", "vantro-profile elem PHI\n", "there is no subcommand or option 'elem'"),
+        ("powershell", "vantro-profile parse `\n    --jbs 3\n", "there is no option '--jbs'"),
+        ("json", '{"a":}\n', "no JSON"),
+    ],
+)
+def test_an_option_that_is_not_there_is_wrong_in_a_document(tmp_path, monkeypatch, language, text, message):
+    count, wrong = wrong_in(tmp_path, monkeypatch, block(text, language))
+    assert count == len(wrong) == 1
+    assert message in wrong[0]
 
 
 def site(tmp_path, pages):
