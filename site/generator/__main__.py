@@ -17,9 +17,10 @@ ROOT = Path(__file__).resolve().parents[2]
 EVERY_FAMILY = "samples/profiles/every_family.txt"
 
 GUIDES = ("cpp", "terminal", "scripts", "archives")
-TOOL_PAGES = ("parse", "captures", "batch", "explain", "replay", "rows", "powershell")
-LIBRARY_PAGES = ("glossary", "com", "c", "python", "built-in-terminal", "peculiarities")
-PROJECT_PAGES = ("architecture", "testing", "benchmarks", "site")
+# The documents in their order. One that is not named here comes after the library's.
+TOOL_PAGES = ("tool", "parse", "captures", "batch", "explain", "replay", "rows", "powershell")
+LIBRARY_PAGES = ("cpp", "c", "python", "javascript", "com", "com-keys", "built-in-terminal", "glossary", "peculiarities")
+PROJECT_PAGES = ("architecture", "testing", "benchmarks", "versions", "debian", "site")
 PROJECT_FILES = ("README.md", "CONTRIBUTING.md", "SECURITY.md", "CHANGELOG.md")
 
 
@@ -54,12 +55,17 @@ def write_reference(tool: Tool, documents: Documents) -> list:
     ]
 
 
+def documents_of(names: tuple[str, ...]) -> list:
+    paths = [f"docs/{name}.md" for name in names]
+    return [path for path in paths if (ROOT / path).exists()]
+
+
 def library_pages() -> list:
     """The pages of the library: the known ones, those that are new, and each folder."""
     folder = ROOT / "docs"
     known = (*TOOL_PAGES, *LIBRARY_PAGES, *PROJECT_PAGES)
     new = sorted(path.stem for path in folder.glob("*.md") if path.stem not in known)
-    pages: list = [f"docs/{name}.md" for name in (*LIBRARY_PAGES, *new)]
+    pages = documents_of((*LIBRARY_PAGES, *new))
     for sub in sorted(path for path in folder.iterdir() if path.is_dir()):
         names = sorted(str(path.relative_to(ROOT)) for path in sub.glob("*.md"))
         if names:
@@ -81,12 +87,11 @@ def write_documents(documents: Documents) -> list:
             for entry in entries
         ]
 
-    tool = [f"docs/{name}.md" for name in TOOL_PAGES]
-    project = [*PROJECT_FILES, *(f"docs/{name}.md" for name in PROJECT_PAGES), "samples/README.md"]
+    project = [*PROJECT_FILES, *documents_of(PROJECT_PAGES), "samples/README.md"]
     return [
         {"Home": "index.md"},
         {"Guides": [f"guides/{name}.md" for name in GUIDES]},
-        {"Tool": [*pages(tool), "schemas/index.md"]},
+        {"Tool": [*pages(documents_of(TOOL_PAGES)), "schemas/index.md"]},
         {"Library": pages(library_pages())},
         {"Project": pages(project)},
     ]

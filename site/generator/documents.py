@@ -11,7 +11,8 @@ LINK = re.compile(r"(!?)\[((?:[^\[\]]|\[[^\]]*\]|!\[[^\]]*\]\([^)]*\))*)\]\(([^)
 MERMAID = re.compile(r"^```mermaid\n(.*)^```$", re.M | re.S)
 LANGUAGES = {
     ".h": "cpp", ".cpp": "cpp", ".c": "c", ".py": "python", ".json": "json", ".sh": "bash", ".txt": "text",
-    ".exchange": "text", ".cmake": "cmake", ".vbs": "vbscript", ".js": "javascript",
+    ".exchange": "text", ".cmake": "cmake", ".vbs": "vbscript", ".js": "javascript", ".mjs": "javascript",
+    ".ts": "typescript", ".cs": "csharp", ".bas": "vbnet", ".ps1": "powershell", ".dpr": "delphi", ".idl": "cpp",
 }  # fmt: skip
 PICTURES = {".svg", ".png"}
 
