@@ -1,7 +1,8 @@
 #!/usr/bin/env bash
-# The long checks, beside scripts/test.sh: format, shellcheck, clang-tidy and the sanitizers, the Python packages, the
-# scalar variant, 64-bit ARM under an emulator, threads, coverage, the exports of a shared build, hardening, the same
-# bytes twice, the 32-bit COM clients, pages in a browser, the fuzz targets and a sample of mutations. Takes about forty
+# The long checks, beside scripts/test.sh: format, shellcheck, clang-tidy and the sanitizers, other projects that use the
+# library, its binary interfaces, the packages for Python and JavaScript, the scalar variant, 64-bit ARM under an
+# emulator, threads, coverage, the exports of a shared build, hardening, the same bytes twice, the 32-bit COM clients, the
+# archive for Windows, the site, pages in a browser, the fuzz targets and a sample of mutations. Takes about forty-five
 # minutes on two cores, after the packages that it installs (Debian 12; root or sudo). The last line of a green run is
 # "N passed, 0 failed, M skipped".
 set -euo pipefail
@@ -10,16 +11,7 @@ cd "$(dirname "$0")/.."
 source scripts/lib.sh
 
 check_format() { our_sources | xargs -0 clang-format --dry-run -Werror; }
-check_scripts() { shellcheck -x -S warning scripts/*.sh .ci/run; }
-
-# The library as a subdirectory of another project.
-check_subdirectory() {
-    local work=$root/build/subdirectory
-    rm -rf "$work"
-    cmake -S tests/package/subdirectory -B "$work" -G Ninja -DVANTRO_SOURCE_DIR="$root" -DCMAKE_BUILD_TYPE=Release
-    cmake --build "$work"
-    "$work/my_terminal" | grep -F "send: PDN/-SMITH/ANNA/"
-}
+check_scripts() { shellcheck -x -S warning scripts/*.sh packaging/windows/*.sh packaging/windows/test/*.sh .ci/run; }
 
 main() {
     install_missing "${check_packages[@]}"
@@ -27,8 +19,11 @@ main() {
     check "format" strictly check_format
     check "shellcheck" strictly check_scripts
     build_and_test ci-clang # address and undefined-behaviour sanitizers, clang-tidy over every source
-    check "add_subdirectory" strictly check_subdirectory
+    count_closing_line "consumers" bash scripts/consumers.sh
+    count_closing_line "binary interfaces" bash scripts/abi.sh check
     count_closing_line "Python packages" bash scripts/python.sh
+    count_closing_line "npm package and playground" bash scripts/javascript.sh
+    count_closing_line "examples for automation clients" bash scripts/com-languages.sh
     build_and_test scalar
     build_and_test arm64
     build_and_test tsan
@@ -39,6 +34,8 @@ main() {
     count_closing_line "hardening" bash scripts/check-hardening.sh
     count_closing_line "COM server, 32-bit, and the same bytes twice" bash scripts/test-com.sh x86 again
     tail -n 3 "$log" | sed 's/^/          /'
+    count_closing_line "archive for Windows" bash scripts/test-windows-zip.sh
+    count_closing_line "site" bash scripts/site.sh browser
     count_closing_line "pages in a browser" bash scripts/test-browser.sh
     check "fuzz targets" bash scripts/fuzz.sh --seconds-each 10
     check "sample of mutations" bash scripts/mutate.sh 60 1 --at-least 95

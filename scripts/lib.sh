@@ -185,11 +185,12 @@ our_sources() {
         python3 python3-selenium)
     test_packages=("${tool_packages[@]}" libgtest-dev libgmock-dev pkg-config "${python_test_packages[@]}"
         "${com_x64_packages[@]}")
+    site_packages=("${tool_packages[@]}" doxygen graphviz jq make mkdocs mkdocs-material python3 python3-pytest python3-yaml)
     arm64_packages=("${tool_packages[@]}" googletest g++-aarch64-linux-gnu qemu-user)
     browser_packages=("${tool_packages[@]}" libgtest-dev libgmock-dev chromium chromium-driver fonts-dejavu-core
         python3 python3-selenium)
     check_packages=("${test_packages[@]}" "${python_packages[@]}" "${com_x86_packages[@]}" "${exports_packages[@]}"
         "${arm64_packages[@]}" "${browser_packages[@]}" "${com_language_packages[@]}" "${windows_zip_packages[@]}"
-        "${abi_packages[@]}" "${javascript_packages[@]}" clang clang-format clang-tidy libclang-rt-dev lld git python3
-        shellcheck util-linux)
+        "${abi_packages[@]}" "${javascript_packages[@]}" "${site_packages[@]}" clang clang-format clang-tidy
+        libclang-rt-dev lld git python3 shellcheck util-linux)
 }

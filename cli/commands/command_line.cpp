@@ -343,8 +343,11 @@ void CommandLine::addClasses() {
 
 void CommandLine::addDescribe() {
     CLI::App& command =
-        *tool_.add_subcommand("describe", "Say what a class is for, what it takes and what comes out of it");
-    command.add_option("CLASS", describe_.className, "A class, such as CPDNTrans (default: all classes, briefly)")
+        *tool_.add_subcommand("describe", "Say what a class or a query is for, what it takes and what comes out of it");
+    command
+        .add_option("CLASS|PREFIX", describe_.name,
+                    "A class, such as CPDNTrans, or the prefix of a query of a display, such as PHI (default: all "
+                    "classes, briefly)")
         ->type_name("");
     command.add_flag("--json", describe_.json, "Print one JSON value");
     command.footer(help::describe);

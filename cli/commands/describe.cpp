@@ -6,6 +6,8 @@
 #include "cli/io/utf.h"
 #include "cli/json/output.h"
 
+#include <algorithm>
+
 namespace vantro {
 
 namespace {
@@ -24,6 +26,13 @@ std::string allAsJson() {
     }
     out.endArray();
     return json + "\n";
+}
+
+std::string described(const DescribeOptions& options) {
+    if (options.name.empty()) return describedClasses(options.json);
+    const QueryFacts* const query = findQuery(options.name);
+    if (query == nullptr) return describedClass(options.name, options.json);
+    return options.json ? queryAsJson(*query) : queryAsText(*query);
 }
 
 }  // namespace
@@ -54,9 +63,21 @@ std::string asArgument(const ExampleParameter& parameter) {
 }
 
 int runDescribe(const DescribeOptions& options) {
-    const bool isOne = !options.className.empty();
-    writeOutput(isOne ? describedClass(options.className, options.json) : describedClasses(options.json));
+    writeOutput(described(options));
     return success;
+}
+
+const QueryFacts* findQuery(const std::string& prefix) {
+    const Text word = toUtf16(prefix);
+    const QueryFacts& notes = factsOf(OtherQuery::Notes);
+    if (word == notes.word) return &notes;
+    const auto query = std::ranges::find(profileQueries(), word, &QueryFacts::word);
+    return query == profileQueries().end() ? nullptr : &*query;
+}
+
+std::span<const QueryFacts> queriesOf(const ClassRow& row) {
+    if (!row.hasProfileGet) return {};
+    return row.hasProfileTrans ? std::span(&factsOf(OtherQuery::Notes), 1) : profileQueries();
 }
 
 std::string describedClasses(bool json) { return json ? allAsJson() : classesAsText(); }

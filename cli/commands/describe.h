@@ -1,8 +1,10 @@
-// What the rows of the classes say, for people and for programs.
+// What the rows of the classes and the queries say, for people and for programs.
 #pragma once
 
+#include "vantro/families.h"
 #include "vantro/registry.h"
 
+#include <span>
 #include <stdexcept>
 #include <string>
 
@@ -15,7 +17,7 @@ public:
 };
 
 struct DescribeOptions {
-    std::string className;  ///< empty for all classes
+    std::string name;  ///< of a class, or the prefix of a query; empty for all classes
     bool json = false;
 };
 
@@ -27,6 +29,16 @@ std::string describedClasses(bool json);
 
 /// One class with its parameters, commands, results, screens and errors. Raises UnknownClass.
 std::string describedClass(const std::string& name, bool json);
+
+/// The query with this prefix ("PHI"), or null. The notes' query is that of CProfileNotes.
+const QueryFacts* findQuery(const std::string& prefix);
+
+/// The queries that a class answers.
+std::span<const QueryFacts> queriesOf(const ClassRow& row);
+
+/// One query: what it returns, and of a family how its elements are found in a display.
+std::string queryAsText(const QueryFacts& query);
+std::string queryAsJson(const QueryFacts& query);
 
 /// The parts of these: all classes and one class as text, one class as JSON.
 std::string classesAsText();

@@ -202,6 +202,10 @@ std::string classAsJson(const ClassRow& row) {
     if (row.hasProfileGet) {
         parameters(out, "request", about.request);
         results(out, "elements", about.elements);
+        arrayMember(out, "queries", queriesOf(row), [&](const QueryFacts& query) {
+            member(out, "prefix", query.word);
+            member(out, "meaning", query.meaning);
+        });
     }
     counts(out, row);
     errors(out, row);

@@ -1,101 +1,15 @@
 // A class's row in lines of at most 80 characters.
 #include "cli/commands/describe.h"
+#include "cli/commands/description_page.h"
 #include "cli/commands/rows_view.h"
 #include "cli/io/utf.h"
 
-#include <algorithm>
 #include <span>
 #include <vector>
 
 namespace vantro {
 
 namespace {
-
-constexpr std::size_t width = 80;
-
-// The words of a text; what stands between quotation marks is one word.
-std::vector<std::string> wordsOf(const std::string& text) {
-    std::vector<std::string> words;
-    std::string word;
-    bool isQuoted = false;
-    for (const char character : text) {
-        if (character == '"') isQuoted = !isQuoted;
-        if (character == ' ' && !isQuoted) {
-            words.push_back(std::move(word));
-            word.clear();
-        } else {
-            word += character;
-        }
-    }
-    words.push_back(std::move(word));
-    return words;
-}
-
-/// Lines of text that are filled up word by word.
-class Page {
-public:
-    /// A paragraph: its first line begins with `head`, the others with as many blanks. `turn` ends a line that goes
-    /// on in the next.
-    void paragraph(const std::string& head, const std::string& text, const std::string& turn = {}) {
-        std::string line = head;
-        bool isEmpty = true;
-        for (const std::string& word : wordsOf(text)) {
-            if (!isEmpty && line.size() + 1 + word.size() + turn.size() > width) {
-                text_ += line + turn + "\n";
-                line.assign(head.size(), ' ');
-                isEmpty = true;
-            }
-            line += isEmpty ? word : " " + word;
-            isEmpty = false;
-        }
-        text_ += line + "\n";
-    }
-
-    void heading(const std::string& title) {
-        text_ += "\n";
-        paragraph("", title);
-    }
-
-    std::string text() { return std::move(text_); }
-
-private:
-    std::string text_;
-};
-
-/// Keys on the left, what there is to say about each on the right.
-class Rows {
-public:
-    void add(std::string key, std::string text) { rows_.push_back({std::move(key), std::move(text)}); }
-
-    bool empty() const { return rows_.empty(); }
-
-    void print(Page& page) const {
-        std::size_t longest = 0;
-        for (const Row& row : rows_) longest = std::max(longest, row.key.size());
-        for (const Row& row : rows_) {
-            page.paragraph("  " + row.key + std::string(longest + 2 - row.key.size(), ' '), row.text);
-        }
-    }
-
-private:
-    struct Row {
-        std::string key;
-        std::string text;
-    };
-    std::vector<Row> rows_;
-};
-
-std::string joined(std::span<const TextView> texts, const std::string& between) {
-    std::string text;
-    for (const TextView each : texts) text += (text.empty() ? "" : between) + toUtf8(each);
-    return text;
-}
-
-std::string asSentence(TextView meaning) {
-    std::string text = toUtf8(meaning);
-    text[0] = static_cast<char>(text[0] - 'a' + 'A');
-    return text + ".";
-}
 
 std::string needOf(const ParameterRow& row) {
     switch (row.need) {
@@ -106,10 +20,10 @@ std::string needOf(const ParameterRow& row) {
     return "";
 }
 
-void addParameters(Page& page, const std::string& title, std::span<const ParameterRow> parameters) {
+void addParameters(DescriptionPage& page, const std::string& title, std::span<const ParameterRow> parameters) {
     if (parameters.empty()) return;
     page.heading(title);
-    Rows rows;
+    DescriptionRows rows;
     for (const ParameterRow& row : parameters) {
         const std::string values = row.values.empty() ? "" : ", " + joined(row.values, " or ");
         rows.add(toUtf8(row.key), nameOf(row.kind) + values + needOf(row) + ". " + asSentence(row.meaning));
@@ -117,10 +31,10 @@ void addParameters(Page& page, const std::string& title, std::span<const Paramet
     rows.print(page);
 }
 
-void addResults(Page& page, const std::string& title, std::span<const ResultRow> results) {
+void addResults(DescriptionPage& page, const std::string& title, std::span<const ResultRow> results) {
     if (results.empty()) return;
     page.heading(title);
-    Rows rows;
+    DescriptionRows rows;
     for (const ResultRow& row : results) {
         const std::string when = row.when.empty() ? "" : ", " + toUtf8(row.when);
         rows.add(toUtf8(row.key), nameOf(row.kind) + when + ". " + asSentence(row.meaning));
@@ -133,7 +47,7 @@ std::string forShell(const std::string& argument) {
     return argument.find_first_of("()*") == std::string::npos ? argument : "'" + argument + "'";
 }
 
-void addForms(Page& page, const ClassRow& row) {
+void addForms(DescriptionPage& page, const ClassRow& row) {
     if (row.description.forms.empty()) return;
     page.heading("Commands; what is in brackets can be left out:");
     for (const CommandForm& form : row.description.forms) {
@@ -166,10 +80,10 @@ std::string describedFlag(const ScreenFlag& flag) {
            positionOf(flag) + (flag.other.empty() || isSaid ? "" : ", and " + inQuotes(flag.other) + " is shown");
 }
 
-void addFlags(Page& page, const ClassDescription& about) {
+void addFlags(DescriptionPage& page, const ClassDescription& about) {
     if (about.flags.empty()) return;
     page.heading("Screens that make a flag True; lines count from 0:");
-    Rows rows;
+    DescriptionRows rows;
     for (const ScreenFlag& flag : about.flags) {
         rows.add(flag.flag.empty() ? "(none)" : toUtf8(flag.flag), describedFlag(flag));
     }
@@ -177,8 +91,8 @@ void addFlags(Page& page, const ClassDescription& about) {
     if (!about.flagRule.empty()) page.paragraph("  ", toUtf8(about.flagRule));
 }
 
-void addErrors(Page& page, const ClassRow& row) {
-    Rows rows;
+void addErrors(DescriptionPage& page, const ClassRow& row) {
+    DescriptionRows rows;
     if (row.errors.createCommand != TransErrors::passesThrough) {
         rows.add(std::to_string(row.errors.createCommand), "CreateCommand: whatever fails in it");
     }
@@ -193,8 +107,8 @@ void addErrors(Page& page, const ClassRow& row) {
     rows.print(page);
 }
 
-void addColumns(Page& page, const ClassRow& row) {
-    Rows rows;
+void addColumns(DescriptionPage& page, const ClassRow& row) {
+    DescriptionRows rows;
     for (const NamedColumn& column : columnsOf(row)) rows.add(toUtf8(column.name), asSentence(column.meaning));
     if (rows.empty()) return;
     page.heading("Columns of a list, with verify --rows:");
@@ -212,7 +126,7 @@ std::string resultsTitle(PassedCollection passed) {
                                                 : "Results, in a new collection:";
 }
 
-void addCounts(Page& page, const ClassRow& row) {
+void addCounts(DescriptionPage& page, const ClassRow& row) {
     if (row.counts.empty()) return;
     page.heading("Counts:");
     std::vector<TextView> names;
@@ -221,7 +135,15 @@ void addCounts(Page& page, const ClassRow& row) {
     page.paragraph("  ", toUtf8(row.description.counts));
 }
 
-void addTitle(Page& page, const ClassRow& row) {
+void addQueries(DescriptionPage& page, const ClassRow& row) {
+    DescriptionRows rows;
+    for (const QueryFacts& query : queriesOf(row)) rows.add(toUtf8(query.word), asSentence(query.meaning));
+    if (rows.empty()) return;
+    page.heading("Prefixes; vantro-profile describe PREFIX says more:");
+    rows.print(page);
+}
+
+void addTitle(DescriptionPage& page, const ClassRow& row) {
     page.paragraph("", toUtf8(row.name));
     page.paragraph("  ", toUtf8(row.description.purpose));
     if (!row.description.remark.empty()) page.paragraph("  ", toUtf8(row.description.remark));
@@ -234,8 +156,8 @@ void addTitle(Page& page, const ClassRow& row) {
 }  // namespace
 
 std::string classesAsText() {
-    Page page;
-    Rows rows;
+    DescriptionPage page;
+    DescriptionRows rows;
     for (const ClassRow& row : classTable()) rows.add(toUtf8(row.name), toUtf8(row.description.purpose));
     rows.print(page);
     return page.text();
@@ -243,7 +165,7 @@ std::string classesAsText() {
 
 std::string classAsText(const ClassRow& row) {
     const ClassDescription& about = row.description;
-    Page page;
+    DescriptionPage page;
     addTitle(page, row);
     addParameters(page, "Parameters of the command:", about.parameters);
     addForms(page, row);
@@ -253,6 +175,7 @@ std::string classAsText(const ClassRow& row) {
     addColumns(page, row);
     addParameters(page, "Request for elements of a display:", about.request);
     addResults(page, "Elements, added to the request:", about.elements);
+    addQueries(page, row);
     addCounts(page, row);
     addErrors(page, row);
     return page.text();

@@ -24,11 +24,12 @@ inline constexpr auto classes =
     "  vantro-profile classes --json";
 
 inline constexpr auto describe =
-    "Exit status: 0 done, 1 the class is unknown, 2 bad usage.\n"
+    "Exit status: 0 done, 1 the class or prefix is unknown, 2 bad usage.\n"
     "\n"
     "Examples:\n"
     "  vantro-profile describe\n"
-    "  vantro-profile describe CPDNTrans";
+    "  vantro-profile describe CPDNTrans\n"
+    "  vantro-profile describe PHI";
 
 inline constexpr auto command =
     "A line break or another control character in a parameter is refused, because what follows it could reach\n"

@@ -55,10 +55,11 @@ bool takesKeys(const CommandPage& command) {
     return std::ranges::any_of(command.arguments, [](const OptionEntry& entry) { return entry.value == "KEY=VALUE"; });
 }
 
-/// What explain explains.
-Words classesAndPrefixes() {
-    Words words{"profile"};
-    for (const std::string& name : classNames(true)) words.push_back(name);
+/// What describe describes, and what explain explains: of the classes those that read screens, and whole profiles.
+Words classesAndPrefixes(bool isExplained) {
+    Words words;
+    if (isExplained) words.emplace_back("profile");
+    for (const std::string& name : classNames(isExplained)) words.push_back(name);
     for (const std::string& prefix : prefixes()) words.push_back(prefix);
     return words;
 }
@@ -83,7 +84,7 @@ Completion completionOf(const OptionEntry& entry, const CommandPage& command, co
     if (value == "FILE" || value == "FOLDER") return {Completes::Files};
     if (value == "KEY=VALUE") return {Completes::Keys};
     if (value == "CLASS") return {Completes::Words, classNames(takesKeys(command))};
-    if (value == "CLASS|PREFIX") return {Completes::Words, classesAndPrefixes()};
+    if (value == "CLASS|PREFIX") return {Completes::Words, classesAndPrefixes(commandOf(command) == "explain")};
     if (value == "FILE|KEY=VALUE") return {Completes::Files};
     if (value == "PREFIX") return {Completes::Words, prefixes()};
     if (value == "LIST") return {Completes::List, partsOfAProfile()};

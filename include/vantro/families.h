@@ -102,7 +102,9 @@ struct FamilyFacts : QueryFacts {
     TextView tag = {};      ///< what the host prints in its lines: "PHI/", " SR "
     TextView section = {};  ///< the header of its section: "------- TRAVEL POLICIES - HOTEL"
     Section inSection = {};
-    TextView sample = {};  ///< an invented line of that section, without trailing blanks
+    TextView sample = {};   ///< an invented line of that section, without trailing blanks
+    TextView lines = {};    ///< which lines of the section are its elements; sentences
+    TextView joining = {};  ///< which lines continue an element, and how they are appended; sentences
     ElementOutput output = {};
     std::span<const ElementPart> parts = {};  ///< text, number, then the further parts
     TextView countProperty = {};              ///< its property of `CProfile`: "PHIElementsCount"

@@ -3,6 +3,7 @@
 #include "display/families.h"
 #include "framework/keys.h"
 #include "profile/element_parts.h"
+#include "profile/family_sentences.h"
 #include "vantro/lists.h"
 
 #include <algorithm>
@@ -116,6 +117,8 @@ constexpr auto familyFrom = [](const auto& row) {
     facts.section = sectionHeaders.at(indexOf(sectionOf(row)));
     facts.inSection = sectionOf(row);
     facts.sample = row.about.sample;
+    facts.lines = linesOf(row);
+    facts.joining = joiningOf(row);
     facts.output = row.about.output;
     facts.parts = partsOf(splitOf(row));
     facts.countProperty = row.about.countProperty;

@@ -155,6 +155,107 @@ TEST(Describe, WithoutAClassListsAllWithTheirPurpose) {
               std::string::npos);
 }
 
+TEST(Describe, CProfileListsItsQueriesAndCProfileNotesItsOwn) {
+    const std::string text = runTool({"describe", "CProfile"}).out;
+    EXPECT_NE(text.find("\nPrefixes; vantro-profile describe PREFIX says more:\n"), std::string::npos);
+    EXPECT_NE(text.find("\n  PIN     PIN line.\n"), std::string::npos) << text;
+    EXPECT_NE(text.find("\n  RM      Remark.\n"), std::string::npos);
+    EXPECT_EQ(text.find("ProfileNotes"), std::string::npos);
+    EXPECT_NE(runTool({"describe", "CProfileNotes", "--json"})
+                  .out.find(R"("queries":[{"prefix":"ProfileNotes","meaning":"notes of the profile"}])"),
+              std::string::npos);
+    EXPECT_EQ(runTool({"describe", "CPXTrans"}).out.find("Prefixes"), std::string::npos);
+}
+
+TEST(Describe, SaysWhereAFamilyIsInADisplayAndWhatItsQueryReturns) {
+    const Finished run = runTool({"describe", "RC"});
+    EXPECT_EQ(run.status, 0);
+    EXPECT_EQ(run.err, "");
+    EXPECT_EQ(run.out,
+              "RC\n"
+              "  Confidential remark.\n"
+              "  A query of CProfile.\n"
+              "\n"
+              "Answer:\n"
+              "  The element at intKeyIndex (from 1), which is needed.\n"
+              "  strKeyElement, strKeyElementNr, strKeyFreeText\n"
+              "\n"
+              "In a display:\n"
+              "  section  ------- PNR TRANSFERABLE DATA\n"
+              "  tag      \" RC \"\n"
+              "  lines    A line is an element if it has the code, between blanks, from column\n"
+              "           13 on. The search begins in the first line of the display and ends at\n"
+              "           the header of any other section, so that only elements above or in\n"
+              "           the display's first section are found.\n"
+              "  joining  The next line continues the element if it begins with 17 blanks. It\n"
+              "           is trimmed and appended without a blank.\n"
+              "\n"
+              "A line of its section:\n"
+              "S      7     RC  CREDIT LIMIT 400000\n"
+              "\n"
+              "Parts of an element, with the list of each:\n"
+              "  text      strRemarkConfText. The whole text, wrapped lines joined.\n"
+              "  number    strRemarkConfNumber. Number of the element in the profile.\n"
+              "  freeText  strRemarkConfDetail. Text of a confidential remark.\n"
+              "  The first element is entry 0 of the lists. RemarkConfElementsCount returns the\n"
+              "  number of elements and fills the lists.\n"
+              "\n"
+              "Errors:\n"
+              "  5260  ProfileElements: the elements cannot be read\n"
+              "  5260  a count: the elements cannot be read\n"
+              "  5265  ProfileElements: intKeyIndex is beyond the number of elements\n");
+}
+
+TEST(Describe, SaysAFamilyAsJson) {
+    EXPECT_EQ(runTool({"describe", "PAS", "--json"}).out,
+              R"({"prefix":"PAS","meaning":"passport","class":"CProfile","match":"firstThree",)"
+              R"j("keys":["strKeyElement()","strKeyElementNr()"],"section":"------- DOCUMENTS","tag":"PAS/",)j"
+              R"("lines":"The first line of the section with the prefix is an element. So are the lines directly )"
+              R"(below it that have five blanks after their first or second character. Any other line ends the )"
+              R"(family's elements.",)"
+              R"("joining":"No line continues an element: a text ends at the end of its line.",)"
+              R"("sample":"   1 PAS/ 12345678 FR 01JAN30","answer":"lists",)"
+              R"("answerMeaning":"The lists of all texts and numbers.",)"
+              R"("parts":[{"name":"text","meaning":"the whole text, wrapped lines joined","list":"strPASText"},)"
+              R"({"name":"number","meaning":"number of the element in the profile","list":"strPASNumber"}],)"
+              R"("firstIndex":1,"count":"PASElementsCount",)"
+              R"("errors":[{"call":"ProfileElements","number":5287,"meaning":"the elements cannot be read"},)"
+              R"({"call":"a count","number":5287,"meaning":"the elements cannot be read"}]})"
+              "\n");
+}
+
+TEST(Describe, SaysWhatTheQueryOfAHeaderValueReturns) {
+    EXPECT_EQ(runTool({"describe", "PCN"}).out,
+              "PCN\n"
+              "  Company name line, without a number key where it has no number.\n"
+              "  A query of CProfile.\n"
+              "  The class of the host transaction PCN is CPCNTrans.\n"
+              "\n"
+              "Answer:\n"
+              "  strKeyElement, strKeyElementNr\n");
+    EXPECT_EQ(runTool({"describe", "ProfileNotes", "--json"}).out,
+              R"({"prefix":"ProfileNotes","meaning":"notes of the profile","class":"CProfileNotes","match":"whole",)"
+              R"j("keys":["strKeyElement()","strKeyElementNr()","strKeyQualifier()"],"json":"notes"})j"
+              "\n");
+}
+
+TEST(Describe, QueriesFitIntoLinesOf80CharactersAndNameAllThatTheirFactsName) {
+    for (const QueryFacts& query : profileQueries()) {
+        const std::string text = queryAsText(query);
+        for (const std::string& line : linesOf(text)) EXPECT_LE(line.size(), 80U) << line;
+        for (const std::string& each : {text, queryAsJson(query)}) {
+            EXPECT_TRUE(contains(each, query.word));
+            for (const TextView key : query.keys) EXPECT_TRUE(contains(each, key)) << toUtf8(key);
+            if (!query.family) continue;
+            const FamilyFacts& family = factsOf(*query.family);
+            EXPECT_TRUE(contains(each, family.section)) << text;
+            EXPECT_TRUE(contains(each, family.sample)) << text;
+            EXPECT_TRUE(contains(each, family.countProperty)) << text;
+            EXPECT_NE(each.find(std::to_string(family.countError)), std::string::npos) << text;
+        }
+    }
+}
+
 TEST(Describe, AnUnknownClassIsStatus1AndTheNearestIsNamed) {
     const Finished run = runTool({"describe", "CPDNTran"});
     EXPECT_EQ(run.status, 1);

@@ -297,12 +297,14 @@ TEST(Schemas, OfTheClasses) {
     EXPECT_EQ(Schema("classes").faultOf(R"([{"class":"x"}])"), "required at #/0");
 }
 
-TEST(Schemas, OfTheDescriptionsOfAllClasses) {
+TEST(Schemas, OfTheDescriptionsOfAllClassesAndQueries) {
     const Schema schema("describe");
     expectValid(schema, {"describe", "--json"});
     const rapidjson::Document all = parsed(runTool({"describe", "--json"}).out);
     ASSERT_EQ(all.Size(), 19U);
     for (const auto& row : all.GetArray()) expectValid(schema, {"describe", "--json", row["class"].GetString()});
+    for (const QueryFacts& query : profileQueries()) expectValid(schema, {"describe", "--json", toUtf8(query.word)});
+    expectValid(schema, {"describe", "--json", "ProfileNotes"});
     EXPECT_EQ(schema.faultOf(R"({"class":"x","purpose":"y"})"), "anyOf at #");
 }
 

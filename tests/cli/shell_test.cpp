@@ -299,6 +299,8 @@ TEST_F(BashCompletion, CompletesTheValuesOfOptions) {
 TEST_F(BashCompletion, CompletesClassesKeysAndValues) {
     EXPECT_EQ(completed({"command", "CPDN"}), Names{"CPDNTrans"});
     EXPECT_EQ(completed({"describe", "CProfile"}), (Names{"CProfile", "CProfileMode", "CProfileNotes"}));
+    EXPECT_EQ(completed({"describe", "PH"}), Names{"PHI"});
+    EXPECT_EQ(completed({"describe", "pro"}), Names{});
     EXPECT_EQ(completed({"command", "CProfile"}), (Names{"CProfileMode", "CProfileNotes"}));
     EXPECT_EQ(completed({"command", "CPDRTrans", ""}), (Names{"strKeyIndicator=", "strKeyRecLoc="}));
     EXPECT_EQ(completed({"verify", "CPDATrans", "--max-line", "1M", ""}), Names{"blnKeyEndOfBlock="});

@@ -116,6 +116,39 @@ std::string meaningOf(const Expected& expected) {
     return others.at(expected.word);
 }
 
+/// Beginnings of the sentences that say how the families of a kind are collected and joined.
+TEST(FamilyFacts, SayHowTheirLinesAreCollectedAndJoined) {
+    const std::string nine = "A line that begins with nine blanks continues the element above. It is trimmed and ";
+    const std::string next = "The next line continues the element if it begins with 17 blanks";
+    const std::string none = "No line continues an element: ";
+    const std::string fromPrefix = "The first line with the prefix is an element. So is every line below it, ";
+    const std::string inDocuments = "The first line of the section with the prefix is an element. ";
+    const std::map<std::string, std::pair<std::string, std::string>> irregular{
+        {"PPR", {fromPrefix, nine + "appended without a blank."}},
+        {"PPS", {fromPrefix, nine + "appended, after a blank if its third character is a colon"}},
+        {"PGL", {"The line below the section's header is an element if it has the prefix. ", none}},
+        {"RM", {"A line of the section is an element if it has the code", next + ", and so does the one after it. "}},
+        {"AP", {"A line of the section is an element if it has the code, with two blanks on either side", next + ". "}},
+        {"RC", {"A line is an element if it has the code, ", next + ". "}},
+    };
+    for (const FamilyFacts& family : families()) {
+        const std::string word = utf8(family.word);
+        auto [lines, joining] = irregular.contains(word) ? irregular.at(word) : std::pair<std::string, std::string>();
+        if (lines.empty() && utf8(family.section) == transferableData) {
+            lines = "A line of the section is an element if it has the code, between blanks, from column 13 on.";
+            joining = next + ". ";
+        } else if (lines.empty() && family.countError >= 5287 && family.countError <= 5291 && word != "PCI") {
+            lines = inDocuments;
+            joining = none;
+        } else if (lines.empty()) {
+            lines = "A line with the prefix is an element. So is a line with blanks in place of a prefix, ";
+            joining = nine + "appended, after a blank if its third character is a colon";
+        }
+        EXPECT_TRUE(utf8(family.lines).starts_with(lines)) << word << ": " << utf8(family.lines);
+        EXPECT_TRUE(utf8(family.joining).starts_with(joining)) << word << ": " << utf8(family.joining);
+    }
+}
+
 TEST(FamilyFacts, TheMeaningIsWhatATravelAgentCallsOneElement) {
     for (const Expected& expected : expectedFamilies) {
         EXPECT_EQ(utf8(factsOf(expected.family).meaning), meaningOf(expected));
