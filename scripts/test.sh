@@ -8,40 +8,11 @@ cd "$(dirname "$0")/.."
 # shellcheck source=scripts/lib.sh
 source scripts/lib.sh
 
-# Installs the libraries and builds the README's project against them, as users would: with find_package and with
-# pkg-config, in C++ and in C.
-check_package() {
-    local work=$root/build/package flags
-    rm -rf "$work"
-    mkdir -p "$work/source" "$work/c_source"
-    cmake --install build/ci-gcc --prefix "$work/prefix"
-    cp tests/package/CMakeLists.txt "$work/source"
-    cp examples/name_search.cpp "$work/source/main.cpp"
-    cp tests/package/c/CMakeLists.txt "$work/c_source"
-    cp bindings/c/examples/read_profile.c "$work/c_source/main.c"
-    cmake -S "$work/source" -B "$work/build" -G Ninja -DCMAKE_PREFIX_PATH="$work/prefix"
-    cmake --build "$work/build"
-    "$work/build/my_terminal" | grep -F "send: PDN/-SMITH/ANNA/"
-    cmake -S "$work/c_source" -B "$work/c_build" -G Ninja -DCMAKE_PREFIX_PATH="$work/prefix"
-    cmake --build "$work/c_build"
-    "$work/c_build/my_reader" samples/profiles/traveller.txt | grep -F "5: CALL THE MOBILE BEFORE ANY CHANGE"
-
-    PKG_CONFIG_PATH=$(dirname "$(find "$work/prefix" -name vantro-c.pc)")
-    export PKG_CONFIG_PATH
-    read -ra flags <<<"$(pkg-config --cflags --libs vantro-profile-utils)"
-    g++ -std=c++20 "$work/source/main.cpp" "${flags[@]}" -o "$work/plain_terminal"
-    "$work/plain_terminal" | grep -F "send: PDN/-SMITH/ANNA/"
-    read -ra flags <<<"$(pkg-config --cflags --libs vantro-c)"
-    gcc -std=c11 -Wall -Wextra -Wpedantic -Werror "$work/c_source/main.c" "${flags[@]}" -o "$work/plain_reader"
-    LD_LIBRARY_PATH=$(pkg-config --variable=libdir vantro-c) \
-        "$work/plain_reader" samples/profiles/traveller.txt | grep -F "5: CALL THE MOBILE BEFORE ANY CHANGE"
-}
-
 main() {
     install_missing "${test_packages[@]}"
     bash scripts/test-com.sh install x64
     build_and_test ci-gcc
-    check "install, find_package and pkg-config" strictly check_package
+    count_closing_line "installed package" bash scripts/consumers.sh quick
     check "Python package" bash scripts/python.sh quick
     count_closing_line "COM server, 64-bit" bash scripts/test-com.sh x64
     # Speeds, what could not be run and why, and the counts.
