@@ -18,7 +18,7 @@ parts=(
     "binary interfaces|scripts/abi.sh check|"
     "Python packages|scripts/python.sh|build/python/dist/*"
     "Debian packages|scripts/debian.sh|build/debian/packages/*.deb"
-    "npm package|scripts/javascript.sh|build/javascript/*.tgz"
+    "npm package|scripts/javascript.sh|build/js/dist/*.tgz"
     "Windows archive|scripts/test-windows-zip.sh|build/windows-zip/*.zip"
     "site|scripts/site.sh|"
 )
@@ -76,7 +76,8 @@ pack_site() { pack_folder "$base-site" "$checkout/build/site"; }
 
 # The files of a release, each once, and each with the version in its name.
 check_files() {
-    local name
+    local pattern name
+    mv "$files/vantro-profile-utils-$version.tgz" "$files/vantro-profile-utils-$version-npm.tgz"
     for pattern in "$base-source.tar.gz" "$base-site.tar.gz" "$base-windows.zip" "vantro*$version*.whl" \
         "vantro*$version.tar.gz" "vantro-profile-utils-$version-npm.tgz" "vantro-profile_$version*.deb" \
         "libvantro-c1_$version*.deb" "libvantroprofileutils-dev_$version*.deb" "python3-vantro-profile_$version*.deb"; do
