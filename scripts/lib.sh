@@ -165,6 +165,8 @@ our_sources() {
     exports_packages=("${tool_packages[@]}" binutils g++-mingw-w64-x86-64-posix)
     python_test_packages=(python3-dev python3-pytest python3-setuptools)
     python_packages=("${tool_packages[@]}" "${python_test_packages[@]}" binutils mypy python3-venv python3-wheel)
+    debian_packages=("${tool_packages[@]}" debhelper dh-python dpkg-dev git lintian mmdebstrap python3-dev python3-pytest
+        python3-setuptools)
     test_packages=("${tool_packages[@]}" libgtest-dev libgmock-dev pkg-config "${python_test_packages[@]}"
         "${com_x64_packages[@]}")
     arm64_packages=("${tool_packages[@]}" googletest g++-aarch64-linux-gnu qemu-user)
