@@ -1,8 +1,8 @@
 #!/usr/bin/env bash
 # Builds the Debian packages of the last commit, in build/debian/packages, and checks them: lintian, and a clean root in
 # which the commands of docs/debian.md install, try and purge them. They are for the Debian release that this runs on.
-# Takes about ten minutes on two cores, most of it for compiling. The last line of a green run is
-# "N passed, 0 failed, M skipped".
+# Takes about five minutes on two cores, most of it for compiling, after the Debian packages that it installs. The last
+# line of a green run is "N passed, 0 failed, M skipped".
 #
 # scripts/debian.sh again also builds them a second time, in another folder and without a cache, and compares.
 set -euo pipefail
