@@ -128,6 +128,7 @@ write_basic_package_version_file(${PROJECT_BINARY_DIR}/VantroProfileUtilsConfigV
                                  COMPATIBILITY SameMajorVersion)
 install(FILES cmake/VantroProfileUtilsConfig.cmake ${PROJECT_BINARY_DIR}/VantroProfileUtilsConfigVersion.cmake
         DESTINATION ${CMAKE_INSTALL_LIBDIR}/cmake/VantroProfileUtils)
+install(FILES ${PROJECT_SOURCE_DIR}/LICENSE DESTINATION ${CMAKE_INSTALL_DATADIR}/licenses/VantroProfileUtils)
 
 set(definitions "")
 if(library_type STREQUAL "SHARED_LIBRARY")

@@ -11,7 +11,7 @@ cd "$(dirname "$0")/.."
 source scripts/lib.sh
 
 check_format() { our_sources | xargs -0 clang-format --dry-run -Werror; }
-check_scripts() { shellcheck -x -S warning scripts/*.sh packaging/windows/*.sh packaging/windows/test/*.sh .ci/run; }
+check_scripts() { shellcheck -x -S warning scripts/*.sh packaging/windows/*.sh packaging/windows/test/*.sh packaging/debian/tests/{tool,python,cpp,c} .ci/run; }
 
 main() {
     install_missing "${check_packages[@]}"

@@ -183,6 +183,8 @@ our_sources() {
     wasm_packages=(cmake ninja-build emscripten nodejs)
     javascript_packages=("${wasm_packages[@]}" node-typescript chromium chromium-driver fonts-dejavu-core
         python3 python3-selenium)
+    debian_packages=("${tool_packages[@]}" debhelper dh-python dpkg-dev git lintian mmdebstrap python3-dev python3-pytest
+        python3-setuptools)
     test_packages=("${tool_packages[@]}" libgtest-dev libgmock-dev pkg-config "${python_test_packages[@]}"
         "${com_x64_packages[@]}")
     site_packages=("${tool_packages[@]}" doxygen graphviz jq make mkdocs mkdocs-material python3 python3-pytest python3-yaml)

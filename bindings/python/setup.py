@@ -1,6 +1,7 @@
 """Builds the C interface with CMake, then the extension module against it.
 
-The environment variable VANTRO_C_LIBRARY saves the first step: it names a libvantro-c.so.1 that is there already.
+The environment variable VANTRO_C_LIBRARY saves the first step: it names a libvantro-c.so.1 that is there already. It is
+copied into the package, unless VANTRO_C_BUNDLE=no says that the system has it.
 """
 
 import os
@@ -19,6 +20,7 @@ LIBRARY = HERE / "library" if (HERE / "library").is_dir() else HERE.parent.paren
 SOURCES = ["CMakeLists.txt", "LICENSE", "bindings/c", "cli/io/ascii.h", "cli/io/utf.cpp", "cli/io/utf.h",
            "cmake", "include", "src"]
 FILE_NAME = "libvantro-c.so.1"
+BUNDLES = os.environ.get("VANTRO_C_BUNDLE") != "no"
 
 
 def version():
@@ -32,7 +34,7 @@ class BuildExtension(build_ext):
         for extension in self.extensions:
             extension.extra_objects = [str(library)]
         super().run()
-        for extension in self.extensions:
+        for extension in self.extensions if BUNDLES else []:
             folder = pathlib.Path(self.get_ext_fullpath(extension.name)).parent
             shutil.copyfile(library, folder / FILE_NAME)
 
@@ -74,8 +76,8 @@ setup(
             sorted(str(file.relative_to(HERE)) for file in (HERE / "core").glob("*.c")),
             depends=["core/core.h", str(LIBRARY / "bindings/c/include/vantro_c.h")],
             include_dirs=[str(LIBRARY)],
-            extra_compile_args=["-O2", "-g0", "-Wall", "-Wextra"],
-            extra_link_args=["-Wl,-rpath,$ORIGIN"],
+            extra_compile_args=["-O2", "-Wall", "-Wextra"] + (["-g0"] if BUNDLES else []),
+            extra_link_args=["-Wl,-rpath,$ORIGIN"] if BUNDLES else [],
             py_limited_api=True,
         )
     ],
