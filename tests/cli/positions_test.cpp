@@ -15,6 +15,7 @@
 #include <algorithm>
 #include <filesystem>
 #include <string>
+#include <utility>
 
 namespace vantro::test {
 namespace {
@@ -150,8 +151,9 @@ TEST(Positions, LeaveTheProfileAsItIs) {
         for (const char* name : {"companyName", "pin", "psl"}) {
             if (record[name].IsObject()) record[name].RemoveMember("positions");
         }
-        for (auto& family : record["elements"].GetObject()) {
-            for (auto& element : family.value.GetArray()) element.RemoveMember("positions");
+        rapidjson::Value& families = record["elements"];
+        for (const auto& family : std::as_const(families).GetObject()) {
+            for (auto& element : families[family.name].GetArray()) element.RemoveMember("positions");
         }
         for (auto& note : record["notes"].GetArray()) note.RemoveMember("positions");
         return record;
