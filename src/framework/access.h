@@ -90,7 +90,7 @@ public:
 private:
     template <class Value>
     void store(TextView name, Value value) {
-        if (watch_) watch_.valueAdded(name, ItemValue(std::in_place_type<Value>, value));
+        watch_.valueAdded(name, value);
         collection_.Add(name, ItemValue(std::in_place_type<Value>, value));
     }
 

@@ -105,8 +105,9 @@ public:
     void textAdded(TextView key, TextView value) const {
         if (observation_ != nullptr) passText(key, value);
     }
-    void valueAdded(TextView key, const ItemValue& value) const {
-        if (observation_ != nullptr) passAdded(key, value);
+    template <class Value>
+    void valueAdded(TextView key, Value value) const {
+        if (observation_ != nullptr) passAdded(key, ItemValue(std::in_place_type<Value>, value));
     }
     void listAdded(TextView key, const TextList& value) const {
         if (observation_ != nullptr) passList(key, value);
