@@ -17,10 +17,16 @@ if [[ $kind == x86 ]]; then WINEARCH=win32 loader=wine; fi
 unset DISPLAY WAYLAND_DISPLAY
 
 # run PROGRAM...: a Windows program. Its output goes through a file, because Wine's services keep the streams of the
-# program that started them open.
+# program that started them open. On a busy machine Wine sometimes cannot start a program, and says so: then it tries
+# again.
 run() {
-    local status=0 output=$prefix.output
-    timeout -k 5 60 $loader "$@" >"$output" 2>&1 </dev/null || status=$?
+    local status output=$prefix.output
+    for _ in 1 2 3; do
+        status=0
+        timeout -k 5 60 $loader "$@" >"$output" 2>&1 </dev/null || status=$?
+        if ! grep -q '^ShellExecuteEx failed' "$output"; then break; fi
+        sleep 1
+    done
     tr -d '\r' <"$output"
     return $status
 }
