@@ -46,6 +46,8 @@ COMPONENTS = (
               "https://www.mingw-w64.org"),
     Component("Emscripten runtime", "emscripten", "MIT OR NCSA", "Organization: Emscripten",
               "https://emscripten.org"),
+    Component("Material for MkDocs", "mkdocs-material", "MIT", "Organization: Material for MkDocs",
+              "https://squidfunk.github.io/mkdocs-material"),
 )
 
 
@@ -61,10 +63,10 @@ class Kind:
 KINDS = (
     Kind("*-windows.zip", "ARCHIVE", ("CLI11", "simdjson", "libstdc++ and libgcc for Windows", "mingw-w64 runtime")),
     Kind("*.whl", "INSTALL", ("libstdc++ and libgcc",)),
-    Kind("vantro-profile_*.deb", "INSTALL", ("CLI11", "simdjson")),
+    Kind("vantro-profile_*.deb", "INSTALL", ("CLI11",)),
     Kind("*.deb", "INSTALL"),
-    Kind("*-npm.tgz", "INSTALL", ("CLI11", "simdjson", "Emscripten runtime")),
-    Kind("*-site.tar.gz", "ARCHIVE", ("CLI11", "simdjson", "Emscripten runtime")),
+    Kind("*-npm.tgz", "INSTALL", ("Emscripten runtime",)),
+    Kind("*-site.tar.gz", "ARCHIVE", ("Emscripten runtime", "Material for MkDocs")),
     Kind("*.tar.gz", "SOURCE"),
 )
 
@@ -81,13 +83,18 @@ def identifier(text: str) -> str:
     return "SPDXRef-" + re.sub(r"[^A-Za-z0-9.]+", "-", text).strip("-")
 
 
+def without_debian_part(version: str) -> str:
+    """The version as its makers number it: 12.2.0 of 12.2.0-14, 1.1.0 of 1:1.1.0+dfsg2-7."""
+    return re.sub(r"^\d+:|[-+~].*$", "", version)
+
+
 def debian_version(package: str) -> str:
-    """The version of an installed package, without Debian's own part: 12.2.0 of 12.2.0-14."""
+    """The version of an installed package, without Debian's own part."""
     found = subprocess.run(["dpkg-query", "-W", "-f", "${Version}", package], capture_output=True, text=True,
                            check=False)
     if found.returncode != 0 or not found.stdout:
         raise LookupError(f"{package} is not installed: the version of a component of the release is not known")
-    return re.sub(r"^\d+:|[-+][^-]*$", "", found.stdout)
+    return without_debian_part(found.stdout)
 
 
 def digest(path: Path, algorithm: str) -> str:

@@ -54,6 +54,11 @@ class BillOfMaterials(unittest.TestCase):
         for kind in sbom.KINDS:
             self.assertLessEqual(set(kind.contains), names)
 
+    def test_versions_are_those_of_the_makers(self):
+        for debian, makers in (("12.2.0-14", "12.2.0"), ("2.1.2+ds-1", "2.1.2"), ("3.1.6~dfsg-5", "3.1.6"),
+                               ("1:1.1.0+dfsg2-7.1", "1.1.0"), ("10", "10")):
+            self.assertEqual(sbom.without_debian_part(debian), makers)
+
     def test_a_package_that_is_not_installed_is_refused(self):
         with self.assertRaises(LookupError):
             sbom.debian_version("no-such-package-of-ours")
