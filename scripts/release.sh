@@ -47,7 +47,7 @@ files=$root/build/releases/$version
 base=VantroProfileUtils-$version
 # The same sources produce the same files, whoever builds them and when.
 SOURCE_DATE_EPOCH=$(git log -1 --format=%ct "$commit")
-export SOURCE_DATE_EPOCH TZ=UTC LC_ALL=C root checkout version files base commit tag rehearsal
+export SOURCE_DATE_EPOCH root checkout version files base commit tag rehearsal
 
 check_version() {
     if [[ $rehearsal ]]; then
@@ -90,7 +90,7 @@ check_files() {
 }
 
 write_sums() {
-    (cd "$files" && find . -maxdepth 1 -type f ! -name SHA256SUMS -printf '%P\n' | sort | xargs sha256sum >SHA256SUMS)
+    (cd "$files" && find . -maxdepth 1 -type f ! -name SHA256SUMS -printf '%P\n' | LC_ALL=C sort | xargs sha256sum >SHA256SUMS)
     (cd "$files" && sha256sum --check --quiet SHA256SUMS)
 }
 
