@@ -11,10 +11,11 @@ import time
 import unittest
 from pathlib import Path
 
-from selenium import webdriver
-from selenium.webdriver.chrome.service import Service
 from selenium.webdriver.common.by import By
 from selenium.webdriver.support.ui import WebDriverWait
+
+sys.path.append(str(Path(__file__).resolve().parents[1] / "tests" / "browser"))
+from chromium import start_browser  # noqa: E402
 
 SITE, PICTURES = Path(sys.argv[1]).resolve(), Path(sys.argv[2]).resolve()
 SIZES = {"narrow": (390, 844), "wide": (1440, 1000)}
@@ -35,15 +36,6 @@ PAGES = (
 class QuietHandler(http.server.SimpleHTTPRequestHandler):
     def log_message(self, *_):
         pass
-
-
-def start_browser():
-    options = webdriver.ChromeOptions()
-    options.binary_location = "/usr/bin/chromium"
-    for argument in ("--headless=new", "--no-sandbox", "--disable-dev-shm-usage", "--disable-gpu"):
-        options.add_argument(argument)
-    options.set_capability("goog:loggingPrefs", {"browser": "ALL"})
-    return webdriver.Chrome(options=options, service=Service("/usr/bin/chromedriver"))
 
 
 class SiteTest(unittest.TestCase):

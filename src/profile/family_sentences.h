@@ -44,8 +44,7 @@ constexpr TextView joiningOf(JoinRule rule) {
         case JoinRule::Directly: break;
         case JoinRule::ColonAfterBlank:
             return u"A line that begins with nine blanks continues the element above. It is trimmed and appended, "
-                   u"after "
-                   u"a blank if its third character is a colon, otherwise without one.";
+                   u"after a blank if its third character is a colon, otherwise without one.";
         case JoinRule::OneBelow:
             return u"The next line continues the element if it begins with 17 blanks. It is trimmed and appended "
                    u"without a blank.";

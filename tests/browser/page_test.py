@@ -9,8 +9,7 @@ import sys
 import unittest
 from pathlib import Path
 
-from selenium import webdriver
-from selenium.webdriver.chrome.service import Service
+from chromium import start_browser
 from selenium.webdriver.common.action_chains import ActionChains
 from selenium.webdriver.common.by import By
 from selenium.webdriver.common.keys import Keys
@@ -19,15 +18,6 @@ FOLDER = Path(sys.argv[1]).resolve()
 SCRIPTS = Path(__file__).resolve().parent
 NARROW, WIDE = (360, 740), (1440, 900)
 PAGES = sorted(page.stem for page in FOLDER.glob("*.html"))
-
-
-def start_browser():
-    options = webdriver.ChromeOptions()
-    options.binary_location = "/usr/bin/chromium"
-    for argument in ("--headless=new", "--no-sandbox", "--disable-dev-shm-usage", "--disable-gpu"):
-        options.add_argument(argument)
-    options.set_capability("goog:loggingPrefs", {"browser": "ALL"})
-    return webdriver.Chrome(options=options, service=Service("/usr/bin/chromedriver"))
 
 
 class PageTest(unittest.TestCase):

@@ -10,8 +10,6 @@ import tempfile
 import unittest
 from pathlib import Path
 
-from selenium import webdriver
-from selenium.webdriver.chrome.service import Service
 from selenium.webdriver.common.action_chains import ActionChains
 from selenium.webdriver.common.by import By
 from selenium.webdriver.common.keys import Keys
@@ -20,18 +18,12 @@ from selenium.webdriver.support.ui import Select, WebDriverWait
 FOLDER = Path(sys.argv[1]).resolve()
 ROOT = Path(__file__).resolve().parents[3]
 SCRIPTS = ROOT / "tests" / "browser"
+sys.path.append(str(SCRIPTS))
+from chromium import start_browser  # noqa: E402
+
 NARROW, WIDE = (360, 740), (1440, 900)
 TRAVELLER = (ROOT / "samples" / "profiles" / "traveller.txt").read_text()
 LOCATOR_UNKNOWN = "PDRT/KQ4R7T\nRECORD LOCATOR NOT FOUND\n>"
-
-
-def start_browser():
-    options = webdriver.ChromeOptions()
-    options.binary_location = "/usr/bin/chromium"
-    for argument in ("--headless=new", "--no-sandbox", "--disable-dev-shm-usage", "--disable-gpu"):
-        options.add_argument(argument)
-    options.set_capability("goog:loggingPrefs", {"browser": "ALL"})
-    return webdriver.Chrome(options=options, service=Service("/usr/bin/chromedriver"))
 
 
 class PlaygroundTest(unittest.TestCase):
