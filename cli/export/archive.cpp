@@ -23,7 +23,8 @@ std::size_t numberIn(std::string_view cell) {
 
 std::vector<std::string> cellsOf(const SourceState& source) {
     return {source.name,         source.bytes == 0 ? "" : text(source.bytes), text(source.displays),
-            text(source.failed), source.lastHash,                             source.isDone ? "1" : ""};
+            text(source.failed), source.lastHash,                             source.isDone ? "1" : "",
+            source.problem};
 }
 
 SourceState sourceOf(const Cells& cells) {
@@ -32,7 +33,8 @@ SourceState sourceOf(const Cells& cells) {
             .displays = numberIn(cells.at(2)),
             .failed = numberIn(cells.at(3)),
             .lastHash = std::string(cells.at(4)),
-            .isDone = numberIn(cells.at(5)) != 0};
+            .isDone = numberIn(cells.at(5)) != 0,
+            .problem = std::string(cells.at(6))};
 }
 
 std::vector<std::string> cellsOf(const RunState& run) {
@@ -52,6 +54,22 @@ RunState runOf(const Cells& cells) {
                  .failed = numberIn(cells.at(6))};
     for (std::size_t table = 0; table < exportTableCount; ++table) run.rows.at(table) = numberIn(cells.at(7 + table));
     return run;
+}
+
+void ArchiveState::take(const SourceState& source) {
+    if (!sources.empty() && sources.back().name == source.name) {
+        sources.back() = source;
+    } else {
+        sources.push_back(source);
+    }
+}
+
+void ArchiveState::take(const RunState& run) {
+    if (!runs.empty() && runs.back().run == run.run) {
+        runs.back() = run;
+    } else {
+        runs.push_back(run);
+    }
 }
 
 bool isDatabase(const std::string& name) {

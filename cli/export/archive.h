@@ -20,6 +20,7 @@ struct SourceState {
     std::size_t failed = 0;     ///< of these, those that could not be read
     std::string lastHash = {};  ///< of the last of these displays
     bool isDone = false;
+    std::string problem = {};  ///< why reading ended early
 };
 
 /// What a run has done so far.
@@ -46,6 +47,13 @@ RunState runOf(const Cells& cells);
 struct ArchiveState {
     std::vector<SourceState> sources;  ///< in the order of their displays
     std::vector<RunState> runs;
+
+    /// Replaces the last source if it has the same name, or adds the source, and the run likewise by its number.
+    void take(const SourceState& source);
+    void take(const RunState& run);
+
+    /// False after an interruption.
+    bool isFinished() const { return !runs.empty() && !runs.back().finished.empty(); }
 };
 
 /// An export that is being written. What is added is kept only by `commit`: a run that is interrupted leaves what its
@@ -62,12 +70,12 @@ public:
     /// Adds a row with a cell for each column. An empty cell is no value.
     virtual void add(const TableFacts& table, const Cells& row) = 0;
 
-    /// Keeps what was added since the last commit, with the sources that it is from and what the run has done. A source
-    /// or run that is known already is replaced; a new source follows the others.
+    /// Keeps what was added since the last commit, with the sources that it is from and what the run has done. See
+    /// `ArchiveState::take`.
     virtual void commit(std::span<const SourceState> changed, const RunState& run) = 0;
 
-    /// All sources are exported: makes what helps readers, such as indexes.
-    virtual void finish() = 0;
+    /// All sources are exported, and all rows committed: makes what helps readers, such as indexes, and keeps the run.
+    virtual void finish(const RunState& run) = 0;
 
 protected:
     ArchiveWriter() = default;

@@ -67,7 +67,8 @@ constexpr std::array sources{
     Column{"displays", Number, "the displays taken from it"},
     Column{"failed", Number, "of these, the displays that could not be read"},
     Column{"last_hash", Text, "the hash of the last of these displays"},
-    Column{"done", Number, "1 if all its displays were taken; empty after an interruption"},
+    Column{"done", Number, "1 if it was read to its end; empty after an interruption"},
+    Column{"problem", Text, "why reading ended early"},
 };
 
 constexpr std::array runs{

@@ -1,7 +1,5 @@
 #include "cli/io/csv.h"
 
-#include <string_view>
-
 namespace vantro {
 
 namespace {
@@ -23,14 +21,19 @@ void appendCell(std::string_view cell, std::string& out) {
     out += '"';
 }
 
-}  // namespace
-
-void appendCsvRow(std::span<const std::string> cells, std::string& out) {
-    for (const std::string& cell : cells) {
+template <class Cell>
+void appendRow(std::span<const Cell> cells, std::string& out) {
+    for (const Cell& cell : cells) {
         if (&cell != &cells.front()) out += ',';
         appendCell(cell, out);
     }
     out += '\n';
 }
+
+}  // namespace
+
+void appendCsvRow(std::span<const std::string> cells, std::string& out) { appendRow(cells, out); }
+
+void appendCsvRow(std::span<const std::string_view> cells, std::string& out) { appendRow(cells, out); }
 
 }  // namespace vantro

@@ -3,6 +3,7 @@
 #include "cli/io/compression.h"
 #include "cli/io/encoding.h"
 #include "cli/io/failure.h"
+#include "cli/io/path.h"
 #include "cli/io/standard_io.h"
 
 #include <algorithm>
@@ -18,8 +19,6 @@ namespace {
 namespace fs = std::filesystem;
 
 constexpr std::size_t blockSize = std::size_t{64} * 1024;
-
-fs::path pathOf(const std::string& file) { return std::u8string(file.begin(), file.end()); }
 
 /// Checks the lengths of lines that arrive in blocks.
 class LineLengths {

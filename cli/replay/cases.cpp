@@ -4,6 +4,7 @@
 #include "cli/io/file_list.h"
 #include "cli/io/input_files.h"
 #include "cli/io/output_file.h"
+#include "cli/io/path.h"
 #include "cli/io/screen_input.h"
 #include "cli/replay/expectation.h"
 #include "cli/replay/rewrite.h"
@@ -17,8 +18,6 @@ namespace vantro {
 namespace {
 
 namespace fs = std::filesystem;
-
-fs::path pathOf(const std::string& file) { return std::u8string(file.begin(), file.end()); }
 
 std::string nameOf(const fs::path& path) {
     const std::u8string name = path.generic_u8string();
