@@ -3,7 +3,7 @@
 include(FetchContent)
 list(APPEND CMAKE_MODULE_PATH ${CMAKE_CURRENT_LIST_DIR}/modules)
 
-# Of the two header-only libraries only the headers are used: a folder without a CMakeLists.txt adds no targets.
+# Of the header-only libraries only the headers are used: a folder without a CMakeLists.txt adds no targets.
 FetchContent_Declare(CLI11
     URL https://github.com/CLIUtils/CLI11/archive/v2.1.2.tar.gz
     URL_HASH SHA256=26291377e892ba0e5b4972cdfd4a2ab3bf53af8dac1f4ea8fe0d1376b625c8cb
@@ -23,6 +23,13 @@ FetchContent_Declare(simdjson
     DOWNLOAD_NAME simdjson-3.0.1.tar.gz
     SOURCE_SUBDIR singleheader/none
     FIND_PACKAGE_ARGS)
+FetchContent_Declare(xxHash
+    URL https://github.com/Cyan4973/xxHash/archive/v0.8.1.tar.gz
+        http://deb.debian.org/debian/pool/main/x/xxhash/xxhash_0.8.1.orig.tar.gz
+    URL_HASH SHA256=3bb6b7d6f30c591dd65aaaff1c8b7a5b94d81687998ca9400082c739a690436c
+    DOWNLOAD_NAME xxhash-0.8.1.tar.gz
+    SOURCE_SUBDIR none
+    FIND_PACKAGE_ARGS MODULE)
 FetchContent_Declare(googletest
     URL https://github.com/google/googletest/archive/refs/tags/release-1.12.1.tar.gz
     URL_HASH SHA256=81964fe578e9bd7c94dfdb09c8e4d6e6759e19967e397dbea48d1c10e45d0df2
@@ -36,12 +43,13 @@ function(vantro_headers_of package target)
     if(NOT TARGET ${target})
         string(TOLOWER ${package} name)
         add_library(${target} INTERFACE IMPORTED GLOBAL)
-        target_include_directories(${target} INTERFACE ${${name}_SOURCE_DIR}/include)
+        target_include_directories(${target} INTERFACE ${${name}_SOURCE_DIR} ${${name}_SOURCE_DIR}/include)
     endif()
 endfunction()
 
 if(VANTRO_BUILD_CLI)
     vantro_headers_of(CLI11 CLI11::CLI11)
+    vantro_headers_of(xxHash xxHash::xxHash)
     FetchContent_MakeAvailable(simdjson)
     if(NOT TARGET simdjson::simdjson)
         add_library(simdjson STATIC ${simdjson_SOURCE_DIR}/singleheader/simdjson.cpp)

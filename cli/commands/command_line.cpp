@@ -148,6 +148,28 @@ void addWarnings(CLI::App& command, bool& strict, bool& quiet, const char* quiet
     command.add_flag("-q,--quiet", quiet, quietMeaning);
 }
 
+void addInputFiles(CLI::App& command, ParseOptions& options) {
+    command
+        .add_option("FILE", options.files,
+                    "Files with displays, and folders of such files (default, and for -: standard\ninput)")
+        ->type_name("");
+    command
+        .add_option("--files-from", options.fileLists,
+                    "File with the names of further files and folders, one per line (-: standard\ninput)")
+        ->type_name("FILE")
+        ->allow_extra_args(false);
+    command.add_flag("-0,--null", options.zeroSeparated,
+                     "The names in --files-from end in zero bytes, as find -print0 writes them");
+}
+
+void addThreads(CLI::App& command, std::size_t& threads) {
+    constexpr int mostThreads = 256;
+    command.add_option("-j,--jobs", threads, "Parse on N threads, with the output in the same order")
+        ->check(wholeNumber(1, mostThreads))
+        ->type_name("N")
+        ->capture_default_str();
+}
+
 void addDisplayFile(CLI::App& command, QueryOptions& options) {
     command.add_option("FILE", options.file, "File with displays (default: standard input)")->type_name("");
 }
@@ -262,6 +284,7 @@ private:
     void addRecord();
     void addBatch();
     void addParse();
+    void addExport();
     void addElements();
     void addNotes();
     void addExplain();
@@ -281,6 +304,7 @@ private:
     RecordOptions record_;
     BatchOptions batch_;
     ParseOptions parse_;
+    ExportOptions export_;
     ElementsOptions elements_;
     NotesOptions notes_;
     ExplainOptions explain_;
@@ -303,6 +327,7 @@ CommandLine::CommandLine() {
     addRecord();
     addBatch();
     addParse();
+    addExport();
     addElements();
     addNotes();
     addExplain();
@@ -456,19 +481,8 @@ void CommandLine::addBatch() {
 }
 
 void CommandLine::addParse() {
-    constexpr int mostThreads = 256;
     CLI::App& command = *tool_.add_subcommand("parse", "Print everything that profile displays contain");
-    command
-        .add_option("FILE", parse_.files,
-                    "Files with displays, and folders of such files (default, and for -: standard\ninput)")
-        ->type_name("");
-    command
-        .add_option("--files-from", parse_.fileLists,
-                    "File with the names of further files and folders, one per line (-: standard\ninput)")
-        ->type_name("FILE")
-        ->allow_extra_args(false);
-    command.add_flag("-0,--null", parse_.zeroSeparated,
-                     "The names in --files-from end in zero bytes, as find -print0 writes them");
+    addInputFiles(command, parse_);
     auto* const table = command.add_flag("--table", parse_.table, "Print tables, also into a file or pipe");
     auto* const json = command.add_flag("--json", parse_.json, "Print JSON, also on a terminal")->excludes(table);
     auto* const pretty =
@@ -500,16 +514,33 @@ void CommandLine::addParse() {
     command
         .add_flag("--jsonl", parse_.areRecords, R"(Read records, one JSON object per line: {"id":1,"display":[...]})")
         ->excludes(id);
-    command.add_option("-j,--jobs", parse_.threads, "Parse on N threads, with the output in the same order")
-        ->check(wholeNumber(1, mostThreads))
-        ->type_name("N")
-        ->capture_default_str();
+    addThreads(command, parse_.threads);
     addEncoding(command, parse_.encoding);
     addMaxLine(command, parse_.maxLine);
     addSplitting(command, parse_);
     addWarnings(command, parse_.strict, parse_.quiet, "Print no warnings, no totals and no progress");
     command.footer(help::parse);
     command.callback([this] { status_ = runParse(parse_); });
+}
+
+void CommandLine::addExport() {
+    CLI::App& command = *tool_.add_subcommand("export", "Write everything that profile displays contain into tables");
+    ParseOptions& input = export_.input;
+    addInputFiles(command, input);
+    command
+        .add_option("--to", export_.target,
+                    "Folder for CSV files, or a SQLite database, whose name ends in .db, .sqlite or .sqlite3; one\n"
+                    "that exists is continued")
+        ->required()
+        ->type_name("DIR|FILE");
+    command.add_flag("--check", export_.check, "Compare the tables with the files, and print what differs");
+    addThreads(command, input.threads);
+    addEncoding(command, input.encoding);
+    addMaxLine(command, input.maxLine);
+    addSplitting(command, input);
+    command.add_flag("-q,--quiet", input.quiet, "Print no totals and no progress");
+    command.footer(help::exportTables);
+    command.callback([this] { status_ = runExport(export_); });
 }
 
 void CommandLine::addElements() {

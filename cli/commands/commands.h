@@ -94,6 +94,12 @@ struct ParseOptions {
     bool strict = false;  ///< warnings are failures
 };
 
+struct ExportOptions {
+    ParseOptions input;  ///< what is read, and how
+    std::string target;  ///< a folder or database
+    bool check = false;  ///< compares the target with the files instead of writing it
+};
+
 struct ElementsOptions {
     std::string prefix;
     std::optional<std::int16_t> index;
@@ -136,6 +142,7 @@ int runIdentify(const IdentifyOptions& options);
 int runReplay(const ReplayOptions& options);
 int runRecord(const RecordOptions& options);
 int runParse(ParseOptions options);
+int runExport(ExportOptions options);
 int runElements(const ElementsOptions& options);
 int runNotes(const NotesOptions& options);
 int runExplain(ExplainOptions options);

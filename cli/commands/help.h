@@ -163,6 +163,25 @@ inline constexpr auto parse =
     "  vantro-profile parse --csv displays/*.txt > elements.csv\n"
     "  vantro-profile parse --table < display.txt";
 
+inline constexpr auto exportTables =
+    "Displays are read as by parse. Every display gets a row in profiles, or in problems if it cannot be read; its\n"
+    "elements and notes have rows of their own, which name it by display_id. The rows say which file, display and "
+    "line\n"
+    "they are from, and have a hash of the display. docs/archives.md describes all columns.\n"
+    "\n"
+    "A run that was interrupted is continued by the same command: what it has read to the end is not read again, and\n"
+    "no display is written twice. Further files may be added later. A file that was changed since its export is\n"
+    "refused.\n"
+    "\n"
+    "--check reads the files again and prints a line for each row that is missing, extra or different.\n"
+    "Exit status: 0 all read and answered, or with --check nothing differs, 1 a display could not be read or not\n"
+    "answered in full, a file has none, or with --check something differs, 2 bad usage or a file that cannot be read.\n"
+    "\n"
+    "Examples:\n"
+    "  vantro-profile export -j 4 archive --to tables\n"
+    "  vantro-profile export -j 4 archive --to profiles.sqlite\n"
+    "  vantro-profile export -j 4 archive --to profiles.sqlite --check";
+
 /// For the subcommands that query displays.
 inline constexpr auto manyDisplays =
     "Each display of the file gets an answer: JSON one object per line, in the order of the displays, tables with the\n"

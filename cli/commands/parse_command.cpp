@@ -8,7 +8,6 @@
 #include "cli/commands/record_writer.h"
 #include "cli/commands/results_view.h"
 #include "cli/io/failure.h"
-#include "cli/io/file_list.h"
 #include "cli/io/input_files.h"
 #include "cli/io/ordered_work.h"
 #include "cli/io/progress.h"
@@ -234,29 +233,12 @@ Step stepOf(Piece piece, const ParseOptions& options, const ProfileView& view) {
     return {.parsed = parsedFrom(piece, options, view), .bytes = piece.bytesRead, .failure = {}};
 }
 
-/// The files that are parsed: those of the lists follow the others.
-std::vector<std::string> filesOf(const ParseOptions& options) {
-    std::vector<std::string> files = options.files;
-    for (const std::string& list : options.fileLists) {
-        for (std::string& name : namesInList(readAll(list, options.maxLine), options.zeroSeparated)) {
-            files.push_back(std::move(name));
-        }
-    }
-    if (files.empty() && options.fileLists.empty()) files.emplace_back("-");
-    return withFilesOfFolders(files);
-}
-
 }  // namespace
 
 int runParse(ParseOptions options) {
-    options.files = filesOf(options);
+    options.files = inputFilesOf(options);
     const ProfileView view = viewFor(options);
     Printer printer(options, view.form);
-    const auto standardInputs = std::ranges::count_if(options.files, isStandardInput);
-    if (standardInputs > 1) throw UsageError("standard input can be read once only; name it once");
-    if (standardInputs == 1 && inputIsTerminal()) {
-        complain("reading displays from standard input; end them with the end-of-file key");
-    }
     PieceReader pieces(options);
     workInOrder(
         options.threads, [&pieces] { return pieces.next(); },

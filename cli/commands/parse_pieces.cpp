@@ -1,11 +1,40 @@
 #include "cli/commands/parse_pieces.h"
 
+#include "cli/io/failure.h"
+#include "cli/io/file_list.h"
+#include "cli/io/standard_io.h"
 #include "cli/json/input.h"
 
+#include <algorithm>
 #include <stdexcept>
 #include <utility>
 
 namespace vantro {
+
+namespace {
+
+void checkStandardInput(const std::vector<std::string>& files) {
+    const auto standardInputs = std::ranges::count_if(files, isStandardInput);
+    if (standardInputs > 1) throw UsageError("standard input can be read once only; name it once");
+    if (standardInputs == 1 && inputIsTerminal()) {
+        complain("reading displays from standard input; end them with the end-of-file key");
+    }
+}
+
+}  // namespace
+
+std::vector<std::string> inputFilesOf(const ParseOptions& options) {
+    std::vector<std::string> files = options.files;
+    for (const std::string& list : options.fileLists) {
+        for (std::string& name : namesInList(readAll(list, options.maxLine), options.zeroSeparated)) {
+            files.push_back(std::move(name));
+        }
+    }
+    if (files.empty() && options.fileLists.empty()) files.emplace_back("-");
+    files = withFilesOfFolders(files);
+    checkStandardInput(files);
+    return files;
+}
 
 std::optional<Piece> PieceReader::next() {
     if (file_ == options_.files.size()) return std::nullopt;

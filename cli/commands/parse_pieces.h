@@ -22,6 +22,10 @@ struct Piece {
     std::string failure;  ///< why the file ends early
 };
 
+/// The files to be read: those of the lists follow the others, and a folder stands for the files in it. Says so when
+/// displays are awaited from a keyboard. Raises UsageError.
+std::vector<std::string> inputFilesOf(const ParseOptions& options);
+
 class PieceReader {
 public:
     /// The options must outlive the reader.

@@ -22,8 +22,9 @@ std::size_t numberIn(std::string_view cell) {
 }  // namespace
 
 std::vector<std::string> cellsOf(const SourceState& source) {
-    return {source.name,         source.bytes == 0 ? "" : text(source.bytes), text(source.displays),
-            text(source.failed), source.lastHash,                             source.isDone ? "1" : "",
+    return {source.name,           source.bytes == 0 ? "" : text(source.bytes),
+            text(source.displays), text(source.failed),
+            source.lastHash,       source.isDone ? "1" : "",
             source.problem};
 }
 

@@ -114,9 +114,9 @@ protected:
 /// True for the name of a database: it ends in ".db", ".sqlite" or ".sqlite3".
 bool isDatabase(const std::string& name);
 
-/// Opens a database or a folder (its name in UTF-8) for writing, and makes it if there is none. `settings` describe what
-/// changes the displays that are found in a source. Raises UsageError for a folder or database that contains something
-/// else, or an export of another version or with other settings.
+/// Opens a database or a folder (its name in UTF-8) for writing, and makes it if there is none. `settings` describe
+/// what changes the displays that are found in a source. Raises UsageError for a folder or database that contains
+/// something else, or an export of another version or with other settings.
 std::unique_ptr<ArchiveWriter> openForWriting(const std::string& name, const std::string& settings);
 
 /// Raises UsageError if there is no export, or one of another version or with other settings.

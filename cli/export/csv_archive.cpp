@@ -39,12 +39,12 @@ std::string headerOf(std::span<const Column> columns) {
 class TableFile {
 public:
     /// Continues after `length` bytes, what the last commit left. What an interrupted run wrote after it goes. Raises
-    /// UsageError if the file is shorter.
-    TableFile(std::string file, std::uintmax_t length) : file_(std::move(file)), length_(length) {
+    /// UsageError if the file was changed since.
+    TableFile(std::string file, std::uintmax_t length, bool isFinished) : file_(std::move(file)), length_(length) {
         const fs::path path = pathOf(file_);
         const std::uintmax_t found = fs::exists(path) ? fs::file_size(path) : 0;
-        if (found < length) {
-            throw UsageError("'" + file_ + "' is shorter than when it was written; export into another folder");
+        if (found < length || (isFinished && found > length)) {
+            throw UsageError("'" + file_ + "' was changed since it was written; export into another folder");
         }
         if (found > length) fs::resize_file(path, length);
         stream_.open(path, std::ios::binary | std::ios::app);
@@ -81,7 +81,7 @@ public:
         journal_.dropUncommitted();
         for (const TableFacts& table : exportTables()) {
             const std::uintmax_t length = journal_.lengths().at(indexOf(table.table));
-            files_.emplace_back(fileIn(folder_, table.name), length);
+            files_.emplace_back(fileIn(folder_, table.name), length, state().isFinished());
             if (length == 0) files_.back().buffer() = headerOf(table.columns);
         }
     }
@@ -164,7 +164,8 @@ private:
     static ByteSource firstBytesOf(const std::string& file, std::uintmax_t length) {
         return [source = openInput(file, Encoding::Utf8), left = length](std::span<char> bytes) mutable {
             const std::size_t count =
-                left == 0 ? 0 : source(bytes.first(static_cast<std::size_t>(std::min<std::uintmax_t>(left, bytes.size()))));
+                left == 0 ? 0
+                          : source(bytes.first(static_cast<std::size_t>(std::min<std::uintmax_t>(left, bytes.size()))));
             left -= count;
             return count;
         };

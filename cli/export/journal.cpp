@@ -80,9 +80,7 @@ void checkBeginning(const Cells* record, const std::string& file, const std::str
 
 bool Journal::isIn(const std::string& folder) { return fs::exists(pathOf(fileIn(folder))); }
 
-Journal Journal::opened(const std::string& folder, const std::string& settings) {
-    return {fileIn(folder), settings};
-}
+Journal Journal::opened(const std::string& folder, const std::string& settings) { return {fileIn(folder), settings}; }
 
 Journal::Journal(std::string file, const std::string& settings) : file_(std::move(file)) {
     if (fs::exists(pathOf(file_)) && fs::file_size(pathOf(file_)) > 0) {

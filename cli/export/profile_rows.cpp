@@ -5,13 +5,13 @@
 #include "vantro/profile.h"
 
 #define XXH_INLINE_ALL
+#include <xxhash.h>
 #include <algorithm>
 #include <array>
 #include <cstdint>
 #include <optional>
 #include <span>
 #include <utility>
-#include <xxhash.h>
 
 namespace vantro {
 

@@ -14,7 +14,7 @@ namespace vantro {
 /// Raised when a column changes its meaning or goes; not when one is added at the end of its table.
 inline constexpr int exportVersion = 1;
 
-enum class ColumnKind { Text, Number };
+enum class ColumnKind { String, Integer };
 
 struct Column {
     std::string_view name;
@@ -54,10 +54,10 @@ std::span<const Column> runColumns();
 
 /// Where a display is from.
 struct DisplayOrigin {
-    std::size_t id = 0;          ///< its number in the export, from 1
-    std::string_view source{};   ///< the file
-    std::size_t display = 0;     ///< its number in the source, from 1
-    std::size_t line = 0;        ///< its first line in the source, from 1
+    std::size_t id = 0;         ///< its number in the export, from 1
+    std::string_view source{};  ///< the file
+    std::size_t display = 0;    ///< its number in the source, from 1
+    std::size_t line = 0;       ///< its first line in the source, from 1
 };
 
 /// A row of a table, cell by cell, in UTF-8. An empty cell is no value.
@@ -92,11 +92,17 @@ private:
 /// One whole row at a time: where its display is from, then its own cells.
 class WholeRow {
 public:
+    /// The rows that follow are from this display.
+    void setOrigin(const DisplayOrigin& origin);
+
     /// Valid until the next call, and as long as the source's name and the rows.
-    const Cells& of(const TableFacts& facts, const DisplayOrigin& origin, const TableRows& rows, std::size_t row);
+    const Cells& of(const TableFacts& facts, const TableRows& rows, std::size_t row);
 
 private:
-    std::array<std::string, 3> numbers_;
+    std::string_view source_;
+    std::string id_;
+    std::string display_;
+    std::string line_;
     Cells cells_;
 };
 

@@ -190,6 +190,8 @@ std::optional<Encoding> encodingNamed(std::string_view name) {
     return std::nullopt;
 }
 
+std::string_view nameOf(Encoding encoding) { return std::ranges::find(names, encoding, &EncodingName::encoding)->name; }
+
 std::string encodingNames() {
     std::string list;
     for (const EncodingName& row : names) {

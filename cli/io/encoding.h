@@ -12,6 +12,9 @@ namespace vantro {
 /// The encoding with this name ("utf-16", "latin-1", "cp1252", ...), in any case; nothing for an unknown name.
 std::optional<Encoding> encodingNamed(std::string_view name);
 
+/// The name of an encoding: "utf-16".
+std::string_view nameOf(Encoding encoding);
+
 /// The names without other spellings, for a message: "auto, utf-8, ...".
 std::string encodingNames();
 
