@@ -7,8 +7,8 @@
 
 namespace vantro {
 
-Exporter::Exporter(ArchiveWriter& archive, RunState run, std::size_t maxLine)
-    : archive_(archive), run_(std::move(run)), maxLine_(maxLine) {
+Exporter::Exporter(ArchiveWriter& archive, RunState run, std::size_t maxLine, std::size_t perCommit)
+    : archive_(archive), run_(std::move(run)), maxLine_(maxLine), perCommit_(perCommit) {
     for (const SourceState& source : archive.state().sources) displaysBefore_ += source.displays;
 }
 
@@ -41,7 +41,7 @@ void Exporter::take(const PieceRows& piece) {
         ++run_.displays;
         ++uncommitted_;
     }
-    if (uncommitted_ >= displaysPerCommit) commit();
+    if (uncommitted_ >= perCommit_) commit();
 }
 
 void Exporter::endSource(const std::string& problem) {

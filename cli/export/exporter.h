@@ -34,8 +34,9 @@ class Exporter final : public PieceSink {
 public:
     static constexpr std::size_t displaysPerCommit = 20'000;
 
-    /// `run` has its number, beginning and version. The archive must outlive this object.
-    Exporter(ArchiveWriter& archive, RunState run, std::size_t maxLine);
+    /// `run` has its number, beginning and version. A commit follows the piece with which at least `perCommit` displays
+    /// are not committed. The archive must outlive this object.
+    Exporter(ArchiveWriter& archive, RunState run, std::size_t maxLine, std::size_t perCommit = displaysPerCommit);
 
     void beginSource(const std::string& name) override;
 
@@ -55,6 +56,7 @@ private:
     ArchiveWriter& archive_;
     RunState run_;
     std::size_t maxLine_;
+    std::size_t perCommit_;
     std::size_t displaysBefore_ = 0;  // in all sources before this one
     SourceState source_;
     SourcePosition position_;
