@@ -39,7 +39,7 @@ Rows rowsIn(const std::string& file) {
 
 /// A traveller's display with this name and locator, one remark and two lines of notes.
 std::string traveller(const std::string& name, const std::string& locator) {
-    const std::string head = "*T* TRAVELLER PROFILE" + std::string(53, ' ') + locator + "\n";
+    const std::string head = "PDRT/" + locator + "\n*T* TRAVELLER PROFILE" + std::string(53, ' ') + locator + "\n";
     return head + "   1 NM  " + name +
            "\n------- PNR TRANSFERABLE DATA\n"
            "A      2     RM  WINDOW SEAT, PLEASE\n"
@@ -135,12 +135,12 @@ TEST_F(Export, ABrokenDisplayIsARowOfProblemsAndNotOfProfiles) {
         << run.err;
     const Rows problems = rows("problems");
     ASSERT_EQ(problems.size(), 1U);
-    EXPECT_EQ(Row(problems[0].begin(), problems[0].end() - 1), (Row{"2", file, "2", "9", "", ""}));
-    EXPECT_NE(problems[0].back().find("line 9"), std::string::npos) << problems[0].back();
+    EXPECT_EQ(Row(problems[0].begin(), problems[0].end() - 1), (Row{"2", file, "2", "10", "", ""}));
+    EXPECT_NE(problems[0].back().find("line 10"), std::string::npos) << problems[0].back();
     const Rows profiles = rows("profiles");
     ASSERT_EQ(profiles.size(), 2U);
     EXPECT_EQ(profiles[1][0], "3");
-    EXPECT_EQ(profiles[1][3], "11");
+    EXPECT_EQ(profiles[1][3], "12");
     EXPECT_EQ(rows("runs").at(0).at(6), "1");
 }
 
