@@ -1,0 +1,15 @@
+#!/usr/bin/env bash
+# Exports a generated archive of displays into CSV and SQLite, checks that all counts agree with `parse`, kills runs in
+# the middle, removes rows for --check to find, and asks the queries of docs/archive-queries.md.
+#
+# scripts/archives.sh [--displays N] [--pipe GIGABYTES]: 20,000 displays and 0.2 GB through a pipe unless told
+# otherwise. A million displays take about XX minutes and YY GB of disk. The last line is "N passed, N failed, N skipped".
+set -euo pipefail
+cd "$(dirname "$0")/.."
+# shellcheck source=scripts/lib.sh
+source scripts/lib.sh
+
+install_missing "${tool_packages[@]}" python3 python3-zstandard
+step "archives: configure" cmake --preset release
+step "archives: build" cmake --build --preset release --target vantro_profile_cli
+python3 tests/archives/archive_run.py build/release/bin/vantro-profile build/archives "$@"
