@@ -12,4 +12,4 @@ source scripts/lib.sh
 install_missing "${tool_packages[@]}" python3 python3-zstandard
 step "archives: configure" cmake --preset release
 step "archives: build" cmake --build --preset release --target vantro_profile_cli
-python3 tests/archives/archive_run.py build/release/bin/vantro-profile build/archives "$@"
+/usr/bin/python3 tests/archives/archive_run.py build/release/bin/vantro-profile build/archives "$@"
