@@ -1,11 +1,14 @@
 #include "cli/io/csv.h"
 
+#include <algorithm>
+
 namespace vantro {
 
 namespace {
 
 bool needsQuotes(std::string_view cell) {
-    return cell.find_first_of(",\"\r\n") != std::string_view::npos || cell.starts_with(' ') || cell.ends_with(' ');
+    const auto isSpecial = [](char byte) { return byte == ',' || byte == '"' || byte == '\r' || byte == '\n'; };
+    return cell.starts_with(' ') || cell.ends_with(' ') || std::ranges::any_of(cell, isSpecial);
 }
 
 void appendCell(std::string_view cell, std::string& out) {
