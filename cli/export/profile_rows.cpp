@@ -38,6 +38,7 @@ public:
         addNumbered(rows, profile.pin.number, profile.pin.text);
         addNumbered(rows, profile.psl ? profile.psl->number : TextView(), profile.psl ? profile.psl->text : TextView());
         for (const std::size_t count : {elements, profile.notes.size(), profile.problems.size()}) rows.cell(count);
+        addSections(rows, profile);
     }
 
 private:
@@ -56,6 +57,17 @@ private:
     void addNumbered(TableRows& rows, TextView number, TextView text) {
         add(rows, number);
         add(rows, text);
+    }
+
+    void addSections(TableRows& rows, const Profile& profile) {
+        utf8_.clear();
+        for (std::size_t index = 0; index < sectionCount; ++index) {
+            const auto section = static_cast<Section>(index);
+            if (!profile.isShown(section)) continue;
+            if (!utf8_.empty()) utf8_ += ';';
+            appendUtf8(titleOf(section), utf8_);
+        }
+        rows.cell(utf8_);
     }
 
     std::size_t addFamily(const FamilyName& family, std::span<const Element> elements) {

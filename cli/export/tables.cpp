@@ -29,6 +29,7 @@ constexpr std::array profileColumns{
     Column{"elements", Integer, "the number of its rows in elements"},
     Column{"notes", Integer, "the number of its rows in notes"},
     Column{"problems", Integer, "the number of its rows in problems"},
+    Column{"sections", String, "the titles of the sections that it shows, with semicolons between them"},
 };
 
 constexpr std::array elementColumns{

@@ -106,7 +106,7 @@ TEST_F(Export, WritesADisplayIntoRows) {
     ASSERT_EQ(profiles.size(), 1U);
     const std::string hash = profiles[0][4];
     EXPECT_EQ(profiles[0], (Row{"1", file, "1", "1", hash, "traveller", "K7P2QM", "STRAND/EVA MS", "", "", "", "", "",
-                                "", "", "1", "2", "0"}));
+                                "", "", "1", "2", "0", "PNR TRANSFERABLE DATA;PROFILE NOTES"}));
     EXPECT_EQ(rows("elements"), (Rows{{"1", "RM", "1", "2", "A", "RM  WINDOW SEAT, PLEASE", "", "", "", ""}}));
     EXPECT_EQ(rows("notes"), (Rows{{"1", "1", "A ", "FIRST"}, {"1", "2", "B ", "SECOND"}}));
     EXPECT_EQ(rows("problems"), Rows{});
@@ -367,6 +367,32 @@ TEST_F(Export, CheckNamesFilesAndDisplaysThatAreNotExported) {
     EXPECT_NE(check.out.find("a.txt: 2 displays at its end are not exported"), std::string::npos) << check.out;
     folder_.write("a.txt", travellers(1));
     EXPECT_NE(checked({a}).out.find("extra row of profiles: display_id 2"), std::string::npos);
+}
+
+// ---- The document
+
+std::string documented(std::span<const Column> columns) {
+    std::string rows;
+    for (const Column& column : columns) {
+        rows.append("| `").append(column.name);
+        rows.append(column.kind == ColumnKind::Integer ? "` | number | " : "` | text | ");
+        rows.append(column.meaning).append(" |\n");
+    }
+    return rows;
+}
+
+TEST(ExportDocument, DescribesEveryColumn) {
+    const std::string page = contentOf(VANTRO_SOURCE_DIR "/docs/archives.md");
+    const auto expect = [&page](std::string_view name, std::span<const Column> columns) {
+        const std::size_t start = page.find("### `" + std::string(name) + "`");
+        ASSERT_NE(start, std::string::npos) << name;
+        const std::size_t table = page.find("|---|---|---|\n", start) + 14;
+        EXPECT_EQ(page.substr(table, page.find("\n\n", table) + 1 - table), documented(columns));
+    };
+    for (const TableFacts& facts : exportTables()) expect(facts.name, facts.columns);
+    expect("sources", sourceColumns());
+    expect("runs", runColumns());
+    EXPECT_NE(page.find("The version of the tables is " + std::to_string(exportVersion) + "."), std::string::npos);
 }
 
 // ---- Rows
