@@ -184,7 +184,7 @@ int checkAgainst(ExportOptions& options) {
 }  // namespace
 
 int runExport(ExportOptions options) {
-    options.input.files = inputFilesOf(options.input);
+    options.input.files = withoutTarget(inputFilesOf(options.input), options.target);
     return options.check ? checkAgainst(options) : exportTo(options);
 }
 

@@ -75,8 +75,14 @@ void Checker::take(const PieceRows& piece) {
 }
 
 void Checker::endSource(const std::string& problem) {
-    const SourceState& source = state_.sources[next_++];
-    displaysBefore_ += source.displays;
+    const SourceState& source = state_.sources[next_];
+    // Of a file that cannot be read at all nothing more can be said.
+    if (position_.displays == 0 && !problem.empty()) {
+        leaveOut();
+    } else {
+        ++next_;
+        displaysBefore_ += source.displays;
+    }
     const auto complain = [&](const std::string& what) {
         ++counts_.sources;
         report_("source " + source.name + ": " + what);

@@ -2,8 +2,10 @@
 
 #include "cli/io/failure.h"
 #include "cli/io/input_files.h"
+#include "cli/io/path.h"
 
 #include <algorithm>
+#include <filesystem>
 #include <unordered_map>
 #include <unordered_set>
 
@@ -23,6 +25,23 @@ std::string standardInputAgain() {
 }
 
 }  // namespace
+
+std::vector<std::string> withoutTarget(std::vector<std::string> files, const std::string& target) {
+    const auto fullName = [](const std::string& name) {
+        return std::filesystem::absolute(pathOf(name)).lexically_normal().generic_u8string();
+    };
+    std::u8string own = fullName(target);
+    if (own.ends_with(u8'/')) own.pop_back();
+    const auto isOwn = [&](const std::string& file) {
+        const std::u8string name = isStandardInput(file) ? u8"" : fullName(file);
+        if (!name.starts_with(own)) return false;
+        const std::u8string_view rest = std::u8string_view(name).substr(own.size());
+        // A database has files with further endings beside it while it is written.
+        return rest.empty() || rest.starts_with(u8'/') || rest == u8"-wal" || rest == u8"-shm" || rest == u8"-journal";
+    };
+    std::erase_if(files, isOwn);
+    return files;
+}
 
 ExportPlan planExport(const ArchiveState& state, const std::vector<std::string>& files) {
     ExportPlan plan;

@@ -188,6 +188,15 @@ TEST_F(Export, ASecondRunReadsOnlyWhatIsNew) {
     EXPECT_EQ(rows("runs").size(), 2U);
 }
 
+TEST_F(Export, ItsOwnFilesAreNotRead) {
+    folder_.write("tables-of-2024.txt", travellers(1));
+    ASSERT_EQ(exported({folder_.path()}).status, 0);
+    EXPECT_EQ(exported({folder_.path()}).status, 0);
+    EXPECT_EQ(runTool({"export", folder_.path(), "--to", target() + "/"}).status, 0);
+    EXPECT_EQ(rows("sources").size(), 1U);
+    EXPECT_EQ(rows("profiles").size(), 1U);
+}
+
 TEST_F(Export, RefusesAFileThatHasChanged) {
     const std::string file = folder_.write("first.txt", travellers(2));
     exported({file});
@@ -355,6 +364,16 @@ TEST_F(Export, CheckComparesOnlyTheFilesThatAreNamed) {
     EXPECT_EQ(check.status, 0) << check.out;
     EXPECT_NE(check.err.find("2 exported files were not named"), std::string::npos) << check.err;
     EXPECT_EQ(linesOf(checked({c, a}).out).size(), 2U);
+}
+
+TEST_F(Export, CheckSaysOnceThatAFileIsMissing) {
+    const std::string a = folder_.write("a.txt", travellers(2));
+    const std::string b = folder_.write("b.txt", travellers(2));
+    exported({a, b});
+    fs::remove(a);
+    const Finished check = checked({a, b});
+    EXPECT_EQ(check.status, 1);
+    EXPECT_EQ(linesOf(check.out).size(), 1U) << check.out;
 }
 
 TEST_F(Export, CheckNamesFilesAndDisplaysThatAreNotExported) {
