@@ -169,7 +169,8 @@ our_sources() {
 # The packages of each task. A script asks for all of its own at its beginning.
 # shellcheck disable=SC2034
 {
-    tool_packages=(g++ cmake ninja-build libcli11-dev libsimdjson-dev rapidjson-dev zlib1g-dev libzstd-dev)
+    tool_packages=(g++ cmake ninja-build libcli11-dev libsimdjson-dev rapidjson-dev zlib1g-dev libzstd-dev libsqlite3-dev
+        libxxhash-dev)
     com_packages=("${tool_packages[@]}" googletest mingw-w64-tools libwine-dev)
     com_x64_packages=("${com_packages[@]}" g++-mingw-w64-x86-64-posix wine wine64)
     com_x86_packages=("${com_packages[@]}" g++-mingw-w64-i686-posix mmdebstrap)

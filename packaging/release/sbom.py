@@ -37,6 +37,8 @@ COMPONENTS = (
     Component("zlib", "zlib1g-dev", "Zlib", "Organization: zlib", "https://zlib.net"),
     Component("zstd", "libzstd-dev", "BSD-3-Clause OR GPL-2.0-only", "Organization: Meta Platforms",
               "https://facebook.github.io/zstd"),
+    Component("SQLite", "libsqlite3-dev", "blessing", "Organization: SQLite", "https://sqlite.org"),
+    Component("xxHash", "libxxhash-dev", "BSD-2-Clause", "Person: Yann Collet", "https://xxhash.com"),
     Component("libstdc++ and libgcc", "g++-12", "GPL-3.0-or-later WITH GCC-exception-3.1",
               "Organization: Free Software Foundation", "https://gcc.gnu.org"),
     Component("libstdc++ and libgcc for Windows", "g++-mingw-w64-x86-64-posix",
@@ -61,9 +63,10 @@ class Kind:
 
 
 KINDS = (
-    Kind("*-windows.zip", "ARCHIVE", ("CLI11", "simdjson", "libstdc++ and libgcc for Windows", "mingw-w64 runtime")),
+    Kind("*-windows.zip", "ARCHIVE", ("CLI11", "simdjson", "xxHash", "libstdc++ and libgcc for Windows",
+                                      "mingw-w64 runtime")),
     Kind("*.whl", "INSTALL", ("libstdc++ and libgcc",)),
-    Kind("vantro-profile_*.deb", "INSTALL", ("CLI11",)),
+    Kind("vantro-profile_*.deb", "INSTALL", ("CLI11", "xxHash")),
     Kind("*.deb", "INSTALL"),
     Kind("*-npm.tgz", "INSTALL", ("Emscripten runtime",)),
     Kind("*-site.tar.gz", "ARCHIVE", ("Emscripten runtime", "Material for MkDocs")),

@@ -27,8 +27,13 @@ class BillOfMaterials(unittest.TestCase):
         sums = {entry["algorithm"]: entry["checksumValue"] for entry in file["checksums"]}
         self.assertEqual(sums["SHA256"], hashlib.sha256(b"VantroProfileUtils-1.2.3-windows.zip").hexdigest())
         self.assertEqual([part["name"] for part in components],
-                         ["CLI11", "simdjson", "libstdc++ and libgcc for Windows", "mingw-w64 runtime"])
+                         ["CLI11", "simdjson", "xxHash", "libstdc++ and libgcc for Windows", "mingw-w64 runtime"])
         self.assertEqual(components[0]["versionInfo"], "7 of libcli11-dev")
+
+    def test_the_package_of_the_tool_contains_what_is_compiled_into_it(self):
+        _, *components = made("vantro-profile_1.2.3-1_amd64.deb")["packages"]
+        self.assertEqual([(part["name"], part["licenseDeclared"]) for part in components],
+                         [("CLI11", "BSD-3-Clause"), ("xxHash", "BSD-2-Clause")])
 
     def test_every_relationship_is_between_known_elements(self):
         bill = made("a.whl", "b-npm.tgz", "vantro-profile_1.2.3-1_amd64.deb", "libvantro-c1_1.2.3-1_amd64.deb", "s.tar.gz")
