@@ -10,8 +10,6 @@ class ParseError;
 
 namespace vantro {
 
-inline constexpr const char* toolName = "vantro-profile";
-
 /// What is wrong with the arguments that the parser refused, and where to look for help, in one line.
 std::string refusalOf(const CLI::App& tool, const CLI::ParseError& problem);
 

@@ -17,7 +17,6 @@ inline constexpr std::string_view tool = "tool";        ///< its value is `toolN
 inline constexpr std::string_view version = "version";  ///< `exportVersion`
 inline constexpr std::string_view options = "options";  ///< what changes the displays that are found in a source
 }  // namespace setting
-inline constexpr std::string_view toolName = "vantro-profile";
 
 /// Statements that make every table, empty, and what searches them.
 std::string statementsForTables();

@@ -9,6 +9,9 @@
 
 namespace vantro {
 
+/// The tool's name, in messages and files.
+inline constexpr const char* toolName = "vantro-profile";
+
 /// Exit statuses.
 inline constexpr int success = 0;
 inline constexpr int callFailed = 1;  ///< a call raised an error, or a batch line was not a request

@@ -99,7 +99,7 @@ void writeRecords(std::string_view bytes, std::span<const std::size_t> ends) {
 void writeError(std::string_view bytes) { std::fwrite(bytes.data(), 1, bytes.size(), stderr); }
 
 void complain(std::string_view message) {
-    std::string line = "vantro-profile: " + asSentence(message);
+    std::string line = std::string(toolName) + ": " + asSentence(message);
     std::ranges::replace_if(
         line, [](char byte) { return (byte >= 0 && byte < ' ') || byte == '\x7F'; }, '?');
     writeError((errorShowsColor() ? withColoredWords(line) : line) + "\n");
