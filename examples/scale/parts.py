@@ -2,10 +2,11 @@
 """Shares an archive among tasks that each run `vantro-profile export`, and puts what they wrote together.
 
     parts.py split FOLDER TASKS JOB    writes JOB/files-0 and so on: names of files, each followed by a zero byte
+    parts.py unfinished JOB            prints the numbers of the tasks that failed or did not run
     parts.py check JOB                 counts: every display of every file was exported once, and which tasks failed
     parts.py join JOB DIR              one folder of tables, equal to those of a single export
 
-Task N writes its tables to JOB/part-N (run_task.sh).
+Task N writes its tables to JOB/part-N (run-task.sh).
 """
 
 from __future__ import annotations
@@ -50,6 +51,16 @@ def tasks_of(job: Path) -> range:
     return range(len(list(job.glob("files-*"))))
 
 
+def outcome(job: Path, task: int) -> str:
+    """The exit status of the last run of a task."""
+    status = job / f"status-{task}"
+    return status.read_text().split()[-1] if status.exists() else "did not run to its end"
+
+
+def unfinished(job: Path) -> list[int]:
+    return [task for task in tasks_of(job) if outcome(job, task) not in ("0", "1")]
+
+
 def rows(job: Path, task: int, table: str) -> Iterator[list[str]]:
     """The rows of a task's table without the header; none if the task had no files."""
     file = job / f"part-{task}" / f"{table}.csv"
@@ -69,12 +80,9 @@ def displays_in(file: str) -> int:
 
 def check(job: Path) -> list[str]:
     """What is wrong; an empty list if the sums over the parts are the displays in the files."""
-    found, total = [], 0
-    for task in tasks_of(job):
-        status = job / f"status-{task}"
-        if (last := status.read_text().split("\n")[-2] if status.exists() else "did not run") not in ("0", "1"):
-            found.append(f"task {task} failed: {last}")
-            continue
+    failed = unfinished(job)
+    found, total = [f"task {task} failed: {outcome(job, task)}" for task in failed], 0
+    for task in sorted(set(tasks_of(job)) - set(failed)):
         identities: Counter[tuple[str, str]] = Counter()
         try:
             identities.update((row[1], row[2]) for row in rows(job, task, "profiles"))
@@ -87,7 +95,7 @@ def check(job: Path) -> list[str]:
         for source, display in sorted(wrong, key=lambda key: (key[0], int(key[1])))[:5]:
             found.append(f"task {task}: display {display} of '{source}' is there {identities[source, display]} times")
         total += len(expected)
-    print(f"{len(tasks_of(job))} tasks, {total} displays in the files of those that ended")
+    print(f"{len(tasks_of(job))} tasks, {total} displays in the files of those that succeeded")
     return found
 
 
@@ -109,17 +117,20 @@ def join(job: Path, to: Path) -> None:
 
 def main() -> None:
     parser = argparse.ArgumentParser(description=__doc__, formatter_class=argparse.RawDescriptionHelpFormatter)
-    parser.add_argument("action", choices=["split", "check", "join"])
+    parser.add_argument("action", choices=["split", "unfinished", "check", "join"])
     parser.add_argument("arguments", nargs="+")
     options = parser.parse_args()
-    match options.action, options.arguments:
-        case "split", [folder, tasks, job]:
+    arguments: list[str] = [options.action, *options.arguments]
+    match arguments:
+        case ["split", folder, tasks, job]:
             split(folder, int(tasks), Path(job))
-        case "check", [job]:
+        case ["unfinished", job]:
+            print(*unfinished(Path(job)), sep=",")
+        case ["check", job]:
             found = check(Path(job))
             print("\n".join(found) or "complete: every display is there once")
             sys.exit(1 if found else 0)
-        case "join", [job, to]:
+        case ["join", job, to]:
             join(Path(job), Path(to))
         case _:
             parser.error(f"other arguments are needed for {options.action}")

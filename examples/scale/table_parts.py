@@ -79,7 +79,8 @@ def write_part(task: Task, folder: str) -> Part:
 
 
 def manifest_of(files: list[str], parts: list[Part]) -> dict[str, Any]:
-    sources = {file: {"source": file, "bytes": os.path.getsize(file), "displays": 0, "failed": 0} for file in files}
+    sources: dict[str, dict[str, Any]] = {
+        file: {"source": file, "bytes": os.path.getsize(file), "displays": 0, "failed": 0} for file in files}
     rows = dict.fromkeys(TABLES, 0)
     for part in parts:
         sources[part.source]["displays"] += part.displays

@@ -2,7 +2,7 @@
 # Tries dask_archive.py on a network of its own: a scheduler and workers, each in a network namespace with an address of
 # its own on one bridge. In the middle of the run one worker is killed.
 #
-#     run_in_namespaces.sh FOLDER DIR LOGS [WORKERS [BLOCK_MB]]
+#     run-in-namespaces.sh FOLDER DIR LOGS [WORKERS [BLOCK_MB]]
 #
 # Needs root, and vantro_profile in PYTHONPATH. LOGS gets a log of the scheduler, of each worker and of the client.
 # Fails if the killed worker had no task, or if the tables are not complete.

@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
 # Task N of a job that parts.py split: exports its files to JOB/part-N and notes the exit status in JOB/status-N.
 #
-#     run_task.sh JOB N
+#     run-task.sh JOB N
 #
 # A task that was interrupted and runs again continues its export. One with no files has nothing to do.
 set -euo pipefail
