@@ -15,7 +15,7 @@ _ORIGIN = ("display_id", "source", "display", "line")
 _PARTS = ("number", "kind", "text", "code", "airline", "frequent_flyer_number", "free_text")
 TABLES = {
     "profiles": (*_ORIGIN, "hash", "kind", "record_locator", "name", "office", "company_number", "company",
-                 "pin_number", "pin", "psl_number", "psl", "elements", "notes", "problems"),
+                 "pin_number", "pin", "psl_number", "psl", "elements", "notes", "problems", "sections"),
     "elements": ("display_id", "family", "position", *_PARTS),
     "notes": ("display_id", "number", "qualifier", "text"),
     "problems": (*_ORIGIN, "query", "error", "description"),
@@ -135,7 +135,8 @@ class Rows:
             *origin, digest, kind, profile.record_locator, profile.name, profile.office_identifier,
             company.number or "", company.text, pin.number or "", pin.text,
             (psl.number or "") if psl else "", psl.text if psl else "",
-            str(elements), str(len(profile.notes)), str(len(profile.problems)))))
+            str(elements), str(len(profile.notes)), str(len(profile.problems)),
+            ";".join(profile.sections))))
 
     def _add_elements(self, profile: Profile, display_id: str) -> int:
         rows = self.tables["elements"]

@@ -5,7 +5,7 @@
 
 The displays are those of samples/profiles with other names, locators and numbers. One in 500 is broken: a line that is
 too long, bytes that are not UTF-8, a tail that is missing. File names contain blanks, some files are in folders below
-the first one, and some are compressed.
+the first one, and some are compressed. Odd files are in a folder of their own.
 """
 
 from __future__ import annotations
@@ -51,6 +51,21 @@ def broken(display: bytes, dice: random.Random) -> bytes:
     return b"\n".join(lines)
 
 
+def odd_files(text: str) -> dict[str, bytes]:
+    """What captures of other systems look like, by file names."""
+    two = (text + text).encode()
+    return {
+        "carriage returns.txt": two.replace(b"\n", b"\r\n"),
+        "marks at both ends.txt": b"\xef\xbb\xbf" + two + b"\x1a\r\n",
+        "blank lines.txt": b"\n  \n" + two + b"\n>\n  \n>",
+        "prompts.txt": b">\n" + two.replace(b"END OF DISPLAY", b">") + b">\n",
+        "no end.txt": two + b"PDRT/H4T9QZ\n*T* CUT",
+        "broken lines.txt": two + b"A\rB\n>\n" + two + "\u00c5\U0001f600 >\n,\"\n".encode() + b"X" * 81 + b"\n" + two,
+        "empty.txt": b"",
+        "comma, \"quotes\".txt": two,
+    }
+
+
 def main() -> None:
     parser = argparse.ArgumentParser(description=__doc__, formatter_class=argparse.RawDescriptionHelpFormatter)
     parser.add_argument("folder", help="a new folder")
@@ -80,6 +95,10 @@ def main() -> None:
                 name.with_suffix(".txt.zst").write_bytes(zstandard.ZstdCompressor().compress(data))
             case _:
                 name.write_bytes(data)
+
+    (folder / "odd").mkdir()
+    for file, data in odd_files(samples[-1]).items():
+        (folder / "odd" / file).write_bytes(data)
 
 
 if __name__ == "__main__":
