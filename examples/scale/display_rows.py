@@ -37,7 +37,7 @@ def csv_line(cells: Iterable[str]) -> str:
     cells = list(cells)
     line = ",".join(cells)
     # Nearly all rows need none, and this sees it at once.
-    if (" ," in line or ", " in line or '"' in line or "\r" in line or "\n" in line or line[-1:] == " "
+    if (" ," in line or ", " in line or '"' in line or "\r" in line or "\n" in line or " " in (line[:1], line[-1:])
             or line.count(",") >= len(cells)):
         line = ",".join(map(_quoted, cells))
     return line + "\n"
@@ -52,10 +52,6 @@ def _quoted(cell: str) -> str:
 def _units(text: str) -> int:
     """The characters that a terminal counts: UTF-16 code units."""
     return len(text) if text.isascii() else len(text.encode("utf-16-le", "surrogatepass")) // 2
-
-
-def _padded(line: str) -> str:
-    return line + " " * (_WIDTH - _units(line))
 
 
 def _lines(data: bytes) -> list[bytes]:
@@ -86,12 +82,14 @@ def fault_in(lines: list[bytes], first_line: int) -> str | None:
 def screen_of(lines: list[bytes]) -> str | None:
     """The screen that the lines make, 80 characters per line; None if one of them does not fit."""
     try:
-        texts = b"\n".join(lines).decode().split("\n")
+        text = b"\n".join(lines).decode()
     except UnicodeDecodeError:
         return None
-    if any("\r" in text or _units(text) > _WIDTH for text in texts):
+    texts = text.split("\n")
+    units = len if text.isascii() else _units
+    if "\r" in text or max(map(units, texts)) > _WIDTH:
         return None
-    return "".join(map(_padded, texts[:-1])) + texts[-1]
+    return "".join([line + " " * (_WIDTH - units(line)) for line in texts[:-1]]) + texts[-1]
 
 
 def hash_of(screen: str) -> str:

@@ -112,6 +112,8 @@ def test_files_are_in_the_order_of_their_names_without_hidden_ones(tmp_path: Pat
 
 def test_cells_are_quoted_only_where_they_must_be() -> None:
     assert csv_line(["1", "A B", ""]) == "1,A B,\n"
+    assert csv_line([" A", "B"]) == '" A",B\n'
+    assert csv_line(["A", "B "]) == 'A,"B "\n'
     assert csv_line([" A", "B ", 'C"D', "E,F", "G\rH", "I"]) == '" A","B ","C""D","E,F","G\rH",I\n'
 
 
