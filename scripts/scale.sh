@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
-# Exports a generated archive in the ways of docs/scale.md, and compares each result, byte for byte, with that of one run
-# of the tool: Dask on three workers in network namespaces, of which one is killed; an array job on a Slurm of one node,
+# Exports a generated archive in the ways of docs/scale.md, and compares each result, byte for byte, with that of one
+# run of the tool: Dask on three workers in network namespaces, of which one is killed; an array job on a Slurm of one node,
 # and GNU parallel over ssh to two hosts, both with a task that is killed. Needs root. Takes about a minute on two
 # cores, after the Debian packages that it installs and the tool. The last line of a green run is
 # "N passed, 0 failed, M skipped". Logs are in build/scale.

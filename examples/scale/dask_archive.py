@@ -50,12 +50,18 @@ def export(client: Any, folder: str, to: str, block_bytes: int) -> dict[str, Any
     return manifest
 
 
+def used() -> tuple[float, int]:
+    """The time of a processor and the memory (KB) that this process has used."""
+    usage = resource.getrusage(resource.RUSAGE_SELF)
+    return usage.ru_utime + usage.ru_stime, usage.ru_maxrss
+
+
 def report(client: Any, manifest: dict[str, Any], seconds: float) -> None:
     for _, event in client.get_events("all"):
         if event.get("action") == "remove-worker" and event["processing-tasks"]:
             print(f"lost {event['worker']}; its tasks ran elsewhere: {', '.join(sorted(event['processing-tasks']))}")
-    for worker, kilobytes in sorted(client.run(lambda: resource.getrusage(resource.RUSAGE_SELF).ru_maxrss).items()):
-        print(f"{worker}: at most {kilobytes / 1024:.0f} MB")
+    for worker, (busy, kilobytes) in sorted(client.run(used).items()):
+        print(f"{worker}: {busy:.1f} s of a processor, at most {kilobytes / 1024:.0f} MB")
     print(f"{manifest['displays']} displays, {manifest['failed']} of them failed, {len(manifest['parts'])} parts, "
           f"rows {manifest['rows']}: {seconds:.1f} s, {manifest['displays'] / seconds:.0f} displays/s")
 

@@ -1,4 +1,4 @@
-"""Finds the displays in the bytes of a capture, and blocks of whole displays in a file. Nothing here parses a display."""
+"""Finds the displays in the bytes of a capture, and blocks of whole displays in a file, without parsing them."""
 
 from __future__ import annotations
 

@@ -22,8 +22,9 @@ TABLES = {
 }
 """The names of the tables, with those of their columns."""
 
-FAMILY_ORDER = tuple(
-    "SR RM AP OS FFN ST PHI PPH PCI PPC RC PPR PPS PGL PPA PPK PPI PXC PXA PXK PSH PSC PPT PXT PAS PIV PCE PID PFO".split())
+FAMILY_ORDER = (
+    "SR RM AP OS FFN ST PHI PPH PCI PPC RC PPR PPS PGL PPA PPK PPI PXC PXA PXK PSH PSC PPT PXT "
+    "PAS PIV PCE PID PFO").split()
 """The families in the order in which the tool prints them."""
 
 _WIDTH = 80

@@ -7,7 +7,8 @@
 set -euo pipefail
 job=$1 task=$2 status=0
 if [[ -s $job/files-$task ]]; then
-    "${VANTRO_PROFILE:-vantro-profile}" export --quiet --files-from "$job/files-$task" -0 --to "$job/part-$task" || status=$?
+    "${VANTRO_PROFILE:-vantro-profile}" export --quiet --files-from "$job/files-$task" -0 --to "$job/part-$task" ||
+        status=$?
 fi
 echo "$status" >>"$job/status-$task"
 # 1: a display could not be read, and is in problems.csv.

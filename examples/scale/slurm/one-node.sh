@@ -3,8 +3,8 @@
 #
 #     one-node.sh DIR COMMAND...
 #
-# Needs root, and slurm-wlm and munge. DIR is new and gets the configuration, state and logs; slurm.conf of the system is
-# not touched. When the command ends, Slurm does too.
+# Needs root, and slurm-wlm and munge. DIR is new and gets the configuration, state and logs; the slurm.conf of the
+# system is not touched. When the command ends, Slurm does too.
 set -euo pipefail
 mkdir -p "$1"
 dir=$(cd "$1" && pwd)
