@@ -11,6 +11,8 @@ cd "$(dirname "$0")/.."
 # shellcheck source=scripts/lib.sh
 source scripts/lib.sh
 
+# Debian's Python comes first: another one in the search path does not have Debian's packages.
+export PATH=/usr/bin:/usr/sbin:$PATH
 export python=/usr/bin/python3 work=$root/build/scale
 export scale=$root/examples/scale tool=$root/build/ci-gcc/bin/vantro-profile archive=$root/build/scale/archive
 export PYTHONDONTWRITEBYTECODE=1 PYTHONPATH=$root/build/python/lib

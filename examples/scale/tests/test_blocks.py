@@ -9,8 +9,8 @@ from pathlib import Path
 import pytest
 import zstandard
 from display_blocks import Block, bytes_of, counted, display_starts, files_in, first_cut, planned_blocks, refusal
-from display_rows import csv_line, rows_of
-from parts import shares
+from display_rows import TABLES, csv_line, rows_of
+from parts import check, shares
 from table_parts import gaps, manifest_of, numbered, part_file, write_part
 
 CAPTURE = (b"PDRT/AAAAAA\n*T* TRAVELLER\n   1 NM  A/B MS\nEND OF DISPLAY\n"
@@ -173,3 +173,41 @@ def test_gaps_are_found(tmp_path: Path) -> None:
     extra = part_file(str(to), "notes", 99)
     extra.touch()
     assert gaps(str(to)) == [f"'{extra}' is not in the manifest"]
+
+
+
+def job_with(folder: Path, rows: str, status: str) -> Path:
+    """A job of one task with one file of four displays."""
+    file, job = folder / "capture.txt", folder / "job"
+    file.write_bytes(CAPTURE)
+    (job / "part-0").mkdir(parents=True)
+    (job / "files-0").write_bytes(bytes(file) + b"\0")
+    (job / "status-0").write_text(status)
+    (job / "part-0" / "profiles.csv").write_text(csv_line(TABLES["profiles"]) + rows)
+    (job / "part-0" / "problems.csv").write_text(
+        f"display_id,source,display,line,query,error,description\n2,{file},2,7,,,broken\n1,{file},1,1,PHI,5,a query\n")
+    return job
+
+
+def row(folder: Path, display: int) -> str:
+    return f"{display},{folder}/capture.txt,{display}" + "," * 16 + "\n"
+
+
+def test_a_job_is_complete_if_each_display_is_there_once(tmp_path: Path) -> None:
+    all_rows = "".join(row(tmp_path, display) for display in (1, 3, 4))
+    assert check(job_with(tmp_path, all_rows, "137\n1\n")) == []
+
+
+def test_displays_that_are_missing_or_there_twice_are_named(tmp_path: Path) -> None:
+    rows = "".join(row(tmp_path, display) for display in (1, 4, 4, 9))
+    assert check(job_with(tmp_path, rows, "0\n")) == [
+        f"task 0: display {display} of '{tmp_path}/capture.txt' is there {times} times"
+        for display, times in ((3, 0), (4, 2), (9, 1))]
+
+
+def test_a_task_that_failed_is_named(tmp_path: Path) -> None:
+    job = job_with(tmp_path, "", "0\n137\n")
+    assert check(job) == ["task 0 failed: 137"]
+    (job / "status-0").unlink()
+    assert check(job) == ["task 0 failed: did not run to its end"]
+    assert check(tmp_path) == [f"there are no tasks in '{tmp_path}'"]
