@@ -21,9 +21,10 @@ from typing import Any
 
 import display_blocks
 import display_rows
+import export_tables
 import table_parts
 from display_blocks import counted, files_in, planned_blocks, refusal
-from display_rows import TABLES
+from export_tables import TABLES
 from table_parts import MANIFEST, gaps, manifest_of, numbered, write_part
 
 
@@ -90,7 +91,7 @@ def main() -> None:
         n_workers=options.workers, threads_per_worker=1, dashboard_address=None)
     with Client(address) as client:
         # Workers get these modules, also those that join later; the packages that they import must be installed there.
-        for module in (display_blocks, display_rows, table_parts):
+        for module in (display_blocks, export_tables, display_rows, table_parts):
             client.upload_file(str(module.__file__))
         begin = time.monotonic()
         try:

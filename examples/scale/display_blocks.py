@@ -9,8 +9,6 @@ import zlib
 from collections.abc import Iterator
 from typing import NamedTuple
 
-import zstandard
-
 END_TEXT = b"END OF DISPLAY"
 PROMPT = b">"
 _WINDOW = 1 << 20
@@ -144,10 +142,7 @@ def bytes_of(block: Block) -> bytes:
         data = stream.read() if block.end < 0 else stream.read(block.end - block.begin)
         is_last = not stream.read(1)
     if block.end < 0:
-        try:
-            data = _unpacked(data)
-        except (OSError, EOFError, zlib.error, zstandard.ZstdError) as problem:
-            raise RuntimeError(f"'{block.source}' is damaged: {problem}") from None
+        data = _unpacked(data, block.source)
     if block.begin == 0:
         data = data.removeprefix(b"\xef\xbb\xbf")
     if is_last:
@@ -157,8 +152,13 @@ def bytes_of(block: Block) -> bytes:
     return data
 
 
-def _unpacked(data: bytes) -> bytes:
-    if data.startswith(_COMPRESSED[0]):
-        return gzip.decompress(data)
-    with zstandard.ZstdDecompressor().stream_reader(io.BytesIO(data), read_across_frames=True) as reader:
-        return bytes(reader.read())
+def _unpacked(data: bytes, source: str) -> bytes:
+    import zstandard  # only where there are such files
+
+    try:
+        if data.startswith(_COMPRESSED[0]):
+            return gzip.decompress(data)
+        with zstandard.ZstdDecompressor().stream_reader(io.BytesIO(data), read_across_frames=True) as reader:
+            return bytes(reader.read())
+    except (OSError, EOFError, zlib.error, zstandard.ZstdError) as problem:
+        raise RuntimeError(f"'{source}' is damaged: {problem}") from None

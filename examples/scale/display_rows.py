@@ -2,7 +2,6 @@
 
 from __future__ import annotations
 
-from collections.abc import Iterable
 from dataclasses import dataclass, field
 from operator import attrgetter
 
@@ -10,17 +9,7 @@ import xxhash
 from vantro_profile import Profile, parse_profile
 
 from display_blocks import display_starts
-
-_ORIGIN = ("display_id", "source", "display", "line")
-_PARTS = ("number", "kind", "text", "code", "airline", "frequent_flyer_number", "free_text")
-TABLES = {
-    "profiles": (*_ORIGIN, "hash", "kind", "record_locator", "name", "office", "company_number", "company",
-                 "pin_number", "pin", "psl_number", "psl", "elements", "notes", "problems", "sections"),
-    "elements": ("display_id", "family", "position", *_PARTS),
-    "notes": ("display_id", "number", "qualifier", "text"),
-    "problems": (*_ORIGIN, "query", "error", "description"),
-}
-"""The names of the tables, with those of their columns."""
+from export_tables import ELEMENT_PARTS, TABLES, csv_line
 
 FAMILY_ORDER = (
     "SR RM AP OS FFN ST PHI PPH PCI PPC RC PPR PPS PGL PPA PPK PPI PXC PXA PXK PSH PSC PPT PXT "
@@ -30,24 +19,7 @@ FAMILY_ORDER = (
 _WIDTH = 80
 _MARK_LINES = 7
 _MARKS = {"*T*": "traveller", "*C*": "company"}
-_parts_of = attrgetter(*_PARTS)
-
-
-def csv_line(cells: Iterable[str]) -> str:
-    """A row in CSV, with quotation marks only where they are needed."""
-    cells = list(cells)
-    line = ",".join(cells)
-    # Nearly all rows need none, and this sees it at once.
-    if (" ," in line or ", " in line or '"' in line or "\r" in line or "\n" in line or " " in (line[:1], line[-1:])
-            or line.count(",") >= len(cells)):
-        line = ",".join(map(_quoted, cells))
-    return line + "\n"
-
-
-def _quoted(cell: str) -> str:
-    if cell.strip(" ") == cell and not any(mark in cell for mark in ',"\r\n'):
-        return cell
-    return '"' + cell.replace('"', '""') + '"'
+_parts_of = attrgetter(*ELEMENT_PARTS)
 
 
 def _units(text: str) -> int:

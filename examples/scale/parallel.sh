@@ -5,7 +5,8 @@
 #     parallel.sh HOST,HOST... TASKS_PER_HOST FOLDER TASKS JOB
 #
 # All hosts see FOLDER, the new folder JOB and this one under the same names, and have vantro-profile, or
-# VANTRO_PROFILE says where it is. PARALLEL_SSH may have another command than ssh. The check needs the Python package.
+# VANTRO_PROFILE says where it is. PARALLEL_SSH may have another command than ssh. For compressed files the check needs
+# the package zstandard for Python.
 set -euo pipefail
 hosts=$1 per_host=$2 folder=$3 tasks=$4
 here=$(cd "$(dirname "$0")" && pwd)

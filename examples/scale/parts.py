@@ -20,7 +20,7 @@ from collections.abc import Iterator
 from pathlib import Path
 
 from display_blocks import Block, bytes_of, display_starts, files_in, is_compressed, refusal
-from display_rows import TABLES, csv_line
+from export_tables import TABLES, csv_line
 
 
 def shares(sizes: list[int], tasks: int) -> list[int]:

@@ -11,7 +11,8 @@ from pathlib import Path
 from typing import Any, NamedTuple
 
 from display_blocks import Block, bytes_of
-from display_rows import TABLES, csv_line, rows_of
+from display_rows import rows_of
+from export_tables import TABLES, csv_line
 
 MANIFEST = "manifest.json"
 VERSION = 1

@@ -5,7 +5,7 @@
 #     submit.sh FOLDER TASKS JOB
 #
 # All nodes see FOLDER, the new folder JOB and this one under the same names, and have vantro-profile, or
-# VANTRO_PROFILE says where it is. The check needs the Python package.
+# VANTRO_PROFILE says where it is. For compressed files the check needs the package zstandard for Python.
 set -euo pipefail
 folder=$1 tasks=$2 job=$3
 slurm=$(cd "$(dirname "$0")" && pwd)

@@ -9,7 +9,8 @@ from pathlib import Path
 import pytest
 import zstandard
 from display_blocks import Block, bytes_of, counted, display_starts, files_in, first_cut, planned_blocks, refusal
-from display_rows import TABLES, csv_line, rows_of
+from display_rows import rows_of
+from export_tables import TABLES, csv_line
 from parts import check, shares
 from table_parts import gaps, manifest_of, numbered, part_file, write_part
 
