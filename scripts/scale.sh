@@ -1,9 +1,9 @@
 #!/usr/bin/env bash
 # Exports a generated archive in the ways of docs/scale.md, and compares each result, byte for byte, with that of one
-# run of the tool: Dask on three workers in network namespaces, of which one is killed; an array job on a Slurm of one node,
-# and GNU parallel over ssh to two hosts, both with a task that is killed. Needs root. Takes about a minute on two
-# cores, after the Debian packages that it installs and the tool. The last line of a green run is
-# "N passed, 0 failed, M skipped". Logs are in build/scale.
+# run of the tool: Dask on three workers in network namespaces, of which one is killed; an array job on a Slurm of one
+# node, and GNU parallel over ssh to two hosts, both with a task that is killed. Needs root. Takes about a minute on two
+# cores, after the Debian packages that it installs and the tool. The last line of a green run is "N passed, 0 failed,
+# M skipped". Logs are in build/scale.
 #
 # scripts/scale.sh figures measures displays per second for 1, 2 and 4 workers of Dask instead, and for the tool.
 set -euo pipefail
@@ -21,7 +21,7 @@ scale_packages=("${tool_packages[@]}" "${python_test_packages[@]}" iproute2 mung
 
 build() {
     cmake --preset ci-gcc
-    cmake --build --preset ci-gcc --target vantro_c bin/vantro-profile
+    cmake --build --preset ci-gcc --target vantro_c vantro_profile_cli
     cd bindings/python
     VANTRO_C_LIBRARY=$root/build/ci-gcc/bindings/c/libvantro-c.so.1 $python -W ignore setup.py -q build \
         --build-lib "$root/build/python/lib" --build-temp "$root/build/python/temp"
