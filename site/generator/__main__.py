@@ -18,7 +18,8 @@ EVERY_FAMILY = "samples/profiles/every_family.txt"
 
 GUIDES = ("cpp", "terminal", "scripts", "archives")
 # The documents in their order. One that is not named here comes after the library's.
-TOOL_PAGES = ("tool", "parse", "captures", "batch", "explain", "replay", "rows", "powershell")
+TOOL_PAGES = ("tool", "parse", "captures", "archives", "archive-queries", "scale", "batch", "explain", "replay",
+              "rows", "powershell")
 LIBRARY_PAGES = ("cpp", "c", "python", "javascript", "com", "com-keys", "built-in-terminal", "glossary", "peculiarities")
 PROJECT_PAGES = ("architecture", "testing", "benchmarks", "versions", "debian", "site")
 PROJECT_FILES = ("README.md", "CONTRIBUTING.md", "SECURITY.md", "CHANGELOG.md")
