@@ -9,7 +9,7 @@ cd "$(dirname "$0")/.."
 # shellcheck source=scripts/lib.sh
 source scripts/lib.sh
 
-install_missing "${tool_packages[@]}" python3 python3-zstandard
-step "archives: configure" cmake --preset release
-step "archives: build" cmake --build --preset release --target vantro_profile_cli
-/usr/bin/python3 tests/archives/archive_run.py build/release/bin/vantro-profile build/archives "$@"
+install_missing "${archive_packages[@]}"
+step "archives: configure" cmake --preset ci-gcc
+step "archives: build" cmake --build --preset ci-gcc --target vantro_profile_cli
+/usr/bin/python3 tests/archives/archive_run.py build/ci-gcc/bin/vantro-profile build/archives "$@"

@@ -1,17 +1,17 @@
 #!/usr/bin/env bash
 # The long checks, beside scripts/test.sh: format, shellcheck, clang-tidy and the sanitizers, other projects that use the
-# library, its binary interfaces, the packages for Python and JavaScript, the scalar variant, 64-bit ARM under an
-# emulator, threads, coverage, the exports of a shared build, hardening, the same bytes twice, the 32-bit COM clients, the
-# archive for Windows, the site, pages in a browser, the fuzz targets and a sample of mutations. Takes about forty-five
-# minutes on two cores, after the packages that it installs (Debian 12; root or sudo). The last line of a green run is
-# "N passed, 0 failed, M skipped".
+# library, its binary interfaces, the packages for Python and JavaScript, exported archives, the scalar variant, 64-bit
+# ARM under an emulator, threads, coverage, the exports of a shared build, hardening, the same bytes twice, the 32-bit COM
+# clients, the archive for Windows, the site, pages in a browser, the fuzz targets and a sample of mutations. Takes about
+# forty-five minutes on two cores, after the packages that it installs (Debian 12; root or sudo). The last line of a green
+# run is "N passed, 0 failed, M skipped".
 set -euo pipefail
 cd "$(dirname "$0")/.."
 # shellcheck source=scripts/lib.sh
 source scripts/lib.sh
 
 check_format() { our_sources | xargs -0 clang-format --dry-run -Werror; }
-check_scripts() { shellcheck -x -S warning scripts/*.sh packaging/windows/*.sh packaging/windows/test/*.sh packaging/debian/tests/{tool,python,cpp,c} .ci/run; }
+check_scripts() { shellcheck -x -S warning scripts/*.sh packaging/windows/*.sh packaging/windows/test/*.sh packaging/debian/tests/{tool,python,cpp,c} examples/scale/*.sh examples/scale/slurm/* .ci/run; }
 
 main() {
     install_missing "${check_packages[@]}"
@@ -23,6 +23,7 @@ main() {
     count_closing_line "binary interfaces" bash scripts/abi.sh check
     count_closing_line "Python packages" bash scripts/python.sh
     count_closing_line "npm package and playground" bash scripts/javascript.sh
+    count_closing_line "archives" bash scripts/archives.sh
     count_closing_line "examples for automation clients" bash scripts/com-languages.sh
     build_and_test scalar
     build_and_test arm64

@@ -192,8 +192,9 @@ our_sources() {
     arm64_packages=("${tool_packages[@]}" googletest g++-aarch64-linux-gnu qemu-user)
     browser_packages=("${tool_packages[@]}" libgtest-dev libgmock-dev chromium chromium-driver fonts-dejavu-core
         python3 python3-selenium)
+    archive_packages=("${tool_packages[@]}" libgtest-dev libgmock-dev pkg-config python3 python3-zstandard)
     check_packages=("${test_packages[@]}" "${python_packages[@]}" "${com_x86_packages[@]}" "${exports_packages[@]}"
         "${arm64_packages[@]}" "${browser_packages[@]}" "${com_language_packages[@]}" "${windows_zip_packages[@]}"
-        "${abi_packages[@]}" "${javascript_packages[@]}" "${site_packages[@]}" clang clang-format clang-tidy
-        libclang-rt-dev lld git python3 shellcheck util-linux)
+        "${abi_packages[@]}" "${javascript_packages[@]}" "${site_packages[@]}" "${archive_packages[@]}"
+        clang clang-format clang-tidy libclang-rt-dev lld git python3 shellcheck util-linux)
 }
