@@ -45,7 +45,11 @@ void Exporter::take(const PieceRows& piece) {
 }
 
 void Exporter::endSource(const std::string& problem) {
-    if (position_.displays < passedOver_) refuseChanged();
+    if (position_.displays < passedOver_) {
+        // The numbers of all later displays depend on this source.
+        if (!problem.empty()) throw UsageError("the export cannot be continued: " + problem);
+        refuseChanged();
+    }
     displaysBefore_ += source_.displays;
     if (problem.empty() || source_.displays > 0) {
         source_.isDone = true;

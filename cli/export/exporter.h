@@ -43,7 +43,8 @@ public:
     /// Raises UsageError for a source that was changed since a part of it was exported.
     void take(const PieceRows& piece) override;
 
-    /// A source that ended early before its first display is not noted, so that the next run tries it again.
+    /// A source that ended early before its first display is not noted, so that the next run tries it again. Raises
+    /// UsageError for one in which the last run was interrupted, if it ends earlier now.
     void endSource(const std::string& problem) override;
 
     /// Commits, and ends the run at this time.

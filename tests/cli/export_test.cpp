@@ -304,6 +304,8 @@ TEST_F(Export, TheInterruptedFileMustBeNamedAndUnchanged) {
     EXPECT_NE(exported({file}).err.find("was changed since a part of it"), std::string::npos);
     folder_.write("a.txt", travellers(1));
     EXPECT_NE(exported({file}).err.find("was changed since a part of it"), std::string::npos);
+    fs::remove(file);
+    EXPECT_NE(exported({file}).err.find("cannot be continued: cannot read the file"), std::string::npos);
 }
 
 TEST_F(Export, TwoProgramsCannotWriteAtTheSameTime) {
