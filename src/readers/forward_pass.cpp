@@ -121,7 +121,7 @@ private:
             if (!lines_.advance()) return false;
             if (line_.isBlank()) continue;
             const TextView more = line_.trimmed();
-            if (line_.prefixes.anywhere.any() || contains(more.substr(0, 3), u"/")) return lines_.refuse();
+            if (line_.prefixes.anywhere.any() || more.substr(0, 3).find(u'/') != TextView::npos) return lines_.refuse();
             if (rule == JoinRule::ColonAfterBlank && isColonLine(more)) joining_ += u' ';
             joining_ += more;
         }
@@ -179,10 +179,10 @@ private:
     /// Remarks may continue on two lines, the other families on one.
     void readJoined(FamilySet families) {
         joining_ = line_.rightTrimmed();
-        joining_ += trimmed(lines_.next());
+        joining_ += trimmedLine(lines_.next());
         storeJoined(codesIn(joining_) & (families & oneLineJoiners), transferableTextColumn);
         const TextView third = lines_.nextButOne();
-        if (continuesTransferable(third)) joining_ += trimmed(third);
+        if (continuesTransferable(third)) joining_ += trimmedLine(third);
         storeJoined(codesIn(joining_) & (families & twoLineJoiners), transferableTextColumn);
     }
 

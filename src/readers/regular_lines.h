@@ -31,6 +31,14 @@ bool beginsWithBlanks(TextView line) {
 inline constexpr auto continuesElement = beginsWithBlanks<elementIndent.value>;
 inline constexpr auto continuesTransferable = beginsWithBlanks<transferableIndent.value>;
 
+/// A line of 80 characters without the blanks around its text.
+inline TextView trimmedLine(TextView line) {
+    const LineBits printed = ~LineCharacters<lineLength>(line.data()).blanks();
+    const std::size_t end = printed.end();
+    const std::size_t begin = std::min(printed.lowest(), end);
+    return {line.data() + begin, end - begin};
+}
+
 /// The current line. Positions count from 0 in the line, columns from 1 in the trimmed line.
 struct PassedLine {
     const char16_t* characters = nullptr;
