@@ -1,7 +1,8 @@
 // Sixteen characters, each narrowed to a byte, compared in one step. `narrow` turns a character above 0xFF into a byte
 // that is no printable ASCII character. `equal` and `equalPairs` set all bits of each byte that equals an ASCII
 // character or belongs to an equal pair; pairs begin at even positions only. `bits` returns one bit per byte, the first
-// character lowest. The variants for SSE2, for 64-bit ARM and without vector instructions have the same results.
+// character lowest. `prefetch` asks for text that will be read soon, where instructions for it exist. The variants for
+// SSE2, for 64-bit ARM and without vector instructions have the same results.
 #pragma once
 
 #include <algorithm>
@@ -22,6 +23,7 @@ struct Bytes {
         const auto eight = [](const void* from) { return _mm_loadu_si128(static_cast<const __m128i*>(from)); };
         return {_mm_packus_epi16(eight(text), eight(text + 8))};
     }
+    static void prefetch(const char16_t* text) { _mm_prefetch(reinterpret_cast<const char*>(text), _MM_HINT_T0); }
     Bytes equal(char wanted) const { return {_mm_cmpeq_epi8(value, _mm_set1_epi8(wanted))}; }
     Bytes equalPairs(char left, char right) const {
         return {_mm_cmpeq_epi16(value, _mm_set1_epi16(static_cast<short>(left | right << 8)))};
@@ -42,6 +44,7 @@ struct Bytes {
     static constexpr std::size_t count = 16;
     uint8x16_t value;
 
+    static void prefetch(const char16_t* /*text*/) {}
     static Bytes narrow(const char16_t* text) {
         const auto eight = [](const void* from) {
             return vqmovn_u16(vreinterpretq_u16_u8(vld1q_u8(static_cast<const std::uint8_t*>(from))));
@@ -72,6 +75,7 @@ struct Bytes {
     static constexpr std::size_t count = 16;
     std::array<std::uint8_t, count> value;
 
+    static void prefetch(const char16_t* /*text*/) {}
     static Bytes narrow(const char16_t* text) {
         Bytes bytes;
         for (std::size_t at = 0; at < count; ++at) {

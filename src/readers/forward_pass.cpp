@@ -64,7 +64,7 @@ private:
     bool mayConcernRemarkConf() const {
         const bool isContinuation = !line_.isBlank() && continuesTransferable(line_.whole());
         if (isContinuation || line_.beginsWith(transferableBoundary)) return true;
-        return codesIn(line_.rightTrimmed(), line_.blanks).contains(Family::RemarkConf);
+        return codesIn(line_.rightTrimmed(), ~line_.printed).contains(Family::RemarkConf);
     }
 
     // Sections.
@@ -121,8 +121,7 @@ private:
             if (!lines_.advance()) return false;
             if (line_.isBlank()) continue;
             const TextView more = line_.trimmed();
-            if (line_.prefixes.anywhere.any() || (line_.slashes & LineBits::range(line_.begin, 3)).any())
-                return lines_.refuse();
+            if (line_.prefixes.anywhere.any() || more.substr(0, 3).find(u'/') != TextView::npos) return lines_.refuse();
             if (rule == JoinRule::ColonAfterBlank && isColonLine(more)) joining_ += u' ';
             joining_ += more;
         }
@@ -169,7 +168,7 @@ private:
             if (continuesTransferable(lines_.next())) {
                 readJoined(families);
             } else {
-                const FamilySet codes = codesIn(line_.rightTrimmed(), line_.blanks) & families;
+                const FamilySet codes = codesIn(line_.rightTrimmed(), ~line_.printed) & families;
                 codes.forEach([&](Family family) { found_.push_back(line_.transferable(family)); });
             }
             if (!lines_.advance()) return;
@@ -180,10 +179,10 @@ private:
     /// Remarks may continue on two lines, the other families on one.
     void readJoined(FamilySet families) {
         joining_ = line_.rightTrimmed();
-        joining_ += trimmed(lines_.next());
+        joining_ += trimmedLine(lines_.next());
         storeJoined(codesIn(joining_) & (families & oneLineJoiners), transferableTextColumn);
         const TextView third = lines_.nextButOne();
-        if (continuesTransferable(third)) joining_ += trimmed(third);
+        if (continuesTransferable(third)) joining_ += trimmedLine(third);
         storeJoined(codesIn(joining_) & (families & twoLineJoiners), transferableTextColumn);
     }
 
@@ -205,7 +204,7 @@ private:
     void storeJoined(FamilySet families, Column textColumn) {
         if (families.empty()) return;
         const TextView kept = joiner_.keep(joining_);
-        families.forEach([&](Family family) { found_.push_back({family, textColumn, kept}); });
+        families.forEach([&](Family family) { found_.emplace_back(family, textColumn, kept); });
     }
 
     Joiner& joiner_;

@@ -31,11 +31,18 @@ bool beginsWithBlanks(TextView line) {
 inline constexpr auto continuesElement = beginsWithBlanks<elementIndent.value>;
 inline constexpr auto continuesTransferable = beginsWithBlanks<transferableIndent.value>;
 
+/// A line of 80 characters without the blanks around its text.
+inline TextView trimmedLine(TextView line) {
+    const LineBits printed = ~LineCharacters<lineLength>(line.data()).blanks();
+    const std::size_t end = printed.end();
+    const std::size_t begin = std::min(printed.lowest(), end);
+    return {line.data() + begin, end - begin};
+}
+
 /// The current line. Positions count from 0 in the line, columns from 1 in the trimmed line.
 struct PassedLine {
     const char16_t* characters = nullptr;
-    LineBits blanks;  ///< characters after the line's end count as blanks
-    LineBits slashes;
+    LineBits printed;       ///< the characters that are not blank
     std::size_t begin = 0;  ///< of the trimmed line
     std::size_t end = 0;
     LinePrefixes prefixes;
@@ -49,7 +56,7 @@ struct PassedLine {
     /// The number of blanks from a column on; columns after the line's end count as blank.
     std::size_t blanksFrom(Column column) const {
         const std::size_t position = begin + positionOf(column);
-        return (~blanks & LineBits::from(position)).lowest() - position;
+        return (printed & LineBits::from(position)).lowest() - position;
     }
 
     /// True for five blanks that other characters follow.
@@ -60,11 +67,11 @@ struct PassedLine {
 
     /// The position of the first character at or after this position that is not blank, or the end.
     std::size_t textFrom(std::size_t position) const {
-        return std::min((~blanks & LineBits::from(position)).lowest(), end);
+        return std::min((printed & LineBits::from(position)).lowest(), end);
     }
 
     FoundElement transferable(Family family) const {
-        const LineBits number = ~blanks & LineBits::range(positionOf(transferableNumber.from),
+        const LineBits number = printed & LineBits::range(positionOf(transferableNumber.from),
                                                           static_cast<std::size_t>(transferableNumber.width.value));
         const std::size_t numberEnd = number.end();
         return {family, rightTrimmed(), std::min(number.lowest(), numberEnd), numberEnd,
@@ -73,7 +80,7 @@ struct PassedLine {
 
     /// The element with the number in columns 1 and 2 and the text from a column on.
     FoundElement element(Family family, Column textColumn) const {
-        const std::size_t numberEnd = begin + (blanks.contains(begin + 1) ? 1 : 2);
+        const std::size_t numberEnd = begin + (printed.contains(begin + 1) ? 2 : 1);
         return {family, rightTrimmed(), begin, numberEnd, textFrom(begin + positionOf(textColumn))};
     }
 };
@@ -113,18 +120,17 @@ public:
     /// Moves to the next line. Returns false if it is a rule, the end, or irregular.
     bool advance() {
         if (next_ == wholeLinesEnd_) return stop(stateOfLastPiece());
+        prefetchAhead();
         const LineLook seen = look<lineLength>(next_);
-        const LineBits characters = ~seen.blanks;
         line_.characters = next_;
-        line_.blanks = seen.blanks;
-        line_.slashes = seen.slashes;
-        line_.end = characters.end();
-        line_.begin = std::min(characters.lowest(), line_.end);
+        line_.printed = ~seen.blanks;
+        line_.end = line_.printed.end();
+        line_.begin = std::min(line_.printed.lowest(), line_.end);
         line_.prefixes = LinePrefixes();
         next_ += lineLength;
         if (seen.mayContainMark) {
             const LineMarks marks = marksOf(line_.whole());
-            if (marks.any()) return stop(stateOf(marks));
+            if (marks.any()) return stop(stateOf(marks, seen.slashes.any()));
         }
         if (seen.slashes.any()) {
             line_.prefixes = prefixesIn(line_.whole(), seen.slashes, line_.begin);
@@ -144,6 +150,16 @@ private:
     bool stop(State state) {
         state_ = state;
         return false;
+    }
+
+    /// Asks for a line that will be reached soon. Lines are passed faster than a display arrives that is not in the
+    /// processor's caches.
+    void prefetchAhead() const {
+        constexpr std::ptrdiff_t distance = 16 * lineLength;
+        constexpr std::ptrdiff_t cacheLine = 64 / sizeof(char16_t);
+        const char16_t* const ahead = next_ + std::min(distance, wholeLinesEnd_ - next_ - std::ptrdiff_t{lineLength});
+        for (std::ptrdiff_t part = 0; part < std::ptrdiff_t{lineLength}; part += cacheLine)
+            Bytes::prefetch(ahead + part);
     }
 
     TextView wholeLine(const char16_t* line) const {
@@ -167,13 +183,13 @@ private:
         return isPrompt || isEndText ? State::AtEnd : State::Irregular;
     }
 
-    State stateOf(LineMarks marks) {
+    State stateOf(LineMarks marks, bool containsSlash) {
         if (marks.isEndOfDisplay()) return stateOfEnd(line_.rightTrimmed(), marks);
         const std::bitset<sectionCount> headers = marks.headers();
         const bool isAgain = (headers & opened_).any() || isOpened(Section::Notes);
         if (number() == 0 || !line_.beginsWith(sectionRule) || isAgain || headers.count() > 1) return State::Irregular;
         opened_ |= headers;
-        if (opened_.any() && line_.slashes.any()) return State::Irregular;
+        if (opened_.any() && containsSlash) return State::Irregular;
         header_ =
             headers.any() ? std::optional(static_cast<Section>(std::countr_zero(headers.to_ulong()))) : std::nullopt;
         isRuled_ = isRuled_ || header_ != Section::Transferable;
