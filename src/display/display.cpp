@@ -154,7 +154,10 @@ std::optional<Display::MarkedLine> Display::nextHeaderOrEnd(Section section, Cou
         return marks.containsHeader(section) || marks.isEndOfDisplay();
     };
     if (!screen_.linesAreSlices()) return nextFetched(from, isWanted);
-    for (std::size_t index = nextMarkedIndex(from);; ++index) {
+    const bool isFirst = swept_ == 0;
+    if (isFirst)
+        swept_ = std::min(nextLineWithHeaderOrEnd(section, text(), static_cast<std::size_t>(from.value())), size_);
+    for (std::size_t index = isFirst ? 0 : nextMarkedIndex(from);; ++index) {
         const MarkedLine* const marked = markedAt(index);
         if (marked == nullptr) return std::nullopt;
         if (isWanted(marked->marks)) return *marked;

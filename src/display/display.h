@@ -103,7 +103,9 @@ public:
     /// The first line at or after `from` that contains a mark, if there is one.
     std::optional<MarkedLine> nextMarked(Counter from);
 
-    /// The first line at or after `from` that contains the section's header or ends the display, if there is one.
+    /// The first line at or after `from` that contains the section's header or ends the display, if there is one. The
+    /// first search keeps nothing of the lines that it passes over: unless lines were read before, later searches must
+    /// begin at or after the line that it found.
     std::optional<MarkedLine> nextHeaderOrEnd(Section section, Counter from);
 
     /// The section's header in a line that contains it.
@@ -153,7 +155,7 @@ private:
     Screen screen_;
     std::size_t size_;
     ReadLines lines_;
-    std::size_t swept_ = 0;                // the number of lines, from line 0, whose marks are known
+    std::size_t swept_ = 0;                // the first line whose marks are not known
     std::pmr::vector<MarkedLine> marked_;  // those among them that contain marks
 };
 
