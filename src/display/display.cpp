@@ -87,15 +87,9 @@ void Display::sweepNext() {
     if (swept_ < size_) noteSwept(marksOf(screen_.line(static_cast<std::int16_t>(swept_))));
 }
 
-/// Sweeps all lines before `index`.
-void Display::sweepTo(std::size_t index) {
-    while (swept_ < std::min(index, size_)) sweepNext();
-}
-
 /// The index in the list of all marked lines of the first one at or after line `from`. That line may be swept only
-/// later.
+/// later. All lines before it are swept: readers search from a line that they read or found.
 std::size_t Display::nextMarkedIndex(Counter from) {
-    sweepTo(static_cast<std::size_t>(from.value()));
     const auto found = std::ranges::lower_bound(marked_, from, {}, &MarkedLine::number);
     return static_cast<std::size_t>(found - marked_.begin());
 }

@@ -105,7 +105,7 @@ public:
 
     /// The first line at or after `from` that contains the section's header or ends the display, if there is one. The
     /// first search keeps nothing of the lines that it passes over: unless lines were read before, later searches must
-    /// begin at or after the line that it found.
+    /// begin at the line that it found, or after it and not after the first line that was not read.
     std::optional<MarkedLine> nextHeaderOrEnd(Section section, Counter from);
 
     /// The section's header in a line that contains it.
@@ -141,7 +141,6 @@ private:
     void saySearched(Section section, Counter from, const std::optional<MarkedLine>& found);
     const DisplayLine& readLine(std::size_t index);
     void sweepNext();
-    void sweepTo(std::size_t index);
     void noteSwept(LineMarks marks) {
         if (marks.any()) marked_.push_back({Counter(static_cast<std::int16_t>(swept_)), marks});
         ++swept_;
