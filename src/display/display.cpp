@@ -87,15 +87,9 @@ void Display::sweepNext() {
     if (swept_ < size_) noteSwept(marksOf(screen_.line(static_cast<std::int16_t>(swept_))));
 }
 
-/// Sweeps all lines before `index`.
-void Display::sweepTo(std::size_t index) {
-    while (swept_ < std::min(index, size_)) sweepNext();
-}
-
 /// The index in the list of all marked lines of the first one at or after line `from`. That line may be swept only
-/// later.
+/// later. All lines before it are swept: readers search from a line that they read or found.
 std::size_t Display::nextMarkedIndex(Counter from) {
-    sweepTo(static_cast<std::size_t>(from.value()));
     const auto found = std::ranges::lower_bound(marked_, from, {}, &MarkedLine::number);
     return static_cast<std::size_t>(found - marked_.begin());
 }
@@ -154,7 +148,10 @@ std::optional<Display::MarkedLine> Display::nextHeaderOrEnd(Section section, Cou
         return marks.containsHeader(section) || marks.isEndOfDisplay();
     };
     if (!screen_.linesAreSlices()) return nextFetched(from, isWanted);
-    for (std::size_t index = nextMarkedIndex(from);; ++index) {
+    const bool isFirst = swept_ == 0;
+    if (isFirst)
+        swept_ = std::min(nextLineWithHeaderOrEnd(section, text(), static_cast<std::size_t>(from.value())), size_);
+    for (std::size_t index = isFirst ? 0 : nextMarkedIndex(from);; ++index) {
         const MarkedLine* const marked = markedAt(index);
         if (marked == nullptr) return std::nullopt;
         if (isWanted(marked->marks)) return *marked;

@@ -103,7 +103,9 @@ public:
     /// The first line at or after `from` that contains a mark, if there is one.
     std::optional<MarkedLine> nextMarked(Counter from);
 
-    /// The first line at or after `from` that contains the section's header or ends the display, if there is one.
+    /// The first line at or after `from` that contains the section's header or ends the display, if there is one. The
+    /// first search keeps nothing of the lines that it passes over: unless lines were read before, later searches must
+    /// begin at the line that it found, or after it and not after the first line that was not read.
     std::optional<MarkedLine> nextHeaderOrEnd(Section section, Counter from);
 
     /// The section's header in a line that contains it.
@@ -139,7 +141,6 @@ private:
     void saySearched(Section section, Counter from, const std::optional<MarkedLine>& found);
     const DisplayLine& readLine(std::size_t index);
     void sweepNext();
-    void sweepTo(std::size_t index);
     void noteSwept(LineMarks marks) {
         if (marks.any()) marked_.push_back({Counter(static_cast<std::int16_t>(swept_)), marks});
         ++swept_;
@@ -153,7 +154,7 @@ private:
     Screen screen_;
     std::size_t size_;
     ReadLines lines_;
-    std::size_t swept_ = 0;                // the number of lines, from line 0, whose marks are known
+    std::size_t swept_ = 0;                // the first line whose marks are not known
     std::pmr::vector<MarkedLine> marked_;  // those among them that contain marks
 };
 

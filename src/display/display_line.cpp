@@ -99,6 +99,47 @@ std::size_t nextLineThatMayContainMark(TextView display, std::size_t from) {
     return line;
 }
 
+namespace {
+
+/// True when the text begins at a position, which may be outside the line.
+bool containsAt(TextView line, std::size_t position, TextView text) {
+    return position < line.size() && beginsWithHeader(line.substr(position), text);
+}
+
+/// True when the first match of the pre-filter belongs to the header or ends the display.
+bool isHeaderOrEndAt(TextView line, LineBits matches, TextView header) {
+    constexpr std::size_t endPair = mark::endOfDisplay.find(endTextPairs[0]);
+    static_assert(mark::endOfDisplay.find(endTextPairs[1]) == endPair + 1);
+    const std::size_t position = matches.lowest();
+    switch (line[position]) {
+        case u'>': return true;
+        case u'-':
+            // The last pair of a rule's hyphens is at its end or one character before it.
+            return !matches.contains(position + 2) && (containsAt(line, position - (sectionRule.size() - 2), header) ||
+                                                       containsAt(line, position - (sectionRule.size() - 3), header));
+        case u'S': return containsAt(line, position - endPair, mark::endOfDisplay);
+        case u'P': return containsAt(line, position - (endPair + 1), mark::endOfDisplay);
+    }
+    return false;
+}
+
+}  // namespace
+
+std::size_t nextLineWithHeaderOrEnd(Section section, TextView display, std::size_t from) {
+    const TextView header = sectionHeaders[indexOf(section)];
+    const std::size_t wholeLines = display.size() / screenWidth;
+    std::size_t number = from;
+    for (; number < wholeLines; ++number) {
+        const TextView line(display.data() + number * screenWidth, screenWidth);
+        const LineCharacters<screenWidth> characters(line.data());
+        if (!characters.any(pairsInMarks)) continue;
+        for (LineBits matches = characters.matches(pairsInMarks); matches.any(); matches.removeLowest()) {
+            if (isHeaderOrEndAt(line, matches, header)) return number;
+        }
+    }
+    return number;
+}
+
 LineMarks marksOf(TextView line) {
     return withCharacters(line, [&](const auto& characters) { return marksByBits(line, characters); });
 }

@@ -50,8 +50,11 @@ private:
 LineMarks marksOf(TextView line);
 
 /// Pre-filter: the first line at or after `from` that may contain a mark, in a display cut into lines of 80 characters.
-/// Returns the number of complete lines when there is none.
+/// Returns the number of complete lines when there is none, or `from` if that is more.
 std::size_t nextLineThatMayContainMark(TextView display, std::size_t from);
+
+/// The same for a line that contains the section's header or ends the display.
+std::size_t nextLineWithHeaderOrEnd(Section section, TextView display, std::size_t from);
 
 /// A set of element families.
 class FamilySet {

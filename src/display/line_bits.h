@@ -106,9 +106,15 @@ public:
 
     /// The positions of an ASCII character.
     LineBits where(char wanted) const {
+        return matches([wanted](Bytes bytes) { return bytes.equal(wanted); });
+    }
+
+    /// The positions of the characters that `test` matches.
+    template <class Test>
+    LineBits matches(Test test) const {
         std::uint64_t words[2] = {0, 0};
         for (std::size_t group = 0; group < groupCount; ++group) {
-            const std::uint64_t bits = groups_[group].equal(wanted).bits();
+            const std::uint64_t bits = test(groups_[group]).bits();
             words[group / 4] |= bits << (group % 4 * Bytes::count);
         }
         return {words[0], words[1]};

@@ -2,12 +2,6 @@
 
 namespace vantro {
 
-void JoinedText::trim() {
-    if (watch_) trimParts();
-    text_.resize(withoutPadding(text_).size());
-    if (text_.starts_with(u' ')) text_.erase(0, text_.find_first_not_of(u' '));
-}
-
 void JoinedText::addPart(TextView part, bool isInserted) { parts_.push_back({part, isInserted}); }
 
 void JoinedText::trimParts() {

@@ -41,7 +41,11 @@ public:
     }
 
     /// Removes the blanks at both ends.
-    void trim();
+    void trim() {
+        if (watch_) trimParts();
+        text_.resize(withoutPadding(text_).size());
+        if (text_.starts_with(u' ')) text_.erase(0, text_.find_first_not_of(u' '));
+    }
 
     bool empty() const { return text_.empty(); }
     std::size_t size() const { return text_.size(); }

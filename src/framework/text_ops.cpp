@@ -53,16 +53,6 @@ bool isBlank(TextView text) {
     return Bytes::narrow(last).equal(' ').bits() == all;
 }
 
-TextView withoutPadding(TextView text) {
-    while (text.size() >= Bytes::count) {
-        const unsigned blanks = Bytes::narrow(text.data() + text.size() - Bytes::count).equal(' ').bits();
-        const auto atEnd = static_cast<std::size_t>(std::countl_one(static_cast<std::uint16_t>(blanks)));
-        text.remove_suffix(atEnd);
-        if (atEnd < Bytes::count) return text;
-    }
-    return rightTrimmed(text);
-}
-
 Text concat(std::initializer_list<TextView> parts) {
     std::size_t length = 0;
     for (const TextView part : parts) length += part.size();

@@ -2,10 +2,12 @@
 // are views of the argument.
 #pragma once
 
+#include "framework/bytes.h"
 #include "vantro/error.h"
 #include "vantro/text.h"
 
 #include <algorithm>
+#include <bit>
 #include <cstddef>
 #include <cstring>
 #include <initializer_list>
@@ -66,7 +68,15 @@ constexpr TextView rightTrimmed(TextView text) {
 }
 
 /// The same as `rightTrimmed`, faster where many blanks are at the end.
-TextView withoutPadding(TextView text);
+inline TextView withoutPadding(TextView text) {
+    while (text.size() >= Bytes::count) {
+        const unsigned blanks = Bytes::narrow(text.data() + text.size() - Bytes::count).equal(' ').bits();
+        const auto atEnd = static_cast<std::size_t>(std::countl_one(static_cast<std::uint16_t>(blanks)));
+        text.remove_suffix(atEnd);
+        if (atEnd < Bytes::count) return text;
+    }
+    return rightTrimmed(text);
+}
 
 constexpr TextView trimmed(TextView text) {
     while (text.starts_with(u' ')) text.remove_prefix(1);

@@ -15,14 +15,39 @@ namespace vantro {
 
 namespace {
 
-/// Replaces the entry at an index, which is at most one beyond the last entry.
-void put(TextList& list, std::size_t index, TextView text) {
-    if (index < list.size()) {
-        list[index].assign(text);
-    } else {
+/// The size up to which a text needs no allocation.
+const std::size_t shortText = Text().capacity();
+
+}  // namespace
+
+void ElementLists::add(TextList& list, TextView text) {
+    if (spare_.empty() || text.size() <= shortText) {
         list.emplace_back(text);
+    } else {
+        list.push_back(std::move(spare_.back()));
+        spare_.pop_back();
+        list.back().assign(text);
     }
 }
+
+void ElementLists::cut(TextList& list, std::size_t length) noexcept {
+    for (; list.size() > length; list.pop_back()) {
+        Text& last = list.back();
+        if (last.capacity() > shortText && spare_.size() < mostSpare) spare_.push_back(std::move(last));
+    }
+}
+
+void ElementLists::cutTo(std::size_t length, std::span<const ElementPart> parts) noexcept {
+    for (const ElementPart part : parts) {
+        if (part == ElementPart::Asterisk) {
+            asterisks().resize(std::min(asterisks().size(), length));
+        } else {
+            cut(texts(part), length);
+        }
+    }
+}
+
+namespace {
 
 /// Stores every part of the elements in its list. The entries of earlier elements are replaced, which saves
 /// allocations. Lists stay unchanged when there is no element.
@@ -40,10 +65,10 @@ public:
                 store(split(found[stored]), stored + firstIndex_);
             }
         } catch (...) {
-            cutTo(stored + firstIndex_);
+            lists_.cutTo(stored + firstIndex_, parts_);
             throw;
         }
-        cutTo(stored + firstIndex_);
+        lists_.cutTo(stored + firstIndex_, parts_);
     }
 
 private:
@@ -53,19 +78,7 @@ private:
                 lists_.asterisks().resize(index);
                 lists_.asterisks().push_back(element.asterisk);
             } else {
-                put(lists_.texts(part), index, element.*rowOf(part).value);
-            }
-        }
-    }
-
-    /// Cuts longer lists to a length.
-    void cutTo(std::size_t length) {
-        for (const ElementPart part : parts_) {
-            if (part == ElementPart::Asterisk) {
-                lists_.asterisks().resize(std::min(lists_.asterisks().size(), length));
-            } else {
-                TextList& list = lists_.texts(part);
-                list.resize(std::min(list.size(), length));
+                lists_.put(part, index, element.*rowOf(part).value);
             }
         }
     }
@@ -75,10 +88,11 @@ private:
     std::size_t firstIndex_;
 };
 
-void cutToEntry0(ElementLists& lists) {
-    lists.texts(ElementPart::WholeText).resize(1);
-    lists.texts(ElementPart::Number).resize(1);
+void addEntry0(ElementLists& lists) {
+    for (const ElementPart part : detail::wholeParts) lists.texts(part).resize(1);
 }
+
+void cutToEntry0(ElementLists& lists) { lists.cutTo(1, detail::wholeParts); }
 
 /// Cuts lists back to entry 0 at the end of a call that stored no element, also of one that failed before it read a
 /// line. The entries stay until then, because elements that are found replace them.
@@ -135,7 +149,7 @@ ElementLists& ProfileLists::listsOf(Family family) const {
     std::unique_ptr<ElementLists>& lists = lists_[indexOf(family)];
     if (!lists) {
         auto made = std::make_unique<ElementLists>();
-        if (!isTransferable(family)) cutToEntry0(*made);
+        if (!isTransferable(family)) addEntry0(*made);
         lists = std::move(made);
     }
     return *lists;

@@ -8,6 +8,7 @@
 #include <array>
 #include <cstdint>
 #include <memory>
+#include <span>
 
 namespace vantro {
 
@@ -21,7 +22,28 @@ public:
     FlagList& asterisks() { return asterisks_; }
     const FlagList& asterisks() const { return asterisks_; }
 
+    ElementLists() { spare_.reserve(mostSpare); }
+
+    /// Replaces the entry at an index, which is at most one beyond the last entry.
+    void put(ElementPart part, std::size_t index, TextView text) {
+        TextList& list = texts(part);
+        if (index < list.size()) {
+            list[index].assign(text);
+        } else {
+            add(list, text);
+        }
+    }
+
+    /// Cuts the lists of these parts to a length, if they are longer.
+    void cutTo(std::size_t length, std::span<const ElementPart> parts) noexcept;
+
 private:
+    static constexpr std::size_t mostSpare = 64;
+
+    void add(TextList& list, TextView text);
+    void cut(TextList& list, std::size_t length) noexcept;
+
+    TextList spare_;  // texts that were cut off: their memory is used again
     std::array<TextList, indexOf(ElementPart::Asterisk)> texts_;
     FlagList asterisks_;
 };

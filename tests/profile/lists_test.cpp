@@ -73,6 +73,37 @@ TEST(FlagList, HasAFalseEntryPerServiceRequest) {
     EXPECT_EQ(*object->flagList(u"blnServiceRequestFlag"), FlagList({false, false}));
 }
 
+/// A display with this many elements of one family, all with texts of this length.
+Text displayWithElements(std::size_t count, std::size_t length) {
+    const auto padded = [](Text line) {
+        line.resize(80, u' ');
+        return line;
+    };
+    Text display = Text(80, u' ') + padded(u"------- PRIORITY");
+    for (std::size_t index = 0; index < count; ++index) {
+        display += padded(u"   1 PPR/ " + Text(length, static_cast<char16_t>(u'A' + index % 26)));
+    }
+    return display + padded(u">") + u">";  // a section without elements ends at one, the display at the next
+}
+
+TEST(Lists, OfAnObjectThatReadLongerAndShorterDisplaysAreThoseOfANewOne) {
+    BuiltInTerminal terminal;
+    const auto used = createObject(u"CProfile", terminal);
+    const auto count = [](ProfileObject& object, TextView display) {
+        return findCount(*findClass(u"CProfile"), u"PPRElementsCount")->call(object, CountRequest{display, {}, {}});
+    };
+    for (const std::size_t elements : {90U, 1U, 80U, 0U, 3U, 100U, 2U}) {
+        for (const std::size_t length : {5U, 40U, 7U, 8U, 60U}) {
+            const Text display = displayWithElements(elements, length);
+            const auto fresh = createObject(u"CProfile", terminal);
+            ASSERT_EQ(count(*used, display), elements);
+            ASSERT_EQ(count(*fresh, display), elements);
+            EXPECT_EQ(*used->list(u"strPPRText"), *fresh->list(u"strPPRText"));
+            EXPECT_EQ(*used->list(u"strPPRNumber"), *fresh->list(u"strPPRNumber"));
+        }
+    }
+}
+
 TEST(NoteLists, AreNamedInTheHeader) {
     BuiltInTerminal terminal;
     const auto object = createObject(u"CProfileNotes", terminal);
