@@ -3,7 +3,8 @@
 # the middle, removes rows for --check to find, and asks the queries of docs/archive-queries.md.
 #
 # scripts/archives.sh [--displays N] [--pipe GIGABYTES]: 20,000 displays and 0.2 GB through a pipe unless told
-# otherwise. A million displays take about XX minutes and YY GB of disk. The last line is "N passed, N failed, N skipped".
+# otherwise. A million displays take about half an hour and 25 GB of disk. The last line is "N passed, N failed, N
+# skipped".
 set -euo pipefail
 cd "$(dirname "$0")/.."
 # shellcheck source=scripts/lib.sh

@@ -149,6 +149,8 @@ int exportTo(ExportOptions& options) {
     Exporter exporter(*archive, {.run = runs + 1, .started = utcNow(), .version = VANTRO_VERSION},
                       options.input.maxLine);
     const int status = std::max(planStatus, readSources(options.input, exporter));
+    // For millions of displays that takes minutes.
+    if (isDatabase(options.target)) say("all files are read; making the indexes and the search");
     const RunState& run = exporter.finish(utcNow());
     say(totalsOf(run));
     return std::max(status, run.rows.at(indexOf(ExportTable::Problems)) > 0 ? callFailed : success);
