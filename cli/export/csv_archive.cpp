@@ -82,7 +82,11 @@ public:
         for (const TableFacts& table : exportTables()) {
             const std::uintmax_t length = journal_.lengths().at(indexOf(table.table));
             files_.emplace_back(fileIn(folder_, table.name), length, state().isFinished());
-            if (length == 0) files_.back().buffer() = headerOf(table.columns);
+            if (length == 0) {
+                files_.back().buffer() = headerOf(table.columns);
+            } else {
+                checkHeader(fileIn(folder_, table.name), headerOf(table.columns));
+            }
         }
     }
 
@@ -123,6 +127,14 @@ private:
             throw UsageError("'" + file + "' exists and is not from an export; export into another folder");
         }
         return Journal::opened(folder, settings);
+    }
+
+    /// An earlier release may have written the table without a column at the end.
+    static void checkHeader(const std::string& file, const std::string& header) {
+        std::string found(header.size(), '\0');
+        std::ifstream(pathOf(file), std::ios::binary).read(found.data(), static_cast<std::streamsize>(found.size()));
+        if (found == header) return;
+        throw UsageError("'" + file + "' has other columns, as those of other releases; export into another folder");
     }
 
     template <class Row>

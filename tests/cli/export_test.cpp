@@ -247,6 +247,14 @@ TEST_F(Export, RefusesToContinueTablesThatWereChanged) {
     EXPECT_NE(again.err.find("notes.csv' was changed"), std::string::npos) << again.err;
 }
 
+TEST_F(Export, RefusesToContinueTablesWithOtherColumns) {
+    exported({samples});
+    replaceIn("profiles", "sections\n", "sektions\n");
+    const Finished again = exported({samples, folder_.write("more.txt", travellers(1))});
+    EXPECT_EQ(again.status, 2);
+    EXPECT_NE(again.err.find("profiles.csv' has other columns"), std::string::npos) << again.err;
+}
+
 // ---- Interrupted runs
 
 /// Exports these files up to a number of pieces, and ends without a commit.

@@ -3,6 +3,7 @@
  * - Every function that can fail returns 0, or the number of the error (see vantro_error_number). No C++ exception
  * leaves a function. After a failure the results that the function would have returned are null or 0.
  * - Objects that a function creates are freed with the function for their type. Freeing null does nothing.
+ * - Pointers to objects and to results must not be null unless a function says so.
  * - A text that is passed in is UTF-8 or UTF-16 (vantro_text). A text that comes out is a view in UTF-16 (vantro_view);
  *   vantro_to_utf8 copies it into a buffer of the caller.
  * - An object must not be used by two threads at the same time. Different objects need no lock.
