@@ -140,7 +140,7 @@ int exportTo(ExportOptions& options) {
     const auto say = [&options](const std::string& what) {
         if (!options.input.quiet) complain(what);
     };
-    if (plan.alreadyDone > 0) say(counted(plan.alreadyDone, "file") + " were exported before and are not read again");
+    if (plan.alreadyDone > 0) say(counted(plan.alreadyDone, "file") + " exported before, not read again");
     if (plan.files.empty() && archive->state().isFinished()) return planStatus;
     if (!plan.continued.empty()) say("continuing in " + inputName(plan.continued));
 
@@ -178,7 +178,7 @@ int checkAgainst(ExportOptions& options) {
     counts.sources += plan.faults.size();
     if (!options.input.quiet) {
         complain(totalsOf(counts));
-        if (others > 0) complain(counted(others, "exported file") + " were not named and not compared");
+        if (others > 0) complain(counted(others, "exported file") + " not named, not compared");
     }
     return counts.isEqual() ? success : callFailed;
 }
@@ -186,7 +186,8 @@ int checkAgainst(ExportOptions& options) {
 }  // namespace
 
 int runExport(ExportOptions options) {
-    options.input.files = withoutTarget(inputFilesOf(options.input), options.target);
+    if (options.target.empty()) throw UsageError("--to needs the name of a folder or database");
+    options.input.files = sourcesFor(options.target, inputFilesOf(options.input));
     return options.check ? checkAgainst(options) : exportTo(options);
 }
 

@@ -75,7 +75,11 @@ void ArchiveState::take(const RunState& run) {
 
 bool isDatabase(const std::string& name) {
     constexpr std::array<std::string_view, 3> endings{".db", ".sqlite", ".sqlite3"};
-    return std::ranges::any_of(endings, [&name](std::string_view ending) { return name.ends_with(ending); });
+    std::string lower = name;
+    for (char& byte : lower) {
+        if (byte >= 'A' && byte <= 'Z') byte = static_cast<char>(byte - 'A' + 'a');
+    }
+    return std::ranges::any_of(endings, [&lower](std::string_view ending) { return lower.ends_with(ending); });
 }
 
 std::unique_ptr<ArchiveWriter> openForWriting(const std::string& name, const std::string& settings) {

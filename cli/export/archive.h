@@ -111,7 +111,7 @@ protected:
     ArchiveReader() = default;
 };
 
-/// True for the name of a database: it ends in ".db", ".sqlite" or ".sqlite3".
+/// True for the name of a database: it ends in ".db", ".sqlite" or ".sqlite3", in any case.
 bool isDatabase(const std::string& name);
 
 /// Opens a database or a folder (its name in UTF-8) for writing, and makes it if there is none. `settings` describe

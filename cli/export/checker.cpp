@@ -87,7 +87,7 @@ void Checker::endSource(const std::string& problem) {
         ++counts_.sources;
         report_("source " + source.name + ": " + what);
     };
-    if (notExported_ > 0) complain(std::to_string(notExported_) + " displays at its end are not exported");
+    if (notExported_ > 0) complain(std::to_string(notExported_) + " at its end not exported");
     if (notExported_ == 0 && !source.isDone) complain("the export was interrupted in it");
     if (problem != source.problem && !problem.empty()) complain(problem);
 }

@@ -4,6 +4,7 @@
 #include "cli/io/csv.h"
 #include "cli/io/csv_reader.h"
 #include "cli/io/failure.h"
+#include "cli/io/file_lock.h"
 #include "cli/io/output_file.h"
 #include "cli/io/path.h"
 
@@ -77,7 +78,7 @@ private:
 class CsvWriter final : public ArchiveWriter {
 public:
     CsvWriter(std::string folder, const std::string& settings)
-        : folder_(std::move(folder)), journal_(openedIn(folder_, settings)) {
+        : folder_(std::move(folder)), lock_(madeIn(folder_)), journal_(openedIn(folder_, settings)) {
         journal_.dropUncommitted();
         for (const TableFacts& table : exportTables()) {
             const std::uintmax_t length = journal_.lengths().at(indexOf(table.table));
@@ -109,18 +110,25 @@ public:
     }
 
     void finish(const RunState& run) override {
+        ArchiveState finished = state();
+        finished.take(run);
+        writeTable("sources", sourceColumns(), finished.sources);
+        writeTable("runs", runColumns(), finished.runs);
         commit({}, run);
-        writeTable("sources", sourceColumns(), state().sources);
-        writeTable("runs", runColumns(), state().runs);
     }
 
 private:
-    static Journal openedIn(const std::string& folder, const std::string& settings) {
+    /// Makes the folder. Returns the name of its lock.
+    static std::string madeIn(const std::string& folder) {
         std::error_code problem;
         fs::create_directories(pathOf(folder), problem);
         if (!fs::is_directory(pathOf(folder))) {
             throw UsageError("cannot make the folder '" + folder + "'; a database's name ends in .db or .sqlite");
         }
+        return folder + "/export.lock";
+    }
+
+    static Journal openedIn(const std::string& folder, const std::string& settings) {
         for (const TableFacts& table : exportTables()) {
             const std::string file = fileIn(folder, table.name);
             if (Journal::isIn(folder) || !fs::exists(pathOf(file))) continue;
@@ -145,6 +153,7 @@ private:
     }
 
     std::string folder_;
+    FileLock lock_;
     Journal journal_;
     std::vector<TableFile> files_;
 };

@@ -10,12 +10,17 @@ namespace vantro {
 Exporter::Exporter(ArchiveWriter& archive, RunState run, std::size_t maxLine, std::size_t perCommit)
     : archive_(archive), run_(std::move(run)), maxLine_(maxLine), perCommit_(perCommit) {
     for (const SourceState& source : archive.state().sources) displaysBefore_ += source.displays;
+    archive.commit({}, run_);  // so that an interruption before the next commit is seen as one
 }
 
 void Exporter::beginSource(const std::string& name) {
     source_ = {.name = name, .bytes = lengthInAll({name})};
     const auto& known = archive_.state().sources;
-    if (!known.empty() && !known.back().isDone && known.back().name == name) source_ = known.back();
+    if (!known.empty() && !known.back().isDone && known.back().name == name) {
+        const std::uint64_t bytes = source_.bytes;  // it may have grown
+        source_ = known.back();
+        source_.bytes = bytes;
+    }
     passedOver_ = source_.displays;
     displaysBefore_ -= passedOver_;
     position_ = {.name = name, .firstId = displaysBefore_ + 1};

@@ -133,15 +133,11 @@ void Journal::commit(std::span<const SourceState> changed, const RunState& thisR
 }
 
 void Journal::append(const std::string& records) {
-    if (fs::file_size(pathOf(file_)) != length_) {
-        throw StreamError("another program has written to '" + file_ + "'; export with one program at a time");
-    }
     std::ofstream stream(pathOf(file_), std::ios::binary | std::ios::app);
     stream << records;
     stream.close();
     if (!stream) throw StreamError("cannot write to '" + file_ + "'; is the disk full?");
     flushToDisk(file_);
-    length_ += records.size();
 }
 
 }  // namespace vantro

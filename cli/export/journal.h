@@ -29,7 +29,7 @@ public:
     /// Removes what an interrupted run wrote after its last commit.
     void dropUncommitted();
 
-    /// Appends a commit. Raises StreamError, also if another process has written to the journal.
+    /// Appends a commit. Raises StreamError.
     void commit(std::span<const SourceState> changed, const RunState& thisRun, const TableLengths& lengths);
 
 private:

@@ -26,21 +26,42 @@ std::string standardInputAgain() {
 
 }  // namespace
 
-std::vector<std::string> withoutTarget(std::vector<std::string> files, const std::string& target) {
-    const auto fullName = [](const std::string& name) {
-        return std::filesystem::absolute(pathOf(name)).lexically_normal().generic_u8string();
-    };
-    std::u8string own = fullName(target);
-    if (own.ends_with(u8'/')) own.pop_back();
-    const auto isOwn = [&](const std::string& file) {
-        const std::u8string name = isStandardInput(file) ? u8"" : fullName(file);
-        if (!name.starts_with(own)) return false;
-        const std::u8string_view rest = std::u8string_view(name).substr(own.size());
-        // A database has files with further endings beside it while it is written.
-        return rest.empty() || rest.starts_with(u8'/') || rest == u8"-wal" || rest == u8"-shm" || rest == u8"-journal";
-    };
-    std::erase_if(files, isOwn);
+namespace {
+
+std::string utf8Of(const std::u8string& text) { return {text.begin(), text.end()}; }
+
+/// The files that an export consists of.
+std::vector<std::string> filesOf(const std::string& target) {
+    std::vector<std::string> files;
+    if (isDatabase(target)) {
+        for (const char* const ending : {"", "-wal", "-shm", "-journal"}) files.push_back(target + ending);
+        return files;
+    }
+    for (const TableFacts& table : exportTables()) files.push_back(target + "/" + std::string(table.name) + ".csv");
+    for (const char* const name : {"sources.csv", "runs.csv", "export.state", "export.lock"}) {
+        files.push_back(target + "/" + name);
+    }
     return files;
+}
+
+std::string fullName(const std::string& file) {
+    return utf8Of(std::filesystem::absolute(pathOf(file)).lexically_normal().generic_u8string());
+}
+
+}  // namespace
+
+std::vector<std::string> sourcesFor(const std::string& target, const std::vector<std::string>& files) {
+    std::unordered_set<std::string> own;
+    for (const std::string& file : filesOf(target)) own.insert(fullName(file));
+    std::vector<std::string> sources;
+    for (const std::string& file : files) {
+        if (isStandardInput(file)) {
+            sources.emplace_back("-");
+        } else if (!own.contains(fullName(file))) {
+            sources.push_back(utf8Of(pathOf(file).lexically_normal().generic_u8string()));
+        }
+    }
+    return sources;
 }
 
 ExportPlan planExport(const ArchiveState& state, const std::vector<std::string>& files) {
@@ -52,8 +73,8 @@ ExportPlan planExport(const ArchiveState& state, const std::vector<std::string>&
     if (!state.sources.empty() && !state.sources.back().isDone) plan.continued = state.sources.back().name;
     if (!plan.continued.empty()) {
         if (std::ranges::find(files, plan.continued) == files.end()) {
-            throw UsageError("the export was interrupted in '" + plan.continued + "'; name that file too, so that it " +
-                             "is completed");
+            throw UsageError("the export was interrupted in '" + inputName(plan.continued) +
+                             "'; name that file too, so that it is completed");
         }
         plan.files.push_back(plan.continued);
     }
@@ -68,6 +89,9 @@ ExportPlan planExport(const ArchiveState& state, const std::vector<std::string>&
             plan.faults.push_back(changed(*known->second, bytes));
         } else {
             ++plan.alreadyDone;
+            if (const std::string& problem = known->second->problem; !problem.empty()) {
+                plan.faults.push_back("'" + file + "' is exported as far as it could be read: " + problem);
+            }
         }
     }
     return plan;

@@ -16,8 +16,9 @@ struct ExportPlan {
     std::vector<std::string> faults = {};  ///< one line for each file that cannot be part of the run
 };
 
-/// The files without those of the export itself, which may be in a folder that is exported.
-std::vector<std::string> withoutTarget(std::vector<std::string> files, const std::string& target);
+/// The names by which the files are known in an export: without "." and "..", with slashes, "-" for standard input.
+/// Files of the export itself, which may be in a folder that is exported, are left out.
+std::vector<std::string> sourcesFor(const std::string& target, const std::vector<std::string>& files);
 
 /// The files that are not exported yet. The one in which the last run was interrupted is the first. A file whose length
 /// has changed since its export is a fault. Raises UsageError if the interrupted one is not among the files.

@@ -3,7 +3,9 @@
 #include "cli/io/display_lines.h"
 #include "cli/io/screen_input.h"
 
+#include <exception>
 #include <span>
+#include <utility>
 
 namespace vantro {
 
@@ -75,7 +77,12 @@ void LineBreaker::readBlock(std::string& text) {
     const std::span<char> block = std::span(text).subspan(before);
     std::size_t length = 0;
     while (hasMore_ && length < block.size()) {
-        const std::size_t count = source_(block.subspan(length));
+        std::size_t count = 0;
+        try {
+            count = source_(block.subspan(length));
+        } catch (...) {
+            failure_ = std::current_exception();
+        }
         length += count;
         hasMore_ = count > 0;
     }
@@ -115,9 +122,17 @@ bool LineBreaker::fits(std::string& text) {
     return false;
 }
 
+/// The chunk without what follows its last whole display.
+std::string ChunkReader::wholeDisplaysOf(std::string chunk) const {
+    chunk.resize(chunk.rfind('\n') + 1);  // npos + 1 is 0
+    constexpr char content = '.';         // begins a display if the one above has ended
+    chunk.resize(lastDisplayStart(chunk + content, splitting_));
+    return chunk;
+}
+
 std::optional<std::string> ChunkReader::next() {
     std::string chunk = std::exchange(rest_, {});
-    bool hasMore = true;
+    bool hasMore = !lines_.failure();
     while (hasMore) {
         // A long display is searched again only when the chunk has doubled.
         const std::size_t enough = 2 * chunk.size();
@@ -128,6 +143,11 @@ std::optional<std::string> ChunkReader::next() {
         if (cut == 0) continue;
         rest_ = chunk.substr(cut);
         chunk.resize(cut);
+        return chunk;
+    }
+    if (lines_.failure()) {
+        chunk = wholeDisplaysOf(std::move(chunk));
+        if (chunk.empty()) std::rethrow_exception(lines_.failure());
         return chunk;
     }
     chunk.resize(withoutEndOfFileMark(chunk).size());

@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <cstddef>
+#include <exception>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -28,8 +29,11 @@ public:
     LineBreaker(ByteSource source, std::size_t block, std::size_t maxLine)
         : source_(std::move(source)), block_(std::min(block, maxLine)), maxLine_(maxLine) {}
 
-    /// Appends a block of text; false at the end of the source.
+    /// Appends a block of text; false at the end of the source, and when reading it has failed.
     bool readInto(std::string& text);
+
+    /// Why reading has failed, or null.
+    const std::exception_ptr& failure() const { return failure_; }
 
 private:
     void readBlock(std::string& text);
@@ -41,6 +45,7 @@ private:
     std::size_t block_;
     std::size_t maxLine_;
     bool hasMore_ = true;
+    std::exception_ptr failure_;
     std::size_t lineLength_ = 0;  // bytes read of the last line
     bool leavesOut_ = false;      // the rest of that line
     bool atStart_ = true;
@@ -59,10 +64,13 @@ public:
                          Splitting splitting = {})
         : lines_(std::move(source), block, maxLine), splitting_(std::move(splitting)) {}
 
-    /// The next chunk, or nothing at the end of the source.
+    /// The next chunk, or nothing at the end of the source. What the source throws is thrown after the last whole
+    /// display before it.
     std::optional<std::string> next();
 
 private:
+    std::string wholeDisplaysOf(std::string chunk) const;
+
     LineBreaker lines_;
     Splitting splitting_;
     std::string rest_;  // the text after the last chunk
