@@ -20,6 +20,10 @@ std::string changed(const SourceState& source, std::uint64_t bytes) {
            " bytes, and is not read again; export it into another folder or database";
 }
 
+std::string brokenOff(const std::string& file, const std::string& problem) {
+    return "'" + file + "' is exported as far as it could be read: " + problem;
+}
+
 std::string standardInputAgain() {
     return "standard input is exported already; export other displays into another folder or database, or from a file";
 }
@@ -90,7 +94,7 @@ ExportPlan planExport(const ArchiveState& state, const std::vector<std::string>&
         } else {
             ++plan.alreadyDone;
             if (const std::string& problem = known->second->problem; !problem.empty()) {
-                plan.faults.push_back("'" + file + "' is exported as far as it could be read: " + problem);
+                plan.faults.push_back(brokenOff(file, problem));
             }
         }
     }
