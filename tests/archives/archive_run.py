@@ -40,7 +40,7 @@ def peak_kilobytes(process: int) -> int:
 class Run:
     def __init__(self, options: argparse.Namespace) -> None:
         self.tool = str(Path(options.tool).resolve())
-        self.folder = Path(options.folder)
+        self.folder = Path(options.folder).resolve()
         self.jobs = str(options.jobs)
         self.passed = 0
         self.failed = 0
