@@ -89,8 +89,10 @@ def families_in_parse(run: Run) -> tuple[collections.Counter[str], int]:
     failed = 0
     rows = csv.DictReader(process.stdout)
     for row in rows:
-        families[row["family"]] += 1
-        failed += not row["family"] and bool(row["error"])
+        if not row["error"]:
+            families[row["family"]] += 1
+        elif not row["family"]:
+            failed += 1  # the others are queries without an answer
     process.wait()
     return families, failed
 
