@@ -2,7 +2,7 @@
 # Exports a generated archive of displays into CSV and SQLite, checks that all counts agree with `parse`, kills runs in
 # the middle, removes rows for --check to find, and asks the queries of docs/archive-queries.md.
 #
-# scripts/archives.sh [--displays N] [--pipe GIGABYTES]: 20,000 displays and 0.2 GB through a pipe unless told
+# scripts/archives.sh [--displays N] [--pipe GIGABYTES]: 50,000 displays and 0.2 GB through a pipe unless told
 # otherwise. A million displays take about half an hour and 25 GB of disk. The last line is "N passed, N failed, N
 # skipped".
 set -euo pipefail
