@@ -27,9 +27,12 @@ class Block(NamedTuple):
 
 
 def files_in(folder: str) -> list[str]:
-    """All files in a folder and the folders below it, in the order of their names, without hidden ones."""
+    """All files in a folder and the folders below it, in the order of their names, without hidden ones.
+
+    Names are those that the tool has in its tables: without "." and "..".
+    """
     files = []
-    for path, folders, names in os.walk(folder):
+    for path, folders, names in os.walk(os.path.normpath(folder)):
         folders[:] = [name for name in folders if not name.startswith(".")]
         files += [os.path.join(path, name) for name in names if not name.startswith(".")]
     return sorted(files, key=os.fsencode)

@@ -109,6 +109,7 @@ def test_files_are_in_the_order_of_their_names_without_hidden_ones(tmp_path: Pat
         (tmp_path / name).parent.mkdir(exist_ok=True)
         (tmp_path / name).touch()
     assert files_in(str(tmp_path)) == [f"{tmp_path}/{name}" for name in ("a b/c.txt", "a/c.txt", "b.txt")]
+    assert files_in(f"{tmp_path}/./a/../") == files_in(str(tmp_path))
 
 
 def test_cells_are_quoted_only_where_they_must_be() -> None:
