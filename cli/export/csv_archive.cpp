@@ -12,7 +12,6 @@
 #include <filesystem>
 #include <fstream>
 #include <limits>
-#include <optional>
 #include <span>
 #include <string_view>
 #include <utility>

@@ -28,10 +28,6 @@ std::string standardInputAgain() {
     return "standard input is exported already; export other displays into another folder or database, or from a file";
 }
 
-}  // namespace
-
-namespace {
-
 std::string utf8Of(const std::u8string& text) { return {text.begin(), text.end()}; }
 
 /// The files that an export consists of.
