@@ -9,43 +9,25 @@
 #include "readers/extractors.h"
 
 #include <algorithm>
-#include <array>
 
 namespace vantro {
 
 namespace {
 
-constexpr const PrefixedFamily& rowOf(Family family) { return prefixedFamilies[indexOf(family)]; }
-
-constexpr FamilySet searchedFromColumn1 = [] {
-    FamilySet families;
-    for (const PrefixedFamily& row : prefixedFamilies) {
-        if (row.searchFrom == PrefixFrom::Column1) families.add(row.family);
-    }
-    return families;
-}();
-
-/// Only policies have sections with several families; the families of a section are read alike.
-static_assert(std::ranges::all_of(prefixedFamilies, [](const PrefixedFamily& row) {
-    return std::ranges::all_of(prefixedFamilies, [&](const PrefixedFamily& other) {
-        const bool isAlike = row.scheme == Scheme::Policy && other.scheme == Scheme::Policy;
-        return row.section != other.section || row.family == other.family || isAlike;
-    });
-}));
-
-/// One pass over a section for some of its families, with the current line.
-class SectionWalk {
+/// The walk over a family's sections, with the current line.
+class FamilyWalk {
 public:
-    SectionWalk(FamilySet families, Joiner& joiner, FoundElements& found)
-        : families_(families),
-          row_(rowOf(families.first())),
-          joinRule_(row_.scheme == Scheme::Plain ? JoinRule::Directly : JoinRule::ColonAfterBlank),
+    FamilyWalk(const PrefixedFamily& row, Joiner& joiner, FoundElements& found)
+        : row_(row),
+          prefix_(row.family),
+          joinRule_(row.scheme == Scheme::Plain ? JoinRule::Directly : JoinRule::ColonAfterBlank),
           joiner_(joiner),
           display_(joiner.display()),
           watch_(display_.watch()),
           found_(found) {}
 
-    FamilySet run() {
+    /// Returns false if the display ends before the walk does.
+    bool run() {
         switch (row_.scheme) {  // Not covered: every scheme has its case
             case Scheme::Plain:
             case Scheme::ColonJoining: collectWholeSection(); break;
@@ -54,7 +36,7 @@ public:
                 break;
             case Scheme::GlobalSearch: collectGlobalSearch(); break;
         }
-        return failed_;
+        return !isInterrupted_;
     }
 
 private:
@@ -63,85 +45,54 @@ private:
     void collectWholeSection() {
         while (seekHeader()) {
             collectSection();
-            if (!collecting_.empty() || !failed_.empty()) return;
+            if (isCollecting_ || isInterrupted_) return;
             watch_.decided(rule::sectionMayComeAgain, line_);
             ++line_;
         }
     }
 
-    /// Collects the elements of the section up to its end. A family's elements begin with a prefixed line. Those
+    /// Collects the elements of the section up to its end. The family's elements begin with a prefixed line. Those
     /// without a tag belong to it until a line of another family follows.
     void collectSection() {
-        FamilySet running = families_;
         display_.readAhead(line_ + 1, Display::ReadTo::SectionEnd);
-        for (;;) {
+        while (!isInterrupted_) {
             ++line_;
-            leaveJoinedLines();
-            const FamilySet reading = running - inJoinedLines_;
-            if (watch_) sayJoined(running - reading);
-            if (reading.empty()) continue;
             const DisplayLine* const line = display_.lineBeforeEnd(line_);
             if (line == nullptr) {
                 watch_.decided(rule::displayHasNoEnd, line_);
-                failed_.add(running);
+                isInterrupted_ = true;
                 return;
             }
             if (line->isSectionEnd()) {
                 if (watch_) saySectionEnd(*line);
-                running.remove(reading);
-            } else {
-                collecting_.add(prefixed(*line) & reading);
-                if (watch_) sayNotBegun(reading - collecting_);
-                if (const FamilySet collecting = collecting_ & reading; !collecting.empty()) collect(*line, collecting);
-                running.remove(failed_);
+                return;
             }
-            if (running.empty()) return;
+            isCollecting_ = isCollecting_ || line->containsPrefix(prefix_, row_.searchFrom);
+            if (isCollecting_) {
+                collect(*line);
+            } else {
+                watch_.decided(rule::aboveFirstElement, line_, row_.family);
+            }
         }
     }
 
-    FamilySet prefixed(const DisplayLine& line) const {
-        return line.prefixed(families_ & searchedFromColumn1, PrefixFrom::Column1) |
-               line.prefixed(families_ - searchedFromColumn1, PrefixFrom::Column3);
-    }
-
-    void collect(const DisplayLine& line, FamilySet families) {
+    /// Collects the element that begins with the current line and moves to its last line.
+    void collect(const DisplayLine& line) {
         const JoinedLine element = joiner_.join(line, line_, joinRule_);
         if (element.isEndless) {
             watch_.decided(rule::continuesUpToEnd, line_);
-            failed_.add(families);
-        } else if (element.last == line_) {
-            families.forEach([&](Family family) {
-                const bool isOwned = isOwn(rowOf(family), line);
-                store(family, isOwned, element.text);
-            });
-        } else {
-            collectJoined(line, element, families);
+            isInterrupted_ = true;
+            return;
         }
-    }
-
-    void collectJoined(const DisplayLine& line, const JoinedLine& element, FamilySet families) {
-        families.forEach([&](Family family) {
-            joinedUpTo_[indexOf(family)] = element.last;
-            const bool isOwned = isOwn(rowOf(family), line, element.text);
-            store(family, isOwned, isOwned ? joiner_.keep(element.text) : TextView());
-        });
-        inJoinedLines_.add(families);
-    }
-
-    void store(Family family, bool isOwned, TextView text) {
-        if (watch_) sayTested(family, isOwned, text);
-        if (isOwned) {
-            found_.push_back({family, elementTextColumn, text});
-        } else {
-            collecting_.remove(family);
+        const bool isJoined = element.last != line_;
+        isCollecting_ = isJoined ? isOwn(line, element.text) : isOwn(line);
+        if (watch_) sayTested(element.text);
+        if (isCollecting_) {
+            const TextView text = isJoined ? joiner_.keep(element.text) : element.text;
+            found_.push_back({row_.family, elementTextColumn, text});
         }
-    }
-
-    /// A family passes over the lines that were joined to its element.
-    void leaveJoinedLines() {
-        inJoinedLines_.forEach([&](Family family) {
-            if (joinedUpTo_[indexOf(family)] < line_) inJoinedLines_.remove(family);
-        });
+        if (watch_) sayJoined(element.last);
+        line_ = element.last;
     }
 
     // The line after a header is tested once and then skipped, even if it is a header itself.
@@ -149,7 +100,7 @@ private:
         for (; seekHeader(); ++line_) {
             ++line_;
             const DisplayLine& line = display_.line(line_);
-            if (!line.containsPrefix(Prefix(row_.family), row_.searchFrom)) {
+            if (!line.containsPrefix(prefix_, row_.searchFrom)) {
                 watch_.decided(rule::noPrefixBelowHeader, line_, row_.family);
                 continue;
             }
@@ -178,33 +129,27 @@ private:
     /// Moves to the next header line; false at the end of the display.
     bool seekHeader() {
         const std::optional<Display::MarkedLine> next = display_.seekHeader(row_.section, line_);
-        if (!next) {
-            failed_ = families_;
-            return false;
-        }
+        isInterrupted_ = !next;
+        if (!next) return false;
         line_ = next->number;
         return !next->marks.isEndOfDisplay();
     }
 
     /// True for a line without a tag or with the family's own. The whole-section schemes have a tag width of 0, so that
     /// every line belongs to the family.
-    static bool isOwn(const PrefixedFamily& row, const DisplayLine& line) {
-        return line.containsPrefix(Prefix(row.family), PrefixFrom::Column3) || line.isBlankAt(tagColumn, row.tagWidth);
+    bool isOwn(const DisplayLine& line) const {
+        return line.containsPrefix(prefix_, PrefixFrom::Column3) || line.isBlankAt(tagColumn, row_.tagWidth);
     }
 
     /// The same for a line joined with others: the prefix may also be in the joined lines or across a boundary.
-    static bool isOwn(const PrefixedFamily& row, const DisplayLine& first, TextView joined) {
-        if (isBlank(mid(joined, tagColumn, row.tagWidth))) return true;
-        if (first.containsPrefix(Prefix(row.family), PrefixFrom::Column3)) return true;
-        const int boundary = static_cast<int>(first.trimmed().size()) - static_cast<int>(row.prefix.size()) + 2;
-        return containsFrom(joined, row.prefix, std::max(tagColumn, Column{boundary}));
+    bool isOwn(const DisplayLine& first, TextView joined) const {
+        if (isBlank(mid(joined, tagColumn, row_.tagWidth))) return true;
+        if (first.containsPrefix(prefix_, PrefixFrom::Column3)) return true;
+        const int boundary = static_cast<int>(first.trimmed().size()) - static_cast<int>(row_.prefix.size()) + 2;
+        return containsFrom(joined, row_.prefix, std::max(tagColumn, Column{boundary}));
     }
 
     // What an observer is told of the current line
-
-    void sayJoined(FamilySet families) const {
-        families.forEach([&](Family family) { watch_.decided(rule::continuesElement, line_, family); });
-    }
 
     void saySectionEnd(const DisplayLine& line) const {
         const LineMarks marks = line.marks();
@@ -214,38 +159,43 @@ private:
                        line_);
     }
 
-    void sayNotBegun(FamilySet families) const {
-        families.forEach([&](Family family) { watch_.decided(rule::aboveFirstElement, line_, family); });
+    void sayTested(TextView text) const {
+        watch_.decided(isCollecting_ ? ruleOfOwn(text) : rule::otherTag, line_, row_.family);
     }
 
-    void sayTested(Family family, bool isOwned, TextView text) const {
-        watch_.decided(isOwned ? ruleOfOwn(rowOf(family), text) : rule::otherTag, line_, family);
+    const ReadingRule& ruleOfOwn(TextView text) const {
+        if (display_.line(line_).containsPrefix(prefix_, row_.searchFrom)) return rule::elementWithPrefix;
+        if (row_.tagWidth.value == 0) return rule::elementOfWholeSection;
+        return isBlank(mid(text, tagColumn, row_.tagWidth)) ? rule::elementWithoutPrefix
+                                                            : rule::elementWithJoinedPrefix;
     }
 
-    const ReadingRule& ruleOfOwn(const PrefixedFamily& row, TextView text) const {
-        if (display_.line(line_).containsPrefix(Prefix(row.family), row.searchFrom)) return rule::elementWithPrefix;
-        if (row.tagWidth.value == 0) return rule::elementOfWholeSection;
-        return isBlank(mid(text, tagColumn, row.tagWidth)) ? rule::elementWithoutPrefix : rule::elementWithJoinedPrefix;
+    void sayJoined(Counter last) const {
+        for (Counter number = line_ + 1; number <= last; ++number) {
+            watch_.decided(rule::continuesElement, number, row_.family);
+        }
     }
 
-    const FamilySet families_;
-    const PrefixedFamily& row_;  // of the first family; what the walk itself reads of it is the same in all their rows
+    const PrefixedFamily& row_;
+    const Prefix prefix_;
     const JoinRule joinRule_;
     Joiner& joiner_;
     Display& display_;
     const Watch& watch_;
     FoundElements& found_;
     Counter line_;
-    FamilySet failed_;
-    FamilySet collecting_;                                     // the families whose lines have begun
-    FamilySet inJoinedLines_;                                  // those whose last element contains the current line
-    std::array<Counter, prefixedFamilies.size()> joinedUpTo_;  // the last lines of these elements
+    bool isCollecting_ = false;  // a prefixed line was found, and no line of another family after it
+    bool isInterrupted_ = false;
 };
 
 }  // namespace
 
 FamilySet extractPrefixed(FamilySet families, Joiner& joiner, FoundElements& found) {
-    return SectionWalk(families, joiner, found).run();
+    FamilySet interrupted;
+    families.forEach([&](Family family) {
+        if (!FamilyWalk(prefixedFamilies[indexOf(family)], joiner, found).run()) interrupted.add(family);
+    });
+    return interrupted;
 }
 
 }  // namespace vantro
