@@ -13,11 +13,6 @@ namespace vantro {
 
 namespace {
 
-/// Compares a prefix as it is stored, blanks and case included.
-bool matches(const QueryFacts& query, TextView prefix) {
-    return query.match == WordMatch::Whole ? prefix == query.word : prefix.starts_with(query.word);
-}
-
 void checkIndex(const FamilyFacts& family, std::int16_t index, std::int16_t count) {
     if (index > count) throw Error(family.indexError, applicationTitle, description::verifyingProfile);
 }
@@ -38,13 +33,11 @@ CollectionPtr ProfileQuery::answer(TextView display) {
     const TextView prefix = request_.read(key::strKeyPrefix);
     display_ = withoutHostLine(terminal_, display, ShortDisplay::Fails);
     if (prefix.empty()) throw Error(number::emptyPrefix, applicationTitle, description::verifyingProfile);
-    for (const QueryFacts& query : profileQueries()) {
-        if (!matches(query, prefix)) continue;
-        add(query);
-        // Meant: an answered prefix returns no object, an unknown one returns the collection.
-        return {};
-    }
-    return collection_;
+    const QueryFacts* const query = queryFor(prefix);
+    // Meant: an answered prefix returns no object, an unknown one returns the collection.
+    if (query == nullptr) return collection_;
+    add(*query);
+    return {};
 }
 
 void ProfileQuery::add(const QueryFacts& query) {

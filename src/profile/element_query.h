@@ -8,6 +8,9 @@
 
 namespace vantro {
 
+/// The query that a prefix selects, or null. No prefix matches the words of two queries.
+const QueryFacts* queryFor(TextView prefix) noexcept;
+
 /// One call of `ProfileElements`.
 class ProfileQuery {
 public:

@@ -3,11 +3,13 @@
 #include "display/families.h"
 #include "framework/keys.h"
 #include "profile/element_parts.h"
+#include "profile/element_query.h"
 #include "profile/family_sentences.h"
 #include "vantro/lists.h"
 
 #include <algorithm>
 #include <array>
+#include <cstdint>
 
 namespace vantro {
 
@@ -158,6 +160,28 @@ static_assert(std::ranges::all_of(queries, [](const QueryFacts& query) {
     return isWordUnique && (query.match == WordMatch::Whole || query.word.size() == 3);
 }));
 
+/// The first three letters of a word, or fewer.
+constexpr std::uint64_t beginningOf(TextView word) {
+    std::uint64_t letters = 0;
+    for (std::size_t index = 0; index < 3 && index < word.size(); ++index) letters = letters << 16 | word[index];
+    return letters;
+}
+
+constexpr auto wordBeginnings = [] {
+    std::array<std::uint64_t, queryCount> all{};
+    std::ranges::transform(queries, all.begin(), [](const QueryFacts& query) { return beginningOf(query.word); });
+    return all;
+}();
+
+static_assert(std::ranges::all_of(wordBeginnings, [](std::uint64_t beginning) {
+    return std::ranges::count(wordBeginnings, beginning) == 1;
+}));
+
+/// Compares a prefix as it is stored, blanks and case included.
+bool matches(const QueryFacts& query, TextView prefix) {
+    return query.match == WordMatch::Whole ? prefix == query.word : prefix.starts_with(query.word);
+}
+
 constexpr auto names = [] {
     std::array<FamilyName, familyCount> all{};
     std::size_t next = 0;
@@ -253,6 +277,13 @@ TextView titleOf(Section section) noexcept { return sectionHeaders[indexOf(secti
 Section sectionOf(Family family) { return factsOf(family).inSection; }
 
 std::span<const QueryFacts> profileQueries() noexcept { return queries; }
+
+const QueryFacts* queryFor(TextView prefix) noexcept {
+    const auto found = std::ranges::find(wordBeginnings, beginningOf(prefix));
+    if (found == wordBeginnings.end()) return nullptr;
+    const QueryFacts& query = queries[static_cast<std::size_t>(found - wordBeginnings.begin())];
+    return matches(query, prefix) ? &query : nullptr;
+}
 
 std::span<const FamilyFacts> families() noexcept { return familyTable; }
 
