@@ -131,6 +131,7 @@ std::size_t nextLineWithHeaderOrEnd(Section section, TextView display, std::size
     std::size_t number = from;
     for (; number < wholeLines; ++number) {
         const TextView line(display.data() + number * screenWidth, screenWidth);
+        prefetchAhead(line.data(), wholeLines - number - 1);
         const LineCharacters<screenWidth> characters(line.data());
         if (!characters.any(pairsInMarks)) continue;
         for (LineBits matches = characters.matches(pairsInMarks); matches.any(); matches.removeLowest()) {

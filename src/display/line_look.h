@@ -3,6 +3,7 @@
 
 #include "display/display_line.h"
 #include "framework/constants.h"
+#include "vantro/screen_lines.h"
 
 #include <algorithm>
 #include <array>
@@ -129,6 +130,15 @@ inline LinePrefixes prefixesIn(TextView line, LineBits slashes, std::size_t cont
         found.fromColumn3.addIf(isPrefix & isFromColumn3, row.prefix);
     }
     return found;
+}
+
+/// Asks for a line that will be reached soon; `below` is the number of whole lines below this one. Lines are passed
+/// faster than a display arrives that is not in the processor's caches.
+inline void prefetchAhead(const char16_t* line, std::size_t below) {
+    constexpr std::size_t distance = 16;
+    constexpr std::size_t cacheLine = 64 / sizeof(char16_t);
+    const char16_t* const ahead = line + std::min(distance, below) * screenWidth;
+    for (std::size_t part = 0; part < screenWidth; part += cacheLine) Bytes::prefetch(ahead + part);
 }
 
 /// What one pass over the characters of a line finds.

@@ -120,7 +120,7 @@ public:
     /// Moves to the next line. Returns false if it is a rule, the end, or irregular.
     bool advance() {
         if (next_ == wholeLinesEnd_) return stop(stateOfLastPiece());
-        prefetchAhead();
+        prefetchAhead(next_, linesLeft() - 1);
         const LineLook seen = look<lineLength>(next_);
         line_.characters = next_;
         line_.printed = ~seen.blanks;
@@ -150,16 +150,6 @@ private:
     bool stop(State state) {
         state_ = state;
         return false;
-    }
-
-    /// Asks for a line that will be reached soon. Lines are passed faster than a display arrives that is not in the
-    /// processor's caches.
-    void prefetchAhead() const {
-        constexpr std::ptrdiff_t distance = 16 * lineLength;
-        constexpr std::ptrdiff_t cacheLine = 64 / sizeof(char16_t);
-        const char16_t* const ahead = next_ + std::min(distance, wholeLinesEnd_ - next_ - std::ptrdiff_t{lineLength});
-        for (std::ptrdiff_t part = 0; part < std::ptrdiff_t{lineLength}; part += cacheLine)
-            Bytes::prefetch(ahead + part);
     }
 
     TextView wholeLine(const char16_t* line) const {
