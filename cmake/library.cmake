@@ -26,6 +26,7 @@ target_sources(vantro_profile_utils PRIVATE
     src/display/display.cpp
     src/display/display_line.cpp
     src/display/joiner.cpp
+    src/display/known_text.cpp
     src/explain/explanation.cpp
     src/explain/lines.cpp
     src/explain/look_alikes.cpp
@@ -56,6 +57,7 @@ target_sources(vantro_profile_utils PRIVATE
     src/readers/element_split.cpp
     src/readers/forward_pass.cpp
     src/readers/header_readers.cpp
+    src/readers/known_display.cpp
     src/readers/note_scanner.cpp
     src/readers/prefixed_extractor.cpp
     src/readers/transferable_extractor.cpp

@@ -49,6 +49,12 @@ Library& library() {
     return the;
 }
 
+/// The same with an object for each family: none sees a display twice, so none can keep anything of it.
+std::int16_t countAnew(std::size_t family, TextView display) {
+    static std::array<Library, families> objects;
+    return objects[family].count(family, display);
+}
+
 #if VANTRO_BENCH_OBSERVERS
 /// The library in a program that can observe it and does not, or that counts the steps.
 std::int16_t countThroughObserved(std::size_t family, TextView display, ReadingObserver* observer) {
@@ -127,6 +133,7 @@ void addContenders(Alternating& runner, Corpus corpus) {
     add("floor", [](std::size_t family, TextView display) { return &scan<Depth::Elements>(family, display); });
     add("exact", [](std::size_t family, TextView display) { return &scan<Depth::Everything>(family, display); });
     add("count property", [](std::size_t family, TextView display) { return library().count(family, display); });
+    add("count property, read anew", countAnew);
 #if VANTRO_BENCH_OBSERVERS
     add("count property, nobody observes",
         [](std::size_t family, TextView display) { return countThroughObserved(family, display, nullptr); });

@@ -18,30 +18,29 @@ std::size_t lengthOf(const Screen& screen) {
 
 }  // namespace
 
-void ReadLines::beginRun(std::size_t index) {
-    begin_ = index;
-    run_.resize(expected_ - index);
+void ReadLines::makeRoom() {
+    if (!isRead_.empty()) return;
+    slots_.resize(expected_);
+    isRead_.resize(expected_);
 }
 
 const DisplayLine& ReadLines::add(std::size_t index, TextView text) {
-    if (count_ == 0 && index < expected_) beginRun(index);
-    const bool continuesRun = count_ < run_.size() && index == begin_ + count_;
-    if (!continuesRun) return apart_.try_emplace(index, text).first->second;
-    DisplayLine* const line = &run_[count_].line;
+    makeRoom();
+    if (index >= slots_.size()) return apart_.try_emplace(index, text).first->second;
+    DisplayLine* const line = &slots_[index].line;
     if (text.size() == screenWidth) {
         makeLines(text.data(), 1, line);
     } else {
         std::construct_at(line, text);
     }
-    ++count_;
+    isRead_[index] = 1;
     return *line;
 }
 
 std::size_t ReadLines::addUpToMark(TextView display, std::size_t first, std::size_t last) {
-    if (count_ == 0) beginRun(first);
-    if (first != begin_ + count_) return first;
-    const std::size_t made = makeLines(display.data() + first * screenWidth, last - first, &run_[count_].line);
-    count_ += made;
+    makeRoom();
+    const std::size_t made = makeLines(display.data() + first * screenWidth, last - first, &slots_[first].line);
+    std::fill_n(isRead_.begin() + static_cast<std::ptrdiff_t>(first), made, std::uint8_t{1});
     return first + made;
 }
 
@@ -50,10 +49,12 @@ const DisplayLine* ReadLines::findApart(std::size_t index) const {
     return found != apart_.end() ? &found->second : nullptr;
 }
 
-Display::Display(Terminal& terminal, TextView text)
+Display::Display(Terminal& terminal, TextView text, KnownText* known)
     : screen_(terminal, text),
+      known_(known),
       size_(lengthOf(screen_)),
       lines_(std::min(size_, text.size() / screenWidth + 1), scratchMemory()),
+      confirmed_(known != nullptr ? 0 : std::numeric_limits<std::size_t>::max()),
       marked_(scratchMemory()) {
     constexpr std::size_t usualMarks = 32;  // ten section headers, a prompt, the end text, and a reserve
     marked_.reserve(usualMarks);
@@ -69,14 +70,17 @@ const DisplayLine& Display::readLine(std::size_t index) {
 }
 
 void Display::readAhead(Counter from, ReadTo end) {
-    if (!screen_.linesAreSlices() || static_cast<std::size_t>(from.value()) != swept_) return;
+    auto next = static_cast<std::size_t>(from.value());
+    if (!screen_.linesAreSlices() || next > swept_) return;
     const std::size_t wholeLines = std::min(text().size() / screenWidth, size_);
-    while (swept_ < wholeLines) {
-        const std::size_t readTo = lines_.addUpToMark(text(), swept_, wholeLines);
-        if (readTo == swept_) return;
-        swept_ = readTo - 1;
-        const DisplayLine& last = *lines_.find(swept_);
-        noteSwept(last.marks());
+    while (next < wholeLines && lines_.find(next) == nullptr) {
+        next = lines_.addUpToMark(text(), next, wholeLines);
+        const DisplayLine& last = *lines_.find(next - 1);
+        if (next > swept_) {
+            swept_ = next - 1;
+            noteSwept(last.marks());
+        }
+        if (next > confirmed_ && !confirm(next - 1)) return;
         if (last.isEndOfDisplay() || (end == ReadTo::SectionEnd && last.isSectionEnd())) return;
     }
 }
@@ -87,8 +91,8 @@ void Display::sweepNext() {
     if (swept_ < size_) noteSwept(marksOf(screen_.line(static_cast<std::int16_t>(swept_))));
 }
 
-/// The index in the list of all marked lines of the first one at or after line `from`. That line may be swept only
-/// later. All lines before it are swept: readers search from a line that they read or found.
+/// The index in the list of all marked lines of the first one at or after line `from`. Lines that are swept only later
+/// are added after it.
 std::size_t Display::nextMarkedIndex(Counter from) {
     const auto found = std::ranges::lower_bound(marked_, from, {}, &MarkedLine::number);
     return static_cast<std::size_t>(found - marked_.begin());
@@ -137,10 +141,22 @@ Display::MarkedLine Display::nextFetched(Counter from, Wanted wanted) {
     }
 }
 
+/// The first line that is wanted among those with marks at or after `from`. A reader searches from a line that it read
+/// or found, or from line 1 before any line is swept.
+template <class Wanted>
+std::optional<Display::MarkedLine> Display::nextSwept(Counter from, Wanted wanted) {
+    for (;;) {
+        std::size_t index = nextMarkedIndex(from);
+        const MarkedLine* marked = markedAt(index);
+        while (marked != nullptr && (marked->number < from || !wanted(marked->marks))) marked = markedAt(++index);
+        const std::size_t last = marked != nullptr ? static_cast<std::size_t>(marked->number.value()) : size_ - 1;
+        if (last < confirmed_ || confirm(last)) return marked != nullptr ? std::optional(*marked) : std::nullopt;
+    }
+}
+
 std::optional<Display::MarkedLine> Display::nextMarked(Counter from) {
-    if (!screen_.linesAreSlices()) return nextFetched(from, [](LineMarks marks) { return marks.any(); });
-    const MarkedLine* const marked = markedAt(nextMarkedIndex(from));
-    return marked != nullptr ? std::optional(*marked) : std::nullopt;
+    const auto isMarked = [](LineMarks marks) { return marks.any(); };
+    return screen_.linesAreSlices() ? nextSwept(from, isMarked) : nextFetched(from, isMarked);
 }
 
 std::optional<Display::MarkedLine> Display::nextHeaderOrEnd(Section section, Counter from) {
@@ -148,14 +164,33 @@ std::optional<Display::MarkedLine> Display::nextHeaderOrEnd(Section section, Cou
         return marks.containsHeader(section) || marks.isEndOfDisplay();
     };
     if (!screen_.linesAreSlices()) return nextFetched(from, isWanted);
-    const bool isFirst = swept_ == 0;
-    if (isFirst)
+    if (swept_ == 0 && known_ == nullptr) {
         swept_ = std::min(nextLineWithHeaderOrEnd(section, text(), static_cast<std::size_t>(from.value())), size_);
-    for (std::size_t index = isFirst ? 0 : nextMarkedIndex(from);; ++index) {
-        const MarkedLine* const marked = markedAt(index);
-        if (marked == nullptr) return std::nullopt;
-        if (isWanted(marked->marks)) return *marked;
+        from = Counter(0);  // no mark before that line is known
     }
+    return nextSwept(from, isWanted);
+}
+
+/// Compares the known lines up to this one, and some after it, with the text. Forgets what is known from the first one
+/// on that has changed, and returns false.
+bool Display::confirm(std::size_t index) {
+    constexpr std::size_t some = 24;
+    if (index >= size_) return true;  // an empty line
+    const std::size_t known = known_->size();
+    const std::size_t last = std::min(index + some, known);
+    const std::size_t changed = known_->firstChanged(text(), confirmed_, last);
+    if (changed < last) forgetFrom(changed);
+    known_->add(text(), index + 1);
+    confirmed_ = std::max(index + 1, changed < last ? 0 : last);
+    return changed >= last;
+}
+
+void Display::forgetFrom(std::size_t line) {
+    known_->cutTo(line);
+    lines_.forgetFrom(line);
+    swept_ = std::min(swept_, line);
+    marked_.erase(std::ranges::lower_bound(marked_, Counter(static_cast<std::int16_t>(line)), {}, &MarkedLine::number),
+                  marked_.end());
 }
 
 }  // namespace vantro

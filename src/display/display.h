@@ -2,9 +2,11 @@
 #pragma once
 
 #include "display/display_line.h"
+#include "display/known_text.h"
 #include "display/scratch_memory.h"
 #include "framework/screen.h"
 
+#include <algorithm>
 #include <bitset>
 #include <cstddef>
 #include <optional>
@@ -14,25 +16,29 @@
 
 namespace vantro {
 
-/// The lines of a display that were read so far. Most readers read one line after the other: these lines are in one
-/// array. The few others are apart.
+/// The lines of a display that were read so far.
 class ReadLines {
 public:
-    /// The array has room for the lines before `expected`, the number of lines in the text. A terminal may make more.
-    ReadLines(std::size_t expected, std::pmr::memory_resource* memory) : expected_(expected), run_(memory) {}
+    /// `expected` is the number of lines in the text. A terminal may make more: these are apart.
+    ReadLines(std::size_t expected, std::pmr::memory_resource* memory)
+        : expected_(expected), slots_(memory), isRead_(memory) {}
 
     /// A line, or null when it was not read yet.
     const DisplayLine* find(std::size_t index) const {
-        if (index - begin_ < count_) return &run_[index - begin_].line;
+        if (index < isRead_.size()) return isRead_[index] != 0 ? &slots_[index].line : nullptr;
         return apart_.empty() ? nullptr : findApart(index);
     }
 
     /// Adds a line that was not read yet; the reference is valid as long as this object.
     const DisplayLine& add(std::size_t index, TextView text);
 
-    /// Adds lines from `first` on, before line `last`, up to the first one with a mark. Returns the line after them: it
-    /// is `first` if the array has no room for them, because it began with another line.
+    /// Adds lines from `first` on, before line `last`, up to the first one with a mark. Returns the line after them.
     std::size_t addUpToMark(TextView display, std::size_t first, std::size_t last);
+
+    /// Forgets the expected lines from `line` on.
+    void forgetFrom(std::size_t line) {
+        for (std::size_t index = line; index < isRead_.size(); ++index) isRead_[index] = 0;
+    }
 
 private:
     /// Memory for a line, not initialised.
@@ -42,13 +48,12 @@ private:
     };
     static_assert(std::is_trivially_destructible_v<DisplayLine>);
 
-    void beginRun(std::size_t index);
+    void makeRoom();
     const DisplayLine* findApart(std::size_t index) const;
 
     std::size_t expected_;
-    std::size_t begin_ = 0;  // the run's first line
-    std::size_t count_ = 0;
-    std::pmr::vector<Slot> run_;
+    std::pmr::vector<Slot> slots_;           // by line; none before the first line is read
+    std::pmr::vector<std::uint8_t> isRead_;  // by line: 1 or 0
     std::unordered_map<std::size_t, DisplayLine> apart_;
 };
 
@@ -59,11 +64,17 @@ private:
 /// the lines that a reader needs, in the reader's order.
 class Display {
 public:
-    Display(Terminal& terminal, TextView text);
+    /// `known` is for a display that several operations read, one after the other; it must have no lines yet. Null for
+    /// any other.
+    Display(Terminal& terminal, TextView text, KnownText* known = nullptr);
+
+    /// Begins the next operation. The text is where it was and has the same size, but any line may have changed.
+    void startAgain() { confirmed_ = 0; }
 
     /// A line; the reference is valid as long as the display.
     const DisplayLine& line(Counter number) {
         const auto index = static_cast<std::size_t>(number.value());
+        if (index >= confirmed_) confirm(index);
         const DisplayLine* const known = lines_.find(index);
         return known != nullptr ? *known : readLine(index);
     }
@@ -83,6 +94,7 @@ public:
     /// only empty lines follow and the 16-bit line counter would overflow.
     const DisplayLine* lineBeforeEnd(Counter number) {
         const auto index = static_cast<std::size_t>(number.value());
+        if (index >= confirmed_) confirm(index);
         if (const DisplayLine* const known = lines_.find(index)) return known;
         return isPastEnd(number) ? nullptr : &readLine(index);
     }
@@ -104,8 +116,9 @@ public:
     std::optional<MarkedLine> nextMarked(Counter from);
 
     /// The first line at or after `from` that contains the section's header or ends the display, if there is one. The
-    /// first search keeps nothing of the lines that it passes over: unless lines were read before, later searches must
-    /// begin at the line that it found, or after it and not after the first line that was not read.
+    /// first search of a display that one operation reads keeps nothing of the lines that it passes over: unless lines
+    /// were read before, later searches must begin at the line that it found, or after it and not after the first line
+    /// that was not read.
     std::optional<MarkedLine> nextHeaderOrEnd(Section section, Counter from);
 
     /// The section's header in a line that contains it.
@@ -133,6 +146,7 @@ public:
     std::pmr::memory_resource* scratchMemory() { return scratch_.resource(); }
 
     Screen& screen() { return screen_; }
+    bool linesAreSlices() const { return screen_.linesAreSlices(); }
     const Watch& watch() const { return screen_.watch(); }
     TextView text() const { return screen_.text(); }
 
@@ -148,12 +162,18 @@ private:
     std::size_t nextMarkedIndex(Counter from);
     const MarkedLine* markedAt(std::size_t index);
     template <class Wanted>
+    std::optional<MarkedLine> nextSwept(Counter from, Wanted wanted);
+    bool confirm(std::size_t index);
+    void forgetFrom(std::size_t line);
+    template <class Wanted>
     MarkedLine nextFetched(Counter from, Wanted wanted);
 
     ScratchMemory scratch_;
     Screen screen_;
+    KnownText* known_;
     std::size_t size_;
     ReadLines lines_;
+    std::size_t confirmed_;                // what is known of the lines before it is true in this operation
     std::size_t swept_ = 0;                // the first line whose marks are not known
     std::pmr::vector<MarkedLine> marked_;  // those among them that contain marks
 };

@@ -7,6 +7,7 @@
 #include <algorithm>
 #include <cstddef>
 #include <memory>
+#include <span>
 #include <vector>
 
 namespace vantro {
@@ -14,7 +15,11 @@ namespace vantro {
 /// Keeps many short texts with few allocations.
 class TextArena {
 public:
-    /// Returns a copy of the text that is valid as long as the arena or the one that it was moved to.
+    /// The first texts are kept in this memory, if there is any.
+    explicit TextArena(std::span<char16_t> first = {}) : next_(first.data()), left_(first.size()) {}
+
+    /// Returns a copy of the text that is valid as long as the first memory and the arena, or the one that it was moved
+    /// to.
     TextView keep(TextView text) {
         if (text.size() > left_) open(std::max(text.size(), blockSize));
         char16_t* const copy = next_;
@@ -34,8 +39,8 @@ private:
     }
 
     std::vector<std::unique_ptr<char16_t[]>> blocks_;
-    char16_t* next_ = nullptr;
-    std::size_t left_ = 0;
+    char16_t* next_;
+    std::size_t left_;
 };
 
 /// The blanks that a line begins with when it continues an element of a prefixed family, of a transferable one.
@@ -55,7 +60,12 @@ struct JoinedLine {
 /// Joins the lines of the elements of one display.
 class Joiner {
 public:
-    explicit Joiner(Display& display) : display_(display), joining_(display.watch()) {}
+    /// The first joined texts are kept in `memory`.
+    explicit Joiner(Display& display, std::span<char16_t> memory = {})
+        : display_(display), memory_(memory), texts_(memory), joining_(display.watch()) {}
+
+    /// Begins the next operation. Texts that were joined before are not valid any more.
+    void startAgain() { texts_ = TextArena(memory_); }
 
     Display& display() { return display_; }
 
@@ -95,6 +105,7 @@ private:
     JoinedLine joinAllBelow(const DisplayLine& first, Counter number, JoinRule rule);
 
     Display& display_;
+    std::span<char16_t> memory_;
     TextArena texts_;
     JoinedText joining_;  // the element being joined; reused to save allocations
 };

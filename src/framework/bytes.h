@@ -1,8 +1,9 @@
 // Sixteen characters, each narrowed to a byte, compared in one step. `narrow` turns a character above 0xFF into a byte
-// that is no printable ASCII character. `equal` and `equalPairs` set all bits of each byte that equals an ASCII
-// character or belongs to an equal pair; pairs begin at even positions only. `bits` returns one bit per byte, the first
-// character lowest. `prefetch` asks for text that will be read soon, where instructions for it exist. The variants for
-// SSE2, for 64-bit ARM and without vector instructions have the same results.
+// that is no printable ASCII character; `store` and `load` keep the bytes. `equal` and `equalPairs` set all bits of
+// each byte that equals an ASCII character, or the same one of other bytes, or belongs to an equal pair; pairs begin at
+// even positions only. `bits` returns one bit per byte, the first character lowest. `prefetch` asks for text that will
+// be read soon, where instructions for it exist. The variants for SSE2, for 64-bit ARM and without vector instructions
+// have the same results.
 #pragma once
 
 #include <algorithm>
@@ -23,8 +24,13 @@ struct Bytes {
         const auto eight = [](const void* from) { return _mm_loadu_si128(static_cast<const __m128i*>(from)); };
         return {_mm_packus_epi16(eight(text), eight(text + 8))};
     }
+    static Bytes load(const std::uint8_t* bytes) {
+        return {_mm_loadu_si128(static_cast<const __m128i*>(static_cast<const void*>(bytes)))};
+    }
+    void store(std::uint8_t* bytes) const { _mm_storeu_si128(static_cast<__m128i*>(static_cast<void*>(bytes)), value); }
     static void prefetch(const char16_t* text) { _mm_prefetch(reinterpret_cast<const char*>(text), _MM_HINT_T0); }
     Bytes equal(char wanted) const { return {_mm_cmpeq_epi8(value, _mm_set1_epi8(wanted))}; }
+    Bytes equal(Bytes other) const { return {_mm_cmpeq_epi8(value, other.value)}; }
     Bytes equalPairs(char left, char right) const {
         return {_mm_cmpeq_epi16(value, _mm_set1_epi16(static_cast<short>(left | right << 8)))};
     }
@@ -51,7 +57,10 @@ struct Bytes {
         };
         return {vcombine_u8(eight(text), eight(text + 8))};
     }
+    static Bytes load(const std::uint8_t* bytes) { return {vld1q_u8(bytes)}; }
+    void store(std::uint8_t* bytes) const { vst1q_u8(bytes, value); }
     Bytes equal(char wanted) const { return {vceqq_u8(value, vdupq_n_u8(static_cast<std::uint8_t>(wanted)))}; }
+    Bytes equal(Bytes other) const { return {vceqq_u8(value, other.value)}; }
     Bytes equalPairs(char left, char right) const {
         const uint16x8_t pair = vdupq_n_u16(static_cast<std::uint16_t>(left | right << 8));
         return {vreinterpretq_u8_u16(vceqq_u16(vreinterpretq_u16_u8(value), pair))};
@@ -83,9 +92,20 @@ struct Bytes {
         }
         return bytes;
     }
+    static Bytes load(const std::uint8_t* bytes) {
+        Bytes loaded;
+        std::copy_n(bytes, count, loaded.value.begin());
+        return loaded;
+    }
+    void store(std::uint8_t* bytes) const { std::ranges::copy(value, bytes); }
     Bytes equal(char wanted) const {
         Bytes matches;
         for (std::size_t at = 0; at < count; ++at) matches.value[at] = value[at] == wanted ? 0xFF : 0;
+        return matches;
+    }
+    Bytes equal(Bytes other) const {
+        Bytes matches;
+        for (std::size_t at = 0; at < count; ++at) matches.value[at] = value[at] == other.value[at] ? 0xFF : 0;
         return matches;
     }
     Bytes equalPairs(char left, char right) const {

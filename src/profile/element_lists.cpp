@@ -9,6 +9,7 @@
 #include "vantro/lists.h"
 
 #include <algorithm>
+#include <array>
 #include <span>
 
 namespace vantro {
@@ -54,7 +55,10 @@ namespace {
 class ListsWriter {
 public:
     ListsWriter(ElementLists& lists, const FamilyFacts& family)
-        : lists_(lists), parts_(family.parts), firstIndex_(family.firstIndex) {}
+        : lists_(lists),
+          parts_(family.parts),
+          firstIndex_(family.firstIndex),
+          isSplit_(isTransferable(*family.family)) {}
 
     /// When memory runs out, the lists contain the elements before that one.
     void store(std::span<const FoundElement> found) {
@@ -62,7 +66,8 @@ public:
         std::size_t stored = 0;
         try {
             for (; stored < found.size(); ++stored) {
-                store(split(found[stored]), stored + firstIndex_);
+                const std::size_t index = stored + firstIndex_;
+                isSplit_ ? storeParts(split(found[stored]), index) : store(found[stored], index);
             }
         } catch (...) {
             lists_.cutTo(stored + firstIndex_, parts_);
@@ -72,7 +77,12 @@ public:
     }
 
 private:
-    void store(const Element& element, std::size_t index) {
+    void store(const FoundElement& found, std::size_t index) {
+        lists_.put(ElementPart::WholeText, index, found.text());
+        lists_.put(ElementPart::Number, index, found.number());
+    }
+
+    void storeParts(const Element& element, std::size_t index) {
         for (const ElementPart part : parts_) {
             if (part == ElementPart::Asterisk) {
                 lists_.asterisks().resize(index);
@@ -86,6 +96,7 @@ private:
     ElementLists& lists_;
     std::span<const ElementPart> parts_;
     std::size_t firstIndex_;
+    bool isSplit_;  // all other families have a text and a number alone
 };
 
 void addEntry0(ElementLists& lists) {
@@ -119,24 +130,65 @@ bool isCutWithoutElements(const PrefixedFamily& row, TextView display) {
 bool isCutWithoutElements(const DocumentFamily& /*row*/, TextView /*display*/) { return true; }
 bool isCutWithoutElements(const TransferableFamily& /*row*/, TextView /*display*/) { return false; }
 
-/// What a search found, and whether it reached its end.
-struct ReadElements {
-    FoundElements found;
-    bool isComplete;
-};
-
-/// The elements found before the search ended or failed, whatever the failure: the caller raises the family's number.
-ReadElements readElements(Family family, Joiner& joiner) {
-    constexpr std::size_t usualElements = 32;
-    ReadElements read{FoundElements(joiner.display().scratchMemory()), false};
-    read.found.reserve(usualElements);
+/// Returns true if the search reached its end. Otherwise the elements are those found before it ended or failed,
+/// whatever the failure: the caller raises the family's number.
+bool readElements(Family family, Joiner& joiner, FoundElements& found) {
     try {
-        read.isComplete = extract(FamilySet(family), joiner, read.found).empty();
+        return extract(FamilySet(family), joiner, found).empty();
     } catch (...) {
-        return read;
+        return false;
     }
-    return read;
 }
+
+/// One call of a count property.
+class Refill {
+public:
+    Refill(Terminal& terminal, Family family, TextView display, ElementLists& lists)
+        : terminal_(terminal),
+          family_(family),
+          display_(display),
+          lists_(lists),
+          cut_(withRow(family, [&](const auto& row) { return isCutWithoutElements(row, display); }) ? &lists
+                                                                                                    : nullptr) {}
+
+    /// Reads a display that is not empty. Returns the number of elements.
+    std::int16_t run(KnownDisplay& known) {
+        KnownReading* const reading = known.find(display_);
+        if (reading == nullptr) return readOnce(known);
+        const bool isComplete = readElements(family_, reading->joiner(), reading->found());
+        if (isComplete) known.keep();
+        return store(reading->found(), isComplete, {});
+    }
+
+private:
+    // A function of its own, because its memory for lines is much to set up.
+    std::int16_t readOnce(KnownDisplay& known) {
+        Display lines(terminal_, display_);
+        known.remember(lines);
+        std::array<char16_t, 1024> texts;  // not initialised
+        Joiner joiner(lines, texts);
+        FoundElements found(lines.scratchMemory());
+        found.reserve(usualElements);
+        const bool isComplete = readElements(family_, joiner, found);
+        return store(found, isComplete, lines.watch());
+    }
+
+    std::int16_t store(const FoundElements& found, bool isComplete, const Watch& watch) {
+        if (!found.empty()) cut_.cancel();
+        const FamilyFacts& facts = factsOf(family_);
+        if (watch) sayElements(watch, facts, found);
+        ListsWriter(lists_, facts).store(found);
+        if (watch) sayStored(watch, facts, found, lists_);
+        if (!isComplete) fail(Failure::Overflow);
+        return toInt16(static_cast<long long>(found.size()));
+    }
+
+    Terminal& terminal_;
+    const Family family_;
+    const TextView display_;
+    ElementLists& lists_;
+    CutAtExit cut_;
+};
 
 const ElementListName* findList(TextView name) {
     const auto row = std::ranges::find(elementLists(), name, &ElementListName::name);
@@ -163,19 +215,8 @@ std::int16_t ProfileLists::refill(Family family, TextView display) {
 }
 
 std::int16_t ProfileLists::read(Family family, TextView display) {
-    ElementLists& lists = listsOf(family);
-    const bool isCut = withRow(family, [&](const auto& row) { return isCutWithoutElements(row, display); });
-    CutAtExit cut(isCut ? &lists : nullptr);
-    if (display.empty()) return 0;
-    Display lines(terminal_, display);
-    Joiner joiner(lines);
-    const auto [found, isComplete] = readElements(family, joiner);
-    if (!found.empty()) cut.cancel();
-    sayElements(lines.watch(), factsOf(family), found);
-    ListsWriter(lists, factsOf(family)).store(found);
-    sayStored(lines.watch(), factsOf(family), found, lists);
-    if (!isComplete) fail(Failure::Overflow);
-    return toInt16(static_cast<long long>(found.size()));
+    Refill refill(terminal_, family, display, listsOf(family));
+    return display.empty() ? std::int16_t{0} : refill.run(known_);
 }
 
 const TextList* ProfileLists::texts(TextView name) const {

@@ -1,6 +1,7 @@
 // The lists of `CProfile`, which the count properties fill and the queries return.
 #pragma once
 
+#include "readers/known_display.h"
 #include "vantro/families.h"
 #include "vantro/terminal.h"
 #include "vantro/text.h"
@@ -51,7 +52,7 @@ private:
 /// The lists of all families.
 class ProfileLists {
 public:
-    explicit ProfileLists(Terminal& terminal) : terminal_(terminal) {}
+    explicit ProfileLists(Terminal& terminal) : terminal_(terminal), known_(terminal) {}
 
     /// Reads a family's elements from the display into the family's lists and returns their count. Raises the family's
     /// number with "An error has occurred while verifying the profile."; the lists then contain what was stored before
@@ -71,6 +72,7 @@ private:
     ElementLists& listsOf(Family family) const;
 
     Terminal& terminal_;
+    KnownDisplay known_;
     // Created on first use, because most objects serve few families.
     mutable std::array<std::unique_ptr<ElementLists>, familyCount> lists_;
 };

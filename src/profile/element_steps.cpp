@@ -20,7 +20,6 @@ void forEachPart(const FamilyFacts& family, std::span<const FoundElement> found,
 }  // namespace
 
 void sayElements(const Watch& watch, const FamilyFacts& family, std::span<const FoundElement> found) {
-    if (!watch) return;
     forEachPart(family, found, [&](std::size_t index, const ElementPartRow& row, TextView value) {
         watch.read(nameOf(row.part), value, static_cast<std::int32_t>(index) + 1, *family.family);
     });
@@ -28,7 +27,6 @@ void sayElements(const Watch& watch, const FamilyFacts& family, std::span<const 
 
 void sayStored(const Watch& watch, const FamilyFacts& family, std::span<const FoundElement> found,
                const ElementLists& lists) {
-    if (!watch) return;
     forEachPart(family, found, [&](std::size_t index, const ElementPartRow& row, TextView value) {
         watch.copied(lists.texts(row.part)[index + family.firstIndex], value);
     });

@@ -1,4 +1,4 @@
-// What an observer is told of the elements of a family.
+// What an observer is told of the elements of a family. The call must be observed.
 #pragma once
 
 #include "framework/observation.h"

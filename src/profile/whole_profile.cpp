@@ -174,7 +174,7 @@ private:
         raiseAs(row.countError, description::verifyingProfile, [&] {
             const std::size_t first = found.size();
             const bool isComplete = extract(FamilySet(*row.family), joiner_, found).empty();
-            sayElements(display_.watch(), row, std::span(found).subspan(first));
+            if (display_.watch()) sayElements(display_.watch(), row, std::span(found).subspan(first));
             if (!isComplete) fail(Failure::Overflow);
         });
     }

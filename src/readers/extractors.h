@@ -63,6 +63,9 @@ private:
 /// The elements found so far; those of each family are in the order of the display.
 using FoundElements = std::pmr::vector<FoundElement>;
 
+/// Few families have more elements.
+inline constexpr std::size_t usualElements = 32;
+
 namespace detail {
 
 inline constexpr auto familiesOfSections = [] {
