@@ -114,9 +114,8 @@ bool isHeaderOrEndAt(TextView line, LineBits matches, TextView header) {
     switch (line[position]) {
         case u'>': return true;
         case u'-':
-            // The last pair of a rule's hyphens is at its end or one character before it.
-            return !matches.contains(position + 2) && (containsAt(line, position - (sectionRule.size() - 2), header) ||
-                                                       containsAt(line, position - (sectionRule.size() - 3), header));
+            // The last pair in a rule contains its last hyphen but one, whichever column the rule begins in.
+            return !matches.contains(position + 2) && containsAt(line, position - (sectionRule.size() - 2), header);
         case u'S': return containsAt(line, position - endPair, mark::endOfDisplay);
         case u'P': return containsAt(line, position - (endPair + 1), mark::endOfDisplay);
     }
