@@ -50,7 +50,7 @@ families. The contenders return views; the count property fills lists of strings
 - *exact*: the title is searched in all lines, sixteen characters at a time, for a rule, a prompt and the end text in any
   column; then only the section is read. It relies on the same forms of lines as the exact scanner of whole profiles.
 - *floor*: the same, but the lines of the section are not searched for the end, nor their free text for tags.
-- *count property*: from the second call of a display on, the object compares the text with what it knows instead of
+- *count property*: from the third call of a display on, the object compares the text with what it knows instead of
   searching it. The hand-written contenders keep nothing. *read anew*: an object for each family, none of which sees a
   display twice.
 - `ProfileElements` answers in a new collection with copies of the lists, which counts. It takes about the same time

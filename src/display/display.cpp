@@ -51,10 +51,10 @@ const DisplayLine* ReadLines::findApart(std::size_t index) const {
 
 Display::Display(Terminal& terminal, TextView text, KnownText* known)
     : screen_(terminal, text),
-      known_(known),
+      known_(screen_.linesAreSlices() ? known : nullptr),
       size_(lengthOf(screen_)),
       lines_(std::min(size_, text.size() / screenWidth + 1), scratchMemory()),
-      confirmed_(known != nullptr ? 0 : std::numeric_limits<std::size_t>::max()),
+      confirmed_(known_ != nullptr ? 0 : std::numeric_limits<std::size_t>::max()),
       marked_(scratchMemory()) {
     constexpr std::size_t usualMarks = 32;  // ten section headers, a prompt, the end text, and a reserve
     marked_.reserve(usualMarks);
@@ -141,8 +141,7 @@ Display::MarkedLine Display::nextFetched(Counter from, Wanted wanted) {
     }
 }
 
-/// The first line that is wanted among those with marks at or after `from`. A reader searches from a line that it read
-/// or found, or from line 1 before any line is swept.
+/// The first line that is wanted among those with marks at or after `from`.
 template <class Wanted>
 std::optional<Display::MarkedLine> Display::nextSwept(Counter from, Wanted wanted) {
     for (;;) {
@@ -150,7 +149,8 @@ std::optional<Display::MarkedLine> Display::nextSwept(Counter from, Wanted wante
         const MarkedLine* marked = markedAt(index);
         while (marked != nullptr && (marked->number < from || !wanted(marked->marks))) marked = markedAt(++index);
         const std::size_t last = marked != nullptr ? static_cast<std::size_t>(marked->number.value()) : size_ - 1;
-        if (last < confirmed_ || confirm(last)) return marked != nullptr ? std::optional(*marked) : std::nullopt;
+        const bool isConfirmed = last < confirmed_ || confirm(last);
+        if (isConfirmed) return marked != nullptr ? std::optional(*marked) : std::nullopt;
     }
 }
 
@@ -172,10 +172,10 @@ std::optional<Display::MarkedLine> Display::nextHeaderOrEnd(Section section, Cou
 }
 
 /// Compares the known lines up to this one, and some after it, with the text. Forgets what is known from the first one
-/// on that has changed, and returns false.
+/// on that has changed, and returns false. The lines up to this one are known afterwards.
 bool Display::confirm(std::size_t index) {
-    constexpr std::size_t some = 24;
-    if (index >= size_) return true;  // an empty line
+    constexpr std::size_t some = 24;  // few sections have more lines
+    if (index >= size_) return true;  // an empty line, also of an empty text, of which nothing is known
     const std::size_t known = known_->size();
     const std::size_t last = std::min(index + some, known);
     const std::size_t changed = known_->firstChanged(text(), confirmed_, last);

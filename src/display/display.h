@@ -6,7 +6,6 @@
 #include "display/scratch_memory.h"
 #include "framework/screen.h"
 
-#include <algorithm>
 #include <bitset>
 #include <cstddef>
 #include <optional>
@@ -57,15 +56,15 @@ private:
     std::unordered_map<std::size_t, DisplayLine> apart_;
 };
 
-/// The display that one operation reads. The operation's readers share it, so that each line is read once. Lines count
-/// from 0; lines after the end are empty.
+/// The display that an operation reads, or several, one after the other. Its readers share it, so that each line is
+/// read once. Lines count from 0; lines after the end are empty.
 ///
 /// If lines are slices of the text, a sweep finds the few lines with marks. Otherwise the terminal is asked only for
 /// the lines that a reader needs, in the reader's order.
 class Display {
 public:
-    /// `known` is for a display that several operations read, one after the other; it must have no lines yet. Null for
-    /// any other.
+    /// `known` is for a display that several operations read; it must have no lines yet. Null for any other. It is not
+    /// used if the terminal makes the lines itself.
     Display(Terminal& terminal, TextView text, KnownText* known = nullptr);
 
     /// Begins the next operation. The text is where it was and has the same size, but any line may have changed.
@@ -83,8 +82,9 @@ public:
     /// section.
     enum class ReadTo : std::uint8_t { DisplayEnd, SectionEnd };
 
-    /// Reads lines from `from` on in one pass, for a reader that needs most of them. Does nothing if the terminal makes
-    /// the lines itself: it is asked only for those that a reader needs.
+    /// Reads lines from `from` on in one pass, for a reader that needs most of them. Stops earlier at a line that was
+    /// read before, or that has changed. Does nothing if the terminal makes the lines itself: it is asked only for
+    /// those that a reader needs.
     void readAhead(Counter from, ReadTo end);
 
     /// True for a line that is known to be empty; all lines after it are empty too.
@@ -117,8 +117,7 @@ public:
 
     /// The first line at or after `from` that contains the section's header or ends the display, if there is one. The
     /// first search of a display that one operation reads keeps nothing of the lines that it passes over: unless lines
-    /// were read before, later searches must begin at the line that it found, or after it and not after the first line
-    /// that was not read.
+    /// were read before, later searches must be for the same section, or begin at the line that it found or after it.
     std::optional<MarkedLine> nextHeaderOrEnd(Section section, Counter from);
 
     /// The section's header in a line that contains it.

@@ -94,7 +94,8 @@ public:
         return kept;
     }
 
-    /// Moves the arena out; views of joined texts stay valid as long as the result.
+    /// Moves the arena out; views of joined texts stay valid as long as the result, and the first memory if there is
+    /// any.
     TextArena takeTexts() { return std::move(texts_); }
 
 private:

@@ -13,7 +13,7 @@ namespace {
 constexpr std::size_t lineLength = screenWidth;
 static_assert(lineLength % Bytes::count == 0);
 
-/// Compares a line. Without a loop, which would take as long as the comparisons.
+/// Compares a line. The groups are written out, because the steps of a loop would take as long as the comparisons.
 bool areEqual(const char16_t* line, const std::uint8_t* known) {
     const auto compare = [&]<std::size_t... group>(std::index_sequence<group...> /*groups*/) {
         return (... & Bytes::narrow(line + group * Bytes::count).equal(Bytes::load(known + group * Bytes::count)));

@@ -1,9 +1,9 @@
 // Sixteen characters, each narrowed to a byte, compared in one step. `narrow` turns a character above 0xFF into a byte
-// that is no printable ASCII character; `store` and `load` keep the bytes. `equal` and `equalPairs` set all bits of
-// each byte that equals an ASCII character, or the same one of other bytes, or belongs to an equal pair; pairs begin at
-// even positions only. `bits` returns one bit per byte, the first character lowest. `prefetch` asks for text that will
-// be read soon, where instructions for it exist. The variants for SSE2, for 64-bit ARM and without vector instructions
-// have the same results.
+// that is no printable ASCII character; which one depends on the variant. `store` writes the bytes to memory, `load`
+// reads them. `equal` and `equalPairs` set all bits of each byte that matches: an ASCII character, the byte in the same
+// place of other bytes, or a pair, which begins at an even position. `bits` returns one bit per byte, the first
+// character lowest. `prefetch` asks for text that will be read soon, where instructions for it exist. There are
+// variants for SSE2, for 64-bit ARM and without vector instructions.
 #pragma once
 
 #include <algorithm>

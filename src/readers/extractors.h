@@ -111,7 +111,7 @@ inline Element split(const FoundElement& found) {
 // counter would overflow. What was found of them before stays found. A search that reaches the counter's end itself, in
 // a display of that length or with a terminal that makes its own lines, raises 6.
 
-/// Extracts families of one section in one pass over its lines.
+/// Extracts families of one section: prefixed ones one after the other, documents in one pass over its lines.
 FamilySet extractPrefixed(FamilySet families, Joiner& joiner, FoundElements& found);
 FamilySet extractDocuments(FamilySet families, Joiner& joiner, FoundElements& found);
 

@@ -1,5 +1,6 @@
 #include "readers/known_display.h"
 
+#include <new>
 #include <utility>
 
 namespace vantro {
@@ -8,6 +9,8 @@ namespace {
 
 /// A longer display is read anew each time. No host prints one, and what is known of it would occupy much memory.
 constexpr std::size_t mostLines = 1000;
+
+bool areSame(TextView a, TextView b) { return a.data() == b.data() && a.size() == b.size(); }
 
 }  // namespace
 
@@ -23,16 +26,17 @@ void KnownReading::startAgain() {
 }
 
 KnownReading* KnownDisplay::find(TextView text) {
-    if (text.data() != place_ || text.size() != size_ || Watch(terminal_)) return nullptr;
-    terminal_.functions();  // fails as it does where a display is read anew
-    if (std::exchange(isKept_, false)) {
+    if (!areSame(text, last_) || Watch(terminal_)) return nullptr;
+    // Asked in every operation, because a terminal may fail, or begin to make its own lines.
+    if (!terminal_.functions().linesAreSlices()) return nullptr;
+    if (std::exchange(isKept_, false) && areSame(text, (*reading_)->text())) {
         (*reading_)->startAgain();
         return &**reading_;
     }
     try {
         if (!reading_) reading_ = std::make_unique<std::optional<KnownReading>>();
         return &reading_->emplace(terminal_, text);
-    } catch (...) {
+    } catch (const std::bad_alloc&) {
         return nullptr;
     }
 }
@@ -40,8 +44,7 @@ KnownReading* KnownDisplay::find(TextView text) {
 // What is known of a display pays only if it comes again.
 void KnownDisplay::remember(const Display& display) noexcept {
     const bool mayBeFound = display.linesAreSlices() && display.size() <= mostLines;
-    place_ = mayBeFound ? display.text().data() : nullptr;
-    size_ = display.text().size();
+    last_ = mayBeFound ? display.text() : TextView();
     isKept_ = false;
 }
 

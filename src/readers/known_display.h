@@ -18,6 +18,7 @@ public:
     /// Begins the next operation. What the one before found is not valid any more.
     void startAgain();
 
+    TextView text() const { return display_.text(); }
     Joiner& joiner() { return joiner_; }
     FoundElements& found() { return found_; }
 
@@ -30,18 +31,19 @@ private:
 };
 
 /// Keeps what was read of a display for the next operation. Most terminals ask for one family of a display after the
-/// other: from the second time on, lines are compared with the known ones, which takes a fraction of the time of
-/// reading them.
+/// other. The second operation that reads a text keeps its lines. Those after it compare the text with them, which
+/// takes a fraction of the time of reading it.
 class KnownDisplay {
 public:
     explicit KnownDisplay(Terminal& terminal) : terminal_(terminal) {}
 
     /// The display, with what is known of it, if the text of the operation before was in the same place and had the
-    /// same size. Otherwise null, and if the call is observed or memory runs out. Raises what the terminal raises.
+    /// same size. Null for any other text, if the call is observed, and if memory runs out. Raises what the terminal
+    /// raises.
     KnownReading* find(TextView text);
 
     /// Says that an operation reads a display that was not found. It may be found from then on, if its lines are slices
-    /// of the text.
+    /// of the text and at most 1,000.
     void remember(const Display& display) noexcept;
 
     /// Keeps what the operation read of the display that was found. An operation that fails does not call it, because
@@ -50,8 +52,7 @@ public:
 
 private:
     Terminal& terminal_;
-    const void* place_ = nullptr;  // of the text of the operation before, if it may be found
-    std::size_t size_ = 0;
+    TextView last_;  // the text of the operation before, if it may be found; not read before it is passed again
     bool isKept_ = false;
     std::unique_ptr<std::optional<KnownReading>> reading_;  // made when it is needed, and its memory used again
 };

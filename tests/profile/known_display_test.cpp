@@ -3,6 +3,7 @@
 #include "tests/profile/oracle_match.h"
 #include "tests/profile/parser.h"
 #include "tests/profile/random_displays.h"
+#include "tests/support/own_lines_terminal.h"
 
 #include <gtest/gtest.h>
 
@@ -150,6 +151,25 @@ TEST_F(KnownDisplayTest, AVeryLongOneThatChangedIsRead) {
     }
     replaceLine(display, 1204, u"   2 PHI/ CHANGED");
     EXPECT_EQ(texts(parser_, "PHI", display), (Texts{"", "CHANGEDCONTINUED"}));
+}
+
+// After any number of calls, and for a display whose search no line ends.
+TEST_F(KnownDisplayTest, ATerminalThatBeginsToMakeItsOwnLinesIsReadTheSame) {
+    const Text endless =
+        display({"HEAD", "------- PRIORITY", "   1 PPR/ FIRST", "   2 PPR/ SECOND", "   3 PPR/ THIRD"});
+    for (const TextView text : {TextView(display_), TextView(endless)}) {
+        const Raised expected = text == endless ? verifying(5266) : Raised{};
+        for (int before = 0; before < 4; ++before) {
+            bool makesLines = false;
+            Parser parser(u"CProfile", std::make_unique<test::SwitchingTerminal>(makesLines));
+            const auto count = [&] { parser.count("PPRElementsCount", text); };
+            for (int call = 0; call < before; ++call) EXPECT_EQ(raisedBy(count), expected);
+            makesLines = true;
+            EXPECT_EQ(raisedBy(count), expected);
+            makesLines = false;
+            EXPECT_EQ(raisedBy(count), expected);
+        }
+    }
 }
 
 /// Changes a few lines of a display: to lines of another one, to each other, or to a single character.

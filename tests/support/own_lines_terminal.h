@@ -72,4 +72,19 @@ private:
     std::size_t blanks_;
 };
 
+/// The built-in terminal, which begins to make its own lines when it is told to.
+class SwitchingTerminal final : public Terminal {
+public:
+    explicit SwitchingTerminal(const bool& makesLines) : makesLines_(makesLines) {}
+
+    TerminalFunctions& functions() override { return makesLines_ ? own_.functions() : builtIn_.functions(); }
+    ErrorReporter& errorReporter() override { return builtIn_.errorReporter(); }
+    CollectionPtr createCollection() override { return builtIn_.createCollection(); }
+
+private:
+    const bool& makesLines_;
+    BuiltInTerminal builtIn_;
+    PaddingTerminal own_;
+};
+
 }  // namespace vantro::test
