@@ -71,7 +71,7 @@ const DisplayLine& Display::readLine(std::size_t index) {
 
 void Display::readAhead(Counter from, ReadTo end) {
     auto next = static_cast<std::size_t>(from.value());
-    if (!screen_.linesAreSlices() || next > swept_) return;
+    if (!screen_.linesAreSlices()) return;
     const std::size_t wholeLines = std::min(text().size() / screenWidth, size_);
     while (next < wholeLines && lines_.find(next) == nullptr) {
         next = lines_.addUpToMark(text(), next, wholeLines);

@@ -197,10 +197,8 @@ public:
         return (from == PrefixFrom::Column1 ? facts_.prefixes.anywhere : facts_.prefixes.fromColumn3).contains(prefix);
     }
 
-    /// The families among these whose prefix the trimmed line contains from column 1, or from column 3 on.
-    FamilySet prefixed(FamilySet families, PrefixFrom from) const {
-        return (from == PrefixFrom::Column1 ? facts_.prefixes.anywhere : facts_.prefixes.fromColumn3).among(families);
-    }
+    /// The families among these whose prefix the trimmed line contains.
+    FamilySet prefixed(FamilySet families) const { return facts_.prefixes.anywhere.among(families); }
 
     /// The column of the blank before a word, or Column{0}. The argument is the word with one blank on either side.
     Column findWord(TextView word) const;

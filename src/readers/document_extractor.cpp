@@ -71,7 +71,7 @@ FamilySet collectSection(FamilySet families, Display& display, const Display::Ma
             return families;
         }
         const DisplayLine& line = display.line(number);
-        const FamilySet begun = line.prefixed(families, PrefixFrom::Column1);
+        const FamilySet begun = line.prefixed(families);
         begun.forEach([&](Family family) { collectRun(family, display, number, found); });
         families.remove(begun);
         if (watch) sayNotBegun(watch, families, number);

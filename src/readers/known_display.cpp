@@ -29,17 +29,20 @@ KnownReading* KnownDisplay::find(TextView text) {
     if (!areSame(text, last_) || Watch(terminal_)) return nullptr;
     // Asked in every operation, because a terminal may fail, or begin to make its own lines.
     if (!terminal_.functions().linesAreSlices()) return nullptr;
-    if (std::exchange(isKept_, false) && areSame(text, (*reading_)->text())) {
+    if (std::exchange(isKept_, false)) {
         (*reading_)->startAgain();
         return &**reading_;
     }
     try {
         if (!reading_) reading_ = std::make_unique<std::optional<KnownReading>>();
         return &reading_->emplace(terminal_, text);
-    } catch (const std::bad_alloc&) {
+    } catch (const std::bad_alloc&) {  // Not covered: what the terminal raises passes
         return nullptr;
     }
 }
+
+// A terminal may have called the object while it was asked, which then read another text.
+void KnownDisplay::keep() noexcept { isKept_ = areSame((*reading_)->text(), last_); }
 
 // What is known of a display pays only if it comes again.
 void KnownDisplay::remember(const Display& display) noexcept {

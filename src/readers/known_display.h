@@ -48,7 +48,7 @@ public:
 
     /// Keeps what the operation read of the display that was found. An operation that fails does not call it, because
     /// it may have left something half read.
-    void keep() noexcept { isKept_ = true; }
+    void keep() noexcept;
 
 private:
     Terminal& terminal_;

@@ -4,10 +4,13 @@
 #include "tests/profile/parser.h"
 #include "tests/profile/random_displays.h"
 #include "tests/support/own_lines_terminal.h"
+#include "vantro/observer.h"
 
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <memory>
+#include <utility>
 #include <vector>
 
 namespace vantro {
@@ -151,6 +154,46 @@ TEST_F(KnownDisplayTest, AVeryLongOneThatChangedIsRead) {
     }
     replaceLine(display, 1204, u"   2 PHI/ CHANGED");
     EXPECT_EQ(texts(parser_, "PHI", display), (Texts{"", "CHANGEDCONTINUED"}));
+}
+
+// Only the families below the section were read before, and the change is far below its header.
+TEST_F(KnownDisplayTest, AChangeFarDownASectionIsRead) {
+    Lines lines{"HEAD", "------- TRAVEL POLICIES - HOTEL"};
+    for (int element = 0; element < 40; ++element) lines.push_back("   1 PHI/ SAME");
+    Text display = ended(lines + Lines{"------- DOCUMENTS", "   4 PAS/ FOURTH"});
+    for (int call = 0; call < 4; ++call) EXPECT_EQ(texts(parser_, "PAS", display), (Texts{"", "FOURTH"}));
+    replaceLine(display, 36, u"   1 PHI/ CHANGED");
+    const Texts found = texts(parser_, "PHI", display);
+    EXPECT_EQ(found.size(), 41U);
+    EXPECT_EQ(std::ranges::find(found, "CHANGED") - found.begin(), 35);
+    EXPECT_EQ(std::ranges::count(found, "SAME"), 39);
+}
+
+TEST_F(KnownDisplayTest, AnObserverIsToldOfEveryStep) {
+    class Counter final : public ReadingObserver {
+    public:
+        void observe(const ReadingStep& /*step*/) override { ++steps_; }
+        int taken() { return std::exchange(steps_, 0); }
+
+    private:
+        int steps_ = 0;
+    };
+    BuiltInTerminal builtIn;
+    Counter counter;
+    auto observed = std::make_unique<ObservedTerminal>(builtIn, &counter);
+    ObservedTerminal& terminal = *observed;
+    Parser parser(u"CProfile", std::move(observed));
+    texts(parser, "PHI", display_);
+    const int expected = counter.taken();
+    EXPECT_GT(expected, 0);
+    terminal.setObserver(nullptr);
+    for (int call = 0; call < 3; ++call) texts(parser, "PHI", display_);
+    EXPECT_EQ(counter.taken(), 0);
+    terminal.setObserver(&counter);
+    for (int call = 0; call < 2; ++call) {
+        EXPECT_EQ(texts(parser, "PHI", display_), (Texts{"", "SECONDCONTINUED"}));
+        EXPECT_EQ(counter.taken(), expected);
+    }
 }
 
 // After any number of calls, and for a display whose search no line ends.
