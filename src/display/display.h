@@ -83,9 +83,8 @@ public:
     enum class ReadTo : std::uint8_t { DisplayEnd, SectionEnd };
 
     /// Reads lines from `from` on in one pass, for a reader that needs most of them; the line above was read or found.
-    /// Stops earlier at a line that was
-    /// read before, or that has changed. Does nothing if the terminal makes the lines itself: it is asked only for
-    /// those that a reader needs.
+    /// Stops earlier at a line that was read before, or that has changed. Does nothing if the terminal makes the lines
+    /// itself: it is asked only for those that a reader needs.
     void readAhead(Counter from, ReadTo end);
 
     /// True for a line that is known to be empty; all lines after it are empty too.
