@@ -53,8 +53,7 @@ families. The contenders return views; the count property fills lists of strings
 - *count property*: from the third call of a display on, the object compares the text with what it knows instead of
   searching it. The hand-written contenders keep nothing. *read anew*: an object for each family, none of which sees a
   display twice.
-- `ProfileElements` answers in a new collection with copies of the lists, which counts. It takes about the same time
-  more than the count property, however fast that is.
+- `ProfileElements` answers in a new collection, which counts. The collection shares the object's lists.
 - *nobody observes*: the object's terminal library can be observed, and is not. *steps counted*: it is, by a program that
   only counts the steps.""",
     ),
@@ -371,7 +370,8 @@ with all families, notes and one end each:
 
 The contenders take turns: a round runs one pass of each over the whole corpus. A pass is timed in 50 slices, in
 processor time. What counts is the best time of each slice, summed up, because the machine has phases in which
-everything takes half as long again; the medians are for information.
+everything takes half as long again; the medians are for information. The allocator keeps memory that is freed, as it
+does in programs that have more in memory than one display.
 
 ![Whole profile, contenders compared](benchmarks.svg)
 """

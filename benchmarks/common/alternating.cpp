@@ -4,6 +4,9 @@
 #include <cstdio>
 #include <cstdlib>
 #include <ctime>
+#if defined(__GLIBC__)
+#include <malloc.h>
+#endif
 
 namespace vantro::bench {
 
@@ -21,6 +24,15 @@ double processorSeconds() {
     return static_cast<double>(now.tv_sec) + static_cast<double>(now.tv_nsec) * 1e-9;
 }
 
+/// Keeps the allocator from returning memory to the system. In a program that has other things in memory it hardly ever
+/// does; here it would for every few displays, within the timed part.
+void keepFreedMemory() {
+#if defined(__GLIBC__)
+    constexpr int everything = 1 << 30;
+    mallopt(M_TRIM_THRESHOLD, everything);
+#endif
+}
+
 bool takes(std::string_view argument, std::string_view option, std::string& value) {
     if (!argument.starts_with(option)) return false;
     value = argument.substr(option.size());
@@ -30,6 +42,7 @@ bool takes(std::string_view argument, std::string_view option, std::string& valu
 }  // namespace
 
 Alternating::Alternating(std::string_view task, int argc, char** argv) : task_(task) {
+    keepFreedMemory();
     for (int i = 1; i < argc; ++i) {
         std::string rounds;
         if (takes(argv[i], "--rounds=", rounds)) {
