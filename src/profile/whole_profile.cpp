@@ -13,6 +13,7 @@
 #include "vantro/families.h"
 #include "vantro/profile.h"
 
+#include <array>
 #include <utility>
 
 namespace vantro {
@@ -22,6 +23,7 @@ struct Profile::Storage {
     explicit Storage(Text text) : display(std::move(text)) {}
 
     Text display;
+    std::array<char16_t, 2048> firstTexts;  // not initialised; where the first joined texts are
     TextArena joinedTexts;
     std::unique_ptr<std::byte[]> elements;
     std::vector<Note> notes;
@@ -74,7 +76,7 @@ public:
         : profile_(profile),
           storage_(storage),
           display_(terminal, withoutHostLine(terminal, storage.display, ShortDisplay::IsEmpty)),
-          joiner_(display_) {}
+          joiner_(display_, storage.firstTexts) {}
 
     void run() {
         FoundElements found(display_.scratchMemory());
