@@ -63,7 +63,7 @@ IDispatch* ComCollection::object() const {
     return object_.get();
 }
 
-void ComCollection::Add(TextView key, ItemValue value) {
+void ComCollection::store(TextView key, const ItemValue& value) {
     IDispatch* const collection = object();
     Bstr keyText(key);
     Variant stored = Variant::of(value);

@@ -52,12 +52,14 @@ public:
     /// The terminal's object of a collection that the library returns; null for none.
     static IDispatch* objectOf(const CollectionPtr& collection);
 
-    void Add(TextView key, ItemValue value) override;
+    void Add(TextView key, ItemValue value) override { store(key, value); }
+    void AddShared(TextView key, std::shared_ptr<const ItemValue> value) override { store(key, *value); }
     ItemPtr Item(TextView key) const override;
 
 private:
     explicit ComCollection(const VARIANT& argument) : argument_(&argument) {}
 
+    void store(TextView key, const ItemValue& value);
     IDispatch* object() const;
     void take(Ptr<IDispatch> object) const;
 

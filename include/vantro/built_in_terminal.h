@@ -18,17 +18,24 @@ public:
     class Entry final : public KeyedItem {
     public:
         Entry(TextView key, ItemValue value) : key_(key), value_(std::move(value)) {}
+        Entry(TextView key, std::shared_ptr<const ItemValue> shared) : key_(key), shared_(std::move(shared)) {}
 
         const Text& key() const { return key_; }
-        const ItemValue& Value() const override { return value_; }
+        const ItemValue& Value() const override { return shared_ ? *shared_ : value_; }
 
     private:
         friend class BuiltInCollection;
+
+        void replace(ItemValue value);
+        void replace(std::shared_ptr<const ItemValue> shared);
+
         Text key_;
         ItemValue value_;
+        std::shared_ptr<const ItemValue> shared_;  // instead of the value, or null
     };
 
     void Add(TextView key, ItemValue value) override;
+    void AddShared(TextView key, std::shared_ptr<const ItemValue> value) override;
     ItemPtr Item(TextView key) const override;
 
     /// The entries in the order in which their keys were first added.
@@ -38,6 +45,8 @@ private:
     static constexpr std::size_t absent = ~std::size_t{0};
 
     std::size_t indexOf(TextView key) const;
+    template <class Value>
+    void store(TextView key, Value value);
     void addIndexOfNext(const Text& key);
 
     std::vector<Entry> entries_;

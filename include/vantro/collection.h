@@ -43,6 +43,10 @@ public:
     /// Stores a value. A key that exists keeps its position and gets the new value.
     virtual void Add(TextView key, ItemValue value) = 0;
 
+    /// The same for a value that others have too; never null. Nobody changes it as long as somebody has it, so a
+    /// collection may keep it as it is. By default a copy is added.
+    virtual void AddShared(TextView key, std::shared_ptr<const ItemValue> value) { Add(key, *value); }
+
     /// The item stored under the key, or null.
     virtual ItemPtr Item(TextView key) const = 0;
 

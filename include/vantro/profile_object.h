@@ -18,8 +18,8 @@ public:
     virtual IProfileTrans* profileTrans() { return nullptr; }
     virtual IProfileGet* profileGet() { return nullptr; }
 
-    /// The list of texts with this name, such as "strPPRText", as the last count filled it; null when the class has no
-    /// such list. vantro/lists.h names all lists.
+    /// The list of texts with this name, such as "strPPRText", as the last count filled it, until the next call of the
+    /// object; null when the class has no such list. vantro/lists.h names all lists.
     virtual const TextList* list(TextView name) const;
 
     /// The same for lists of booleans; the only one is "blnServiceRequestFlag".

@@ -83,6 +83,11 @@ public:
         watch_.listAdded(key.name, value);
         collection_.Add(key.name, ItemValue(std::move(value)));
     }
+    /// Adds a list that somebody else has too.
+    void addShared(const Key<TextList>& key, std::shared_ptr<const ItemValue> list) {
+        watch_.listAdded(key.name, std::get<TextList>(*list));
+        collection_.AddShared(key.name, std::move(list));
+    }
 
     /// Adds a number under a key that otherwise has a text: "strKeyRecLocPos" only.
     void addNumber(const Key<Text>& key, std::int16_t value) { store(key.name, value); }

@@ -10,7 +10,9 @@
 
 #include <algorithm>
 #include <array>
+#include <atomic>
 #include <span>
+#include <utility>
 
 namespace vantro {
 
@@ -19,7 +21,38 @@ namespace {
 /// The size up to which a text needs no allocation.
 const std::size_t shortText = Text().capacity();
 
+template <class Lists>
+bool isShared(const std::shared_ptr<Lists>& lists) {
+    if (lists.use_count() > 1) return true;
+    // A thread that let go of them has read them before.
+    std::atomic_thread_fence(std::memory_order_acquire);
+    return false;
+}
+
 }  // namespace
+
+ElementLists::ElementLists(std::size_t firstIndex) : firstIndex_(firstIndex) {
+    spare_.reserve(mostSpare);
+    for (std::size_t part = 0; part < parts_.size(); ++part) texts_[part] = &parts_[part];
+    use(std::make_shared<WholeLists>(firstIndex));
+}
+
+void ElementLists::use(std::shared_ptr<WholeLists> lists) noexcept {
+    next_ = std::exchange(whole_, std::move(lists));
+    texts_[indexOf(ElementPart::WholeText)] = std::get_if<TextList>(&whole_->texts);
+    texts_[indexOf(ElementPart::Number)] = std::get_if<TextList>(&whole_->numbers);
+}
+
+std::shared_ptr<const ItemValue> ElementLists::share(ElementPart part) {
+    if (!next_ || isShared(next_)) next_ = std::make_shared<WholeLists>(firstIndex_);
+    return {whole_, part == ElementPart::WholeText ? &whole_->texts : &whole_->numbers};
+}
+
+void ElementLists::prepareChange() noexcept {
+    if (!isShared(whole_)) return;
+    use(std::move(next_));
+    cutTo(firstIndex_, detail::wholeParts);
+}
 
 void ElementLists::add(TextList& list, TextView text) {
     if (spare_.empty() || text.size() <= shortText) {
@@ -43,7 +76,7 @@ void ElementLists::cutTo(std::size_t length, std::span<const ElementPart> parts)
         if (part == ElementPart::Asterisk) {
             asterisks().resize(std::min(asterisks().size(), length));
         } else {
-            cut(texts(part), length);
+            cut(*texts_[indexOf(part)], length);
         }
     }
 }
@@ -63,6 +96,7 @@ public:
     /// When memory runs out, the lists contain the elements before that one.
     void store(std::span<const FoundElement> found) {
         if (found.empty()) return;
+        lists_.prepareChange();
         std::size_t stored = 0;
         try {
             for (; stored < found.size(); ++stored) {
@@ -99,11 +133,10 @@ private:
     bool isSplit_;  // all other families have a text and a number alone
 };
 
-void addEntry0(ElementLists& lists) {
-    for (const ElementPart part : detail::wholeParts) lists.texts(part).resize(1);
+void cutToEntry0(ElementLists& lists) {
+    lists.prepareChange();
+    lists.cutTo(1, detail::wholeParts);
 }
-
-void cutToEntry0(ElementLists& lists) { lists.cutTo(1, detail::wholeParts); }
 
 /// Cuts lists back to entry 0 at the end of a call that stored no element, also of one that failed before it read a
 /// line. The entries stay until then, because elements that are found replace them.
@@ -200,9 +233,7 @@ const ElementListName* findList(TextView name) {
 ElementLists& ProfileLists::listsOf(Family family) const {
     std::unique_ptr<ElementLists>& lists = lists_[indexOf(family)];
     if (!lists) {
-        auto made = std::make_unique<ElementLists>();
-        if (!isTransferable(family)) addEntry0(*made);
-        lists = std::move(made);
+        lists = std::make_unique<ElementLists>(factsOf(family).firstIndex);
     }
     return *lists;
 }

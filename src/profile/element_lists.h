@@ -15,19 +15,28 @@ namespace vantro {
 
 /// The lists of one family: one per part of its elements, all of the same length. Lists of other parts are empty.
 /// Element k is at index k after an empty entry 0; in the lists of transferable families it is at index k - 1.
+///
+/// The lists of texts and numbers are shared with the collections that queries answer in. The next call uses their
+/// memory again, unless a collection still has them: then it fills others.
 class ElementLists {
 public:
-    TextList& texts(ElementPart part) { return texts_[indexOf(part)]; }
-    const TextList& texts(ElementPart part) const { return texts_[indexOf(part)]; }
+    /// Lists whose first element will be at this index. The entries before it are empty.
+    explicit ElementLists(std::size_t firstIndex);
+
+    const TextList& texts(ElementPart part) const { return *texts_[indexOf(part)]; }
 
     FlagList& asterisks() { return asterisks_; }
     const FlagList& asterisks() const { return asterisks_; }
 
-    ElementLists() { spare_.reserve(mostSpare); }
+    /// The list of texts or numbers. It stays as it is as long as somebody has the pointer.
+    std::shared_ptr<const ItemValue> share(ElementPart part);
+
+    /// To be called before each change. Replaces shared lists by others without elements.
+    void prepareChange() noexcept;
 
     /// Replaces the entry at an index, which is at most one beyond the last entry.
     void put(ElementPart part, std::size_t index, TextView text) {
-        TextList& list = texts(part);
+        TextList& list = *texts_[indexOf(part)];
         if (index < list.size()) {
             list[index].assign(text);
         } else {
@@ -41,11 +50,24 @@ public:
 private:
     static constexpr std::size_t mostSpare = 64;
 
+    /// The lists that a query returns whole.
+    struct WholeLists {
+        explicit WholeLists(std::size_t length) : texts(TextList(length)), numbers(TextList(length)) {}
+
+        ItemValue texts;
+        ItemValue numbers;
+    };
+
+    void use(std::shared_ptr<WholeLists> lists) noexcept;
     void add(TextList& list, TextView text);
     void cut(TextList& list, std::size_t length) noexcept;
 
+    std::size_t firstIndex_;
     TextList spare_;  // texts that were cut off: their memory is used again
-    std::array<TextList, indexOf(ElementPart::Asterisk)> texts_;
+    std::shared_ptr<WholeLists> whole_;
+    std::shared_ptr<WholeLists> next_;  // replaces them if they are shared; not null then
+    std::array<TextList, indexOf(ElementPart::Asterisk)> parts_;
+    std::array<TextList*, indexOf(ElementPart::Asterisk)> texts_;  // the two whole lists and the parts
     FlagList asterisks_;
 };
 
@@ -60,6 +82,9 @@ public:
     std::int16_t refill(Family family, TextView display);
 
     const ElementLists& of(Family family) const { return listsOf(family); }
+
+    /// A family's list of texts or numbers, which stays as it is as long as somebody has the pointer.
+    std::shared_ptr<const ItemValue> share(Family family, ElementPart part) { return listsOf(family).share(part); }
 
     /// The list of texts with this name ("strServiceRequestCode"), or null.
     const TextList* texts(TextView name) const;

@@ -79,10 +79,9 @@ void ProfileQuery::addOther(OtherQuery query) {
 }
 
 void ProfileQuery::addWholeLists(Family family) {
-    const ElementLists& lists = lists_.of(family);
     Results results(*collection_, Watch(terminal_));
-    results.add(key::strKeyElement_list, lists.texts(ElementPart::WholeText));
-    results.add(key::strKeyElementNr_list, lists.texts(ElementPart::Number));
+    results.addShared(key::strKeyElement_list, lists_.share(family, ElementPart::WholeText));
+    results.addShared(key::strKeyElementNr_list, lists_.share(family, ElementPart::Number));
 }
 
 void ProfileQuery::addElementAndLists(const FamilyFacts& family) {

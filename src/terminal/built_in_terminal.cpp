@@ -42,9 +42,26 @@ std::size_t BuiltInCollection::indexOf(TextView key) const {
     return entry == entries_.end() ? absent : static_cast<std::size_t>(entry - entries_.begin());
 }
 
-void BuiltInCollection::Add(TextView key, ItemValue value) {
+void BuiltInCollection::Entry::replace(ItemValue value) {
+    value_ = std::move(value);
+    shared_.reset();
+}
+
+void BuiltInCollection::Entry::replace(std::shared_ptr<const ItemValue> shared) {
+    shared_ = std::move(shared);
+    value_ = {};
+}
+
+void BuiltInCollection::Add(TextView key, ItemValue value) { store(key, std::move(value)); }
+
+void BuiltInCollection::AddShared(TextView key, std::shared_ptr<const ItemValue> value) {
+    store(key, std::move(value));
+}
+
+template <class Value>
+void BuiltInCollection::store(TextView key, Value value) {
     if (const std::size_t index = indexOf(key); index != absent) {
-        entries_[index].value_ = std::move(value);
+        entries_[index].replace(std::move(value));
         return;
     }
     // All allocations come before the first change, so that an `Add` that fails leaves the collection unchanged.

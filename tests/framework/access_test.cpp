@@ -145,6 +145,23 @@ TEST(ResultsTest, MovesAText) {
     EXPECT_EQ(collection.entries()[0].Value(), ItemValue(Text(u"KESTREL")));
 }
 
+// Collections that do not share values.
+TEST(ResultsTest, ACollectionMayCopyASharedList) {
+    class Copying final : public KeyedCollection {
+    public:
+        void Add(TextView key, ItemValue value) override { added.emplace_back(key, std::move(value)); }
+        ItemPtr Item(TextView /*key*/) const override { return nullptr; }
+
+        std::vector<std::pair<Text, ItemValue>> added;
+    };
+    Copying collection;
+    const auto shared = std::make_shared<const ItemValue>(TextList{u"", u"AISLE"});
+    Results(collection).addShared(list, shared);
+    ASSERT_EQ(collection.added.size(), 1U);
+    EXPECT_EQ(collection.added[0].first, u"strKeyElement()");
+    EXPECT_EQ(collection.added[0].second, *shared);
+}
+
 // A list with a lower bound above 0, as a terminal may store one.
 class RaisedList final : public KeyedCollection, public KeyedItem {
 public:

@@ -42,6 +42,37 @@ TEST(BuiltInCollection, AnItemContainsTheStoredValue) {
     EXPECT_EQ(item->Value(), ItemValue(TextList{u"", u"AISLE"}));
 }
 
+TEST(BuiltInCollection, ASharedValueIsNotCopied) {
+    BuiltInCollection collection;
+    const auto value = std::make_shared<const ItemValue>(TextList{u"", u"AISLE"});
+    collection.AddShared(u"strKeyElement()", value);
+    EXPECT_EQ(&collection.Item(u"strKeyElement()")->Value(), value.get());
+}
+
+TEST(BuiltInCollection, SharedAndOwnValuesReplaceEachOther) {
+    BuiltInCollection collection;
+    const auto shared = std::make_shared<const ItemValue>(Text(u"SHARED"));
+    const auto valueNow = [&] { return collection.Item(u"strKeyName")->Value(); };
+    collection.Add(u"strKeyName", Text(u"OWN"));
+    collection.AddShared(u"strKeyName", shared);
+    EXPECT_EQ(valueNow(), *shared);
+    collection.Add(u"strKeyName", Text(u"OWN AGAIN"));
+    EXPECT_EQ(valueNow(), ItemValue(Text(u"OWN AGAIN")));
+    EXPECT_EQ(shared.use_count(), 1);
+    EXPECT_EQ(collection.entries().size(), 1U);
+}
+
+TEST(BuiltInCollection, SharedValuesAreFoundAmongManyKeys) {
+    BuiltInCollection collection;
+    constexpr char16_t count = 100;
+    for (char16_t key = 1; key <= count; ++key) {
+        collection.AddShared(Text(1, key), std::make_shared<const ItemValue>(static_cast<std::int16_t>(key)));
+    }
+    for (char16_t key = 1; key <= count; ++key) {
+        EXPECT_EQ(collection.Item(Text(1, key))->Value(), ItemValue(static_cast<std::int16_t>(key)));
+    }
+}
+
 // Items as text
 
 class BuiltInFunctions : public testing::Test {
