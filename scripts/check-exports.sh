@@ -10,7 +10,7 @@ source scripts/lib.sh
 install_missing "${exports_packages[@]}"
 export build=build/shared
 export windows=build/shared-mingw-x64
-step "shared library: configure" cmake --preset release -B $build -DBUILD_SHARED_LIBS=ON
+step "shared library: configure" cmake --preset release -B $build -DBUILD_SHARED_LIBS=ON -DVANTRO_BUILD_CLI=OFF
 step "shared library: build" cmake --build $build -j 2
 step "shared library for Windows: configure" cmake --preset mingw-x64 -B $windows -DBUILD_SHARED_LIBS=ON \
     -DVANTRO_BUILD_COM=OFF -DVANTRO_BUILD_TESTS=OFF -DVANTRO_BUILD_CLI=OFF

@@ -8,8 +8,12 @@ source scripts/lib.sh
 
 install_missing "${tool_packages[@]}" binutils
 build=build/shared
-step "hardening: configure" cmake --preset release -B $build -DBUILD_SHARED_LIBS=ON
-step "hardening: build" cmake --build $build -j 2
+tool=build/release/bin/vantro-profile
+library=$build/libVantroProfileUtils.so
+step "release: configure" cmake --preset release
+step "release: build" cmake --build --preset release -j 2
+step "shared library: configure" cmake --preset release -B $build -DBUILD_SHARED_LIBS=ON -DVANTRO_BUILD_CLI=OFF
+step "shared library: build" cmake --build $build -j 2
 
 # expect FILE WHAT READELF-OPTION PATTERN
 expect() {
@@ -23,14 +27,14 @@ expect() {
     fi
 }
 
-for file in $build/bin/vantro-profile $build/libVantroProfileUtils.so; do
+for file in $tool $library; do
     expect $file "position independent" --file-header 'Type: +DYN '
     expect $file "relocations read-only after the start" --program-headers 'GNU_RELRO'
     expect $file "all symbols bound at the start" --dynamic 'BIND_NOW|FLAGS_1.*NOW'
     expect $file "stack protector" --dyn-syms '__stack_chk_fail'
     expect $file "no executable stack" --program-headers 'GNU_STACK.* RW '
 done
-expect $build/bin/vantro-profile "an executable" --dynamic 'FLAGS_1.*PIE'
+expect $tool "an executable" --dynamic 'FLAGS_1.*PIE'
 
 # Neither file need contain a call that is fortified: the compiler proves most of the sizes. So a call whose size it
 # cannot prove is compiled with the library's own switches.
@@ -40,7 +44,7 @@ read -ra compiler <<<"${switches//\\/}"
 void use(char*); void probe(const char* s, std::size_t n) { char part[8]; std::memcpy(part, s, n); use(part); }'
 expect $build/probe.o "fortified calls" --syms '__memcpy_chk'
 if [[ $(uname -m) == x86_64 ]]; then
-    for file in $build/bin/vantro-profile $build/libVantroProfileUtils.so; do
+    for file in $tool $library; do
         # Every function that a pointer can reach opens with this instruction.
         if objdump -d --no-show-raw-insn $file | grep endbr64 >/dev/null; then
             echo "  ok      $file: marked branch targets"

@@ -18,7 +18,7 @@ main() {
     bash scripts/test-com.sh install x86 again
     check "format" strictly check_format
     check "shellcheck" strictly check_scripts
-    build_and_test ci-clang # address and undefined-behaviour sanitizers, clang-tidy over every source
+    build_and_test ci-clang # address and undefined-behaviour sanitizers, clang-tidy
     count_closing_line "consumers" bash scripts/consumers.sh
     count_closing_line "binary interfaces" bash scripts/abi.sh check
     count_closing_line "Python packages" bash scripts/python.sh

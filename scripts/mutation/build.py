@@ -57,7 +57,7 @@ class Build:
             "-DCMAKE_CXX_COMPILER=clang++", "-DCMAKE_CXX_COMPILER_LAUNCHER=", f"-DCMAKE_CXX_FLAGS={FLAGS}",
             "-DBUILD_SHARED_LIBS=ON", "-DCMAKE_SHARED_LINKER_FLAGS=-fuse-ld=lld -Wl,-Bsymbolic",
             "-DCMAKE_CXX_VISIBILITY_PRESET=default",  # the tests call the internals of the shared library
-            "-DCMAKE_EXE_LINKER_FLAGS=-fuse-ld=lld", "-DVANTRO_BUILD_EXAMPLES=OFF",
+            "-DCMAKE_EXE_LINKER_FLAGS=-fuse-ld=lld", "-DVANTRO_BUILD_EXAMPLES=OFF", "-DVANTRO_BUILD_CLI=OFF",
             "-DCMAKE_EXPORT_COMPILE_COMMANDS=ON", f"-DVANTRO_NO_SIMD={'OFF' if self.with_simd else 'ON'}",
             f"-DCMAKE_PROJECT_VantroProfileUtils_INCLUDE={Path(__file__).with_name('build.cmake')}",
         ]  # fmt: skip
