@@ -45,8 +45,9 @@ private:
     static constexpr std::size_t absent = ~std::size_t{0};
 
     std::size_t indexOf(TextView key) const;
-    template <class Value>
-    void store(TextView key, Value value);
+    Entry* find(TextView key);
+    bool makeRoom();
+    void addIndexed(Entry added);
     void addIndexOfNext(const Text& key);
 
     std::vector<Entry> entries_;

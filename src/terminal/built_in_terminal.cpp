@@ -52,28 +52,42 @@ void BuiltInCollection::Entry::replace(std::shared_ptr<const ItemValue> shared) 
     value_ = {};
 }
 
-void BuiltInCollection::Add(TextView key, ItemValue value) { store(key, std::move(value)); }
-
-void BuiltInCollection::AddShared(TextView key, std::shared_ptr<const ItemValue> value) {
-    store(key, std::move(value));
+BuiltInCollection::Entry* BuiltInCollection::find(TextView key) {
+    const std::size_t index = indexOf(key);
+    return index == absent ? nullptr : &entries_[index];
 }
 
-template <class Value>
-void BuiltInCollection::store(TextView key, Value value) {
-    if (const std::size_t index = indexOf(key); index != absent) {
-        entries_[index].replace(std::move(value));
-        return;
-    }
-    // All allocations come before the first change, so that an `Add` that fails leaves the collection unchanged.
+/// Makes room for one more entry. Returns true if it needs no index. All allocations come before the first change, so
+/// that a call that fails leaves the collection unchanged.
+bool BuiltInCollection::makeRoom() {
     constexpr std::size_t usualKeys = 8;
     if (entries_.size() == entries_.capacity()) entries_.reserve(std::max(usualKeys, 2 * entries_.size()));
-    if (entries_.size() < fewKeys) {
-        entries_.emplace_back(key, std::move(value));
-        return;
-    }
-    Entry added(key, std::move(value));
+    return entries_.size() < fewKeys;
+}
+
+void BuiltInCollection::addIndexed(Entry added) {
     addIndexOfNext(added.key());
     entries_.push_back(std::move(added));
+}
+
+void BuiltInCollection::Add(TextView key, ItemValue value) {
+    if (Entry* const known = find(key)) {
+        known->replace(std::move(value));
+    } else if (makeRoom()) {
+        entries_.emplace_back(key, std::move(value));
+    } else {
+        addIndexed(Entry(key, std::move(value)));
+    }
+}
+
+void BuiltInCollection::AddShared(TextView key, std::shared_ptr<const ItemValue> value) {
+    if (Entry* const known = find(key)) {
+        known->replace(std::move(value));
+    } else if (makeRoom()) {
+        entries_.emplace_back(key, std::move(value));
+    } else {
+        addIndexed(Entry(key, std::move(value)));
+    }
 }
 
 void BuiltInCollection::addIndexOfNext(const Text& key) {
