@@ -17,18 +17,15 @@ public:
     /// A key and its value.
     class Entry final : public KeyedItem {
     public:
-        Entry(TextView key, ItemValue value) : key_(key), value_(std::move(value)) {}
-        Entry(TextView key, std::shared_ptr<const ItemValue> shared) : key_(key), shared_(std::move(shared)) {}
+        /// An entry with a value of its own, or with a shared one instead.
+        Entry(TextView key, ItemValue value, std::shared_ptr<const ItemValue> shared = {})
+            : key_(key), value_(std::move(value)), shared_(std::move(shared)) {}
 
         const Text& key() const { return key_; }
         const ItemValue& Value() const override { return shared_ ? *shared_ : value_; }
 
     private:
         friend class BuiltInCollection;
-
-        void replace(ItemValue value);
-        void replace(std::shared_ptr<const ItemValue> shared);
-
         Text key_;
         ItemValue value_;
         std::shared_ptr<const ItemValue> shared_;  // instead of the value, or null
@@ -45,9 +42,7 @@ private:
     static constexpr std::size_t absent = ~std::size_t{0};
 
     std::size_t indexOf(TextView key) const;
-    Entry* find(TextView key);
-    bool makeRoom();
-    void addIndexed(Entry added);
+    void store(TextView key, ItemValue&& value, std::shared_ptr<const ItemValue>&& shared);
     void addIndexOfNext(const Text& key);
 
     std::vector<Entry> entries_;

@@ -24,7 +24,7 @@ const std::size_t shortText = Text().capacity();
 template <class Lists>
 bool isShared(const std::shared_ptr<Lists>& lists) {
     if (lists.use_count() > 1) return true;
-    // A thread that let go of them has read them before.
+    // Another thread may have had them: what it read, it read before what follows here.
     std::atomic_thread_fence(std::memory_order_acquire);
     return false;
 }
@@ -232,9 +232,7 @@ const ElementListName* findList(TextView name) {
 
 ElementLists& ProfileLists::listsOf(Family family) const {
     std::unique_ptr<ElementLists>& lists = lists_[indexOf(family)];
-    if (!lists) {
-        lists = std::make_unique<ElementLists>(factsOf(family).firstIndex);
-    }
+    if (!lists) lists = std::make_unique<ElementLists>(factsOf(family).firstIndex);
     return *lists;
 }
 

@@ -22,6 +22,8 @@ class ElementLists {
 public:
     /// Lists whose first element will be at this index. The entries before it are empty.
     explicit ElementLists(std::size_t firstIndex);
+    ElementLists(const ElementLists&) = delete;
+    ElementLists& operator=(const ElementLists&) = delete;
 
     const TextList& texts(ElementPart part) const { return *texts_[indexOf(part)]; }
 

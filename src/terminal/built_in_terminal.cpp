@@ -42,52 +42,28 @@ std::size_t BuiltInCollection::indexOf(TextView key) const {
     return entry == entries_.end() ? absent : static_cast<std::size_t>(entry - entries_.begin());
 }
 
-void BuiltInCollection::Entry::replace(ItemValue value) {
-    value_ = std::move(value);
-    shared_.reset();
-}
-
-void BuiltInCollection::Entry::replace(std::shared_ptr<const ItemValue> shared) {
-    shared_ = std::move(shared);
-    value_ = {};
-}
-
-BuiltInCollection::Entry* BuiltInCollection::find(TextView key) {
-    const std::size_t index = indexOf(key);
-    return index == absent ? nullptr : &entries_[index];
-}
-
-/// Makes room for one more entry. Returns true if it needs no index. All allocations come before the first change, so
-/// that a call that fails leaves the collection unchanged.
-bool BuiltInCollection::makeRoom() {
-    constexpr std::size_t usualKeys = 8;
-    if (entries_.size() == entries_.capacity()) entries_.reserve(std::max(usualKeys, 2 * entries_.size()));
-    return entries_.size() < fewKeys;
-}
-
-void BuiltInCollection::addIndexed(Entry added) {
-    addIndexOfNext(added.key());
-    entries_.push_back(std::move(added));
-}
-
-void BuiltInCollection::Add(TextView key, ItemValue value) {
-    if (Entry* const known = find(key)) {
-        known->replace(std::move(value));
-    } else if (makeRoom()) {
-        entries_.emplace_back(key, std::move(value));
-    } else {
-        addIndexed(Entry(key, std::move(value)));
-    }
-}
+void BuiltInCollection::Add(TextView key, ItemValue value) { store(key, std::move(value), {}); }
 
 void BuiltInCollection::AddShared(TextView key, std::shared_ptr<const ItemValue> value) {
-    if (Entry* const known = find(key)) {
-        known->replace(std::move(value));
-    } else if (makeRoom()) {
-        entries_.emplace_back(key, std::move(value));
-    } else {
-        addIndexed(Entry(key, std::move(value)));
+    store(key, {}, std::move(value));
+}
+
+void BuiltInCollection::store(TextView key, ItemValue&& value, std::shared_ptr<const ItemValue>&& shared) {
+    if (const std::size_t index = indexOf(key); index != absent) {
+        entries_[index].value_ = std::move(value);
+        entries_[index].shared_ = std::move(shared);
+        return;
     }
+    // All allocations come before the first change, so that a call that fails leaves the collection unchanged.
+    constexpr std::size_t usualKeys = 8;
+    if (entries_.size() == entries_.capacity()) entries_.reserve(std::max(usualKeys, 2 * entries_.size()));
+    if (entries_.size() < fewKeys) {
+        entries_.emplace_back(key, std::move(value), std::move(shared));
+        return;
+    }
+    Entry added(key, std::move(value), std::move(shared));
+    addIndexOfNext(added.key());
+    entries_.push_back(std::move(added));
 }
 
 void BuiltInCollection::addIndexOfNext(const Text& key) {
