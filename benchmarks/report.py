@@ -370,10 +370,11 @@ with all families, notes and one end each:
 | mixed | 210.7 | 164.5 | 16.8 million | one element in nine is wrapped, a host line above one display in ten |
 | archive | 205.4 | 158.2 | 16.4 million | many elements, one in 24 is wrapped |
 
-The contenders take turns: a round runs one pass of each over the whole corpus. A pass is timed in 50 slices, in
-processor time. What counts is the best time of each slice, summed up, because the machine has phases in which
-everything takes half as long again; the medians are for information. The allocator keeps memory that is freed, as it
-does in programs that have more in memory than one display.
+The contenders take turns: a round runs one pass of each over the whole corpus, each time in another order, because what
+one contender leaves in the caches makes the next one faster or slower. A pass is timed in 50 slices, in processor time.
+What counts is the best time of each slice, summed up, because the machine has phases in which everything takes half as
+long again; the medians are for information. The allocator keeps memory that is freed, as it does in programs that have
+more in memory than one display.
 
 ![Whole profile, contenders compared](benchmarks.svg)
 """

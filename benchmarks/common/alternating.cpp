@@ -4,6 +4,7 @@
 #include <cstdio>
 #include <cstdlib>
 #include <ctime>
+#include <random>
 #if defined(__GLIBC__)
 #include <malloc.h>
 #endif
@@ -25,11 +26,14 @@ double processorSeconds() {
 }
 
 /// Keeps the allocator from returning memory to the system. In a program that has other things in memory it hardly ever
-/// does; here it would for every few displays, within the timed part.
+/// does; here it would for every few displays, within the timed part. The second setting is for large blocks, which
+/// the allocator returns at once when the first one is changed.
 void keepFreedMemory() {
 #if defined(__GLIBC__)
     constexpr int everything = 1 << 30;
+    constexpr int mostFromHeap = 1 << 25;  // the most that is accepted
     mallopt(M_TRIM_THRESHOLD, everything);
+    mallopt(M_MMAP_THRESHOLD, mostFromHeap);
 #endif
 }
 
@@ -75,9 +79,13 @@ void Alternating::run(std::string_view group, std::size_t inputs) {
         runOnce(contender, inputs);
         contender.interval = std::max(1, static_cast<int>((processorSeconds() - start) / longPass));
     }
+    std::vector<Contender*> order;
+    for (Contender& contender : contenders_) order.push_back(&contender);
+    std::mt19937 random;  // the same order in every run of the program
     for (int round = 0; round < rounds_; ++round) {
-        for (Contender& contender : contenders_) {
-            if (round % contender.interval == 0) runOnce(contender, inputs);
+        std::shuffle(order.begin(), order.end(), random);
+        for (Contender* const contender : order) {
+            if (round % contender->interval == 0) runOnce(*contender, inputs);
         }
     }
     std::printf("%-60.*s %12s %12s\n", static_cast<int>(group.size()), group.data(), "best, us", "median, us");
