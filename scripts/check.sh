@@ -2,9 +2,9 @@
 # The long checks, beside scripts/test.sh: format, shellcheck, clang-tidy and the sanitizers, other projects that use the
 # library, its binary interfaces, the packages for Python and JavaScript, exported archives, the scalar variant, 64-bit
 # ARM under an emulator, threads, coverage, the exports of a shared build, hardening, the same bytes twice, the 32-bit COM
-# clients, the archive for Windows, the site, pages in a browser, the fuzz targets and a sample of mutations. Takes about
-# fifty minutes on two cores, after the packages that it installs (Debian 12; root or sudo). The last line of a green
-# run is "N passed, 0 failed, M skipped".
+# clients, the archive for Windows, the site, pages in a browser, the fuzz targets and a sample of mutations. Takes 40 to
+# 65 minutes on two cores, after the packages that it installs (Debian 12; root or sudo). The last line of a green run is
+# "N passed, 0 failed, M skipped".
 set -euo pipefail
 cd "$(dirname "$0")/.."
 # shellcheck source=scripts/lib.sh

@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
 # The test run for everyone: one optimised GCC build with every test, the samples, the tool and the installed package,
-# and the COM server with its 64-bit clients. Takes about five minutes on two cores, after the packages that it
+# and the COM server with its 64-bit clients. Takes five to eight minutes on two cores, after the packages that it
 # installs (Debian 12; root or sudo). scripts/check.sh has the long checks. The last line of a green run is
 # "N passed, 0 failed, M skipped".
 set -euo pipefail
