@@ -1,7 +1,7 @@
-// Times contenders in turn: each round runs one pass of every contender over all inputs, in an order of its own, because
-// what one contender leaves in the caches makes the next one faster or slower. The machine has phases in which
-// everything takes half as long again, so a pass is timed in short slices, and the best time of each slice counts. What
-// is shown is the sum over the slices, per input. Between two passes over it, a slice has left the inner caches.
+// Times contenders in turn: each round runs one pass of every contender over all inputs, in an order of its own. What a
+// contender leaves in the caches makes the next one faster or slower. The machine has phases in which everything takes
+// half as long again, so a pass is timed in short slices, and the best time of each slice counts. What is shown is the
+// sum over the slices, per input. Between two passes over it, a slice has left the inner caches.
 #pragma once
 
 #include <cstddef>
