@@ -158,25 +158,22 @@ private:
 };
 
 /// Runs a part of a call between the steps with which it begins and ends. `say` receives the error that leaves it, or
-/// null. It is called once, also if it throws.
+/// null.
 template <class Say, class Body>
 auto sayingEnd(Say say, Body&& body) -> decltype(body()) {
-    const auto sayingErrors = [&]() -> decltype(body()) {
-        try {
-            return std::forward<Body>(body)();
-        } catch (...) {
-            const Error error = currentError();
-            say(&error);
-            throw;
+    try {
+        if constexpr (std::is_void_v<decltype(body())>) {
+            std::forward<Body>(body)();
+            say(nullptr);
+        } else {
+            auto result = std::forward<Body>(body)();
+            say(nullptr);
+            return result;
         }
-    };
-    if constexpr (std::is_void_v<decltype(body())>) {
-        sayingErrors();
-        say(nullptr);
-    } else {
-        auto result = sayingErrors();
-        say(nullptr);
-        return result;
+    } catch (...) {
+        const Error error = currentError();
+        say(&error);
+        throw;
     }
 }
 
